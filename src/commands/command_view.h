@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "core/run_modes.h"
+
+/// Where to look for files, as the page "Source folder" holds it.
+struct SourceOptions {
+  std::string fdSourceFolder;
+  std::string fdIncludeMask;
+  std::string fdExcludeMask;
+  bool chSubfolders = true;
+};
+
+/// Where the files go, as the page "Output folder" holds it.
+struct OutputOptions {
+  int cmbDestination = 0;  ///< 0 "Use source folder", 1 "Copy to", 2 "Move to"
+  std::string fdDestination;
+  bool chDestinationSubfolders = true;
+  std::string fdSourceFolder;
+};
+
+/// What the commands need of the main window.
+class CommandView : public ModeView {
+ public:
+  /// The options as they stand when a command starts; all option controls are off during a pass.
+  virtual SourceOptions ReadSourceOptions() = 0;
+  virtual OutputOptions ReadOutputOptions() = 0;
+  virtual void SetSourceFolder(const std::string& folder) = 0;
+
+  /// The rows of the grid were made anew.
+  virtual void ListRepopulated() = 0;
+  /// Names or marks of rows were written; their number and order stand.
+  virtual void RowsChanged() = 0;
+  /// Gives the focus to `Command5`, where a press of Enter can't start a command again.
+  virtual void FocusAfterCancel() = 0;
+};

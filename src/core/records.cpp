@@ -1,0 +1,50 @@
+#include "core/records.h"
+
+#include "trace/err_trace.h"
+
+Records::Records() { DeleteAll(); }
+
+void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
+                        std::string_view pFileName, FileDate pDate, double pSize,
+                        std::string_view pType) {
+  ErrTrace::inner<"Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)">(
+      ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
+        FileRow row;
+        row.sourceFileName = pFileName;
+        row.size = pSize;
+        row.date = pDate;
+        row.folder = FolderNumber(pParentName, pPatn);
+        row.type = TextNumber(pType);
+        rows_.push_back(std::move(row));
+      });
+}
+
+void Records::DeleteAll() {
+  std::vector<FileRow>().swap(rows_);
+  folders_.clear();
+  folder_numbers_.clear();
+  text_numbers_.clear();
+  texts_.clear();
+  TextNumber("");  // number 0 is the empty text
+}
+
+std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path) {
+  if (!rows_.empty()) {  // files come folder by folder
+    const Folder& last = folders_[rows_.back().folder];
+    if (last.path == path && last.name == name) return rows_.back().folder;
+  }
+  std::string key(path);
+  key += '\0';
+  key += name;
+  const auto [place, added] =
+      folder_numbers_.try_emplace(std::move(key), static_cast<std::uint32_t>(folders_.size()));
+  if (added) folders_.push_back({std::string(path), std::string(name)});
+  return place->second;
+}
+
+std::uint32_t Records::TextNumber(std::string_view t) {
+  const auto [place, added] =
+      text_numbers_.try_emplace(std::string(t), static_cast<std::uint32_t>(texts_.size()));
+  if (added) texts_.push_back(&place->first);
+  return place->second;
+}

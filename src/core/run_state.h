@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// What the three panes of the status bar show. The passes write it; the window shows it whenever
+/// events run.
+struct StatusPanes {
+  std::string paneStatus;         ///< "", "Preview " or "Renaming "
+  bool progressVisible = false;   ///< of paneProgress; its Min is 0
+  std::int64_t progressMax = 0;
+  std::int64_t progressValue = 0;
+  std::string paneTotal = "Total 0 files";
+  bool totalStretched = true;     ///< takes the rest of the bar; not so while busy
+};
+
+/// The state that the commands share, for the whole life of the program.
+struct RunState {
+  bool gCancelRequested = false;  ///< the user pressed "Cancel"; every long pass asks for it
+  bool gPreviewStale = false;     ///< names or checks changed since the last finished preview
+  std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
+  std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
+  std::int16_t gConflictAddNumber = 1;    ///< 1: a taken name is replaced by a numbered one
+  std::string gNumberLeft = "_{";         ///< stands between the name and its number
+  std::string gNumberRight = "}";         ///< stands behind the number
+  StatusPanes panes;
+};

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What an entry of a folder is, by itself and not by what a link points to.
+enum class EntryKind : std::uint8_t { kFolder, kFile };
+
+/// Facts of one entry, as lstat tells them; a symbolic link is a file.
+struct FileFacts {
+  EntryKind kind = EntryKind::kFile;
+  std::uint64_t size = 0;        ///< bytes
+  std::int64_t modified_ns = 0;  ///< last-write time, nanoseconds since 1970-01-01 00:00 UTC
+};
+
+/// Tells one file from every other: which one it is and whether it was written to since.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  std::uint64_t size = 0;
+  std::int64_t modified_ns = 0;
+  bool operator==(const FileIdentity&) const = default;
+};
+
+/// The entries of one folder in the order in which the system delivers them, without "." and "..".
+/// Names are raw bytes.
+struct FolderEntries {
+  struct Entry {
+    std::string_view name;  ///< points into `names`; valid while this object lives unchanged
+    EntryKind kind;
+  };
+  std::vector<Entry> entries;
+  std::vector<std::string> names;  ///< storage; large pieces, not one string an entry
+};
+
+/// Called between the pieces of a long operation, so that events can run; false asks it to stop.
+using GoOn = std::function<bool()>;
+
+/// All that the system's files are asked and told. Paths are raw bytes, taken as they stand; no
+/// path is followed through a symbolic link in its last name. Operations tell only done (true) or
+/// not done (false); what is not done has changed nothing. Nothing here ever replaces or deletes a
+/// file that the operation did not make itself, but for DeleteFile, whose purpose it is.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  /// True when an entry of that name is there, a dangling link and a folder included; every error
+  /// is false, so is a path that ends in the separator. "*" and "?" in the last name stand for any
+  /// run of characters and for any one character.
+  virtual bool Exists(std::string_view path) = 0;
+
+  /// The facts of the entry at `path`; nothing when it can't be looked at.
+  virtual std::optional<FileFacts> Look(std::string_view path) = 0;
+
+  /// Reads the whole folder `path` (with or without a closing separator) into `entries`; "" is the
+  /// root. The temporary files of an unfinished CopyFile are passed over. False when the folder
+  /// can't be read or when `go_on` asked to stop; `entries` then holds what was read so far.
+  virtual bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) = 0;
+
+  /// Renames or moves one file, folder or link; never onto an existing entry, unless that is the
+  /// same directory entry under another letter case. Moving an entry onto itself is done when it
+  /// is there. To another file system a regular file is copied whole and synced before the source
+  /// goes.
+  virtual bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) = 0;
+
+  /// Copies what `from` is, or points to, if that is a regular file; never onto an existing entry.
+  /// The target appears whole, with times, mode, attributes and access list, or not at all. When
+  /// done and `made` is given, it takes the identity of the file that was made.
+  virtual bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                        FileIdentity* made) = 0;
+
+  /// Deletes one entry that is no folder.
+  virtual bool DeleteFile(std::string_view path) = 0;
+
+  /// Deletes the file at `path` only if it is still the very file `made`; anything else is not done.
+  virtual bool DeleteMadeFile(std::string_view path, const FileIdentity& made) = 0;
+
+  /// Makes one folder level.
+  virtual bool CreateDirectory(std::string_view path) = 0;
+};
+
+/// The file system of this machine (POSIX, with the Linux calls where they are there).
+/// Ignores SIGXFSZ and SIGPIPE from its making on, so that a limit is an error and not an end.
+/// Handles of the last folders used are kept; call sites need not care.
+std::unique_ptr<FileSystem> MakePosixFileSystem();
