@@ -16,6 +16,9 @@ namespace text {
 /// True when no byte is above 0x7F.
 bool IsAscii(std::string_view t);
 
+/// True when each byte is a character by itself: pure ASCII without CR LF, which is one character.
+bool IsBytewise(std::string_view t);
+
 /// The byte offset behind the character that begins at byte `at`; `at` must be below `t.size()`
 /// and be the beginning of a character.
 std::size_t NextCharacter(std::string_view t, std::size_t at);
@@ -33,6 +36,10 @@ std::string_view Right(std::string_view t, std::size_t n);
 std::string ToUpper(std::string_view t);
 std::string ToLower(std::string_view t);
 
+/// As above, appended to `out`, which must not hold `t`.
+void AppendUpper(std::string_view t, std::string& out);
+void AppendLower(std::string_view t, std::string& out);
+
 /// True when the lower case of both is the same.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 
@@ -41,6 +48,22 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 /// `find` answers `t`.
 std::string ReplaceIgnoringCase(std::string_view t, std::string_view find,
                                 std::string_view replacement);
+
+/// `ReplaceIgnoringCase` with the same two texts for many others.
+class Replacer {
+ public:
+  Replacer(std::string_view find, std::string_view replacement);
+
+  /// Appends `t` with its replacements to `out`, which must not hold `t`.
+  void AppendTo(std::string_view t, std::string& out) const;
+
+ private:
+  std::size_t MatchEnd(std::string_view t, std::size_t at) const;
+  void AppendBytewise(std::string_view t, std::string& out) const;
+
+  std::u32string find_;  ///< in lower case
+  std::string replacement_;
+};
 
 /// Without the blanks (U+0020 only) at both ends, or at the right end.
 std::string_view Trim(std::string_view t);

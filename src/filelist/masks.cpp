@@ -1,0 +1,188 @@
+#include "filelist/masks.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "platform/text.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+/// Makes runs of `c` single.
+void Squeeze(std::string& t, char c) {
+  t.erase(std::unique(t.begin(), t.end(), [c](char a, char b) { return a == c && b == c; }),
+          t.end());
+}
+
+/// The masks of a list side by side, parted by "|". A colon can't be in a name of the systems that
+/// masks come from, so it serves as the one sign of a quote.
+std::string Parted(std::string_view list) {
+  std::string t(text::Trim(list));
+  std::replace(t.begin(), t.end(), '"', ':');
+  Squeeze(t, ':');
+  bool quoted = false;
+  for (char& c : t) {
+    if (c == ':') quoted = !quoted;
+    if (c == ' ' && !quoted) c = '|';
+  }
+  Squeeze(t, '|');
+  std::erase(t, ':');
+  return t;
+}
+
+/// A name in lower case; short ASCII names, that is nearly all, need no memory of the heap.
+class LowerName {
+ public:
+  explicit LowerName(std::string_view name) : bytewise_(text::IsBytewise(name)) {
+    if (bytewise_ && name.size() <= short_.size()) {
+      std::transform(name.begin(), name.end(), short_.begin(),
+                     [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+      view_ = std::string_view(short_.data(), name.size());
+    } else {
+      text::AppendLower(name, long_);
+      view_ = long_;
+    }
+  }
+  LowerName(const LowerName&) = delete;
+  LowerName& operator=(const LowerName&) = delete;
+
+  std::string_view View() const { return view_; }
+  bool Bytewise() const { return bytewise_; }
+
+ private:
+  bool bytewise_;
+  std::array<char, 256> short_;
+  std::string long_;
+  std::string_view view_;
+};
+
+}  // namespace
+
+MaskList::MaskList(std::string_view str) : text_(str) {
+  const std::string parted = Parted(str);
+  for (const std::string_view mask : text::Split(parted, "|")) masks_.push_back(Parse(mask));
+}
+
+bool MaskList::Matches(std::string_view Filename) const {
+  return ErrTrace::inner<"mCommon.LikeFilter(str,Filename)">(ErrTrace::args(text_, Filename), [&] {
+    const LowerName name(Filename);
+    return std::any_of(masks_.begin(), masks_.end(), [&](const Mask& mask) {
+      return MaskMatches(mask, name.View(), name.Bytewise());
+    });
+  });
+}
+
+MaskList::Mask MaskList::Parse(std::string_view mask) {
+  Mask parsed;
+  for (std::size_t at = 0; at < mask.size() && !parsed.bad;) {
+    const std::size_t next = text::NextCharacter(mask, at);
+    const std::string_view character = mask.substr(at, next - at);
+    at = next;
+    auto& elements = parsed.elements;
+    if (character == "*") {
+      if (elements.empty() || elements.back().kind != Element::kAnyRun) {
+        elements.push_back({Element::kAnyRun, {}, {}});
+      }
+    } else if (character == "?") {
+      elements.push_back({Element::kAnyOne, {}, {}});
+    } else if (character == "#") {
+      elements.push_back({Element::kDigit, {}, {}});
+    } else if (character == "[") {
+      elements.push_back({Element::kOneOf, {}, {}});
+      at = ParseList(mask, at, elements.back());
+      parsed.bad = at == mask.npos;
+    } else {
+      elements.push_back({Element::kLiteral, text::ToLower(character), {}});
+    }
+  }
+  return parsed;
+}
+
+/// Reads a list from behind its "[" and answers the place behind its "]", or npos without one. A
+/// "-" between two characters makes a range, elsewhere it is itself; so is a "!" but at the front.
+std::size_t MaskList::ParseList(std::string_view mask, std::size_t at, Element& element) {
+  std::vector<std::string_view> characters;
+  for (std::string_view one; at < mask.size(); characters.push_back(one)) {
+    const std::size_t next = text::NextCharacter(mask, at);
+    one = mask.substr(at, next - at);
+    at = next;
+    if (one != "]") continue;
+
+    std::size_t i = 0;
+    if (!characters.empty() && characters[0] == "!") {
+      element.kind = Element::kNoneOf;
+      i = 1;
+    }
+    while (i < characters.size()) {
+      const bool range = i + 2 < characters.size() && characters[i + 1] == "-";
+      const std::size_t last = range ? i + 2 : i;
+      element.ranges.push_back({text::ToLower(characters[i]), text::ToLower(characters[last])});
+      i = last + 1;
+    }
+    return at;
+  }
+  return mask.npos;
+}
+
+bool MaskList::Fits(const Element& element, std::string_view character) {
+  const auto inside = [&](const Range& range) {
+    return range.first <= character && character <= range.last;
+  };
+  switch (element.kind) {
+    case Element::kLiteral:
+      return element.literal == character;
+    case Element::kDigit:
+      return character.size() == 1 && character[0] >= '0' && character[0] <= '9';
+    case Element::kOneOf:
+      return std::any_of(element.ranges.begin(), element.ranges.end(), inside);
+    case Element::kNoneOf:
+      return std::none_of(element.ranges.begin(), element.ranges.end(), inside);
+    case Element::kAnyOne:
+    case Element::kAnyRun:
+      break;
+  }
+  return true;
+}
+
+/// Where nothing fits, only the last run grows by a character: what an earlier run could take, the
+/// last one can too. So the time is at most the product of both lengths.
+bool MaskList::MaskMatches(const Mask& mask, std::string_view lower, bool bytewise) {
+  if (mask.bad) throw Failure(kBadPattern, "Invalid pattern string");
+  const auto next = [&](std::size_t at) {
+    return bytewise ? at + 1 : text::NextCharacter(lower, at);
+  };
+  const auto& elements = mask.elements;
+  std::size_t at = 0;
+  std::size_t i = 0;
+  std::size_t run = elements.size();  // the last run seen; the count while there is none
+  std::size_t run_end = 0;            // where that run ends in the name
+  while (at < lower.size()) {
+    if (i < elements.size() && elements[i].kind == Element::kAnyRun) {
+      run = i++;
+      run_end = at;
+      if (i == elements.size()) return true;
+      continue;
+    }
+    const std::size_t behind = next(at);
+    if (i < elements.size() && Fits(elements[i], lower.substr(at, behind - at))) {
+      at = behind;
+      ++i;
+    } else if (run < elements.size()) {
+      at = run_end = next(run_end);
+      i = run + 1;
+    } else {
+      return false;
+    }
+  }
+  while (i < elements.size() && elements[i].kind == Element::kAnyRun) ++i;
+  return i == elements.size();
+}
+
+namespace mCommon {
+
+bool LikeFilter(std::string_view str, std::string_view Filename) {
+  return MaskList(str).Matches(Filename);
+}
+
+}  // namespace mCommon

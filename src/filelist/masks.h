@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A list of masks in the form in which names are tested against it: parsed once, matched often.
+///
+/// Masks are parted by blanks and by "|"; double quotes, or ":", keep blanks inside one mask. In a
+/// mask "*" is any run of characters, "?" one character, "#" one digit 0 to 9, "[abc]", "[a-z]" and
+/// "[!abc]" one character of a list, of a range, or not of a list; all else is itself. A dot has no
+/// special meaning. Letter case is ignored; the whole name must match.
+class MaskList {
+ public:
+  /// Never fails; a mask that can't be understood does when it is reached.
+  explicit MaskList(std::string_view str);
+
+  /// True when at least one mask matches, tried in their order. Raises kBadPattern when a mask
+  /// with a "[" without "]" is reached before one has matched.
+  bool Matches(std::string_view Filename) const;
+
+ private:
+  struct Range {
+    std::string first;
+    std::string last;
+  };
+  struct Element {
+    enum Kind { kLiteral, kAnyRun, kAnyOne, kDigit, kOneOf, kNoneOf } kind;
+    std::string literal;        ///< characters side by side, in lower case
+    std::vector<Range> ranges;  ///< of a list, in lower case; a single character is both ends
+  };
+  struct Mask {
+    std::vector<Element> elements;
+    bool bad = false;
+  };
+
+  static Mask Parse(std::string_view mask);
+  static std::size_t ParseList(std::string_view mask, std::size_t at, Element& element);
+  static bool Fits(const Element& element, std::string_view character);
+  static bool MaskMatches(const Mask& mask, std::string_view lower, bool bytewise);
+
+  std::string text_;  ///< as given, for the trace
+  std::vector<Mask> masks_;
+};
+
+namespace mCommon {
+
+/// True when `Filename` matches at least one mask of the list `str`; fails as `MaskList` does.
+bool LikeFilter(std::string_view str, std::string_view Filename);
+
+}  // namespace mCommon

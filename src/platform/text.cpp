@@ -1,0 +1,232 @@
+#include "platform/text.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include "platform/utf8.h"
+
+namespace text {
+namespace {
+
+constexpr char32_t kSharpS = 0xDF;
+
+bool Ascii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
+char32_t LowerOf(char32_t point) {
+  if (point < 0x80) return point >= 'A' && point <= 'Z' ? point + 32 : point;
+  if (point >= utf8::kBadByte) return point;
+  return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(point)));
+}
+
+char32_t UpperOf(char32_t point) {
+  if (point < 0x80) return point >= 'a' && point <= 'z' ? point - 32 : point;
+  if (point >= utf8::kBadByte || point == kSharpS) return point;
+  return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(point)));
+}
+
+/// The general road of NextCharacter, where more than one code point can make a character.
+std::size_t EndOfCluster(std::string_view t, std::size_t at) {
+  auto last = utf8::Read(t, at);
+  utf8proc_int32_t state = 0;
+  while (at < t.size() && last < utf8::kBadByte) {
+    std::size_t behind = at;
+    const char32_t next = utf8::Read(t, behind);
+    if (next >= utf8::kBadByte) break;
+    if (utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(last),
+                                         static_cast<utf8proc_int32_t>(next), &state)) {
+      break;
+    }
+    last = next;
+    at = behind;
+  }
+  return at;
+}
+
+template <class Map>
+void AppendMapped(std::string_view t, std::string& out, Map map) {
+  for (std::size_t at = 0; at < t.size();) {
+    if (Ascii(t[at])) {
+      out += static_cast<char>(map(static_cast<unsigned char>(t[at++])));
+    } else {
+      utf8::Append(map(utf8::Read(t, at)), out);
+    }
+  }
+}
+
+/// Bytes by table: the loop has no branch, so that the compiler can keep it tight.
+constexpr std::array<char, 256> MakeLowerBytes() {
+  std::array<char, 256> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + 32 : i);
+  }
+  return table;
+}
+constexpr std::array<char, 256> kLowerBytes = MakeLowerBytes();
+
+unsigned char LowerByte(char c) {
+  return static_cast<unsigned char>(kLowerBytes[static_cast<unsigned char>(c)]);
+}
+
+}  // namespace
+
+bool IsAscii(std::string_view t) {
+  const char* at = t.data();
+  std::size_t left = t.size();
+  for (; left >= 8; at += 8, left -= 8) {
+    std::uint64_t eight;
+    std::memcpy(&eight, at, 8);
+    if (eight & 0x8080808080808080u) return false;
+  }
+  return std::all_of(at, at + left, Ascii);
+}
+
+bool IsBytewise(std::string_view t) {
+  return IsAscii(t) && t.find("\r\n") == t.npos;
+}
+
+std::size_t NextCharacter(std::string_view t, std::size_t at) {
+  const std::size_t next = at + 1;
+  if (Ascii(t[at]) && (next == t.size() || (Ascii(t[next]) && t[at] != '\r'))) return next;
+  return EndOfCluster(t, at);
+}
+
+std::size_t Length(std::string_view t) {
+  if (IsBytewise(t)) return t.size();
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < t.size(); at = NextCharacter(t, at)) ++count;
+  return count;
+}
+
+std::string_view Left(std::string_view t, std::size_t n) {
+  if (n >= t.size()) return t;  // a character has at least one byte
+  std::size_t at = 0;
+  while (n-- > 0 && at < t.size()) at = NextCharacter(t, at);
+  return t.substr(0, at);
+}
+
+std::string_view Right(std::string_view t, std::size_t n) {
+  if (n >= t.size()) return t;
+  const std::size_t length = Length(t);
+  if (n >= length) return t;
+  return t.substr(Left(t, length - n).size());
+}
+
+void AppendUpper(std::string_view t, std::string& out) {
+  AppendMapped(t, out, UpperOf);
+}
+
+void AppendLower(std::string_view t, std::string& out) {
+  if (!IsAscii(t)) return AppendMapped(t, out, LowerOf);
+  const std::size_t start = out.size();
+  out.append(t);
+  for (std::size_t i = start; i < out.size(); ++i) out[i] = static_cast<char>(LowerByte(out[i]));
+}
+
+std::string ToUpper(std::string_view t) {
+  std::string out;
+  AppendUpper(t, out);
+  return out;
+}
+
+std::string ToLower(std::string_view t) {
+  std::string out;
+  AppendLower(t, out);
+  return out;
+}
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  std::size_t i = 0;
+  std::size_t k = 0;
+  while (i < a.size() && k < b.size()) {
+    if (LowerOf(utf8::Read(a, i)) != LowerOf(utf8::Read(b, k))) return false;
+  }
+  return i == a.size() && k == b.size();
+}
+
+Replacer::Replacer(std::string_view find, std::string_view replacement)
+    : replacement_(replacement) {
+  for (std::size_t at = 0; at < find.size();) find_ += LowerOf(utf8::Read(find, at));
+}
+
+void Replacer::AppendTo(std::string_view t, std::string& out) const {
+  if (find_.empty()) {
+    out += t;
+    return;
+  }
+  if (IsBytewise(t)) return AppendBytewise(t, out);
+  for (std::size_t at = 0; at < t.size();) {
+    const std::size_t end = MatchEnd(t, at);
+    if (end != at) {
+      out += replacement_;
+      at = end;
+    } else {
+      const std::size_t next = NextCharacter(t, at);
+      out.append(t, at, next - at);
+      at = next;
+    }
+  }
+}
+
+/// The end of an occurrence that begins at the character at `at`; `at` itself when there is none.
+std::size_t Replacer::MatchEnd(std::string_view t, std::size_t at) const {
+  std::size_t end = at;
+  for (const char32_t point : find_) {
+    if (end == t.size() || LowerOf(utf8::Read(t, end)) != point) return at;
+  }
+  std::size_t whole = at;
+  while (whole < end) whole = NextCharacter(t, whole);
+  return whole == end ? end : at;
+}
+
+void Replacer::AppendBytewise(std::string_view t, std::string& out) const {
+  std::size_t copied = 0;
+  for (std::size_t at = 0; at + find_.size() <= t.size();) {
+    const auto matches = [&](std::size_t i) { return LowerByte(t[at + i]) == find_[i]; };
+    std::size_t i = 0;
+    while (i < find_.size() && matches(i)) ++i;
+    if (i < find_.size()) {
+      ++at;
+    } else {
+      out.append(t, copied, at - copied);
+      out += replacement_;
+      copied = at += i;
+    }
+  }
+  out.append(t, copied);
+}
+
+std::string ReplaceIgnoringCase(std::string_view t, std::string_view find,
+                                std::string_view replacement) {
+  std::string out;
+  Replacer(find, replacement).AppendTo(t, out);
+  return out;
+}
+
+std::string_view Trim(std::string_view t) {
+  t = TrimRight(t);
+  return t.substr(std::min(t.find_first_not_of(' '), t.size()));
+}
+
+std::string_view TrimRight(std::string_view t) {
+  return t.substr(0, t.find_last_not_of(' ') + 1);
+}
+
+std::vector<std::string_view> Split(std::string_view t, std::string_view separator) {
+  std::vector<std::string_view> pieces;
+  if (t.empty()) return pieces;
+  std::size_t from = 0;
+  for (std::size_t at; !separator.empty() && (at = t.find(separator, from)) != t.npos;) {
+    pieces.push_back(t.substr(from, at - from));
+    from = at + separator.size();
+  }
+  pieces.push_back(t.substr(from));
+  return pieces;
+}
+
+}  // namespace text

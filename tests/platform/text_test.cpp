@@ -1,0 +1,142 @@
+#include "platform/text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+std::vector<std::string> Characters(std::string_view t) {
+  std::vector<std::string> characters;
+  for (std::size_t at = 0; at < t.size();) {
+    const std::size_t next = text::NextCharacter(t, at);
+    characters.emplace_back(t.substr(at, next - at));
+    at = next;
+  }
+  return characters;
+}
+
+}  // namespace
+
+TEST(Text, NeverTearsACharacter) {
+  const std::vector<std::string> table[] = {
+      {},
+      {"p", "l", "a", "i", "n"},
+      {"a", "\r\n", "b", "\r", "c", "\n", "\r"},
+      {"e\u0301", "t", "e\u0301"},                          // accents on their own
+      {"\u00E9", "\u0436", "\u03A9", "\uFB01"},             // one code point each
+      {"o\u0302\u0323", "x"},                               // two marks
+      {"\U0001F468\u200D\U0001F469\u200D\U0001F467", "1"},  // a family joined by ZWJ
+      {"\U0001F44D\U0001F3FD", "\u2764\uFE0F"},             // skin tone, variation selector
+      {"\U0001F1E9\U0001F1EA", "\U0001F1EB\U0001F1F7", "\U0001F1EA"},  // flags, and half a one
+      {"\u1112\u1161\u11AB", "\uD55C"},                                // Hangul in pieces and whole
+      {"\xFF", "\x80", "a", "\xC3"},                                   // no UTF-8
+      {"\xC3", "\xC3\xA9", "\xED", "\xA0", "\x80"},                    // cut short, a surrogate
+      {"\xC0", "\xAF", "\xF4", "\x90", "\x80", "\x80"},  // overlong, beyond the last one
+      {"\xFF", "\u0301", "\xE2", "\x82"},                // a mark on a bad byte
+  };
+  for (const auto& characters : table) {
+    std::string t;
+    for (const std::string& character : characters) t += character;
+    SCOPED_TRACE(t);
+    EXPECT_EQ(Characters(t), characters);
+    EXPECT_EQ(text::Length(t), characters.size());
+    std::string left;
+    for (std::size_t n = 0; n <= characters.size() + 1; ++n) {
+      EXPECT_EQ(text::Left(t, n), left);
+      const std::size_t rest = n < characters.size() ? characters.size() - n : 0;
+      EXPECT_EQ(left + std::string(text::Right(t, rest)), t);
+      if (n < characters.size()) left += characters[n];
+    }
+  }
+}
+
+TEST(Text, MapsCaseOneToOne) {
+  struct Row {
+    const char* given;
+    const char* upper;
+    const char* lower;
+  };
+  const Row table[] = {
+      {"", "", ""},
+      {"12_-.~", "12_-.~", "12_-.~"},
+      {"@AZ[`az{", "@AZ[`AZ{", "@az[`az{"},
+      {"\u00C4\u00F6", "\u00C4\u00D6", "\u00E4\u00F6"},
+      {"Stra\u00DFe", "STRA\u00DFE", "stra\u00DFe"},
+      {"\u03A3\u03AF\u03C3\u03C5\u03C6\u03BF\u03C2", "\u03A3\u038A\u03A3\u03A5\u03A6\u039F\u03A3",
+       "\u03C3\u03AF\u03C3\u03C5\u03C6\u03BF\u03C2"},
+      {"\u0416\u0438\u0437\u043D\u044C", "\u0416\u0418\u0417\u041D\u042C",
+       "\u0436\u0438\u0437\u043D\u044C"},
+      {"\u0130I\u0131i", "\u0130III", "ii\u0131i"},
+      {"\uFB01x", "\uFB01X", "\uFB01x"},
+      {"\u01C6", "\u01C4", "\u01C6"},
+      {"e\u0301", "E\u0301", "e\u0301"},
+      {"\U00010428", "\U00010400", "\U00010428"},
+      {"\u023A", "\u023A", "\u2C65"},
+      {"a\xFF\xC3z\xE9", "A\xFF\xC3Z\xE9", "a\xFF\xC3z\xE9"},
+  };
+  for (const Row& row : table) {
+    EXPECT_EQ(text::ToUpper(row.given), row.upper);
+    EXPECT_EQ(text::ToLower(row.given), row.lower);
+    EXPECT_TRUE(text::EqualIgnoringCase(row.given, row.lower)) << row.given;
+    EXPECT_FALSE(text::EqualIgnoringCase(row.given, std::string(row.given) + "a")) << row.given;
+  }
+  EXPECT_FALSE(text::EqualIgnoringCase("\xC9", "\xE9")) << "bytes that are no letters";
+  EXPECT_TRUE(text::EqualIgnoringCase("\u212A", "k"));
+}
+
+TEST(Text, ReplacesWholeCharactersWithoutRegardToCase) {
+  struct Row {
+    const char* t;
+    const char* find;
+    const char* replacement;
+    const char* result;
+  };
+  const Row table[] = {
+      {"AbA", "a", "aa", "aabaa"},
+      {"abc", "", "x", "abc"},
+      {"abc", "abcd", "x", "abc"},
+      {"", "a", "x", ""},
+      {"aaaa", "aa", "b", "bb"},
+      {"aaa", "AA", "b", "ba"},
+      {"aab", "ab", "", "a"},
+      {"IMG_img", "Img", "Photo", "Photo_Photo"},
+      {"\u00C4pfel", "\u00E4P", "Xx", "Xxfel"},
+      {"stra\u00DFe", "ss", "x", "stra\u00DFe"},
+      {"re\u0301sume\u0301", "e", "x", "re\u0301sume\u0301"},
+      {"re\u0301sume", "E", "x", "re\u0301sumx"},
+      {"re\u0301sume", "\u0301", "x", "re\u0301sume"},
+      {"re\u0301sume", "E\u0301S", "_", "r_ume"},
+      {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", "\U0001F1EA\U0001F1EB", "x",
+       "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
+      {"\U0001F468\u200D\U0001F469", "\U0001F469", "x", "\U0001F468\u200D\U0001F469"},
+      {"a\xFF\xFE", "\xFF", "x", "ax\xFE"},
+      {"\xC3\xA9", "\xC3", "x", "\xC3\xA9"},
+      {"a\r\nb", "\n", "x", "a\r\nb"},
+      {"5\u212A", "k", "kg", "5kg"},
+      {"5k", "\u212A", "K", "5K"},
+      {"\u0130x", "i", "y", "yx"},
+  };
+  for (const Row& row : table) {
+    EXPECT_EQ(text::ReplaceIgnoringCase(row.t, row.find, row.replacement), row.result)
+        << row.t << " / " << row.find;
+  }
+}
+
+TEST(Text, TrimsBlanksOnly) {
+  EXPECT_EQ(text::Trim("  a b\t "), "a b\t");
+  EXPECT_EQ(text::TrimRight("  a  "), "  a");
+  EXPECT_EQ(text::Trim("\u00A0 "), "\u00A0");
+  EXPECT_EQ(text::Trim("   "), "");
+  EXPECT_EQ(text::Trim(""), "");
+}
+
+TEST(Text, SplitsKeepingEmptyPieces) {
+  EXPECT_THAT(text::Split("", "."), IsEmpty());
+  EXPECT_THAT(text::Split("a", "."), ElementsAre("a"));
+  EXPECT_THAT(text::Split(".a..", "."), ElementsAre("", "a", "", ""));
+  EXPECT_THAT(text::Split("a---b", "--"), ElementsAre("a", "-b"));
+  EXPECT_THAT(text::Split("ab", ""), ElementsAre("ab"));
+}
