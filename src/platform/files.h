@@ -77,7 +77,8 @@ class FileSystem {
   /// Deletes one entry that is no folder.
   virtual bool DeleteFile(std::string_view path) = 0;
 
-  /// Deletes the file at `path` only if it is still the very file `made`; anything else is not done.
+  /// Deletes the file at `path` only if it is still the very file `made`; anything else is not
+  /// done.
   virtual bool DeleteMadeFile(std::string_view path, const FileIdentity& made) = 0;
 
   /// Makes one folder level.
