@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/run_modes.h"
+#include "rename/output_options.h"
 
 /// Where to look for files, as the page "Source folder" holds it.
 struct SourceOptions {
@@ -12,13 +13,8 @@ struct SourceOptions {
   bool chSubfolders = true;
 };
 
-/// Where the files go, as the page "Output folder" holds it.
-struct OutputOptions {
-  int cmbDestination = 0;  ///< 0 "Use source folder", 1 "Copy to", 2 "Move to"
-  std::string fdDestination;
-  bool chDestinationSubfolders = true;
-  std::string fdSourceFolder;
-};
+/// Why the list shows no file.
+enum class EmptyList { kNotYetListed, kNoneFound, kNotComplete };
 
 /// What the commands need of the main window.
 class CommandView : public ModeView {
@@ -28,8 +24,8 @@ class CommandView : public ModeView {
   virtual OutputOptions ReadOutputOptions() = 0;
   virtual void SetSourceFolder(const std::string& folder) = 0;
 
-  /// The rows of the grid were made anew.
-  virtual void ListRepopulated() = 0;
+  /// The rows of the grid were made anew; `reason` is what an empty list tells.
+  virtual void ListRepopulated(EmptyList reason) = 0;
   /// Names or marks of rows were written; their number and order stand.
   virtual void RowsChanged() = 0;
   /// Gives the focus to `Command5`, where a press of Enter can't start a command again.

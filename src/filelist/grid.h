@@ -67,6 +67,9 @@ class Grid {
   GroupBy group_by_ = GroupBy::kPath;
   int sort_column_ = -1;
   bool sort_ascending_ = true;
+  std::vector<std::uint32_t> SortedRecords() const;
+  std::uint32_t GroupNumber(std::uint32_t record) const;
+
   std::vector<std::int32_t> rows_;  ///< a record's number, or -1 less a group's
   std::vector<Group> groups_;
 };

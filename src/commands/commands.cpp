@@ -1,0 +1,164 @@
+#include "commands/commands.h"
+
+#include <exception>
+#include <string>
+
+#include "common/path_text.h"
+#include "core/long_pass.h"
+#include "filelist/scan.h"
+#include "names/preview.h"
+#include "platform/text.h"
+#include "rename/run.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+/// Leaves a usable window behind when a failure ends the command.
+class ModeAfterFailure {
+ public:
+  ModeAfterFailure(Commands& commands, RunState& state, CommandView& view, int mode)
+      : commands_(commands),
+        state_(state),
+        view_(view),
+        mode_(mode),
+        failures_(std::uncaught_exceptions()) {}
+  ~ModeAfterFailure() {
+    if (std::uncaught_exceptions() == failures_) return;
+    state_.gCancelRequested = false;
+    view_.RowsChanged();
+    commands_.EnableDisable(mode_);
+  }
+  ModeAfterFailure(const ModeAfterFailure&) = delete;
+  ModeAfterFailure& operator=(const ModeAfterFailure&) = delete;
+
+ private:
+  Commands& commands_;
+  RunState& state_;
+  CommandView& view_;
+  const int mode_;
+  const int failures_;
+};
+
+}  // namespace
+
+Commands::Commands(const CommandParts& parts, CommandView& view)
+    : parts_(parts),
+      state_(parts.state),
+      grid_(parts.grid),
+      view_(view),
+      events_(parts.events, view),
+      types_(parts.type_names) {}
+
+void Commands::EnableDisable(int mode) {
+  mode_ = mode;
+  ::EnableDisable(mode, grid_.AllRecords().Count(), state_, view_);
+}
+
+bool Commands::Busy() const {
+  return mode_ == ModeScanning || mode_ == ModeRunStarting || mode_ == ModeRunning;
+}
+
+void Commands::bnCancel_Click() {
+  ErrTrace::top<"Form1.bnCancel_Click">(ErrTrace::args(), [&] {
+    state_.gCancelRequested = true;
+    view_.FocusAfterCancel();
+  });
+}
+
+void Commands::bnLoadFileList_Click() {
+  ErrTrace::top<"Form1.bnLoadFileList_Click">(ErrTrace::args(), [&] {
+    SourceOptions source = view_.ReadSourceOptions();
+    source.fdSourceFolder = text::Trim(source.fdSourceFolder);
+    view_.SetSourceFolder(source.fdSourceFolder);
+    if (source.fdSourceFolder.empty()) return;
+    grid_.AllRecords().DeleteAll();
+    grid_.Clear();
+    view_.ListRepopulated(EmptyList::kNotYetListed);
+    const ModeAfterFailure guard(*this, state_, view_, ModeListEmpty);
+    EnableDisable(ModeScanning);
+    RunScan(source);
+  });
+}
+
+void Commands::RunScan(const SourceOptions& source) {
+  state_.gCancelRequested = false;
+  state_.gFileCount = 0;
+  Records& records = grid_.AllRecords();
+  LongPass pass(0, state_, events_, parts_.clock);
+  mScanCD::Scan scan({source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders}, records,
+                     state_, parts_.files, parts_.clock, types_, pass);
+  scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
+  if (records.Count() == 0 || state_.gCancelRequested) {
+    const bool cancelled = state_.gCancelRequested;
+    state_.gCancelRequested = false;
+    state_.panes.paneTotal = "Total 0 files";
+    view_.ListRepopulated(cancelled ? EmptyList::kNotComplete : EmptyList::kNoneFound);
+    EnableDisable(ModeListEmpty);
+    return;
+  }
+  grid_.Populate();
+  view_.ListRepopulated(EmptyList::kNoneFound);
+  EnableDisable(ModeListReady);
+}
+
+void Commands::ShowProgress(const char* status, std::size_t max) {
+  state_.panes.paneStatus = status;
+  state_.panes.progressVisible = true;
+  state_.panes.totalStretched = false;
+  state_.panes.progressMax = static_cast<std::int64_t>(max);
+}
+
+void Commands::bnPreview_Click() {
+  ErrTrace::top<"Form1.bnPreview_Click">(ErrTrace::args(), [&] {
+    if (grid_.RowCount() == 0 || parts_.constructor.ArrConstr.empty()) return;
+    const ModeAfterFailure guard(*this, state_, view_, ModeListReady);
+    EnableDisable(ModeScanning);
+    ShowProgress("Preview ", grid_.RowCount());
+    state_.panes.progressValue = 0;
+    state_.gCancelRequested = false;
+    SetPreview({grid_, parts_.constructor, state_, events_, parts_.clock, parts_.locale});
+    view_.RowsChanged();
+    if (state_.gCancelRequested) {
+      state_.gCancelRequested = false;
+      EnableDisable(ModeListReady);
+      return;
+    }
+    EnableDisable(ModePreviewReady);
+    state_.gPreviewStale = false;
+  });
+}
+
+void Commands::bnRename_Click() {
+  ErrTrace::top<"Form1.bnRename_Click">(ErrTrace::args(), [&] {
+    if (grid_.RowCount() == 0) return;
+    const OutputOptions output = view_.ReadOutputOptions();
+    if (output.cmbDestination >= kCopyTo && output.fdDestination.empty()) {
+      parts_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
+      return;
+    }
+    const ModeAfterFailure guard(*this, state_, view_, ModeRunCancelled);
+    EnableDisable(ModeRunStarting);
+    fRename(output);
+  });
+}
+
+bool Commands::fRename(const OutputOptions& output) {
+  return ErrTrace::inner<"Form1.fRename">(ErrTrace::args(), [&] {
+    Records& records = grid_.AllRecords();
+    ShowProgress("Renaming ", records.Count());
+    state_.gCancelRequested = false;
+    parts_.reports.DeleteAll();
+    RenameRun run(output, records, state_, parts_.files, events_, parts_.clock, parts_.reports);
+    run.RunRename();
+    view_.RowsChanged();
+    if (state_.gCancelRequested) {
+      state_.gCancelRequested = false;
+      parts_.prompts.Tell("Process is not completed.\nSome of the files have been renamed.",
+                          PromptIcon::kExclamation);
+      EnableDisable(ModeRunCancelled);
+      return false;
+    }
+    EnableDisable(ModeRunFinished);
+    return true;
+  });
+}

@@ -1,0 +1,73 @@
+#include "common/drives.h"
+
+#include <algorithm>
+
+#include "common/language.h"
+#include "platform/text.h"
+#include "trace/err_trace.h"
+
+namespace mScanCD {
+
+bool FileExist(FileSystem& files, std::string_view FilePath) { return files.Exists(FilePath); }
+
+bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style) {
+  return text::Length(folderPath) == style.rootLength || files.Exists(folderPath);
+}
+
+}  // namespace mScanCD
+
+namespace DriveStuff {
+
+std::vector<std::string> GetDriveNames(FileSystem& files, PathStyle style) {
+  return ErrTrace::inner<"DriveStuff.GetDriveNames">(ErrTrace::args(), [&] {
+    if (style == kPosix) return std::vector<std::string>{"/"};
+    std::vector<std::string> roots;
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+      const std::string root = std::string(1, letter) + ":\\";
+      if (files.Look(root)) roots.push_back(root);
+    }
+    return roots;
+  });
+}
+
+std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType) {
+  return ErrTrace::inner<"DriveStuff.GetDriveInfo(strDrive,iType)">(
+      ErrTrace::args(strDrive, iType), [&]() -> std::optional<std::string> {
+        if (iType != 2 || !files.Look(strDrive)) return std::nullopt;
+        return std::string();
+      });
+}
+
+}  // namespace DriveStuff
+
+namespace mDrive {
+
+std::string_view FileManager3(FileSystem& files, std::string_view pName, bool pIsFile,
+                              bool pCheckPath, PathStyle style) {
+  return ErrTrace::inner<"mDrive.FileManager3(pName,pIsFile)">(
+      ErrTrace::args(pName, pIsFile), [&]() -> std::string_view {
+        using namespace mLanguageGobals;
+        const std::string drive = text::ToUpper(text::Left(pName, style.rootLength));
+        const std::vector<std::string> roots = DriveStuff::GetDriveNames(files, style);
+        if (std::find(roots.begin(), roots.end(), drive) == roots.end()) return kDriveNotPresent;
+        if (!DriveStuff::GetDriveInfo(files, drive, 2)) return kNoDisk;
+        if (pCheckPath && !mScanCD::FolderExist(files, pName, style)) {
+          return pIsFile ? kFileNotFound : kFolderNotFound;
+        }
+        return "";
+      });
+}
+
+}  // namespace mDrive
+
+namespace mMain {
+
+bool FileManager(FileSystem& files, Prompts& prompts, std::string_view pName, PathStyle style) {
+  return ErrTrace::inner<"mMain.FileManager(pName)">(ErrTrace::args(pName), [&] {
+    const std::string_view refusal = mDrive::FileManager3(files, pName, true, true, style);
+    if (!refusal.empty()) prompts.Tell(refusal, PromptIcon::kCritical);
+    return refusal.empty();
+  });
+}
+
+}  // namespace mMain

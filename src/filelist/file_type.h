@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/type_names.h"
+
+/// The type texts of files, by extension; each extension is asked for once.
+class FileTypes {
+ public:
+  explicit FileTypes(TypeNames& names) : names_(names) {}
+
+  /// The desktop's type name for the extension of `ElementName`; where it has none, the extension
+  /// in upper case and "File", or "File" alone. The answer lives as long as this object.
+  const std::string& GetFileType(std::string_view ElementName);
+
+ private:
+  TypeNames& names_;
+  std::unordered_map<std::string, std::string> by_extension_;
+};

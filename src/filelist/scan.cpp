@@ -1,0 +1,76 @@
+#include "filelist/scan.h"
+
+#include "common/path_text.h"
+#include "platform/text.h"
+#include "trace/err_trace.h"
+
+namespace mScanCD {
+namespace {
+
+constexpr std::int32_t kFilesBetweenEvents = 97;
+
+}  // namespace
+
+FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns) {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  const std::int64_t seconds = modified_ns / kSecond - (modified_ns % kSecond < 0 ? 1 : 0);
+  const std::optional<LocalTime> at = clock.ToLocal(seconds);
+  if (!at) return {};
+  return {at->year, at->month, at->day, at->hour, at->minute, at->second};
+}
+
+Scan::Scan(const ScanOptions& options, Records& records, RunState& state, FileSystem& files,
+           Clock& clock, FileTypes& types, LongPass& pass)
+    : subfolders_(options.chSubfolders),
+      include_all_(text::Trim(options.fdIncludeMask).empty()),
+      exclude_none_(text::Trim(options.fdExcludeMask).empty()),
+      include_(options.fdIncludeMask),
+      exclude_(options.fdExcludeMask),
+      records_(records),
+      state_(state),
+      files_(files),
+      clock_(clock),
+      types_(types),
+      pass_(pass) {}
+
+void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath) {
+  ErrTrace::inner<"mScanCD.ShowDir3_FillPreview(pParentName,sParentPath)">(
+      ErrTrace::args(pParentName, sParentPath), [&] {
+        const std::size_t name_start = sParentPath.rfind(kNative.separator) + 1;  // npos + 1 is 0
+        const std::string folder(name_start == 0 ? "./" : sParentPath.substr(0, name_start));
+        const std::string_view beginning = sParentPath.substr(name_start);
+        FolderEntries entries;
+        files_.List(folder, [&] { return pass_.GoOn(); }, entries);
+        for (const FolderEntries::Entry& entry : entries.entries) {
+          const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
+          if (!(due ? pass_.LetEventsRun() : pass_.GoOn())) return;
+          if (!entry.name.starts_with(beginning)) continue;
+          if (entry.kind == EntryKind::kFile) {
+            LookAt(entry.name, pParentName, sParentPath, folder);
+          } else if (subfolders_ && !entry.name.starts_with('.')) {
+            std::string path(sParentPath);
+            path.append(entry.name) += kNative.separator;
+            ShowDir3_FillPreview(entry.name, path);
+          }
+        }
+      });
+}
+
+void Scan::LookAt(std::string_view name, std::string_view pParentName,
+                  std::string_view sParentPath, std::string_view folder) {
+  if (!Takes(name)) return;
+  const std::optional<FileFacts> facts = files_.Look(std::string(folder).append(name));
+  if (!facts) return;  // gone since the folder was read
+  ++state_.gFileCount;
+  state_.panes.paneTotal = "Total " + std::to_string(state_.gFileCount) + " files";
+  records_.AddRecord(pParentName, sParentPath, name, SysToVBTime(clock_, facts->modified_ns),
+                     static_cast<double>(facts->size), types_.GetFileType(name));
+}
+
+bool Scan::Takes(std::string_view name) const {
+  const bool included = include_all_ || include_.Matches(name);
+  const bool excluded = !exclude_none_ && exclude_.Matches(name);
+  return included && !excluded;
+}
+
+}  // namespace mScanCD

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/long_pass.h"
+#include "core/records.h"
+#include "core/run_state.h"
+#include "filelist/file_type.h"
+#include "filelist/masks.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+
+namespace mScanCD {
+
+/// What files the scan takes.
+struct ScanOptions {
+  std::string fdIncludeMask;  ///< blanks only takes every file
+  std::string fdExcludeMask;  ///< blanks only leaves out none; wins over the include mask
+  bool chSubfolders = true;
+};
+
+/// Fills the records from a folder tree. Files become rows, folders never do; folders whose names
+/// begin with a dot are passed over, links are not followed.
+class Scan {
+ public:
+  Scan(const ScanOptions& options, Records& records, RunState& state, FileSystem& files,
+       Clock& clock, FileTypes& types, LongPass& pass);
+
+  /// Adds the files of one folder and, depth first, of its subfolders: `sParentPath` with its
+  /// closing separator, `pParentName` its last name. Counts in `gFileCount` and writes
+  /// `paneTotal`. A folder that can't be read gives no rows and no message. Ends at once when
+  /// the user cancels.
+  ///
+  /// Without its closing separator, the text is searched as the beginning of names in the folder
+  /// before its last separator.
+  void ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath);
+
+ private:
+  void LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
+              std::string_view folder);
+  bool Takes(std::string_view name) const;
+
+  const bool subfolders_;
+  const bool include_all_;
+  const bool exclude_none_;
+  const MaskList include_;
+  const MaskList exclude_;
+  Records& records_;
+  RunState& state_;
+  FileSystem& files_;
+  Clock& clock_;
+  FileTypes& types_;
+  LongPass& pass_;
+};
+
+/// The date of a last-write time in the user's time zone; empty when it has none.
+FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns);
+
+}  // namespace mScanCD

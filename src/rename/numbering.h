@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/run_state.h"
+#include "platform/files.h"
+
+/// Finds free numbered names, for the length of one pass.
+///
+/// The answer is the one that trying 1, 2, 3 ... against the file system gives. To spare the
+/// probes, the numbers found taken are remembered for each name; a number whose file the pass
+/// itself takes away (`Freed`) counts as open again.
+class Numbering {
+ public:
+  Numbering(const RunState& state, FileSystem& files);
+
+  /// `pName` when it is free in the folder `pPath` (with closing separator), else the first free
+  /// of its numbered names: base, left text, number, right text, and the extension with its dot.
+  std::string FreeName(std::string_view pPath, std::string_view pName);
+
+  /// `CorrectedNewName` takes a free numbered name when `pName` is taken, else it stays.
+  void CreateUniqueName(std::string_view pPath, std::string_view pName,
+                        std::string& CorrectedNewName);
+
+  /// The entry at `path` was moved away or deleted.
+  void Freed(std::string_view path);
+
+ private:
+  /// The numbered names of one name: what stands before and behind the number, as whole paths.
+  struct Series {
+    std::string head;
+    std::string tail;
+    std::uint64_t first_open = 1;  ///< every number below it is taken
+  };
+  Series& SeriesOf(std::string head, std::string tail);
+
+  const RunState& state_;
+  FileSystem& files_;
+  /// By the lower case of head and tail, because a file system may take two cases for one name.
+  std::unordered_map<std::string, std::vector<Series>> series_;
+};
+
+/// Whether a name can stand in a path without leading elsewhere: no separator, no NUL.
+bool StaysInItsFolder(std::string_view name);

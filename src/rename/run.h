@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "core/long_pass.h"
+#include "core/records.h"
+#include "core/run_state.h"
+#include "platform/clock.h"
+#include "platform/event_pump.h"
+#include "platform/files.h"
+#include "rename/find_and_rename.h"
+#include "rename/numbering.h"
+#include "rename/output_options.h"
+#include "rename/result_rows.h"
+
+/// The pass that turns new names into file operations, row by row in scan order.
+///
+/// Before a file takes a name, it looks whether the name is held. A holder that is itself still to
+/// be renamed is moved aside (see NameFreer); a name that stays taken is numbered, or the row
+/// fails. Every row ends as "Done" or "Failed"; a cancel leaves the rest as they stand.
+class RenameRun {
+ public:
+  RenameRun(const OutputOptions& output, Records& records, RunState& state, FileSystem& files,
+            EventPump& events, Clock& clock, RunReports& reports);
+
+  /// Walks all rows. Ends early with `gCancelRequested` set when the user cancels, also in the
+  /// middle of a long copy: that row then stays as it was.
+  void RunRename();
+
+ private:
+  /// One row's turn.
+  struct Turn {
+    std::size_t record;
+    std::string source;         ///< path of the file
+    std::string target_folder;  ///< with closing separator
+    std::string planned;        ///< the name that the preview planned
+    bool resolved = false;      ///< a numbered name took the place of the planned one
+  };
+  void Count(std::size_t record);
+  void ProcessRow(std::size_t record);
+  std::string TargetFolder(const FileRow& row);
+  void ResolveConflict(Turn& turn);
+  std::string CorrectedName(const Turn& turn);
+  bool CopyMoveFile(const std::string& from, const std::string& to);
+  bool DoOperation(const Turn& turn);
+  void Fail(const Turn& turn);
+  void Succeed(const Turn& turn);
+
+  const OutputOptions& output_;
+  Records& records_;
+  RunState& state_;
+  FileSystem& files_;
+  RunReports& reports_;
+  LongPass pass_;
+  Numbering numbering_;
+  NameFreer freer_;
+};

@@ -1,0 +1,224 @@
+#include "commands/commands.h"
+
+#include <gtest/gtest.h>
+
+#include "support/fakes.h"
+#include "support/memory_files.h"
+#include "trace/failure.h"
+
+namespace {
+
+/// The window as the commands see it: options, and which buttons are on.
+class FakeView : public CommandView {
+ public:
+  explicit FakeView(Grid& grid) : grid_(grid) {}
+
+  void EnableElements(bool pEnable) override { elements = pEnable; }
+  void SetWaitPointer(bool wait) override { waiting = wait; }
+  void EnableButton(CommandButton button, bool enable) override {
+    buttons[static_cast<std::size_t>(button)] = enable ? '1' : '0';
+  }
+  void ShowPanes() override {}
+  SourceOptions ReadSourceOptions() override { return source; }
+  OutputOptions ReadOutputOptions() override { return output; }
+  void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
+  void ListRepopulated(EmptyList reason) override {
+    if (grid_.RowCount() == 0) empty = reason;
+  }
+  void RowsChanged() override { ++rows_changed; }
+  void FocusAfterCancel() override { focus_away = true; }
+
+  SourceOptions source{"/in/", "", "", false};
+  OutputOptions output{kUseSourceFolder, "", true, "/in/"};
+  bool elements = false;
+  bool waiting = false;
+  std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
+  EmptyList empty = EmptyList::kNotYetListed;
+  int rows_changed = 0;
+  bool focus_away = false;
+
+ private:
+  Grid& grid_;
+};
+
+class NoMonths : public LocaleFacts {
+ public:
+  std::string MonthName(int) const override { return {}; }
+  std::string ShortMonthName(int) const override { return {}; }
+};
+
+/// Keeps what would have been shown.
+class FakeReporter : public ErrTrace::Reporter {
+ public:
+  FakeReporter() { ErrTrace::SetReporter(this); }
+  ~FakeReporter() override { ErrTrace::SetReporter(nullptr); }
+  void ShowErrorReport(const std::string& report) noexcept override { reports.push_back(report); }
+
+  std::vector<std::string> reports;
+};
+
+class CommandsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    files.folders = {"/in", "/out"};
+    files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
+    commands.EnableDisable(ModeFolderChosen);
+  }
+
+  /// Cancels when events run for the n-th time from now.
+  void CancelAt(int n) {
+    const int last = events.count + n;
+    events.on_events = [this, last] {
+      if (events.count == last) commands.bnCancel_Click();
+    };
+  }
+
+  RunState state;
+  Records records;
+  Grid grid{records};
+  Constructor constructor;
+  RunReports reports;
+  MemoryFiles files;
+  FakeClock clock;
+  FakeEvents events;
+  NoMonths locale;
+  FakeTypeNames type_names;
+  FakePrompts prompts;
+  FakeView view{grid};
+  FakeReporter reporter;
+  Commands commands{{state, grid, constructor, reports, files, clock, events, locale, type_names,
+                     prompts},
+                    view};
+};
+
+}  // namespace
+
+TEST_F(CommandsTest, GoTheRoadFromListToRename) {
+  constructor.InsertArrConstrItem(0, kText, "x ");
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(view.buttons, "11000");
+  EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
+  EXPECT_EQ(state.panes.paneTotal, "Total 2 files");
+  commands.bnPreview_Click();
+  EXPECT_EQ(view.buttons, "11100");
+  EXPECT_EQ(records[0].newFileName, "x a.txt");
+  EXPECT_EQ(state.panes.progressValue, 0);
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunFinished);
+  EXPECT_EQ(view.buttons, "10010");
+  EXPECT_TRUE(files.contents.contains("/in/x a.txt"));
+  EXPECT_TRUE(view.elements);
+  EXPECT_FALSE(view.waiting);
+}
+
+TEST_F(CommandsTest, KeepEveryNameWithTheStartItems) {
+  files.contents = {{"/in/a.b.c", ""}, {"/in/noext", ""}, {"/in/.profile", ""}};
+  commands.bnLoadFileList_Click();
+  commands.bnPreview_Click();
+  for (std::size_t i = 0; i < records.Count(); ++i) {
+    EXPECT_EQ(records[i].newFileName, records[i].sourceFileName);
+  }
+}
+
+TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
+  view.source.fdSourceFolder = "  /nowhere/ ";
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(view.source.fdSourceFolder, "/nowhere/");
+  EXPECT_EQ(view.buttons, "10000");
+  EXPECT_EQ(view.empty, EmptyList::kNoneFound);
+  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+
+  view.source.fdSourceFolder = "/in/";
+  CancelAt(2);
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(view.buttons, "10000");
+  EXPECT_EQ(view.empty, EmptyList::kNotComplete);
+  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  EXPECT_EQ(grid.RowCount(), 0u);
+  EXPECT_EQ(records.Count(), 1u) << "what was found stays out of sight";
+  EXPECT_FALSE(state.gCancelRequested);
+  EXPECT_TRUE(view.focus_away);
+}
+
+TEST_F(CommandsTest, DoNothingWithoutAFolderOrRowsOrElements) {
+  view.source.fdSourceFolder = "  ";
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(commands.Mode(), ModeFolderChosen);
+  commands.bnPreview_Click();
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeFolderChosen);
+  view.source.fdSourceFolder = "/in/";
+  commands.bnLoadFileList_Click();
+  constructor.ArrConstr.clear();
+  commands.bnPreview_Click();
+  EXPECT_EQ(commands.Mode(), ModeListReady);
+}
+
+TEST_F(CommandsTest, KeepThePreviewStaleWhenItIsCancelled) {
+  commands.bnLoadFileList_Click();
+  MarkStale(state, view);
+  CancelAt(2);
+  commands.bnPreview_Click();
+  EXPECT_EQ(commands.Mode(), ModeListReady);
+  EXPECT_TRUE(state.gPreviewStale);
+  EXPECT_EQ(records[0].newFileName, "") << "the group row came first";
+  events.on_events = nullptr;
+  commands.bnPreview_Click();
+  EXPECT_FALSE(state.gPreviewStale);
+  EXPECT_EQ(commands.Mode(), ModePreviewReady);
+}
+
+TEST_F(CommandsTest, AskForAnOutputFolder) {
+  commands.bnLoadFileList_Click();
+  commands.bnPreview_Click();
+  view.output = {kCopyTo, "", true, "/in/"};
+  commands.bnRename_Click();
+  EXPECT_EQ(prompts.told, std::vector<std::string>{"Please select output folder"});
+  EXPECT_EQ(commands.Mode(), ModePreviewReady);
+}
+
+TEST_F(CommandsTest, GoOnAfterACancelledRun) {
+  constructor.InsertArrConstrItem(0, kText, "x ");
+  commands.bnLoadFileList_Click();
+  commands.bnPreview_Click();
+  CancelAt(1);
+  commands.bnRename_Click();
+  EXPECT_EQ(prompts.told,
+            std::vector<std::string>{
+                "Process is not completed.\nSome of the files have been renamed."});
+  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
+  EXPECT_EQ(view.buttons, "10110");
+  EXPECT_EQ(state.panes.paneStatus, "Renaming ") << "stays until another mode clears it";
+  EXPECT_TRUE(files.contents.contains("/in/a.txt"));
+  events.on_events = nullptr;
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunFinished);
+  EXPECT_TRUE(files.contents.contains("/in/x b.txt"));
+  EXPECT_EQ(state.panes.paneStatus, "");
+}
+
+TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
+  view.source.fdIncludeMask = "[a";
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(commands.Mode(), ModeListEmpty);
+  ASSERT_EQ(reporter.reports.size(), 1u);
+  for (const char* line : {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
+    EXPECT_NE(reporter.reports[0].find(line), std::string::npos) << line;
+  }
+
+  view.source.fdIncludeMask = "";
+  constructor.InsertArrConstrItem(0, kCounter, "");
+  constructor.ArrConstr[0].CounterStart = 0x7FFFFFFF;
+  commands.bnLoadFileList_Click();
+  commands.bnPreview_Click();
+  EXPECT_EQ(commands.Mode(), ModeListReady);
+  EXPECT_EQ(reporter.reports.size(), 2u);
+
+  files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
+  constructor.ArrConstr[0].CounterStart = 1;
+  commands.bnPreview_Click();
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
+  EXPECT_EQ(view.buttons, "10110");
+  EXPECT_FALSE(view.waiting);
+}

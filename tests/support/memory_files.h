@@ -1,0 +1,81 @@
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+/// A file system in memory: paths and their contents. Refuses what the real one refuses, counts
+/// its calls, and fails those that a test names.
+class MemoryFiles : public FileSystem {
+ public:
+  std::map<std::string, std::string> contents;
+  std::set<std::string> folders;
+  std::function<bool(std::string_view operation, std::string_view path)> fails;
+  std::function<void()> in_copy;  ///< what happens between the pieces of a copy
+  int exists_calls = 0;
+
+  bool Exists(std::string_view path) override {
+    ++exists_calls;
+    return contents.contains(std::string(path)) || folders.contains(std::string(path));
+  }
+
+  std::optional<FileFacts> Look(std::string_view path) override {
+    if (path == "/") return FileFacts{EntryKind::kFolder, 0, 0};
+    const auto found = contents.find(std::string(path));
+    if (found == contents.end()) return std::nullopt;
+    return FileFacts{EntryKind::kFile, found->second.size(), 1'000'000'000};
+  }
+
+  bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
+    if (!folders.contains(std::string(path.substr(0, path.size() - 1)))) return false;
+    const auto add = [&](const std::string& entry, EntryKind kind) {
+      if (!entry.starts_with(path) || entry.find('/', path.size()) != entry.npos) return;
+      entries.entries.push_back({std::string_view(entry).substr(path.size()), kind});
+    };
+    for (const std::string& folder : folders) add(folder, EntryKind::kFolder);
+    for (const auto& [file, content] : contents) add(file, EntryKind::kFile);
+    return go_on();
+  }
+
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn&) override {
+    const auto source = contents.find(std::string(from));
+    if (Fails("move", from) || source == contents.end()) return false;
+    if (from == to) return true;
+    if (!Fits(to)) return false;
+    contents[std::string(to)] = source->second;
+    contents.erase(source);
+    return true;
+  }
+
+  bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                FileIdentity*) override {
+    const auto source = contents.find(std::string(from));
+    if (Fails("copy", from) || source == contents.end() || !Fits(to)) return false;
+    if (in_copy) in_copy();
+    if (!go_on()) return false;
+    contents[std::string(to)] = source->second;
+    return true;
+  }
+
+  bool DeleteFile(std::string_view path) override { return contents.erase(std::string(path)) > 0; }
+  bool DeleteMadeFile(std::string_view path, const FileIdentity&) override {
+    return DeleteFile(path);
+  }
+  bool CreateDirectory(std::string_view path) override {
+    return folders.insert(std::string(path)).second;
+  }
+
+ private:
+  bool Fails(std::string_view operation, std::string_view path) {
+    return fails && fails(operation, path);
+  }
+  bool Fits(std::string_view to) {
+    return !contents.contains(std::string(to)) && !folders.contains(std::string(to)) &&
+           folders.contains(std::string(to.substr(0, to.rfind('/'))));
+  }
+};
