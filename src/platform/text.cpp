@@ -18,14 +18,21 @@ bool Ascii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
 
+constexpr char32_t LowerOfAscii(char32_t c) {
+  return c >= 'A' && c <= 'Z' ? c + 32 : c;
+}
+constexpr char32_t UpperOfAscii(char32_t c) {
+  return c >= 'a' && c <= 'z' ? c - 32 : c;
+}
+
 char32_t LowerOf(char32_t point) {
-  if (point < 0x80) return point >= 'A' && point <= 'Z' ? point + 32 : point;
+  if (point < 0x80) return LowerOfAscii(point);
   if (point >= utf8::kBadByte) return point;
   return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(point)));
 }
 
 char32_t UpperOf(char32_t point) {
-  if (point < 0x80) return point >= 'a' && point <= 'z' ? point - 32 : point;
+  if (point < 0x80) return UpperOfAscii(point);
   if (point >= utf8::kBadByte || point == kSharpS) return point;
   return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(point)));
 }
@@ -48,29 +55,33 @@ std::size_t EndOfCluster(std::string_view t, std::size_t at) {
   return at;
 }
 
-template <class Map>
-void AppendMapped(std::string_view t, std::string& out, Map map) {
-  for (std::size_t at = 0; at < t.size();) {
-    if (Ascii(t[at])) {
-      out += static_cast<char>(map(static_cast<unsigned char>(t[at++])));
-    } else {
-      utf8::Append(map(utf8::Read(t, at)), out);
-    }
-  }
-}
+/// Letter case of single bytes by table: the loop over a name has no branch then.
+using ByteTable = std::array<unsigned char, 128>;
 
-/// Bytes by table: the loop has no branch, so that the compiler can keep it tight.
-constexpr std::array<char, 256> MakeLowerBytes() {
-  std::array<char, 256> table{};
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + 32 : i);
-  }
+template <class Map>
+constexpr ByteTable MakeByteTable(Map map) {
+  ByteTable table{};
+  for (unsigned char c = 0; c < table.size(); ++c) table[c] = static_cast<unsigned char>(map(c));
   return table;
 }
-constexpr std::array<char, 256> kLowerBytes = MakeLowerBytes();
+constexpr ByteTable kLowerBytes = MakeByteTable(LowerOfAscii);
+constexpr ByteTable kUpperBytes = MakeByteTable(UpperOfAscii);
 
 unsigned char LowerByte(char c) {
-  return static_cast<unsigned char>(kLowerBytes[static_cast<unsigned char>(c)]);
+  return kLowerBytes[static_cast<unsigned char>(c)];
+}
+
+template <class Map>
+void AppendMapped(std::string_view t, std::string& out, const ByteTable& bytes, Map map) {
+  if (IsAscii(t)) {
+    const std::size_t start = out.size();
+    out += t;
+    for (std::size_t i = start; i < out.size(); ++i) {
+      out[i] = static_cast<char>(bytes[static_cast<unsigned char>(out[i])]);
+    }
+    return;
+  }
+  for (std::size_t at = 0; at < t.size();) utf8::Append(map(utf8::Read(t, at)), out);
 }
 
 }  // namespace
@@ -118,14 +129,11 @@ std::string_view Right(std::string_view t, std::size_t n) {
 }
 
 void AppendUpper(std::string_view t, std::string& out) {
-  AppendMapped(t, out, UpperOf);
+  AppendMapped(t, out, kUpperBytes, UpperOf);
 }
 
 void AppendLower(std::string_view t, std::string& out) {
-  if (!IsAscii(t)) return AppendMapped(t, out, LowerOf);
-  const std::size_t start = out.size();
-  out.append(t);
-  for (std::size_t i = start; i < out.size(); ++i) out[i] = static_cast<char>(LowerByte(out[i]));
+  AppendMapped(t, out, kLowerBytes, LowerOf);
 }
 
 std::string ToUpper(std::string_view t) {

@@ -1,0 +1,73 @@
+#include "names/preview.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "core/long_pass.h"
+#include "names/name_composer.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+/// The counters among the elements, with their running values.
+class Counters {
+ public:
+  explicit Counters(Constructor& constructor) {
+    for (ConstrItem& item : constructor.ArrConstr) {
+      if (item.ItemType == kCounter) items_.push_back(&item);
+    }
+    for (ConstrItem* item : items_) item->CounterValue = item->CounterStart;
+  }
+
+  void StartGroup() {
+    for (ConstrItem* item : items_) {
+      if (item->ResetCounter == 1) item->CounterValue = item->CounterStart;
+    }
+  }
+
+  void Step() {
+    for (ConstrItem* item : items_) {
+      if (item->CounterValue == std::numeric_limits<std::int32_t>::max()) {
+        throw Failure(kOverflow, "Overflow");
+      }
+      ++item->CounterValue;
+    }
+  }
+
+ private:
+  std::vector<ConstrItem*> items_;
+};
+
+void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
+  if (row.RowTag == 1) return;
+  if (row.mark != Mark::kFailed) row.mark = Mark::kWaiting;
+  row.newFileName.clear();
+  if (!row.checked) return;
+  row.newFileName = composer.Compose(row.sourceFileName, records.ParentName(row), row.date);
+}
+
+}  // namespace
+
+bool SetPreview(Grid& grid, Constructor& constructor, RunState& state, EventPump& events,
+                Clock& clock, const LocaleFacts& locale) {
+  return ErrTrace::inner<"Form1.SetPreview">(ErrTrace::args(), [&] {
+    Counters counters(constructor);
+    NameComposer composer(constructor, clock, locale);
+    Records& records = grid.AllRecords();
+    LongPass pass(grid.RowCount(), state, events, clock);
+    for (std::size_t i = 0; i < grid.RowCount(); ++i) {
+      if (!pass.GoOnAt(i)) return false;
+      ++state.panes.progressValue;
+      if (grid.IsGroupRow(i)) {
+        counters.StartGroup();
+        continue;
+      }
+      FileRow& row = records[grid.RecordOf(i)];
+      PreviewRow(row, records, composer);
+      if (row.checked) counters.Step();
+    }
+    return true;
+  });
+}

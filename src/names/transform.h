@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "names/constr_item.h"
+#include "names/pieces.h"
+#include "platform/text.h"
+
+/// The modes of an element's letter case, by position in the box.
+enum CaseMode : std::int32_t {
+  kCaseUnchanged = 0,
+  kCaseUpper = 1,
+  kCaseLower = 2,
+  kCaseFirstUpper = 3,
+};
+
+/// What the options of one element make of its part of a name: letter case, cut, replace and add,
+/// in this order. Holds copies of the options, so that nothing is looked up for each row.
+class PartTransform {
+ public:
+  PartTransform(const ConstrItem& item, const TransformFields& fields);
+
+  /// Appends what becomes of `part` to `name`. An empty part adds nothing, even where a text is to
+  /// be added, nor does one that an active replace has left empty. Raises kOverflow when the part
+  /// has more than 32,767 characters before or after the replace, or the cut does.
+  void AppendTo(std::string_view part, std::string& name);
+
+ private:
+  std::string_view ChangeCase(std::string_view part);
+  std::string_view Cut(std::string_view part);
+  Pieces CutByPosition(std::string_view part) const;
+  Pieces Add(std::string_view part) const;
+
+  std::int32_t case_;
+  std::int32_t cut_;
+  std::int32_t cut_n_;
+  std::int32_t cut_k_;
+  text::Replacer remove_;
+  bool replaces_;
+  text::Replacer replace_;
+  std::int32_t add_;
+  std::int32_t add_n_;
+  std::string add_text1_;
+  std::string add_text2_;
+
+  std::string cased_;  ///< the part after each step that can't point into the one before
+  std::string after_cut_;
+  std::string replaced_;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+/// What the user's language and region decide.
+class LocaleFacts {
+ public:
+  virtual ~LocaleFacts() = default;
+
+  /// The name of month 1 to 12 as it stands in a date: in full, and abbreviated.
+  virtual std::string MonthName(int month) const = 0;
+  virtual std::string ShortMonthName(int month) const = 0;
+};
