@@ -8,7 +8,9 @@
 
 namespace mScanCD {
 
-bool FileExist(FileSystem& files, std::string_view FilePath) { return files.Exists(FilePath); }
+bool FileExist(FileSystem& files, std::string_view FilePath) {
+  return files.Exists(FilePath);
+}
 
 bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style) {
   return text::Length(folderPath) == style.rootLength || files.Exists(folderPath);

@@ -40,17 +40,17 @@ std::string_view MarkText(Mark mark);
 /// is so for nearly every row of a run; therefore it has functions and no field.
 class FileRow {
  public:
-  std::string sourceFileName;   ///< item 5, with extension
-  std::string newFileName;      ///< item 7
-  double size = 0;              ///< item 1, bytes
-  FileDate date;                ///< item 3
-  std::uint32_t folder = 0;     ///< items 0 and 8: number in the folder table
-  std::uint32_t type = 0;       ///< item 2: number in the text table
-  std::uint32_t newPath = 0;    ///< item 11: number in the text table, 0 is empty
-  std::int16_t RowTag = 0;      ///< 1 once the row's operation succeeded in a run, else empty (0)
-  std::int8_t mode = -1;        ///< item 12: output mode when the row was processed, -1 is empty
-  Mark mark = Mark::kWaiting;   ///< item 6
-  bool checked = true;          ///< item 4
+  std::string sourceFileName;  ///< item 5, with extension
+  std::string newFileName;     ///< item 7
+  double size = 0;             ///< item 1, bytes
+  FileDate date;               ///< item 3
+  std::uint32_t folder = 0;    ///< items 0 and 8: number in the folder table
+  std::uint32_t type = 0;      ///< item 2: number in the text table
+  std::uint32_t newPath = 0;   ///< item 11: number in the text table, 0 is empty
+  std::int16_t RowTag = 0;     ///< 1 once the row's operation succeeded in a run, else empty (0)
+  std::int8_t mode = -1;       ///< item 12: output mode when the row was processed, -1 is empty
+  Mark mark = Mark::kWaiting;  ///< item 6
+  bool checked = true;         ///< item 4
 
   /// Item 9, the name before the run touched the file; empty until then.
   std::string_view Rollback() const;

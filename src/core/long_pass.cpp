@@ -14,7 +14,9 @@ LongPass::LongPass(std::size_t count, RunState& state, EventPump& events, Clock&
       step_(std::max<std::size_t>(1, count / kPartsOfAPass)),
       last_ms_(clock.Milliseconds()) {}
 
-bool LongPass::GoOnAt(std::size_t i) { return i % step_ == 0 ? LetEventsRun() : GoOn(); }
+bool LongPass::GoOnAt(std::size_t i) {
+  return i % step_ == 0 ? LetEventsRun() : GoOn();
+}
 
 bool LongPass::GoOn() {
   if (clock_.Milliseconds() - last_ms_ >= kLongestSilenceMs) return LetEventsRun();

@@ -2,7 +2,9 @@
 
 #include "trace/err_trace.h"
 
-Records::Records() { DeleteAll(); }
+Records::Records() {
+  DeleteAll();
+}
 
 void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
                         std::string_view pFileName, FileDate pDate, double pSize,

@@ -51,7 +51,9 @@ void ApplyPanes(PaneStep step, std::size_t record_count, RunState& state) {
 
 }  // namespace
 
-std::span<const ModeRow> ModeTable() { return kModes; }
+std::span<const ModeRow> ModeTable() {
+  return kModes;
+}
 
 void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView& view) {
   if (mode < 0 || mode >= static_cast<int>(std::size(kModes))) return;

@@ -7,12 +7,12 @@
 /// What the three panes of the status bar show. The passes write it; the window shows it whenever
 /// events run.
 struct StatusPanes {
-  std::string paneStatus;         ///< "", "Preview " or "Renaming "
-  bool progressVisible = false;   ///< of paneProgress; its Min is 0
+  std::string paneStatus;        ///< "", "Preview " or "Renaming "
+  bool progressVisible = false;  ///< of paneProgress; its Min is 0
   std::int64_t progressMax = 0;
   std::int64_t progressValue = 0;
   std::string paneTotal = "Total 0 files";
-  bool totalStretched = true;     ///< takes the rest of the bar; not so while busy
+  bool totalStretched = true;  ///< takes the rest of the bar; not so while busy
 };
 
 /// The state that the commands share, for the whole life of the program.

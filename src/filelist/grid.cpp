@@ -41,8 +41,7 @@ template <class NameOf>
 void SortByName(std::vector<std::uint32_t>& order, bool ascending, NameOf name_of) {
   std::vector<std::string> lower(order.size());
   for (std::uint32_t i = 0; i < order.size(); ++i) lower[i] = text::ToLower(name_of(i));
-  StableSort(order, ascending,
-             [&](std::uint32_t i) -> const std::string& { return lower[i]; });
+  StableSort(order, ascending, [&](std::uint32_t i) -> const std::string& { return lower[i]; });
 }
 
 }  // namespace
@@ -60,8 +59,8 @@ std::vector<std::uint32_t> Grid::SortedRecords() const {
   const auto sort = [&](auto key) { StableSort(order, sort_ascending_, key); };
   switch (sort_column_) {
     case kColumnPath: {
-      const auto ranks = Ranks(records.FolderCount(),
-                               [&](std::uint32_t i) { return records.FolderPath(i); });
+      const auto ranks =
+          Ranks(records.FolderCount(), [&](std::uint32_t i) { return records.FolderPath(i); });
       sort([&](std::uint32_t i) { return ranks[records[i].folder]; });
       break;
     }
@@ -78,14 +77,12 @@ std::vector<std::uint32_t> Grid::SortedRecords() const {
       sort([&](std::uint32_t i) { return records[i].date; });
       break;
     case kColumnSourceName:
-      SortByName(order, sort_ascending_, [&](std::uint32_t i) -> const std::string& {
-        return records[i].sourceFileName;
-      });
+      SortByName(order, sort_ascending_,
+                 [&](std::uint32_t i) -> const std::string& { return records[i].sourceFileName; });
       break;
     case kColumnNewName:
-      SortByName(order, sort_ascending_, [&](std::uint32_t i) -> const std::string& {
-        return records[i].newFileName;
-      });
+      SortByName(order, sort_ascending_,
+                 [&](std::uint32_t i) -> const std::string& { return records[i].newFileName; });
       break;
     default:
       break;

@@ -54,8 +54,8 @@ class Grid {
   std::size_t RecordOf(std::size_t row) const { return static_cast<std::size_t>(rows_[row]); }
 
   struct Group {
-    std::string text;          ///< the whole path or type
-    std::size_t row = 0;       ///< of its heading
+    std::string text;     ///< the whole path or type
+    std::size_t row = 0;  ///< of its heading
     std::size_t file_count = 0;
   };
   std::size_t GroupCount() const { return groups_.size(); }

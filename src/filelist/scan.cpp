@@ -40,7 +40,8 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
         const std::string folder(name_start == 0 ? "./" : sParentPath.substr(0, name_start));
         const std::string_view beginning = sParentPath.substr(name_start);
         FolderEntries entries;
-        files_.List(folder, [&] { return pass_.GoOn(); }, entries);
+        files_.List(
+            folder, [&] { return pass_.GoOn(); }, entries);
         for (const FolderEntries::Entry& entry : entries.entries) {
           const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
           if (!(due ? pass_.LetEventsRun() : pass_.GoOn())) return;
@@ -56,8 +57,8 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
       });
 }
 
-void Scan::LookAt(std::string_view name, std::string_view pParentName,
-                  std::string_view sParentPath, std::string_view folder) {
+void Scan::LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
+                  std::string_view folder) {
   if (!Takes(name)) return;
   const std::optional<FileFacts> facts = files_.Look(std::string(folder).append(name));
   if (!facts) return;  // gone since the folder was read

@@ -4,7 +4,6 @@
 #include <string>
 #include <utility>
 
-
 namespace {
 
 ConstrItem NewItem(ItemType type, std::string_view item_text) {
@@ -37,10 +36,8 @@ Constructor::Constructor() {
   InsertArrConstrItem(0, kSourceFileName, "");
 }
 
-void Constructor::InsertArrConstrItem(std::size_t pIndex, ItemType pType,
-                                      std::string_view pText) {
-  ArrConstr.insert(ArrConstr.begin() + static_cast<std::ptrdiff_t>(pIndex),
-                   NewItem(pType, pText));
+void Constructor::InsertArrConstrItem(std::size_t pIndex, ItemType pType, std::string_view pText) {
+  ArrConstr.insert(ArrConstr.begin() + static_cast<std::ptrdiff_t>(pIndex), NewItem(pType, pText));
 }
 
 void Constructor::DeleteArrConstrItem(std::size_t pIndex) {

@@ -77,14 +77,20 @@ class FileSystem {
   /// Deletes one entry that is no folder.
   virtual bool DeleteFile(std::string_view path) = 0;
 
-  /// Deletes the file at `path` only if it is still the very file `made`; anything else is not done.
+  /// Deletes the file at `path` only if it is still the very file `made`; anything else is not
+  /// done.
   virtual bool DeleteMadeFile(std::string_view path, const FileIdentity& made) = 0;
 
   /// Makes one folder level.
   virtual bool CreateDirectory(std::string_view path) = 0;
+
+  /// Lets go of what is kept open for speed between calls. Good at the end of a pass: a medium
+  /// with an open folder can't be unmounted.
+  virtual void LetFoldersGo() {}
 };
 
 /// The file system of this machine (POSIX, with the Linux calls where they are there).
 /// Ignores SIGXFSZ and SIGPIPE from its making on, so that a limit is an error and not an end.
-/// Handles of the last folders used are kept; call sites need not care.
+/// Handles of the last two folders used are kept until LetFoldersGo; a folder that was renamed or
+/// replaced meanwhile is noticed before anything in it is changed.
 std::unique_ptr<FileSystem> MakePosixFileSystem();

@@ -40,8 +40,7 @@ void NameFreer::MoveAside(std::size_t record, const std::string& candidate) {
   FileRow& row = records_[record];
   const std::string& path = records_.Path(row);
   const std::string from = path + row.sourceFileName;
-  if (StaysInItsFolder(candidate) &&
-      files_.MoveFile(from, path + candidate, [] { return true; })) {
+  if (StaysInItsFolder(candidate) && files_.MoveFile(from, path + candidate, [] { return true; })) {
     numbering_.Freed(from);
   }
   row.KeepRollback();

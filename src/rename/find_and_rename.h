@@ -20,8 +20,7 @@ class NameFreer {
   /// that will go away, moves that file aside and notes it in its row; whether the move was done
   /// is not told, the caller's own operation shows it. Else `CorrectedNewName` takes a free
   /// numbered name.
-  void FindAndRename(std::string_view pPath, std::string_view pName,
-                     std::string& CorrectedNewName);
+  void FindAndRename(std::string_view pPath, std::string_view pName, std::string& CorrectedNewName);
 
   /// The source name of a row was written.
   void SourceNameChanged(std::size_t record) { pending_.KeyChanged(record); }

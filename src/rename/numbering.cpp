@@ -11,7 +11,9 @@
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 std::string SeriesKey(std::string_view head, std::string_view tail) {
   std::string key = text::ToLower(head);

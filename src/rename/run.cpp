@@ -40,8 +40,8 @@ void RenameRun::ProcessRow(std::size_t record) {
   Turn turn{record, records_.Path(row) + row.sourceFileName, TargetFolder(row), row.newFileName};
   const std::string planned_before(row.PlannedName());
   // A relative output folder would lead to wherever the program happens to have been started.
-  const bool usable = StaysInItsFolder(row.newFileName) &&
-                      mMain::IsAbsolutePath(turn.target_folder);
+  const bool usable =
+      StaysInItsFolder(row.newFileName) && mMain::IsAbsolutePath(turn.target_folder);
   if (usable) ResolveConflict(turn);
   if (usable && StaysInItsFolder(row.newFileName) && DoOperation(turn)) {
     Succeed(turn);
@@ -87,8 +87,8 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   if (output_.cmbDestination == kUseSourceFolder || to_itself) {
     const bool own_folder =
         output_.cmbDestination == kUseSourceFolder || output_.chDestinationSubfolders;
-    freer_.FindAndRename(
-        own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination, name, corrected);
+    freer_.FindAndRename(own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination,
+                         name, corrected);
   } else if (state_.gConflictAddNumber == 1) {
     numbering_.CreateUniqueName(turn.target_folder, name, corrected);
   }

@@ -37,10 +37,16 @@ void TakeException(std::exception_ptr in_flight) {
 
 }  // namespace
 
-void SetReporter(Reporter* reporter) { g_reporter = reporter; }
+void SetReporter(Reporter* reporter) {
+  g_reporter = reporter;
+}
 
-std::string ValueText(std::string_view value) { return "'" + std::string(value) + "'"; }
-std::string ValueText(long long value) { return std::to_string(value); }
+std::string ValueText(std::string_view value) {
+  return "'" + std::string(value) + "'";
+}
+std::string ValueText(long long value) {
+  return std::to_string(value);
+}
 
 std::string ValueText(double value) {
   char buffer[32];
@@ -54,8 +60,8 @@ void AddLine(std::string_view trace, const std::string* values, std::size_t coun
   try {
     if (g_record.report.empty()) {
       TakeException(std::current_exception());
-      g_record.report = g_record.description + "\r\n  Number: " + std::to_string(g_record.number) +
-                        "\r\n";
+      g_record.report =
+          g_record.description + "\r\n  Number: " + std::to_string(g_record.number) + "\r\n";
     }
     const std::size_t bracket = trace.find('(');
     std::string line = "  Call Stack: " + std::string(trace.substr(0, bracket)) + "(";
@@ -71,7 +77,9 @@ void AddLine(std::string_view trace, const std::string* values, std::size_t coun
   }
 }
 
-void RaiseAgain() { throw Failure(g_record.number, g_record.description); }
+void RaiseAgain() {
+  throw Failure(g_record.number, g_record.description);
+}
 
 void Report() noexcept {
   Record finished;

@@ -86,9 +86,8 @@ class CommandsTest : public testing::Test {
   FakePrompts prompts;
   FakeView view{grid};
   FakeReporter reporter;
-  Commands commands{{state, grid, constructor, reports, files, clock, events, locale, type_names,
-                     prompts},
-                    view};
+  Commands commands{
+      {state, grid, constructor, reports, files, clock, events, locale, type_names, prompts}, view};
 };
 
 }  // namespace
@@ -183,9 +182,8 @@ TEST_F(CommandsTest, GoOnAfterACancelledRun) {
   commands.bnPreview_Click();
   CancelAt(1);
   commands.bnRename_Click();
-  EXPECT_EQ(prompts.told,
-            std::vector<std::string>{
-                "Process is not completed.\nSome of the files have been renamed."});
+  EXPECT_EQ(prompts.told, std::vector<std::string>{
+                              "Process is not completed.\nSome of the files have been renamed."});
   EXPECT_EQ(commands.Mode(), ModeRunCancelled);
   EXPECT_EQ(view.buttons, "10110");
   EXPECT_EQ(state.panes.paneStatus, "Renaming ") << "stays until another mode clears it";
@@ -202,7 +200,8 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   commands.bnLoadFileList_Click();
   EXPECT_EQ(commands.Mode(), ModeListEmpty);
   ASSERT_EQ(reporter.reports.size(), 1u);
-  for (const char* line : {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
+  for (const char* line :
+       {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
     EXPECT_NE(reporter.reports[0].find(line), std::string::npos) << line;
   }
 

@@ -33,8 +33,8 @@ TEST(PathText, SplitsAnExtensionWithItsDot) {
   const struct {
     const char* name;
     const char* extension;
-  } table[] = {{"report.txt", ".txt"}, {"a.b.c", ".c"},           {"noext", ""},
-               {"trail.", "."},        {".hidden", ".hidden"},    {"", ""}};
+  } table[] = {{"report.txt", ".txt"}, {"a.b.c", ".c"},        {"noext", ""},
+               {"trail.", "."},        {".hidden", ".hidden"}, {"", ""}};
   for (const auto& row : table) EXPECT_EQ(mCommon::Spliting(row.name, "."), row.extension);
 }
 

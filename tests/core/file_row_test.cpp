@@ -22,7 +22,9 @@ TEST(FileRow, KeepsTheNameItHadBeforeTheRunThroughAsideAndBack) {
   EXPECT_EQ(row.sourceFileName, "b");
 }
 
-TEST(FileRow, StaysSmall) { EXPECT_LE(sizeof(FileRow), 112u); }
+TEST(FileRow, StaysSmall) {
+  EXPECT_LE(sizeof(FileRow), 112u);
+}
 
 TEST(FileDate, WritesAllNineteenCharactersOrNone) {
   EXPECT_EQ(FileDate(2024, 3, 9, 7, 5, 2).Text(), "2024.03.09 07:05:02");

@@ -35,13 +35,13 @@ struct Expected {
 
 TEST(RunModes, SetButtonsPointerAndPanes) {
   const Expected table[] = {
-      {0, true, '-', "0000-", "", 0},           {1, true, '-', "1000-", "", 0},
-      {2, false, 'w', "00001", "", 0},          {3, true, 'n', "11000", "", 0},
-      {4, true, 'n', "10000", "", 0},           {5, true, 'n', "11100", "", 0},
-      {6, false, 'w', "00001", "before ", 7},   {7, false, 'w', "00001", "Renaming ", 7},
-      {8, true, 'n', "1--10", "", 7},           {9, true, 'n', "10110", "before ", 7},
-      {10, true, 'n', "11100", "", 0},          {11, true, 'n', "10110", "before ", 7},
-      {12, false, '-', "-----", "before ", 7},  {-1, false, '-', "-----", "before ", 7},
+      {0, true, '-', "0000-", "", 0},          {1, true, '-', "1000-", "", 0},
+      {2, false, 'w', "00001", "", 0},         {3, true, 'n', "11000", "", 0},
+      {4, true, 'n', "10000", "", 0},          {5, true, 'n', "11100", "", 0},
+      {6, false, 'w', "00001", "before ", 7},  {7, false, 'w', "00001", "Renaming ", 7},
+      {8, true, 'n', "1--10", "", 7},          {9, true, 'n', "10110", "before ", 7},
+      {10, true, 'n', "11100", "", 0},         {11, true, 'n', "10110", "before ", 7},
+      {12, false, '-', "-----", "before ", 7}, {-1, false, '-', "-----", "before ", 7},
   };
   for (const Expected& row : table) {
     SCOPED_TRACE(row.mode);

@@ -4,8 +4,16 @@
 
 TEST(TextQt, BringsEveryByteBack) {
   const std::string_view table[] = {
-      "",  "plain.txt", "Gra\xC3\xA7""a", "\xF0\x9F\xA5\x90.jpg", "bad\xFF\x80name",
-      "cut\xC3",        "\xED\xA0\x80",   "\xC0\x80",             "line\nbreak",
+      "",
+      "plain.txt",
+      "Gra\xC3\xA7"
+      "a",
+      "\xF0\x9F\xA5\x90.jpg",
+      "bad\xFF\x80name",
+      "cut\xC3",
+      "\xED\xA0\x80",
+      "\xC0\x80",
+      "line\nbreak",
   };
   for (const std::string_view name : table) {
     EXPECT_EQ(text::FromQt(text::ToQt(name)), name);

@@ -30,9 +30,12 @@ TEST(Numbering, NumbersATakenNameByTheTemplate) {
     const char* name;
     const char* corrected;
   } table[] = {
-      {"free.txt", "untouched"},        {"report.txt", "report_{2}.txt"},
-      {"report_{1}.txt", "report_{1}_{2}.txt"}, {"plain", "plain_{1}"},
-      {"a.b.c", "a.b_{1}.c"},           {"trail.", "trail_{1}"},
+      {"free.txt", "untouched"},
+      {"report.txt", "report_{2}.txt"},
+      {"report_{1}.txt", "report_{1}_{2}.txt"},
+      {"plain", "plain_{1}"},
+      {"a.b.c", "a.b_{1}.c"},
+      {"trail.", "trail_{1}"},
       {"gap.txt", "gap_{1}.txt"},
   };
   RunState state;

@@ -75,7 +75,8 @@ class MemoryFiles : public FileSystem {
     return fails && fails(operation, path);
   }
   bool Fits(std::string_view to) {
-    return !contents.contains(std::string(to)) && !folders.contains(std::string(to)) &&
+    return !to.ends_with('/') && !contents.contains(std::string(to)) &&
+           !folders.contains(std::string(to)) &&
            folders.contains(std::string(to.substr(0, to.rfind('/'))));
   }
 };

@@ -1,0 +1,7 @@
+#include "platform/event_pump_qt.h"
+
+#include <QCoreApplication>
+
+void QtEventPump::LetEventsRun() {
+  QCoreApplication::processEvents();
+}

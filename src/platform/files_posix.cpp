@@ -1,0 +1,139 @@
+#include "platform/files_posix.h"
+
+#include <fcntl.h>
+#include <signal.h>
+
+#include <utility>
+
+#include "platform/file_copy.h"
+#include "platform/file_move.h"
+#include "platform/folder_handles.h"
+#include "platform/folder_listing.h"
+#include "platform/name_pattern.h"
+#include "platform/rename_no_replace.h"
+
+namespace {
+
+/// The answer upwards; the reason stays in errno for whoever looks into it.
+bool Done(int error) {
+  errno = error;
+  return error == 0;
+}
+
+class PosixFileSystem final : public FileSystem {
+ public:
+  explicit PosixFileSystem(Syscalls calls) : calls_(std::move(calls)) {
+    // Past a size limit, or into a broken pipe, a write shall fail and not end us (signal(7)).
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::signal(SIGPIPE, SIG_IGN);
+  }
+
+  bool Exists(std::string_view path) override {
+    const Place place = folders_.ForLook(path);
+    struct stat facts;
+    if (!place || place.name.empty()) return false;
+    if (LStat(place, facts)) return true;
+    return HasWildcards(place.name) && AnyFits(place);
+  }
+
+  std::optional<FileFacts> Look(std::string_view path) override {
+    const Place place = folders_.ForLook(path);
+    struct stat facts;
+    if (!place || !LStat(place, facts)) return std::nullopt;
+    const FileIdentity identity = IdentityOf(facts);
+    return FileFacts{S_ISDIR(facts.st_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
+                     identity.modified_ns};
+  }
+
+  bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
+    const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
+    if (!folder) {
+      entries = {};
+      return false;
+    }
+    return Done(ListFolder(calls_, *folder, go_on, entries));
+  }
+
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) override {
+    const auto [source, target] = Places(from, to);
+    if (!source || !target) return false;
+    const bool done = Done(move_.Move(source, target, go_on));
+    if (done) folders_.Forget(from);
+    return done;
+  }
+
+  bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                FileIdentity* made) override {
+    const auto [source, target] = Places(from, to);
+    if (!source || !target) return false;
+    FileCopy::Copied copied;
+    const int error = copy_.Copy(source, target, FileCopy::Purpose::kCopy, go_on, copied);
+    if (error == 0 && made) *made = copied.made;
+    return Done(error);
+  }
+
+  bool DeleteFile(std::string_view path) override {
+    const Place place = folders_.ForChange(path);
+    return place && Done(Unlink(place));
+  }
+
+  bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
+    const Place place = folders_.ForChange(path);
+    struct stat facts;
+    if (!place || !LStat(place, facts)) return false;
+    return Done(IdentityOf(facts) == made ? Unlink(place) : ESTALE);
+  }
+
+  bool CreateDirectory(std::string_view path) override {
+    const Place place = folders_.ForChange(path);
+    return place && Done(ErrorOf([&] { return ::mkdirat(place.at(), place.c_name(), 0777); }));
+  }
+
+  void LetFoldersGo() override { folders_.ForgetAll(); }
+
+ private:
+  bool LStat(const Place& place, struct stat& facts) {
+    return calls_.fstatat(place.at(), place.c_name(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+  }
+
+  int Unlink(const Place& place) {
+    return ErrorOf([&] { return calls_.unlinkat(place.at(), place.c_name(), 0); });
+  }
+
+  bool AnyFits(const Place& place) {
+    FolderEntries all;
+    ListFolder(calls_, *place.folder, {}, all);
+    for (const FolderEntries::Entry& entry : all.entries) {
+      if (FitsPattern(entry.name, place.name)) return true;
+    }
+    return false;
+  }
+
+  /// Two names in one folder need it opened, and compared, only once.
+  std::pair<Place, Place> Places(std::string_view from, std::string_view to) {
+    Place source = folders_.ForChange(from);
+    if (!source) return {};
+    const SplitPath split = Split(to);
+    if (split.folder != Split(from).folder || split.name.find('\0') != split.name.npos) {
+      return {std::move(source), folders_.ForChange(to)};
+    }
+    Place target{source.folder, std::string(split.name)};
+    return {std::move(source), std::move(target)};
+  }
+
+  const Syscalls calls_;
+  FolderHandles folders_{calls_};
+  RenameNoReplace rename_{calls_};
+  FileCopy copy_{calls_, rename_};
+  FileMove move_{calls_, rename_, copy_};
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> MakePosixFileSystem(Syscalls calls) {
+  return std::make_unique<PosixFileSystem>(std::move(calls));
+}
+
+std::unique_ptr<FileSystem> MakePosixFileSystem() {
+  return MakePosixFileSystem(RealSyscalls());
+}

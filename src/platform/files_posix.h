@@ -1,0 +1,10 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/files.h"
+#include "platform/syscalls.h"
+
+/// As MakePosixFileSystem(), with these calls instead of the machine's. An operation that is not
+/// done leaves its reason in errno.
+std::unique_ptr<FileSystem> MakePosixFileSystem(Syscalls calls);

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/syscalls.h"
+
+/// An open folder, by handle only: names can be looked up in it, nothing more.
+struct Folder {
+  FileHandle handle;
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+
+  /// The folder of two paths may be one under two texts.
+  bool IsSameAs(const Folder& other) const {
+    return device == other.device && inode == other.inode;
+  }
+};
+
+/// A name in an open folder, whether something is there or not.
+struct Place {
+  std::shared_ptr<const Folder> folder;
+  std::string name;
+
+  int at() const { return folder->handle.get(); }
+  const char* c_name() const { return name.c_str(); }
+  explicit operator bool() const { return folder != nullptr; }
+};
+
+/// A path cut behind its last separator: "/a/b" is "/a" and "b", "/b" is "/" and "b", "b" is "."
+/// and "b".
+struct SplitPath {
+  std::string_view folder;
+  std::string_view name;
+};
+SplitPath Split(std::string_view path);
+
+/// Turns paths into places and keeps the handles of the last two folders, which saves walking the
+/// path for every file of a folder; paths may be longer than the system takes in one call.
+///
+/// A kept handle stays with its folder when that is renamed or replaced, so the path may mean
+/// another folder by then. Hence `ForChange` compares the handle with what the path leads to at
+/// that moment and opens anew when they differ; an open handle keeps its inode number from being
+/// given to another folder, so the comparison can't be fooled. `ForLook` trusts a comparison for a
+/// tenth of a second: what it finds is never the ground for replacing anything.
+class FolderHandles {
+ public:
+  enum class Trust : std::uint8_t { kNow, kRecent };
+
+  explicit FolderHandles(const Syscalls& calls) : calls_(calls) {}
+
+  /// No place, and errno, when the folder can't be opened or the path holds a NUL byte.
+  Place ForChange(std::string_view path) { return PlaceOf(path, Trust::kNow); }
+  Place ForLook(std::string_view path) { return PlaceOf(path, Trust::kRecent); }
+
+  /// The folder itself, "" being the root; a closing separator changes nothing. Null and errno as
+  /// above.
+  std::shared_ptr<const Folder> Open(std::string_view folder, Trust trust);
+
+  /// To be told when the entry at `path` was moved or deleted: it may have been a folder.
+  void Forget(std::string_view path);
+
+  /// Lets all handles go, so that a medium can be unmounted.
+  void ForgetAll();
+
+ private:
+  struct Kept {
+    std::string path;
+    std::shared_ptr<const Folder> folder;
+    std::int64_t compared_ms = 0;
+  };
+
+  Place PlaceOf(std::string_view path, Trust trust);
+  bool StillThere(Kept& kept, Trust trust);
+  std::shared_ptr<const Folder> OpenAnew(const std::string& path);
+  FileHandle Walk(const std::string& path);
+  int OpenStep(int at, const char* path);
+
+  const Syscalls& calls_;
+  std::array<Kept, 2> kept_;  ///< the last used first
+};

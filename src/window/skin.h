@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPalette>
+
+class QApplication;
+class QWidget;
+
+/// Gives the whole program its look: the colours of `Look::Current()`, the application's palette,
+/// and one style sheet over it, so that message boxes and file dialogs match. The desktop's own
+/// palette decides between light and dark. Off: the desktop's style and palette, no style sheet.
+/// May be called again at any time.
+///
+/// Widgets ask for more by dynamic properties of value true, set before they are shown:
+///   card          QFrame, QGroupBox: a card; a group box's title stands inside, at its top line
+///   title         QLabel: title of a card
+///   muted         QLabel: a note
+///   strong        QLabel: 600 weight
+///   command       QPushButton: one of the command row
+///   primary       QPushButton: the next command; call `Repolish` after a change
+///   narrow        QPushButton, QToolButton: a caption of one to three signs
+///   link          QPushButton, QToolButton: flat, as a link
+///   optionPages   QTabWidget: text tabs with an underline, no frame (else folder tabs on a card)
+///   rule          QFrame: a line of one pixel
+void ApplySkin(QApplication& application, bool skin_on);
+
+/// Lets the style sheet see a changed property of `widget`.
+void Repolish(QWidget& widget);
+
+/// Whether a palette is a dark one: its window text is lighter than its window.
+bool IsDark(const QPalette& palette);
+
+/// The palette of the look that was chosen last.
+QPalette SkinPalette();

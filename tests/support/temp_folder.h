@@ -1,0 +1,89 @@
+#pragma once
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+/// A new empty folder, gone with all that is in it at the end. Helpers take names relative to it;
+/// they know nothing of the code under test.
+class TempFolder {
+ public:
+  /// In TMPDIR or /tmp unless `parent` is given.
+  explicit TempFolder(std::string parent = {}) {
+    if (parent.empty()) parent = std::filesystem::temp_directory_path().string();
+    path_ = parent + "/qv-test-XXXXXX";
+    if (::mkdtemp(path_.data()) == nullptr) {
+      ADD_FAILURE() << "can't make a folder in " << parent;
+      path_.clear();
+    }
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  ~TempFolder() {
+    std::error_code ignored;
+    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+  }
+
+  const std::string& path() const { return path_; }
+  /// The path of `name` in here; with a closing separator for "".
+  std::string operator/(std::string_view name) const { return path_ + '/' + std::string(name); }
+
+  void Write(std::string_view name, std::string_view content) const {
+    std::ofstream file(*this / name, std::ios::binary | std::ios::trunc);
+    file << content;
+    ASSERT_TRUE(file.flush()) << name;
+  }
+
+  /// Nothing when it can't be read.
+  std::optional<std::string> Read(std::string_view name) const {
+    std::ifstream file(*this / name, std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }
+
+  void MakeFolder(std::string_view name) const {
+    ASSERT_EQ(::mkdir((*this / name).c_str(), 0755), 0) << name;
+  }
+
+  void MakeLink(std::string_view name, const std::string& leads_to) const {
+    ASSERT_EQ(::symlink(leads_to.c_str(), (*this / name).c_str()), 0) << name;
+  }
+
+  /// Whether anything has that name, a dangling link included.
+  bool Has(std::string_view name) const {
+    struct stat facts;
+    return ::lstat((*this / name).c_str(), &facts) == 0;
+  }
+
+  /// What lstat tells; all 0 when there is nothing.
+  struct stat Facts(std::string_view name) const {
+    struct stat facts = {};
+    if (::lstat((*this / name).c_str(), &facts) != 0) facts = {};
+    return facts;
+  }
+
+  /// The names of all entries of the subfolder, sorted, temporary ones included.
+  std::vector<std::string> List(std::string_view subfolder = {}) const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(*this / subfolder)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+ private:
+  std::string path_;
+};
