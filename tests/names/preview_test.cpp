@@ -7,8 +7,8 @@
 
 #include "names/counter.h"
 #include "names/months.h"
+#include "support/failure_report.h"
 #include "support/fakes.h"
-#include "trace/failure.h"
 
 using ::testing::ElementsAre;
 
@@ -55,13 +55,11 @@ class PreviewTest : public testing::Test {
     return records[0].newFileName;
   }
 
-  std::int32_t FailureOf(std::string_view name) {
-    try {
-      NameOf(name);
-      return 0;
-    } catch (const Failure& failure) {
-      return failure.Number();
-    }
+  /// The first line of the failure that the pass over one file ends with, or "".
+  std::string FailureOf(std::string_view name) {
+    const std::string report = FailureReport([&] { NameOf(name); });
+    EXPECT_EQ(report.empty(), report.find("Call Stack: Form1.SetPreview()") == report.npos);
+    return report.substr(0, report.find('\r'));
   }
 
   Records records;
@@ -207,19 +205,19 @@ TEST_F(PreviewTest, StartsCountersAgainAtEachGroupWhereAsked) {
 TEST_F(PreviewTest, FailsWhenACounterPassesItsRange) {
   constructor.ArrConstr.clear();
   AddCounter(std::numeric_limits<std::int32_t>::max(), false);
-  EXPECT_EQ(FailureOf("a"), kOverflow);
+  EXPECT_EQ(FailureOf("a"), "Overflow");
   EXPECT_EQ(records[0].newFileName, "2147483647");
 }
 
 TEST_F(PreviewTest, FailsOnAPartThatIsTooLong) {
-  EXPECT_EQ(FailureOf(std::string(32'767, 'a')), 0);
-  EXPECT_EQ(FailureOf(std::string(32'768, 'a')), kOverflow);
+  EXPECT_EQ(FailureOf(std::string(32'767, 'a')), "");
+  EXPECT_EQ(FailureOf(std::string(32'768, 'a')), "Overflow");
   std::string accents;
   for (int i = 0; i < 20'000; ++i) accents += "\u00E9";
-  EXPECT_EQ(FailureOf(accents), 0) << "characters count, not bytes";
+  EXPECT_EQ(FailureOf(accents), "") << "characters count, not bytes";
   constructor.ArrConstr[0].Replace1 = "\u00E9";
   constructor.ArrConstr[0].Replace2 = "ee";
-  EXPECT_EQ(FailureOf(accents), kOverflow);
+  EXPECT_EQ(FailureOf(accents), "Overflow");
 }
 
 TEST_F(PreviewTest, LetsEventsRunAndEndsWhenCancelled) {
