@@ -116,7 +116,7 @@ void Commands::bnPreview_Click() {
     ShowProgress("Preview ", grid_.RowCount());
     state_.panes.progressValue = 0;
     state_.gCancelRequested = false;
-    SetPreview(grid_, parts_.constructor, state_, events_, parts_.clock, parts_.locale);
+    SetPreview({grid_, parts_.constructor, state_, events_, parts_.clock, parts_.locale});
     view_.RowsChanged();
     if (state_.gCancelRequested) {
       state_.gCancelRequested = false;
