@@ -4,7 +4,7 @@
 
 #include "support/fakes.h"
 #include "support/memory_files.h"
-#include "trace/failure.h"
+#include "trace/err_trace.h"
 
 namespace {
 
@@ -128,7 +128,8 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
   EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
 
   view.source.fdSourceFolder = "/in/";
-  CancelAt(2);
+  clock.step_ms = 50;
+  CancelAt(3);
   commands.bnLoadFileList_Click();
   EXPECT_EQ(view.buttons, "10000");
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
