@@ -73,7 +73,7 @@ FileListPanel::FileListPanel(Grid& grid, QWidget* parent)
   LayOut();
   ConnectControls();
   ConnectList();
-  SetEmptyText(EmptyText::kNothingYet);
+  SetEmptyText(kNotListed);
 }
 
 void FileListPanel::MakeControls() {
@@ -268,6 +268,13 @@ void FileListPanel::RowsChanged() {
   model_->RowsChanged();
 }
 
+void FileListPanel::EnableElements(bool enable) {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           cmbGroupBy, chColumnDate, chColumnType, chColumnSize, chColumnPath, ReportControl1}) {
+    control->setEnabled(enable);
+  }
+}
+
 std::vector<int> FileListPanel::SelectedRows() const {
   return ReportControl1->SelectedRows();
 }
@@ -275,20 +282,20 @@ std::vector<int> FileListPanel::SelectedRows() const {
 void FileListPanel::SetEmptyText(EmptyText kind) {
   const QString separator(QLatin1Char(kNative.separator));
   switch (kind) {
-    case EmptyText::kNothingYet:
+    case kNotListed:
       ReportControl1->SetEmptyText(
           QStringLiteral("No files listed"),
           QStringLiteral("Choose a source folder, then press “Prepare file list”."));
       break;
-    case EmptyText::kNothingFound:
+    case kNoneFound:
       ReportControl1->SetEmptyText(QStringLiteral("No files found"),
                                    QStringLiteral("No file in this folder matches the masks."));
       break;
-    case EmptyText::kNotComplete:
+    case kNotComplete:
       ReportControl1->SetEmptyText(QStringLiteral("List not complete"),
                                    QStringLiteral("Press “Prepare file list” to start again."));
       break;
-    case EmptyText::kSeparatorMissing:
+    case kSeparatorMissing:
       ReportControl1->SetEmptyText(
           QStringLiteral("No files found"),
           QStringLiteral("The source folder does not end in “%1”.").arg(separator));

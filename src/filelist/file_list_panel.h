@@ -13,20 +13,20 @@ class QComboBox;
 class QLabel;
 class QPushButton;
 
-/// Why a list shows no rows.
-enum class EmptyText {
-  kNothingYet,
-  kNothingFound,
-  kNotComplete,
-  kSeparatorMissing,  ///< the folder as typed doesn't end in its separator, so it names no folder
-};
-
 /// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
 /// what the user did by signals.
 class FileListPanel : public QWidget {
   Q_OBJECT
 
  public:
+  /// Why the list shows no rows.
+  enum EmptyText {
+    kNotListed,
+    kNoneFound,
+    kNotComplete,
+    kSeparatorMissing,  ///< the folder as typed lacks its closing separator, so it has no files
+  };
+
   explicit FileListPanel(Grid& grid, QWidget* parent = nullptr);
 
   /// The rows of the grid were made anew.
@@ -34,6 +34,9 @@ class FileListPanel : public QWidget {
   /// Names, marks or check boxes of rows were written; their number and order stand.
   void RowsChanged();
   void SetEmptyText(EmptyText kind);
+
+  /// Enables or disables the list and its options; the width of the list can always be changed.
+  void EnableElements(bool enable);
 
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;

@@ -248,7 +248,7 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                            const QStyleOptionViewItem& option, const QModelIndex& index) {
   if (event->type() != QEvent::ToolTip) return false;
   const bool group = index.data(kGroupTextRole).isValid();
-  const QString words = index.data(group ? kGroupTextRole : Qt::DisplayRole).toString();
+  const QString words = index.data(Qt::DisplayRole).toString();
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
   const int room =
