@@ -79,6 +79,12 @@ void CommandButtons::EnableButton(CommandButton button, bool enable) {
   MarkPrimary();
 }
 
+void CommandButtons::FocusPrimary() {
+  for (QPushButton* button : buttons_) {
+    if (button->property("primary").toBool()) button->setFocus(Qt::OtherFocusReason);
+  }
+}
+
 void CommandButtons::FocusAfterCancel() {
   Command5->setFocus(Qt::OtherFocusReason);
 }

@@ -18,6 +18,9 @@ class CommandButtons : public QWidget {
   void EnableButton(CommandButton button, bool enable);
   QPushButton* Button(CommandButton button) const;
 
+  /// Gives the focus to the button that stands out, if there is one.
+  void FocusPrimary();
+
   /// Takes the focus away from the buttons, to where no key starts a command.
   void FocusAfterCancel();
 
