@@ -60,7 +60,7 @@ static_assert(EachRoleStandsAtItsNumber());
 
 QColor Mix(const QColor& a, const QColor& b, int percent_of_a) {
   const auto part = [&](int x, int y) {
-    return (x * percent_of_a + y * (100 - percent_of_a)) / 100;
+    return (x * percent_of_a + y * (100 - percent_of_a) + 50) / 100;
   };
   return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
 }

@@ -37,6 +37,7 @@ constexpr int kSizeWidth = 80;
 constexpr int kTypeWidth = 100;
 constexpr int kPathWidth = 300;
 constexpr int kLeastNameWidth = 140;
+constexpr int kWideButtonAir = 20;
 constexpr int kDateAir = 16;
 
 /// More selected rows than this are not carried through a sort: Qt keeps an index for each cell.
@@ -80,6 +81,7 @@ void FileListPanel::MakeControls() {
   bnWideFileList = new QPushButton(this);
   bnWideFileList->setObjectName(QStringLiteral("bnWideFileList"));
   bnWideFileList->setProperty("narrow", true);
+  bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
   for (const ColumnBox& row : kColumnBoxes) {
     const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(row.key));
@@ -112,8 +114,8 @@ void FileListPanel::MakeList() {
   header->setSortIndicator(-1, Qt::AscendingOrder);
   header->setSortIndicatorShown(true);
   header->setSortIndicatorClearable(true);  // the third click gives scan order back
-  for (const ColumnBox& row : kColumnBoxes) ReportControl1->setColumnHidden(row.column, true);
   SetWidths();
+  for (const ColumnBox& row : kColumnBoxes) ReportControl1->ShowColumn(row.column, false);
 }
 
 void FileListPanel::SetWidths() {
@@ -156,10 +158,7 @@ void FileListPanel::ConnectControls() {
   connect(cmbGroupBy, &QComboBox::currentIndexChanged, this, &FileListPanel::cmbGroupBy_Click);
   for (const ColumnBox& row : kColumnBoxes) {
     connect(this->*row.box, &QCheckBox::toggled, this, [this, column = row.column](bool on) {
-      RunColumnClick(column, [&] {
-        ReportControl1->setColumnHidden(column, !on);
-        ReportControl1->LayOutColumns();
-      });
+      RunColumnClick(column, [&] { ReportControl1->ShowColumn(column, on); });
     });
   }
 }

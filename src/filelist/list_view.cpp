@@ -70,7 +70,7 @@ ListView::ListView(QWidget* parent) : QTableView(parent) {
     viewport()->update();  // the group rows reach over all columns
     if (laying_out_) return;
     for (SizedColumn& column : columns_) {
-      if (column.column == section && !isColumnHidden(section)) column.dragged = true;
+      if (column.column == section) column.dragged = true;
     }
   });
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, viewport(),
@@ -95,6 +95,12 @@ void ListView::SetColumnWidths(const std::vector<ColumnWidth>& widths) {
                                                                ? QHeaderView::Fixed
                                                                : QHeaderView::Interactive);
   }
+  LayOutColumns();
+}
+
+void ListView::ShowColumn(int column, bool show) {
+  laying_out_ = true;  // the width that comes or goes is not the user's doing
+  setColumnHidden(column, !show);
   LayOutColumns();
 }
 

@@ -30,6 +30,8 @@ class ListView : public QTableView {
   void setModel(QAbstractItemModel* model) override;
   /// Widths for all columns of the model; the columns shown share the room.
   void SetColumnWidths(const std::vector<ColumnWidth>& widths);
+  /// Hides or shows a column and shares the width anew.
+  void ShowColumn(int column, bool show);
   void SetEmptyText(const QString& title, const QString& note);
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.
@@ -37,9 +39,6 @@ class ListView : public QTableView {
 
   /// The width that a column of marks needs in the present font.
   int MarkWidth() const;
-
-  /// Shares the width anew, as after a column was hidden or shown.
-  void LayOutColumns();
 
  signals:
   void spacePressed();
@@ -54,6 +53,7 @@ class ListView : public QTableView {
 
  private:
   void SetHeights();
+  void LayOutColumns();
   void ShowEmptyText();
 
   struct SizedColumn : ColumnWidth {

@@ -41,8 +41,8 @@ struct NamedPicture {
 };
 
 constexpr NamedPicture kPictures[] = {
-    {"tick", Drawing::kTick, Role::kAccentText, 14},
-    {"tickDisabled", Drawing::kTick, Role::kDisabled, 14},
+    {"tick", Drawing::kTick, Role::kAccentText, 16},
+    {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
     {"down", Drawing::kDown, Role::kText, 16},
     {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
     {"downSmall", Drawing::kDown, Role::kText, 12},
@@ -171,13 +171,11 @@ QCheckBox::indicator, QAbstractItemView::indicator, QGroupBox::indicator {
 }
 QCheckBox::indicator:hover { border-color: {focus}; background: {hover}; }
 QCheckBox::indicator:checked, QAbstractItemView::indicator:checked, QGroupBox::indicator:checked {
-  border-color: {accent}; background: {accent}; image: url("{tick}");
+  width: 16px; height: 16px; border: none; background: {accent}; image: url("{tick}");
 }
-QCheckBox::indicator:checked:hover { border-color: {accentHover}; background: {accentHover}; }
+QCheckBox::indicator:checked:hover { background: {accentHover}; }
 QCheckBox::indicator:disabled { border-color: {line}; background: {disabledFill}; }
-QCheckBox::indicator:checked:disabled {
-  border-color: {line}; background: {disabledFill}; image: url("{tickDisabled}");
-}
+QCheckBox::indicator:checked:disabled { background: {line}; image: url("{tickDisabled}"); }
 
 QTabWidget::pane {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
