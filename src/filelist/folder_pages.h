@@ -55,6 +55,9 @@ class FolderPages : public QTabWidget {
   void folderChosen();
   void skinToggled(bool on);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QWidget* BuildSourcePage();
   QWidget* BuildOutputPage();

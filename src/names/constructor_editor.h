@@ -44,6 +44,9 @@ class ConstructorEditor : public QWidget {
   /// "Conflicts..." was pressed.
   void conflictsClicked();
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void BuildConstructorCard(Prompts& prompts);
   void BuildPanes(const PaneServices& services);
