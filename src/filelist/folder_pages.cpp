@@ -179,9 +179,15 @@ void FolderPages::AddKeys() {
     connect(new QShortcut(keys, this), &QShortcut::activated, this,
             [this, page] { setCurrentIndex(page); });
   }
-  const auto choose = [this] { (bnDestination->isVisible() ? bnDestination : Command2)->click(); };
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this), &QShortcut::activated, this,
-          choose);
+}
+
+void FolderPages::FocusSourceFolder() {
+  setCurrentIndex(0);
+  fdSourceFolder->setFocus(Qt::OtherFocusReason);
+}
+
+void FolderPages::ChooseSourceFolder() {
+  Command2->click();
 }
 
 void FolderPages::Command2_Click() {
