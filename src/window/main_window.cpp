@@ -91,32 +91,22 @@ void Form1::ConnectPanels() {
     ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
                                               [&] { ApplySkin(*qApp, on); });
   });
-  connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
+  connect(buttons_, &CommandButtons::loadFileListClicked, this,
+          [this] { Start(&Commands::bnLoadFileList_Click); });
+  connect(buttons_, &CommandButtons::previewClicked, this,
+          [this] { Start(&Commands::bnPreview_Click); });
+  connect(buttons_, &CommandButtons::renameClicked, this,
+          [this] { Start(&Commands::bnRename_Click); });
+  connect(buttons_, &CommandButtons::cancelClicked, this, [this] { commands_.bnCancel_Click(); });
 }
 
-void Form1::Start(CommandButton button) {
-  if (button == CommandButton::bnCancel) {
-    commands_.bnCancel_Click();
-    return;
-  }
+void Form1::Start(void (Commands::*command)()) {
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
-  QPointer<QWidget> focused = focusWidget();
+  const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
-  switch (button) {
-    case CommandButton::bnLoadFileList:
-      commands_.bnLoadFileList_Click();
-      break;
-    case CommandButton::bnPreview:
-      commands_.bnPreview_Click();
-      break;
-    case CommandButton::bnRename:
-      commands_.bnRename_Click();
-      break;
-    default:
-      return;
-  }
+  (commands_.*command)();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
@@ -178,7 +168,7 @@ void Form1::SetWaitPointer(bool wait) {
 }
 
 void Form1::EnableButton(CommandButton button, bool enable) {
-  buttons_->EnableButton(button, enable);
+  buttons_->Enable(button, enable);
 }
 
 void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
@@ -211,5 +201,5 @@ void Form1::RowsChanged() { list_->RowsChanged(); }
 
 void Form1::FocusAfterCancel() {
   cancelled_ = true;
-  buttons_->FocusAfterCancel();
+  buttons_->FocusCommand5();
 }
