@@ -13,22 +13,31 @@ class CommandButtons : public QWidget {
   Q_OBJECT
 
  public:
-  explicit CommandButtons(QWidget* parent);
+  explicit CommandButtons(QWidget* parent = nullptr);
 
-  void EnableButton(CommandButton button, bool enable);
-  QPushButton* Button(CommandButton button) const;
+  void Enable(CommandButton button, bool enable);
+  /// Presses a button; nothing happens when it is off.
+  void Click(CommandButton button);
 
+  /// The next command; null when none stands out.
+  QPushButton* Primary() const;
+  void FocusPrimary();
   /// Takes the focus away from the buttons, to where no key starts a command.
-  void FocusAfterCancel();
+  void FocusCommand5();
 
  signals:
-  /// A button was pressed, by mouse, letter or key. The receiver starts the command.
-  void commandRequested(CommandButton button);
+  /// A button was pressed. The receiver starts the command.
+  void loadFileListClicked();
+  void previewClicked();
+  void renameClicked();
+  void undoClicked();
+  void cancelClicked();
 
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
+  QPushButton* Button(CommandButton button) const;
   void AddButton(CommandButton button);
   void MarkPrimary();
   void FitWidths();

@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QStyleOptionFrame>
 #include <QVBoxLayout>
 
 #include "common/look_qt.h"
@@ -46,13 +45,10 @@ Card::Card(const QString& name, const QString& title, QWidget* parent)
 void Card::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
   if (Look::Current().SkinOn()) return;
-  QStyleOptionFrame option;
-  option.initFrom(this);
-  option.rect = rect().adjusted(0, head_->geometry().bottom() + 2, 0, 0);
-  option.features = QStyleOptionFrame::None;
-  option.lineWidth = 1;
   QPainter painter(this);
-  style()->drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, this);
+  painter.setPen(Look::Current().Colour(Role::kLine));
+  const int top = head_->geometry().bottom() + measure::kControlGap / 2;
+  painter.drawRect(rect().adjusted(0, top, -1, -1));
 }
 
 QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
@@ -61,6 +57,10 @@ QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
   label->setBuddy(buddy);
   if (buddy != nullptr) label->setObjectName(LabelName(buddy->objectName()));
   return label;
+}
+
+void PolishAll(QWidget* widget) {
+  for (QWidget* part : widget->findChildren<QWidget*>()) part->ensurePolished();
 }
 
 void Explain(QWidget* widget, const QString& text) {

@@ -32,5 +32,9 @@ class Card : public QFrame {
 /// named after its buddy, "lbCutFileN" for "fdCutFileN"; without a buddy it has no name yet.
 QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent);
 
+/// Lets the style give all parts of `widget` their sizes, those of hidden pages too, so that
+/// nothing moves when such a page shows for the first time.
+void PolishAll(QWidget* widget);
+
 /// Gives `widget` its tooltip and the same text for those who listen.
 void Explain(QWidget* widget, const QString& text);

@@ -19,8 +19,8 @@
 
 namespace {
 
-constexpr int kPageTop = 9;
-constexpr int kPageBottom = 10;
+constexpr int kPageTop = 10;
+constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
 constexpr int kBrowseWidth = 30;
 
@@ -90,6 +90,11 @@ FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
   connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
 }
 
+void FolderPages::showEvent(QShowEvent* event) {
+  PolishAll(this);
+  QTabWidget::showEvent(event);
+}
+
 QWidget* FolderPages::BuildSourcePage() {
   auto* page = new QWidget(this);
   fdSourceFolder = NewField("fdSourceFolder", page);
@@ -136,8 +141,10 @@ QWidget* FolderPages::BuildOutputPage() {
     policy.setRetainSizeWhenHidden(true);
     control->setSizePolicy(policy);
   }
+  QLabel* output_label = NewLabel(tr("&Output:"), cmbDestination, page);
+  output_label->setObjectName(QStringLiteral("lbOutput"));
   QGridLayout* grid = NewGrid(page);
-  grid->addWidget(NewLabel(tr("&Output:"), cmbDestination, page), 0, 0);
+  grid->addWidget(output_label, 0, 0);
   grid->addWidget(cmbDestination, 0, 1, Qt::AlignLeft);
   grid->addWidget(destination_label_, 1, 0);
   grid->addWidget(fdDestination, 1, 1);
@@ -155,6 +162,9 @@ QWidget* FolderPages::BuildSettingsPage() {
   chSaveFileListOptions = NewBox("chSaveFileListOptions", tr("Save f&ile list options"), page);
   chEnableSkin = NewBox("chEnableSkin", tr("Ena&ble skin"), page);
   QGridLayout* grid = NewGrid(page);
+  // Boxes only: as much air as between fields.
+  grid->setVerticalSpacing(measure::kBlockGap);
+  grid->setContentsMargins(measure::kCardLeft, kPageTop + 1, measure::kCardRight, 0);
   grid->addWidget(chSaveSourceFolderOptions, 0, 0, 1, 2, Qt::AlignLeft);
   grid->addWidget(chEnableSkin, 0, 2);
   grid->addWidget(chSaveOutputFolderOptions, 1, 0, 1, 2, Qt::AlignLeft);
@@ -169,9 +179,15 @@ void FolderPages::AddKeys() {
     connect(new QShortcut(keys, this), &QShortcut::activated, this,
             [this, page] { setCurrentIndex(page); });
   }
-  const auto choose = [this] { (bnDestination->isVisible() ? bnDestination : Command2)->click(); };
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this), &QShortcut::activated, this,
-          choose);
+}
+
+void FolderPages::FocusSourceFolder() {
+  setCurrentIndex(0);
+  fdSourceFolder->setFocus(Qt::OtherFocusReason);
+}
+
+void FolderPages::ChooseSourceFolder() {
+  Command2->click();
 }
 
 void FolderPages::Command2_Click() {

@@ -19,7 +19,7 @@ class FolderPages : public QTabWidget {
   using FolderDialog = std::function<std::string(const std::string& start)>;
 
   /// Without `browse`, the dialog is that of `BrowseForDisk`.
-  explicit FolderPages(QWidget* parent, FolderDialog browse = {});
+  explicit FolderPages(QWidget* parent = nullptr, FolderDialog browse = {});
 
   std::string SourceFolder() const;
   std::string IncludeMask() const;
@@ -30,6 +30,10 @@ class FolderPages : public QTabWidget {
   bool DestinationSubfolders() const;
 
   void SetSourceFolder(const std::string& folder);
+  /// Brings the field to view and gives it the focus.
+  void FocusSourceFolder();
+  /// Lets the user choose the source folder by the dialog.
+  void ChooseSourceFolder();
 
   /// Gives a typed output folder its closing separator. Every command does this first.
   void CommitFocusedField();
@@ -54,6 +58,9 @@ class FolderPages : public QTabWidget {
   /// A source folder was chosen by the dialog, be it the same one.
   void folderChosen();
   void skinToggled(bool on);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   QWidget* BuildSourcePage();

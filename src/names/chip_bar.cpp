@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int kChipGap = 4;
-constexpr int kChipPadding = 11;
+constexpr int kChipPadding = 10;
 constexpr int kLeastChip = 30;
 constexpr int kGreatestText = 200 - 2 * kChipPadding;
 constexpr int kWellMargin = 5;
@@ -36,7 +36,9 @@ struct ChipColours {
 
 ChipColours ColoursOf(bool enabled, bool focused, bool selected, bool is_text) {
   if (!enabled) return {Role::kDisabledFill, Role::kLine, Role::kDisabled};
-  if (selected && focused) return {Role::kAccent, Role::kAccent, Role::kAccentText};
+  // The desktop's own palette has one colour for what is selected, and text for it.
+  const bool solid = focused || !Look::Current().SkinOn();
+  if (selected && solid) return {Role::kAccent, Role::kAccent, Role::kAccentText};
   if (selected) return {Role::kSel, Role::kFocus, Role::kText};
   if (is_text) return {Role::kField, Role::kEdge, Role::kText};
   return {Role::kChip, Role::kChipEdge, Role::kChipText};

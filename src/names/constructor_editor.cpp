@@ -50,6 +50,11 @@ ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneService
   tabConstructor_SelectedChanged(strip->Selected());
 }
 
+void ConstructorEditor::showEvent(QShowEvent* event) {
+  PolishAll(this);
+  QWidget::showEvent(event);
+}
+
 void ConstructorEditor::BuildConstructorCard(Prompts& prompts) {
   fraConstructor =
       new Card(QStringLiteral("fraConstructor"), tr("New file name constructor"), this);

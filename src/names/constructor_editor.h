@@ -20,7 +20,8 @@ class ConstructorEditor : public QWidget {
 
  public:
   /// `constructor` and the services must outlive the editor.
-  ConstructorEditor(Constructor& constructor, const PaneServices& services, QWidget* parent);
+  ConstructorEditor(Constructor& constructor, const PaneServices& services,
+                    QWidget* parent = nullptr);
 
   /// Lets the number field that is being edited hand over its number. Every command does this
   /// first.
@@ -43,6 +44,9 @@ class ConstructorEditor : public QWidget {
   void optionChanged();
   /// "Conflicts..." was pressed.
   void conflictsClicked();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   void BuildConstructorCard(Prompts& prompts);

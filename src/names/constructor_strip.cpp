@@ -35,6 +35,9 @@ constexpr MenuCommand kMenu[] = {
     {"Custom text", kText, nullptr},
 };
 
+/// Around the text of a button with a menu, its arrow included.
+constexpr int kMenuButtonPadding = 36;
+
 QPushButton* NewButton(const char* name, const QString& text, const QString& keys,
                        QWidget* parent) {
   auto* button = new QPushButton(text, parent);
@@ -79,6 +82,10 @@ void ConstructorStrip::BuildButtons() {
   bnMoveLeft = NewButton("bnMoveLeft", tr("&Move left"), tr("Ctrl+Left"), this);
   bnMoveRight = NewButton("bnMoveRight", tr("Move ri&ght"), tr("Ctrl+Right"), this);
   bnDeletePattern = NewButton("bnDeletePattern", tr("De&lete"), tr("Del"), this);
+  for (QPushButton* button : {vbInsertLeft, bnInsertRight}) {
+    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, button->text());
+    button->setMinimumWidth(text.width() + kMenuButtonPadding);
+  }
   vbInsertLeft->setMenu(NewMenu(Side::kLeft));
   bnInsertRight->setMenu(NewMenu(Side::kRight));
 

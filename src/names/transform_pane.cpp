@@ -122,8 +122,6 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
   pages_ = new QTabWidget(this);
   pages_->setObjectName(QLatin1String(controls_.pages.name));
   pages_->setProperty("optionPages", true);
-  pages_->setDocumentMode(true);
-  pages_->tabBar()->setDrawBase(false);
   pages_->setAccessibleName(accessibleName());
   Body()->addWidget(pages_, 1);
   BuildRemovePage();
