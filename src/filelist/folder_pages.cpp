@@ -211,10 +211,12 @@ void FolderPages::cmbDestination_Click() {
 }
 
 void FolderPages::CommitFocusedField() {
-  const std::string typed = DestinationFolder();
-  if (!mMain::IsAbsolutePath(typed)) return;
-  const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
-  if (closed != fdDestination->text()) fdDestination->setText(closed);
+  ErrTrace::top<"FolderPages.CommitFocusedField">(ErrTrace::args(), [this] {
+    const std::string typed = DestinationFolder();
+    if (!mMain::IsAbsolutePath(typed)) return;
+    const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
+    if (closed != fdDestination->text()) fdDestination->setText(closed);
+  });
 }
 
 std::string FolderPages::SourceFolder() const {
