@@ -50,16 +50,16 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
 
 }  // namespace
 
-bool SetPreview(Grid& grid, Constructor& constructor, RunState& state, EventPump& events,
-                Clock& clock, const LocaleFacts& locale) {
+bool SetPreview(const PreviewParts& parts) {
   return ErrTrace::inner<"Form1.SetPreview">(ErrTrace::args(), [&] {
-    Counters counters(constructor);
-    NameComposer composer(constructor, clock, locale);
+    Grid& grid = parts.grid;
     Records& records = grid.AllRecords();
-    LongPass pass(grid.RowCount(), state, events, clock);
+    Counters counters(parts.constructor);
+    NameComposer composer(parts.constructor, parts.clock, parts.locale);
+    LongPass pass(grid.RowCount(), parts.state, parts.events, parts.clock);
     for (std::size_t i = 0; i < grid.RowCount(); ++i) {
       if (!pass.GoOnAt(i)) return false;
-      ++state.panes.progressValue;
+      ++parts.state.panes.progressValue;
       if (grid.IsGroupRow(i)) {
         counters.StartGroup();
         continue;

@@ -7,13 +7,22 @@
 #include "platform/event_pump.h"
 #include "platform/locale_facts.h"
 
+/// What the preview pass works on.
+struct PreviewParts {
+  Grid& grid;
+  Constructor& constructor;
+  RunState& state;
+  EventPump& events;
+  Clock& clock;
+  const LocaleFacts& locale;
+};
+
 /// The preview pass: walks the displayed rows from top to bottom and gives every row that is
 /// checked and not yet done its new name; a row that is unchecked loses it. Rows done keep theirs,
 /// rows that failed keep their mark. The counters run along, one step a checked row.
 ///
 /// Adds 1 to the progress value a row, group rows too. Answers false when the user cancelled: the
 /// rows reached by then have their names. Fails with kOverflow when a counter passes the range of
-/// a signed 32-bit integer, and as the elements' transforms do; `state.gPreviewStale` is left
+/// a signed 32-bit integer, and as the elements' transforms do; `RunState::gPreviewStale` is left
 /// alone.
-bool SetPreview(Grid& grid, Constructor& constructor, RunState& state, EventPump& events,
-                Clock& clock, const LocaleFacts& locale);
+bool SetPreview(const PreviewParts& parts);

@@ -1,10 +1,11 @@
 #include "filelist/masks.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "trace/failure.h"
+#include "support/failure_report.h"
 
 using mCommon::LikeFilter;
 
@@ -118,13 +119,9 @@ TEST(Masks, TakeWholeCharacters) {
 TEST(Masks, FailOnlyWhenABadOneIsReached) {
   const MaskList masks("*.jpg [ab *.png");
   EXPECT_TRUE(masks.Matches("a.jpg"));
-  try {
-    masks.Matches("a.png");
-    FAIL() << "the second mask has no closing bracket";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.Number(), kBadPattern);
-    EXPECT_EQ(failure.Description(), "Invalid pattern string");
-  }
+  EXPECT_THAT(FailureReport([&] { masks.Matches("a.png"); }),
+              ::testing::StartsWith("Invalid pattern string\r\n  Number: 93\r\n  Call Stack: "
+                                    "mCommon.LikeFilter(str='*.jpg [ab *.png', Filename='a.png')"));
 }
 
 TEST(Masks, StayQuickWithManyStars) {

@@ -1,0 +1,215 @@
+#include "window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include "commands/command_buttons.h"
+#include "common/look_qt.h"
+#include "common/path_text.h"
+#include "filelist/file_list_panel.h"
+#include "filelist/folder_pages.h"
+#include "names/constructor_editor.h"
+#include "platform/text_qt.h"
+#include "trace/err_trace.h"
+#include "window/skin.h"
+#include "window/status_bar.h"
+
+namespace {
+
+// The told least size, 13940 by 7260 twips, at 15 twips to a logical pixel.
+constexpr int kLeastWidth = 930;
+constexpr int kLeastHeight = 484;
+
+}  // namespace
+
+Form1::Form1(const CommandParts& parts, QWidget* parent)
+    : QWidget(parent),
+      parts_(parts),
+      commands_(parts, *this),
+      left_column_(new QWidget(this)),
+      folder_pages_(new FolderPages(left_column_)),
+      editor_(new ConstructorEditor(parts.constructor, {parts.prompts, parts.clock, parts.locale},
+                                    left_column_)),
+      buttons_(new CommandButtons(left_column_)),
+      list_(new FileListPanel(parts.grid, this)),
+      status_bar_(new StatusBar(this)) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(tr("Quorvane"));
+  LayOut();
+  ConnectPanels();
+  commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
+}
+
+Form1::~Form1() {
+  if (waiting_) QApplication::restoreOverrideCursor();
+}
+
+void Form1::LayOut() {
+  auto* left = new QVBoxLayout(left_column_);
+  left->setContentsMargins(0, 0, 0, 0);
+  left->setSpacing(measure::kBlockGap);
+  left->addWidget(folder_pages_);
+  left->addWidget(editor_, 1);
+  left->addWidget(buttons_);
+  left_column_->setFixedWidth(measure::kLeftColumn);
+
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(measure::kWindowMargin, measure::kWindowMargin, measure::kWindowMargin,
+                          measure::kWindowMargin);
+  row->setSpacing(measure::kBlockGap);
+  row->addWidget(left_column_);
+  row->addWidget(list_, 1);
+
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(0);
+  whole->addLayout(row, 1);
+  whole->addWidget(status_bar_);
+  const QSize needed = whole->totalMinimumSize();
+  setMinimumSize(needed.expandedTo({kLeastWidth, kLeastHeight}));
+  resize(minimumSize());
+}
+
+void Form1::ConnectPanels() {
+  const auto mark_stale = [this] { MarkStale(parts_.state, *this); };
+  connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
+  connect(list_, &FileListPanel::rowChecked, this, mark_stale);
+  connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
+  connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
+  connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
+  for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
+    connect(folder_pages_, signal, this, [this] {
+      ErrTrace::top<"Form1.fdSourceFolder_Change">(
+          ErrTrace::args(), [&] { commands_.EnableDisable(ModeFolderChosen); });
+    });
+  }
+  connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
+    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
+                                              [&] { ApplySkin(*qApp, on); });
+  });
+  connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
+}
+
+void Form1::Start(CommandButton button) {
+  if (button == CommandButton::bnCancel) {
+    commands_.bnCancel_Click();
+    return;
+  }
+  if (commands_.Busy()) return;
+  editor_->CommitFocusedField();
+  folder_pages_->CommitFocusedField();
+  QPointer<QWidget> focused = focusWidget();
+  cancelled_ = false;
+  switch (button) {
+    case CommandButton::bnLoadFileList:
+      commands_.bnLoadFileList_Click();
+      break;
+    case CommandButton::bnPreview:
+      commands_.bnPreview_Click();
+      break;
+    case CommandButton::bnRename:
+      commands_.bnRename_Click();
+      break;
+    default:
+      return;
+  }
+  if (close_wanted_) {
+    close();
+  } else if (!cancelled_) {
+    GiveFocusBack(focused);
+  }
+}
+
+/// A button that starts a command is off when it ends, and would leave the keyboard nowhere.
+void Form1::GiveFocusBack(QWidget* focused) {
+  if (focused && focused->isEnabled() && focused->isVisible()) {
+    focused->setFocus();
+  } else {
+    buttons_->FocusPrimary();
+  }
+}
+
+void Form1::MarkStaleWhereOrderCounts() {
+  if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
+}
+
+void Form1::SetWide(bool wide) { left_column_->setVisible(!wide); }
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (!commands_.Busy()) return;
+  close_wanted_ = true;
+  parts_.state.gCancelRequested = true;
+  event->ignore();
+}
+
+void Form1::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!first_show_) return;
+  first_show_ = false;
+  FocusFirst();
+}
+
+void Form1::FocusFirst() {
+  if (folder_pages_->SourceFolder().empty()) {
+    folder_pages_->fdSourceFolder->setFocus();
+  } else {
+    buttons_->FocusPrimary();
+  }
+}
+
+void Form1::EnableElements(bool pEnable) {
+  folder_pages_->setEnabled(pEnable);
+  editor_->setEnabled(pEnable);
+  list_->setEnabled(pEnable);
+}
+
+void Form1::SetWaitPointer(bool wait) {
+  if (wait == waiting_) return;
+  waiting_ = wait;
+  if (wait) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void Form1::EnableButton(CommandButton button, bool enable) {
+  buttons_->EnableButton(button, enable);
+}
+
+void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
+
+SourceOptions Form1::ReadSourceOptions() {
+  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(),
+          folder_pages_->ExcludeMask(), folder_pages_->Subfolders()};
+}
+
+OutputOptions Form1::ReadOutputOptions() {
+  return {folder_pages_->Destination(), folder_pages_->DestinationFolder(),
+          folder_pages_->DestinationSubfolders(), folder_pages_->SourceFolder()};
+}
+
+void Form1::SetSourceFolder(const std::string& folder) {
+  folder_pages_->SetSourceFolder(folder);
+}
+
+void Form1::ListRepopulated(EmptyList reason) {
+  const std::string folder = folder_pages_->SourceFolder();
+  const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
+  list_->SetEmptyText(reason == EmptyList::kNotYetListed  ? FileListPanel::kNotListed
+                      : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
+                      : separator_missing                 ? FileListPanel::kSeparatorMissing
+                                                          : FileListPanel::kNoneFound);
+  list_->ListRepopulated();
+}
+
+void Form1::RowsChanged() { list_->RowsChanged(); }
+
+void Form1::FocusAfterCancel() {
+  cancelled_ = true;
+  buttons_->FocusAfterCancel();
+}

@@ -1,0 +1,84 @@
+#include "window/status_bar.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "common/look_qt.h"
+#include "platform/text_qt.h"
+
+namespace {
+
+constexpr int kBarHeight = 27;
+constexpr int kProgressWidth = 220;
+constexpr int kProgressHeight = 10;
+
+QPushButton* LinkButton(const char* name, const QString& caption, const QString& tip) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(QLatin1String(name));
+  button->setProperty("link", true);
+  button->setFlat(true);
+  button->setToolTip(tip);
+  return button;
+}
+
+/// Sets only what differs: a label repaints at every setText.
+void Show(QLabel* label, const std::string& t) {
+  const QString shown = text::Shown(t).trimmed();
+  if (label->text() != shown) label->setText(shown);
+}
+
+}  // namespace
+
+StatusBar::StatusBar(QWidget* parent)
+    : QStatusBar(parent),
+      paneStatus(new QLabel),
+      paneProgress(new QProgressBar),
+      rule(new QFrame),
+      paneTotal(new QLabel),
+      bnAbout(LinkButton("bnAbout", tr("About"), tr("About Quorvane (Shift+F1)"))),
+      bnHelp(LinkButton("bnHelp", tr("Help"), tr("Help (F1)"))) {
+  setObjectName(QStringLiteral("statusBar"));
+  paneStatus->setObjectName(QStringLiteral("paneStatus"));
+  paneProgress->setObjectName(QStringLiteral("paneProgress"));
+  paneProgress->setAccessibleName(tr("Progress"));
+  paneProgress->setTextVisible(false);
+  paneProgress->setFixedSize(kProgressWidth, kProgressHeight);
+  paneTotal->setObjectName(QStringLiteral("paneTotal"));
+  for (QLabel* label : {paneStatus, paneTotal}) {
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("muted", true);
+  }
+  rule->setFrameShape(QFrame::VLine);
+  rule->setProperty("rule", true);
+
+  setSizeGripEnabled(false);
+  addWidget(paneStatus);
+  addWidget(paneProgress);
+  addWidget(rule);
+  addWidget(paneTotal, 1);
+  addPermanentWidget(bnAbout);
+  addPermanentWidget(bnHelp);
+  setContentsMargins(8, 1, 4, 0);
+  setMinimumHeight(kBarHeight);
+  ShowPanes(StatusPanes());
+}
+
+void StatusBar::ShowPanes(const StatusPanes& panes) {
+  Show(paneStatus, panes.paneStatus);
+  Show(paneTotal, panes.paneTotal);
+  paneStatus->setVisible(!panes.paneStatus.empty());
+  paneProgress->setVisible(panes.progressVisible);
+  rule->setVisible(!panes.totalStretched);
+  paneProgress->setMaximum(static_cast<int>(panes.progressMax));
+  paneProgress->setValue(static_cast<int>(panes.progressValue));
+}
+
+void StatusBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const Look& look = Look::Current();
+  painter.fillRect(rect(), look.Colour(Role::kHead));
+  painter.fillRect(QRect(0, 0, width(), 1), look.Colour(Role::kLine));
+}

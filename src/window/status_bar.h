@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QStatusBar>
+
+#include "core/run_state.h"
+
+class QFrame;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+/// The line at the foot of the main window: what runs, how far it is, the total, and the two links
+/// that are always in reach.
+class StatusBar : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  explicit StatusBar(QWidget* parent = nullptr);
+
+  /// Shows the panes as they stand; costs next to nothing where nothing has changed.
+  void ShowPanes(const StatusPanes& panes);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QLabel* paneStatus;
+  QProgressBar* paneProgress;
+  QFrame* rule;
+  QLabel* paneTotal;
+  QPushButton* bnAbout;
+  QPushButton* bnHelp;
+};
