@@ -76,7 +76,8 @@ constexpr int kLeastCombo = 120;
 QVBoxLayout* NewPage(QTabWidget* pages, const QString& title) {
   auto* widget = new QWidget(pages);
   auto* rows = new QVBoxLayout(widget);
-  rows->setContentsMargins(0, measure::kBlockGap, 0, 0);
+  // One more for the line under the tabs.
+  rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
   rows->setSpacing(measure::kControlGap);
   pages->addTab(widget, title);
   return rows;

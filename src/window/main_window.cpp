@@ -91,22 +91,19 @@ void Form1::ConnectPanels() {
     ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
                                               [&] { ApplySkin(*qApp, on); });
   });
-  connect(buttons_, &CommandButtons::loadFileListClicked, this,
-          [this] { Start(&Commands::bnLoadFileList_Click); });
-  connect(buttons_, &CommandButtons::previewClicked, this,
-          [this] { Start(&Commands::bnPreview_Click); });
-  connect(buttons_, &CommandButtons::renameClicked, this,
-          [this] { Start(&Commands::bnRename_Click); });
-  connect(buttons_, &CommandButtons::cancelClicked, this, [this] { commands_.bnCancel_Click(); });
+  connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
 
-void Form1::Start(void (Commands::*command)()) {
+void Form1::Start(CommandButton button) {
+  if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
-  (commands_.*command)();
+  if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
+  if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
+  if (button == CommandButton::bnRename) commands_.bnRename_Click();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
@@ -168,7 +165,7 @@ void Form1::SetWaitPointer(bool wait) {
 }
 
 void Form1::EnableButton(CommandButton button, bool enable) {
-  buttons_->Enable(button, enable);
+  buttons_->EnableButton(button, enable);
 }
 
 void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
@@ -201,5 +198,5 @@ void Form1::RowsChanged() { list_->RowsChanged(); }
 
 void Form1::FocusAfterCancel() {
   cancelled_ = true;
-  buttons_->FocusCommand5();
+  buttons_->FocusAfterCancel();
 }

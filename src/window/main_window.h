@@ -35,7 +35,7 @@ class Form1 : public QWidget, private CommandView {
   void LayOut();
   void ConnectPanels();
   /// Runs a command with the focused field's value handed over first.
-  void Start(void (Commands::*command)());
+  void Start(CommandButton button);
   void GiveFocusBack(QWidget* focused);
   void MarkStaleWhereOrderCounts();
   void SetWide(bool wide);
