@@ -51,7 +51,7 @@ constexpr NamedPicture kPictures[] = {
     {"critical", Drawing::kWarning, Role::kFailed, 40},
 };
 
-/// {role} and {picture} are filled in. Text fields take their text's colour from the palette: a
+/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text fields take their text's colour from the palette: a
 /// colour here would fade their placeholder. A content height of 24 and a border of 1 above and
 /// below make a control of 26; a focused one has a border of 2 and as much less inside, so nothing
 /// moves.
@@ -66,7 +66,9 @@ QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color:
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
 QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
 QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
-QFrame[rule="true"] { background: {line}; border: none; max-height: 1px; }
+QFrame[rule="true"] { background: {line}; border: none; }
+QFrame[rule="true"][frameShape="4"] { max-height: 1px; }
+QFrame[rule="true"][frameShape="5"] { max-width: 1px; }
 
 QLabel { background: transparent; }
 QLabel[title="true"] { color: {groupText}; font-weight: 600; }
