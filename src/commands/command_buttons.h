@@ -13,7 +13,7 @@ class CommandButtons : public QWidget {
   Q_OBJECT
 
  public:
-  explicit CommandButtons(QWidget* parent);
+  explicit CommandButtons(QWidget* parent = nullptr);
 
   void EnableButton(CommandButton button, bool enable);
   QPushButton* Button(CommandButton button) const;
