@@ -95,28 +95,15 @@ void Form1::ConnectPanels() {
 }
 
 void Form1::Start(CommandButton button) {
-  if (button == CommandButton::bnCancel) {
-    commands_.bnCancel_Click();
-    return;
-  }
+  if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
-  QPointer<QWidget> focused = focusWidget();
+  const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
-  switch (button) {
-    case CommandButton::bnLoadFileList:
-      commands_.bnLoadFileList_Click();
-      break;
-    case CommandButton::bnPreview:
-      commands_.bnPreview_Click();
-      break;
-    case CommandButton::bnRename:
-      commands_.bnRename_Click();
-      break;
-    default:
-      return;
-  }
+  if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
+  if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
+  if (button == CommandButton::bnRename) commands_.bnRename_Click();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
