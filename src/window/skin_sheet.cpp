@@ -78,21 +78,23 @@ QLabel:disabled { color: {disabled}; }
 
 QPushButton, QToolButton {
   background: {surface}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: 24px; padding: 0 9px; outline: none;
+  min-height: 24px; padding: 0 8px; outline: none;
 }
 QToolButton { padding: 0 5px; }
 QPushButton:hover, QToolButton:hover { background: {hover}; }
 QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked,
 QPushButton:open, QToolButton:open { background: {press}; }
 QPushButton:focus, QToolButton:focus {
-  border: 2px solid {focus}; min-height: 22px; padding: 0 8px;
+  border: 2px solid {focus}; min-height: 22px; padding: 0 7px;
 }
 QToolButton:focus { padding: 0 4px; }
 QPushButton:disabled, QToolButton:disabled {
   background: {disabledFill}; color: {disabled}; border-color: {line};
 }
-QPushButton[command="true"] { min-height: 28px; padding: 0 13px; }
-QPushButton[command="true"]:focus { min-height: 26px; padding: 0 12px; }
+QTabBar::scroller { width: 20px; }
+QTabBar QToolButton, QTabBar QToolButton:focus { padding: 0; min-height: 22px; border-width: 1px; }
+QPushButton[command="true"] { min-height: 28px; padding: 0 11px; }
+QPushButton[command="true"]:focus { min-height: 26px; padding: 0 10px; }
 QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; min-width: 18px; }
 QPushButton[narrow="true"]:focus, QToolButton[narrow="true"]:focus { padding: 0 4px; }
 QPushButton::menu-indicator, QToolButton::menu-indicator {
