@@ -1,0 +1,151 @@
+#include "window/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <functional>
+#include <optional>
+
+#include "platform/text_qt.h"
+#include "support/temp_folder.h"
+#include "window/program.h"
+
+namespace {
+
+class MainWindowTest : public testing::Test {
+ public:
+  void SetUp() override {
+    for (const char* name : {"a.txt", "b.txt", "c.jpg"}) folder.Write(name, name);
+    StartAnew();
+  }
+
+  void StartAnew() {
+    program.reset();
+    program.emplace(*qApp);
+    program->MainWindow().show();
+  }
+
+  template <class Widget>
+  Widget* Find(const char* name) {
+    auto* found = program->MainWindow().findChild<Widget*>(QLatin1String(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  QPushButton* Button(const char* name) { return Find<QPushButton>(name); }
+
+  void ListFiles() {
+    Find<QLineEdit>("fdSourceFolder")->setText(text::ToQt(folder.path() + "/"));
+    Button("bnLoadFileList")->click();
+  }
+
+  /// Lists and previews, with a counter among the elements or without.
+  void Preview(bool with_counter) {
+    if (with_counter) InsertCounter();
+    ListFiles();
+    Button("bnPreview")->click();
+    ASSERT_TRUE(Button("bnRename")->isEnabled());
+  }
+
+  void InsertCounter() {
+    for (QAction* action : Button("bnInsertRight")->menu()->actions()) {
+      if (action->text() == QLatin1String("<Counter>")) action->trigger();
+    }
+  }
+
+  QAbstractItemModel* Model() { return Find<QTableView>("ReportControl1")->model(); }
+
+  TempFolder folder;
+  std::optional<Program> program;
+};
+
+}  // namespace
+
+TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
+  EXPECT_FALSE(Button("bnLoadFileList")->isEnabled());
+  Find<QComboBox>("cmbCaseOldFile")->setCurrentIndex(1);
+  ListFiles();
+  EXPECT_EQ(Model()->rowCount(), 4) << "a group row and three files";
+  Button("bnPreview")->click();
+  Button("bnRename")->click();
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"A.txt", "B.txt", "C.jpg"}));
+  EXPECT_FALSE(Button("bnRename")->isEnabled());
+  EXPECT_FALSE(Button("bnPreview")->isEnabled());
+  EXPECT_TRUE(Button("bnUndo")->isEnabled());
+  Find<QLineEdit>("fdSourceFolder")->setText(QStringLiteral("/elsewhere/"));
+  EXPECT_FALSE(Button("bnUndo")->isEnabled());
+  EXPECT_EQ(Model()->rowCount(), 4) << "the rows stay until the next list";
+}
+
+TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
+  struct Edit {
+    const char* what;
+    bool with_counter;
+    bool stale;
+    std::function<void(MainWindowTest&)> act;
+  };
+  const auto pick = [](const char* name, int index) {
+    return [=](MainWindowTest& t) { t.Find<QComboBox>(name)->setCurrentIndex(index); };
+  };
+  const auto press = [](const char* name) {
+    return [=](MainWindowTest& t) { t.Button(name)->click(); };
+  };
+  const auto type = [](const char* name) {
+    return [=](MainWindowTest& t) { t.Find<QLineEdit>(name)->setText(QStringLiteral("5")); };
+  };
+  const Edit table[] = {
+      {"letter case", false, true, pick("cmbCaseOldFile", 2)},
+      {"cut", false, true, pick("cmbCutFile", 1)},
+      {"number", false, true, type("fdCutFileN")},
+      {"text", false, true, type("fdReplace1")},
+      {"move at the edge", false, true, press("bnMoveLeft")},
+      {"delete", false, true, press("bnDeletePattern")},
+      {"insert", false, true, [](MainWindowTest& t) { t.InsertCounter(); }},
+      {"check box", false, true,
+       [](MainWindowTest& t) {
+         t.Model()->setData(t.Model()->index(1, 4), Qt::Unchecked, Qt::CheckStateRole);
+       }},
+      {"grouping", false, false, pick("cmbGroupBy", 2)},
+      {"grouping with a counter", true, true, pick("cmbGroupBy", 2)},
+      {"sorting", false, false,
+       [](MainWindowTest& t) {
+         t.Find<QTableView>("ReportControl1")->sortByColumn(5, Qt::DescendingOrder);
+       }},
+      {"column", false, false,
+       [](MainWindowTest& t) { t.Find<QCheckBox>("chColumnSize")->click(); }},
+      {"output choice", false, false, pick("cmbDestination", 1)},
+      {"output folder", false, false, type("fdDestination")},
+  };
+  for (const Edit& edit : table) {
+    SCOPED_TRACE(edit.what);
+    StartAnew();
+    Preview(edit.with_counter);
+    edit.act(*this);
+    EXPECT_EQ(Button("bnRename")->isEnabled(), !edit.stale);
+    EXPECT_TRUE(Button("bnPreview")->isEnabled());
+  }
+}
+
+TEST_F(MainWindowTest, ClosesAfterThePassThatItEnds) {
+  Form1& window = program->MainWindow();
+  bool closed_at_once = true;
+  QTimer::singleShot(0, &window, [&] {
+    window.close();
+    closed_at_once = !window.isVisible();
+  });
+  ListFiles();
+  EXPECT_FALSE(closed_at_once) << "the pass was running";
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, FitsItsToldLeastSize) {
+  const Form1& window = program->MainWindow();
+  EXPECT_EQ(window.minimumWidth(), 930);
+  EXPECT_LE(window.minimumHeight(), 520);
+}
