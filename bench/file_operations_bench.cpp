@@ -10,24 +10,21 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <stdexcept>
 #include <string>
-#include <system_error>
 
 #include "platform/files.h"
 #include "ratio.h"
+#include "workspace.h"
 
 namespace {
+
+using bench::Require;
 
 constexpr int kFolders = 100;
 constexpr int kFilesAFolder = 1000;
 constexpr int kRenames = 20'000;
 constexpr int kCopies = 10'000;
 constexpr int kRounds = 5;
-
-void Require(bool done, const std::string& what) {
-  if (!done) throw std::runtime_error(what + " failed");
-}
 
 void WriteFile(const std::string& path, std::size_t size) {
   static const std::string kContent(64 * 1024, 'q');
@@ -165,25 +162,10 @@ void MeasureCopy(FileSystem& files, const std::string& root) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::filesystem::path parent =
-      argc > 1 ? std::filesystem::path(argv[1]) : std::filesystem::temp_directory_path();
-  std::string root = (parent / "qv-bench-XXXXXX").string();
-  if (::mkdtemp(root.data()) == nullptr) {
-    std::perror(root.c_str());
-    return 1;
-  }
-  int result = 0;
-  try {
+  return bench::RunInNewFolder(argc, argv, [](const std::string& root) {
     const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
-    std::printf("%-34s %12s %12s\n", "", "ours", "floor");
     MeasureScan(*files, root);
     MeasureRename(*files, root);
     MeasureCopy(*files, root);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    result = 1;
-  }
-  std::error_code ignored;
-  std::filesystem::remove_all(root, ignored);
-  return result;
+  });
 }

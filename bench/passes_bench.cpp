@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 #include "core/records.h"
@@ -19,8 +18,11 @@
 #include "platform/type_names.h"
 #include "ratio.h"
 #include "rename/run.h"
+#include "workspace.h"
 
 namespace {
+
+using bench::Require;
 
 constexpr int kFolders = 100;
 constexpr int kFilesAFolder = 1000;
@@ -45,10 +47,6 @@ struct World {
   NoTypeNames type_names;
 };
 
-void Require(bool done, const char* what) {
-  if (!done) throw std::runtime_error(std::string(what) + " failed");
-}
-
 std::string Name(int i) {
   char buffer[16];
   std::snprintf(buffer, sizeof buffer, "IMG_%05d.JPG", i);
@@ -62,7 +60,7 @@ std::string Numbered(int i) {
 
 void Touch(const std::string& path) {
   const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
-  Require(fd >= 0, path.c_str());
+  Require(fd >= 0, path);
   ::close(fd);
 }
 
@@ -81,13 +79,12 @@ bool Taken(const std::string& path) {
 }
 
 void Move(const std::string& from, const std::string& to) {
-  Require(::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0,
-          to.c_str());
+  Require(::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0, to);
 }
 
 /// What one file's rename asks of the system at least: a test and a move that can't replace.
 void TestAndMove(const std::string& from, const std::string& to) {
-  Require(!Taken(to), to.c_str());
+  Require(!Taken(to), to);
   Move(from, to);
 }
 
@@ -189,25 +186,11 @@ void MeasureOneName(World& world, const std::string& root) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string root = argc > 1 ? argv[1] : std::filesystem::temp_directory_path().string();
-  root += "/qv-bench-XXXXXX";
-  if (::mkdtemp(root.data()) == nullptr) {
-    std::perror(root.c_str());
-    return 1;
-  }
-  int result = 0;
-  try {
+  return bench::RunInNewFolder(argc, argv, [](const std::string& root) {
     World world;
-    std::printf("%-34s %12s %12s\n", "a file", "ours", "floor");
     MeasureScan(world, root);
     MeasureInPlace(world, root);
     MeasureChain(world, root);
     MeasureOneName(world, root);
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "%s\n", failure.what());
-    result = 1;
-  }
-  std::error_code ignored;
-  std::filesystem::remove_all(root, ignored);
-  return result;
+  });
 }
