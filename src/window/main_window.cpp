@@ -87,8 +87,7 @@ void Form1::ConnectPanels() {
     });
   }
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
-    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
-                                              [&] { ApplySkin(*qApp, on); });
+    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
   });
   connect(buttons_, &CommandButtons::loadFileListClicked, this,
           [this] { Start(&Commands::bnLoadFileList_Click); });
@@ -132,7 +131,9 @@ void Form1::MarkStaleWhereOrderCounts() {
   if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
 }
 
-void Form1::SetWide(bool wide) { left_column_->setVisible(!wide); }
+void Form1::SetWide(bool wide) {
+  left_column_->setVisible(!wide);
+}
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (!commands_.Busy()) return;
@@ -176,11 +177,13 @@ void Form1::EnableButton(CommandButton button, bool enable) {
   buttons_->Enable(button, enable);
 }
 
-void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
+void Form1::ShowPanes() {
+  status_bar_->ShowPanes(parts_.state.panes);
+}
 
 SourceOptions Form1::ReadSourceOptions() {
-  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(),
-          folder_pages_->ExcludeMask(), folder_pages_->Subfolders()};
+  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
+          folder_pages_->Subfolders()};
 }
 
 OutputOptions Form1::ReadOutputOptions() {
@@ -202,6 +205,10 @@ void Form1::ListRepopulated(EmptyList reason) {
   list_->ListRepopulated();
 }
 
-void Form1::RowsChanged() { list_->RowsChanged(); }
+void Form1::RowsChanged() {
+  list_->RowsChanged();
+}
 
-void Form1::FocusAfterCancel() { buttons_->FocusCommand5(); }
+void Form1::FocusAfterCancel() {
+  buttons_->FocusCommand5();
+}

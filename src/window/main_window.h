@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-#include "commands/commands.h"
 #include "commands/command_view.h"
+#include "commands/commands.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
 

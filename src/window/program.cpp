@@ -53,8 +53,8 @@ int Main(QApplication& application) {
     Grid grid(records);
     Constructor constructor;
     RunReports reports;
-    Form1 window({state, grid, constructor, reports, *files, *clock, events, locale, type_names,
-                  prompts});
+    Form1 window(
+        {state, grid, constructor, reports, *files, *clock, events, locale, type_names, prompts});
     window.show();
     exit_code = QApplication::exec();
   });
