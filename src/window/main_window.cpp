@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QShortcut>
+#include <QLineEdit>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "commands/command_buttons.h"
@@ -29,17 +30,17 @@ Form1::Form1(const CommandParts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       commands_(parts, *this),
-      folder_pages_(new FolderPages),
-      editor_(new ConstructorEditor(parts.constructor, parts.prompts)),
-      buttons_(new CommandButtons),
-      list_(new FileListPanel(parts.grid)),
-      status_bar_(new StatusBar),
-      left_column_(new QWidget) {
+      left_column_(new QWidget(this)),
+      folder_pages_(new FolderPages(left_column_)),
+      editor_(new ConstructorEditor(parts.constructor, {parts.prompts, parts.clock, parts.locale},
+                                    left_column_)),
+      buttons_(new CommandButtons(left_column_)),
+      list_(new FileListPanel(parts.grid, this)),
+      status_bar_(new StatusBar(this)) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
   ConnectPanels();
-  ConnectKeys();
   commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
 }
 
@@ -87,53 +88,43 @@ void Form1::ConnectPanels() {
     });
   }
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
-    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
+    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
+                                              [&] { ApplySkin(*qApp, on); });
   });
-  connect(buttons_, &CommandButtons::loadFileListClicked, this,
-          [this] { Start(&Commands::bnLoadFileList_Click); });
-  connect(buttons_, &CommandButtons::previewClicked, this,
-          [this] { Start(&Commands::bnPreview_Click); });
-  connect(buttons_, &CommandButtons::renameClicked, this,
-          [this] { Start(&Commands::bnRename_Click); });
-  connect(buttons_, &CommandButtons::cancelClicked, this, [this] { commands_.bnCancel_Click(); });
+  connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
 
-void Form1::ConnectKeys() {
-  const struct {
-    QKeySequence keys;
-    CommandButton button;
-  } table[] = {
-      {Qt::Key_F5, CommandButton::bnLoadFileList},
-      {Qt::Key_F6, CommandButton::bnPreview},
-      {Qt::CTRL | Qt::Key_Return, CommandButton::bnRename},
-      {Qt::CTRL | Qt::Key_Enter, CommandButton::bnRename},
-      {QKeySequence::Undo, CommandButton::bnUndo},
-      {Qt::Key_Escape, CommandButton::bnCancel},
-  };
-  for (const auto& row : table) {
-    const CommandButton button = row.button;
-    connect(new QShortcut(row.keys, this), &QShortcut::activated, this,
-            [this, button] { buttons_->Click(button); });
-  }
-  connect(new QShortcut(Qt::CTRL | Qt::Key_O, this), &QShortcut::activated, this,
-          [this] { folder_pages_->ChooseSourceFolder(); });
-}
-
-void Form1::Start(void (Commands::*command)()) {
+void Form1::Start(CommandButton button) {
+  if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
-  (commands_.*command)();
-  if (close_wanted_) close();
+  const QPointer<QWidget> focused = focusWidget();
+  cancelled_ = false;
+  if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
+  if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
+  if (button == CommandButton::bnRename) commands_.bnRename_Click();
+  if (close_wanted_) {
+    close();
+  } else if (!cancelled_) {
+    GiveFocusBack(focused);
+  }
+}
+
+/// A button that starts a command is off when it ends, and would leave the keyboard nowhere.
+void Form1::GiveFocusBack(QWidget* focused) {
+  if (focused && focused->isEnabled() && focused->isVisible()) {
+    focused->setFocus();
+  } else {
+    buttons_->FocusPrimary();
+  }
 }
 
 void Form1::MarkStaleWhereOrderCounts() {
   if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
 }
 
-void Form1::SetWide(bool wide) {
-  left_column_->setVisible(!wide);
-}
+void Form1::SetWide(bool wide) { left_column_->setVisible(!wide); }
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (!commands_.Busy()) return;
@@ -151,7 +142,7 @@ void Form1::showEvent(QShowEvent* event) {
 
 void Form1::FocusFirst() {
   if (folder_pages_->SourceFolder().empty()) {
-    folder_pages_->FocusSourceFolder();
+    folder_pages_->fdSourceFolder->setFocus();
   } else {
     buttons_->FocusPrimary();
   }
@@ -174,16 +165,14 @@ void Form1::SetWaitPointer(bool wait) {
 }
 
 void Form1::EnableButton(CommandButton button, bool enable) {
-  buttons_->Enable(button, enable);
+  buttons_->EnableButton(button, enable);
 }
 
-void Form1::ShowPanes() {
-  status_bar_->ShowPanes(parts_.state.panes);
-}
+void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
 
 SourceOptions Form1::ReadSourceOptions() {
-  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
-          folder_pages_->Subfolders()};
+  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(),
+          folder_pages_->ExcludeMask(), folder_pages_->Subfolders()};
 }
 
 OutputOptions Form1::ReadOutputOptions() {
@@ -205,10 +194,9 @@ void Form1::ListRepopulated(EmptyList reason) {
   list_->ListRepopulated();
 }
 
-void Form1::RowsChanged() {
-  list_->RowsChanged();
-}
+void Form1::RowsChanged() { list_->RowsChanged(); }
 
 void Form1::FocusAfterCancel() {
-  buttons_->FocusCommand5();
+  cancelled_ = true;
+  buttons_->FocusAfterCancel();
 }
