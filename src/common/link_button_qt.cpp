@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kInsetX = 4;  // the room that the focus outline takes
 constexpr int kInsetY = 3;
+constexpr int kRounding = 1;  // a text may be a part of a pixel wider than its advance tells
 constexpr int kLeastWidth = 120;
 
 /// To a screen reader a link, which can be followed.
@@ -60,7 +61,8 @@ QString LinkButton::Elided() const {
 
 QSize LinkButton::sizeHint() const {
   const QFontMetrics metrics(LinkFont());
-  return {metrics.horizontalAdvance(link_) + 2 * kInsetX, metrics.height() + 2 * kInsetY};
+  return {metrics.horizontalAdvance(link_) + kRounding + 2 * kInsetX,
+          metrics.height() + 2 * kInsetY};
 }
 
 QSize LinkButton::minimumSizeHint() const {

@@ -39,7 +39,7 @@ QLabel* NewLabel(const QString& text) {
 
 QFrame* NewRule() {
   auto* rule = new QFrame;
-  rule->setFrameShape(QFrame::HLine);
+  rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
   rule->setProperty("rule", true);
   return rule;
 }
@@ -94,7 +94,9 @@ void Form11::AddHeading(QVBoxLayout& column) {
   picExclamation->setPixmap(
       Look::Current().Picture(Drawing::kWarning, Role::kWarn, kIconSize, devicePixelRatioF()));
   QLabel* first = NewLabel(text::Shown(kErrorOccurred));
-  first->setProperty("strong", true);
+  QFont strong = first->font();
+  strong.setWeight(QFont::DemiBold);
+  first->setFont(strong);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(10);
   texts->addWidget(first);
@@ -134,6 +136,7 @@ void Form11::AddWays(QVBoxLayout& column) {
 
 void Form11::AddCard(QVBoxLayout& column, std::span<const Line> way) {
   auto* card = new QFrame;
+  card->setFrameShape(QFrame::StyledPanel);
   card->setProperty("card", true);
   auto* lines = new QVBoxLayout(card);
   lines->setContentsMargins(12, 9, 12, 9);
