@@ -26,7 +26,7 @@ constexpr ButtonRow kButtons[kCommandButtonCount] = {
     {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), "Ctrl+Z", ""},
     {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), "Esc", ""},
 };
-constexpr int kPadding = 14;
+constexpr int kPadding = 12;
 
 std::size_t IndexOf(CommandButton button) {
   return static_cast<std::size_t>(button);

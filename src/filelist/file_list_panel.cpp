@@ -83,6 +83,9 @@ void FileListPanel::MakeControls() {
   bnWideFileList->setProperty("narrow", true);
   bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
+  const QString tip = KeyTip(QStringLiteral("Wide or narrow file list"), Qt::Key_F9);
+  bnWideFileList->setToolTip(tip);
+  bnWideFileList->setAccessibleDescription(tip);
   for (const ColumnBox& row : kColumnBoxes) {
     const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(row.key));
     const QString caption = QString::fromLatin1(row.caption);
@@ -198,13 +201,8 @@ void FileListPanel::bnWideFileList_Click() {
 }
 
 void FileListPanel::SetWideCaption() {
-  const QKeySequence key(Qt::Key_F9);
-  const QString words =
-      wide_ ? QStringLiteral("Narrow file list") : QStringLiteral("Wide file list");
   bnWideFileList->setText(wide_ ? QStringLiteral(">") : QStringLiteral("<"));
-  bnWideFileList->setShortcut(key);  // a new caption takes the key away
-  bnWideFileList->setAccessibleDescription(words);
-  bnWideFileList->setToolTip(KeyTip(words, key));
+  bnWideFileList->setShortcut(Qt::Key_F9);  // a new caption takes the key away
 }
 
 void FileListPanel::SortBy(int column, Qt::SortOrder order) {

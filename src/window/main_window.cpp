@@ -151,7 +151,7 @@ void Form1::FocusFirst() {
 void Form1::EnableElements(bool pEnable) {
   folder_pages_->setEnabled(pEnable);
   editor_->setEnabled(pEnable);
-  list_->setEnabled(pEnable);
+  list_->EnableElements(pEnable);
 }
 
 void Form1::SetWaitPointer(bool wait) {
