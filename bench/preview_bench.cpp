@@ -25,6 +25,8 @@ class PlainMonths : public LocaleFacts {
  public:
   std::string MonthName(int) const override { return "March"; }
   std::string ShortMonthName(int) const override { return "Mar"; }
+  std::string DecimalPoint() const override { return "."; }
+  std::string ThousandsSeparator() const override { return ","; }
 };
 
 void FillRecords(Records& records, std::size_t count, const char* stem) {

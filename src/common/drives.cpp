@@ -1,6 +1,7 @@
 #include "common/drives.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #include "common/language.h"
 #include "platform/text.h"
@@ -32,11 +33,25 @@ std::vector<std::string> GetDriveNames(FileSystem& files, PathStyle style) {
   });
 }
 
-std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType) {
+namespace {
+
+std::string SerialText(std::uint32_t serial) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%04X-%04X", serial >> 16, serial & 0xFFFF);
+  return text;
+}
+
+}  // namespace
+
+std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType,
+                                        SystemFacts* facts) {
   return ErrTrace::inner<"DriveStuff.GetDriveInfo(strDrive,iType)">(
       ErrTrace::args(strDrive, iType), [&]() -> std::optional<std::string> {
-        if (iType != 2 || !files.Look(strDrive)) return std::nullopt;
-        return std::string();
+        if (iType == 2 && files.Look(strDrive)) return std::string();
+        if (iType == 3 && facts != nullptr) return facts->FileSystemName(strDrive);
+        if (iType != 1 || facts == nullptr) return std::nullopt;
+        const auto serial = facts->VolumeSerial(strDrive);
+        return serial ? std::optional(SerialText(*serial)) : std::nullopt;
       });
 }
 

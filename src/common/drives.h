@@ -8,6 +8,7 @@
 #include "common/path_text.h"
 #include "platform/files.h"
 #include "platform/prompts.h"
+#include "platform/system_facts.h"
 
 namespace mScanCD {
 
@@ -25,9 +26,11 @@ namespace DriveStuff {
 /// The roots of all drives. In POSIX style there is one.
 std::vector<std::string> GetDriveNames(FileSystem& files, PathStyle style = kNative);
 
-/// For `iType` 2 the volume's name; empty when it has none, nothing when the drive can't be read.
-/// Nothing for any other type.
-std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType);
+/// Of the volume at `strDrive`, by `iType`: 1 its serial number, eight hexadecimal digits with "-"
+/// in the middle; 2 its name, empty when it has none; 3 the name of its file system. Nothing for
+/// any other type and when the drive can't be read. Only types 1 and 3 ask `facts`.
+std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType,
+                                        SystemFacts* facts = nullptr);
 
 }  // namespace DriveStuff
 

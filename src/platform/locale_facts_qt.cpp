@@ -7,3 +7,11 @@ std::string QtLocaleFacts::MonthName(int month) const {
 std::string QtLocaleFacts::ShortMonthName(int month) const {
   return locale_.monthName(month, QLocale::ShortFormat).toStdString();
 }
+
+std::string QtLocaleFacts::DecimalPoint() const {
+  return locale_.decimalPoint().toStdString();
+}
+
+std::string QtLocaleFacts::ThousandsSeparator() const {
+  return locale_.groupSeparator().toStdString();
+}

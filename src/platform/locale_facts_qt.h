@@ -9,6 +9,8 @@ class QtLocaleFacts : public LocaleFacts {
  public:
   std::string MonthName(int month) const override;
   std::string ShortMonthName(int month) const override;
+  std::string DecimalPoint() const override;
+  std::string ThousandsSeparator() const override;
 
  private:
   QLocale locale_ = QLocale::system();

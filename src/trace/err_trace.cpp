@@ -3,36 +3,134 @@
 #include <cstdio>
 #include <exception>
 #include <new>
+#include <system_error>
+#include <typeinfo>
+#include <utility>
+
+#include "platform/build_facts.h"
+#include "trace/report_text.h"
 
 namespace ErrTrace {
 namespace {
 
+constexpr std::string_view kPropagated = "ErrTrace.ErrorIn";
+
 /// The failure in flight: one record is enough, because the program runs on one thread.
 struct Record {
-  std::int32_t number = 0;
-  std::string description;
-  std::string report;  ///< empty while no procedure has added its line
+  std::int32_t gErrNumber = 0;
+  std::string gErrSource;       ///< kPropagated once a report was composed
+  std::string gErrDescription;  ///< the report, once it was composed
+  std::string gErrHelpFile;
+  std::int32_t gErrHelpContext = 0;
+  std::int32_t gErrLastDllError = 0;  ///< errno
+  std::int32_t gErrLine = 0;
+  bool gErrPreserved = false;
+  std::string gErrText;  ///< the report while it is being composed
 };
 
 Record g_record;
+bool g_handling = false;
 Reporter* g_reporter = nullptr;
+SystemFacts* g_facts = nullptr;
+Sections g_sections;
 
-void TakeException(std::exception_ptr in_flight) {
+/// Runs one step of the engine. What it can't do is left out: the failure being handled matters
+/// more than the one that came up on the way.
+template <class Step>
+void Guarded(Step&& step) noexcept {
+  try {
+    step();
+  } catch (...) {
+  }
+}
+
+FailureFacts FactsOf(const std::exception& other, std::int32_t system_error) {
+  return {.number = kInternalError,
+          .description = other.what(),
+          .source = ReadableTypeName(typeid(other).name()),
+          .system_error = system_error};
+}
+
+FailureFacts FactsOf(const std::exception_ptr& in_flight) {
   try {
     std::rethrow_exception(in_flight);
   } catch (const Failure& failure) {
-    g_record.number = failure.Number();
-    g_record.description = failure.Description();
+    return failure.Facts();
   } catch (const std::bad_alloc&) {
-    g_record.number = kOutOfMemory;
-    g_record.description = "Out of memory";
+    return {.number = kOutOfMemory, .description = "Out of memory"};
+  } catch (const std::system_error& other) {
+    return FactsOf(other, other.code().value());
   } catch (const std::exception& other) {
-    g_record.number = kInternalError;
-    g_record.description = other.what();
+    return FactsOf(other, 0);
   } catch (...) {
-    g_record.number = kInternalError;
-    g_record.description = "Internal error";
+    return {.number = kInternalError, .description = "Internal error"};
   }
+}
+
+void SetRecord(FailureFacts facts) {
+  if (facts.source.empty()) facts.source = build_facts::kTitle;
+  g_record = Record();
+  g_record.gErrNumber = facts.number;
+  g_record.gErrSource = std::move(facts.source);
+  g_record.gErrDescription = std::move(facts.description);
+  g_record.gErrHelpFile = std::move(facts.help_file);
+  g_record.gErrHelpContext = facts.help_context;
+  g_record.gErrLastDllError = facts.system_error;
+  g_record.gErrLine = facts.line;
+  g_record.gErrPreserved = true;
+}
+
+void RunSection(const Sections::Section& section, int actions) noexcept {
+  if (!section) return;
+  Guarded([&] {
+    std::string lines;
+    section(lines, actions);
+    g_record.gErrText += lines;
+  });
+}
+
+/// Head, the system's error and the sections, for a failure that no level has handled yet.
+void ComposeHead(std::string_view trace, int actions) noexcept {
+  g_record.gErrText.clear();
+  Guarded([&] {
+    const FailureFacts failure{.number = g_record.gErrNumber,
+                               .description = g_record.gErrDescription,
+                               .source = g_record.gErrSource};
+    g_record.gErrText = ReportHead(failure, trace.substr(0, trace.find('(')), g_facts);
+  });
+  Guarded([] { g_record.gErrText += ApiErrorLine(g_record.gErrLastDllError); });
+  RunSection(g_sections.database, actions);
+  if ((actions & kWebSection) != 0) RunSection(g_sections.web, actions);
+}
+
+/// Makes the report the description, so that the next level adds to it.
+void MarkPropagated() noexcept {
+  Guarded([] {
+    g_record.gErrSource = kPropagated;
+    g_record.gErrDescription = std::move(g_record.gErrText);
+  });
+}
+
+/// Adds the line of one level to the report.
+void Compose(std::string_view trace, std::span<const Argument> values, int actions,
+             std::string_view env_names, std::span<const Argument> env_values) noexcept {
+  if (g_record.gErrSource == kPropagated) {
+    g_record.gErrText = std::move(g_record.gErrDescription);
+  } else {
+    ComposeHead(trace, actions);
+  }
+  Guarded([&] { g_record.gErrText += CallStackLine(trace, values, g_record.gErrLine); });
+  if (env_names.empty()) return;
+  Guarded([&] { g_record.gErrText += EnvironmentLine(env_names, env_values); });
+}
+
+/// Says that a handler has nothing to handle.
+void SetLostFailure() noexcept {
+  Guarded([] {
+    SetRecord({.number = ERR_GENERAL,
+               .description = "ErrorIn: Error information was lost. "
+                              "To fix: call ErrPreserve before doing anything in error handler."});
+  });
 }
 
 }  // namespace
@@ -41,54 +139,73 @@ void SetReporter(Reporter* reporter) {
   g_reporter = reporter;
 }
 
-std::string ValueText(std::string_view value) {
-  return "'" + std::string(value) + "'";
-}
-std::string ValueText(long long value) {
-  return std::to_string(value);
+void SetFacts(SystemFacts* facts) {
+  g_facts = facts;
 }
 
-std::string ValueText(double value) {
-  char buffer[32];
-  std::snprintf(buffer, sizeof buffer, "%.15g", value);
-  return buffer;
+void SetSections(Sections sections) {
+  g_sections = std::move(sections);
+}
+
+void ErrPreserve() noexcept {
+  if (g_record.gErrPreserved || !std::current_exception()) return;
+  try {
+    SetRecord(FactsOf(std::current_exception()));
+  } catch (...) {  // only memory can be short here; these texts need none
+    g_record = Record();
+    g_record.gErrNumber = kOutOfMemory;
+    g_record.gErrDescription = "Out of memory";
+    g_record.gErrPreserved = true;
+  }
+}
+
+bool ErrMustStop() noexcept {
+  ErrPreserve();
+  return InDevelopmentEnvironment();
+}
+
+std::string ErrorIn(std::string_view pMethodName, std::span<const Argument> pArgs, int pActions,
+                    std::string_view pEnvNames, std::span<const Argument> pEnvValues) {
+  detail::Handle(pMethodName, pArgs, pActions, pEnvNames, pEnvValues);
+  if ((pActions & kRaise) != 0) detail::Raise();
+  return g_record.gErrSource == kPropagated ? g_record.gErrDescription : std::string();
+}
+
+void ShowErrorReport() noexcept {
+  if (g_handling) return;
+  // A further failure, while the reporter lets events run, finds the record free.
+  const Record finished = std::exchange(g_record, Record());
+  if (IsUserError(finished.gErrNumber)) return;
+  if (g_reporter != nullptr) {
+    g_reporter->ShowErrorReport(finished.gErrDescription);
+  } else {
+    std::fprintf(stderr, "%s\n", finished.gErrDescription.c_str());
+  }
 }
 
 namespace detail {
 
-void AddLine(std::string_view trace, const std::string* values, std::size_t count) noexcept {
-  try {
-    if (g_record.report.empty()) {
-      TakeException(std::current_exception());
-      g_record.report =
-          g_record.description + "\r\n  Number: " + std::to_string(g_record.number) + "\r\n";
-    }
-    const std::size_t bracket = trace.find('(');
-    std::string line = "  Call Stack: " + std::string(trace.substr(0, bracket)) + "(";
-    std::string_view names = bracket == trace.npos ? "" : trace.substr(bracket + 1);
-    for (std::size_t i = 0; i < count; ++i) {
-      const std::size_t end = names.find_first_of(",)");
-      line += (i == 0 ? "" : ", ") + std::string(names.substr(0, end)) + "=" + values[i];
-      names.remove_prefix(end + 1);
-    }
-    g_record.report += line + ")\r\n";
-  } catch (...) {
-    // A second failure must not hide the first one; the line is lost, the failure climbs on.
-  }
+void Handle(std::string_view trace, std::span<const Argument> values, int actions,
+            std::string_view env_names, std::span<const Argument> env_values) noexcept {
+  if (g_handling) return;
+  g_handling = true;
+  if (!g_record.gErrPreserved && !std::current_exception()) SetLostFailure();
+  ErrPreserve();
+  const bool compose = (actions & kCompose) != 0 && !IsUserError(g_record.gErrNumber);
+  if (compose) Compose(trace, values, actions, env_names, env_values);
+  RunSection(g_sections.transaction, actions);
+  if (compose) MarkPropagated();
+  g_record.gErrPreserved = false;
+  g_handling = false;
 }
 
-void RaiseAgain() {
-  throw Failure(g_record.number, g_record.description);
-}
-
-void Report() noexcept {
-  Record finished;
-  std::swap(finished, g_record);
-  if (g_reporter) {
-    g_reporter->ShowErrorReport(finished.report);
-  } else {
-    std::fprintf(stderr, "%s", finished.report.c_str());
-  }
+void Raise() {
+  if (g_handling && std::current_exception()) throw;
+  throw Failure(FailureFacts{.number = g_record.gErrNumber,
+                             .description = std::move(g_record.gErrDescription),
+                             .source = std::move(g_record.gErrSource),
+                             .help_file = std::move(g_record.gErrHelpFile),
+                             .help_context = g_record.gErrHelpContext});
 }
 
 }  // namespace detail

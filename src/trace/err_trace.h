@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <type_traits>
 
+#include "trace/argument.h"
 #include "trace/failure.h"
+
+class SystemFacts;
 
 /// The way of every failure from the procedure that failed to the event handler at the top.
 ///
@@ -16,6 +20,10 @@
 /// to the reporter and ends normally. Both take the trace string as a template argument and check
 /// when compiling that it names as many parameters as values are given. On the good road neither
 /// costs more than the call.
+///
+/// The first level writes the head of the report and its own line. What it raises bears the source
+/// "ErrTrace.ErrorIn" and the report so far as its description, so the next level knows that it
+/// only has to add a line. A report therefore reads from the innermost procedure outward.
 namespace ErrTrace {
 
 /// Takes the finished reports; the program's own shows a window.
@@ -23,13 +31,65 @@ class Reporter {
  public:
   virtual ~Reporter() = default;
 
-  /// `report` is the whole text, lines parted by CR LF. Must not throw.
+  /// `report` is the whole text, lines parted by CR LF. Must not throw. May let events run, and so
+  /// be called again before it has returned.
   virtual void ShowErrorReport(const std::string& report) noexcept = 0;
 };
 
 /// Makes `reporter` the taker of all reports, for as long as the program runs or until the next
 /// call; null writes them to standard error.
 void SetReporter(Reporter* reporter);
+
+/// Gives the engine what the head of a report tells of machine and program; null: all "?".
+void SetFacts(SystemFacts* facts);
+
+/// What ErrorIn does with the failure; added up.
+enum Action : int {
+  kRaise = 1,             ///< in the end, raise it again
+  kCompose = 2,           ///< compose the report, add this level's line
+  kDisableCommit = 4,     ///< for the transaction section
+  kNoAbort = 8,           ///< for the transaction section
+  kNoRollback = 16,       ///< for the transaction section
+  kWebSection = 32,       ///< give the web section its place in the head
+  kCloseConnection = 64,  ///< for the transaction section
+  kInner = kRaise + kCompose + kWebSection,
+  kTop = kCompose + kNoAbort + kWebSection,
+};
+
+/// The places of a report that a program with a database or a web request fills, and the clean-up
+/// of its transaction. Each appends whole lines to the report; its own failure is swallowed. None
+/// is set in this program.
+struct Sections {
+  using Section = std::function<void(std::string& report, int actions)>;
+  Section database = {};     ///< in the head, behind the system's own error
+  Section web = {};          ///< in the head, last; with kWebSection only
+  Section transaction = {};  ///< behind the line of each level, and for user errors too
+};
+void SetSections(Sections sections);
+
+/// Whether the program runs under a developer's tools, where a failure could be looked at in place.
+constexpr bool InDevelopmentEnvironment() {
+  return false;
+}
+
+/// Copies the failure in flight into the engine's record, unless it holds one already. A handler
+/// that does anything before it calls ErrorIn calls this first.
+void ErrPreserve() noexcept;
+
+/// Whether a developer wants to stop here and retry. Preserves the failure.
+bool ErrMustStop() noexcept;
+
+/// What a handler does with the failure in flight, or the preserved one: adds the line of
+/// `pMethodName` (module, point, procedure, parameter names in brackets) with `pArgs` to the
+/// report, as `pActions` say, and raises it again or answers the report. With neither, a failure
+/// that tells so is made. A user error passes without a report. A failure of its own steps never
+/// replaces the one that it handles; called from inside itself, it leaves that one alone.
+std::string ErrorIn(std::string_view pMethodName, std::span<const Argument> pArgs, int pActions,
+                    std::string_view pEnvNames = {}, std::span<const Argument> pEnvValues = {});
+
+/// Ends the failure that ErrorIn handled last and hands its report to the reporter; a user error
+/// ends silently.
+void ShowErrorReport() noexcept;
 
 /// A trace string: module, point, procedure, and in brackets the names of its parameters.
 template <std::size_t N>
@@ -48,26 +108,6 @@ struct TraceString {
   char text[N];
 };
 
-/// How an argument's value stands in the report.
-std::string ValueText(std::string_view value);
-std::string ValueText(long long value);
-std::string ValueText(double value);
-
-template <class T>
-std::string ArgumentText(const T& value) {
-  if constexpr (std::is_same_v<T, bool>) {
-    return value ? "True" : "False";
-  } else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) {
-    return ValueText(static_cast<long long>(value));
-  } else if constexpr (std::is_floating_point_v<T>) {
-    return ValueText(static_cast<double>(value));
-  } else if constexpr (std::is_convertible_v<const T&, std::string_view>) {
-    return ValueText(std::string_view(value));
-  } else {
-    return "{?}";
-  }
-}
-
 /// The argument values, held by reference: name them as they stand in the trace string.
 template <class... T>
 std::tuple<const T&...> args(const T&... values) {
@@ -76,19 +116,18 @@ std::tuple<const T&...> args(const T&... values) {
 
 namespace detail {
 
-/// Turns the exception in flight into the current failure, adds the line of `trace`.
-void AddLine(std::string_view trace, const std::string* values, std::size_t count) noexcept;
-/// Raises the current failure again.
-[[noreturn]] void RaiseAgain();
-/// Ends the current failure and hands its report to the reporter.
-void Report() noexcept;
+/// ErrorIn without its last step.
+void Handle(std::string_view trace, std::span<const Argument> values, int actions,
+            std::string_view env_names = {}, std::span<const Argument> env_values = {}) noexcept;
+/// The last step: raises what was handled.
+[[noreturn]] void Raise();
 
 template <class... T>
-void Catch(std::string_view trace, const std::tuple<const T&...>& values) noexcept {
+void Catch(std::string_view trace, const std::tuple<const T&...>& values, int actions) noexcept {
   std::apply(
       [&](const T&... value) {
-        const std::string texts[sizeof...(T) + 1] = {ArgumentText(value)..., std::string()};
-        AddLine(trace, texts, sizeof...(T));
+        const Argument arguments[sizeof...(T) + 1] = {MakeArgument(value)..., Argument()};
+        Handle(trace, {arguments, sizeof...(T)}, actions);
       },
       values);
 }
@@ -103,8 +142,8 @@ auto inner(const std::tuple<const T&...>& values, Body&& body) -> decltype(body(
   try {
     return body();
   } catch (...) {
-    detail::Catch(kTrace.text, values);
-    detail::RaiseAgain();
+    detail::Catch(kTrace.text, values, kInner);
+    detail::Raise();
   }
 }
 
@@ -117,10 +156,11 @@ bool top(const std::tuple<const T&...>& values, Body&& body) noexcept {
     body();
     return true;
   } catch (...) {
-    detail::Catch(kTrace.text, values);
-    detail::Report();
-    return false;
+    detail::Catch(kTrace.text, values, kTop);
   }
+  // Behind the handler: the reporter lets events run, and no failure is in flight then.
+  ShowErrorReport();
+  return false;
 }
 
 }  // namespace ErrTrace

@@ -15,17 +15,31 @@ enum FailureNumber : std::int32_t {
   kBadPattern = 93,
 };
 
+/// All that a failure tells.
+struct FailureFacts {
+  std::int32_t number = 0;
+  std::string description = {};
+  std::string source = {};        ///< where it comes from; "" is the program itself
+  std::int32_t system_error = 0;  ///< errno of the call that failed, 0 if none did
+  std::int32_t line = 0;          ///< of the text that was being read, 0 if none
+  std::string help_file = {};
+  std::int32_t help_context = 0;
+};
+
 /// The one exception of the program: a fault, never a mistake of the user.
 class Failure : public std::exception {
  public:
-  Failure(std::int32_t number, std::string description)
-      : number_(number), description_(std::move(description)) {}
+  explicit Failure(FailureFacts facts) : facts_(std::move(facts)) {}
+  Failure(std::int32_t number, std::string description, std::int32_t system_error = 0)
+      : facts_{.number = number,
+               .description = std::move(description),
+               .system_error = system_error} {}
 
-  std::int32_t Number() const { return number_; }
-  const std::string& Description() const { return description_; }
-  const char* what() const noexcept override { return description_.c_str(); }
+  const FailureFacts& Facts() const { return facts_; }
+  std::int32_t Number() const { return facts_.number; }
+  const std::string& Description() const { return facts_.description; }
+  const char* what() const noexcept override { return facts_.description.c_str(); }
 
  private:
-  std::int32_t number_;
-  std::string description_;
+  FailureFacts facts_;
 };

@@ -1,34 +1,19 @@
 #include "window/program.h"
 
 #include <QApplication>
-#include <cstdio>
 
+#include "errors/error_reporter.h"
 #include "platform/event_pump_qt.h"
+#include "platform/folders_qt.h"
 #include "platform/locale_facts_qt.h"
 #include "platform/prompts_qt.h"
+#include "platform/shell_qt.h"
 #include "platform/type_names_qt.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
 #include "window/skin.h"
 
 namespace {
-
-/// Tells the user of a failure, and writes the report where a terminal shows it.
-class PromptReporter : public ErrTrace::Reporter {
- public:
-  explicit PromptReporter(Prompts& prompts) : prompts_(prompts) { ErrTrace::SetReporter(this); }
-  ~PromptReporter() override { ErrTrace::SetReporter(nullptr); }
-
-  void ShowErrorReport(const std::string& report) noexcept override {
-    std::fprintf(stderr, "%s", report.c_str());
-    prompts_.Tell("Sorry, an error has occurred. Try to restart the program.\n\n" +
-                      report.substr(0, report.find("\r\n")),
-                  PromptIcon::kCritical);
-  }
-
- private:
-  Prompts& prompts_;
-};
 
 void PrepareApplication(QApplication& application) {
   QApplication::setApplicationName(QStringLiteral("Quorvane"));
@@ -41,35 +26,51 @@ void PrepareApplication(QApplication& application) {
 struct Program::Parts {
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
   std::unique_ptr<Clock> clock = MakeSystemClock();
+  std::unique_ptr<SystemFacts> facts = MakeSystemFacts();
   QtEventPump events;
   QtLocaleFacts locale;
   QtTypeNames type_names;
+  QtFolders folders;
   QtPrompts prompts;
-  PromptReporter reporter{prompts};
+  QtShell shell;
+  ErrorReporter reporter{{*facts, locale, folders}, *files, prompts, shell};
   RunState state;
   Records records;
   Grid grid{records};
   Constructor constructor;
   RunReports reports;
-  Form1 window{{state, grid, constructor, reports, *files, *clock, events, locale, type_names,
-                prompts}};
+  std::unique_ptr<Form1> window;  ///< last, for it uses all of the above
 };
 
 Program::Program(QApplication& application)
     : parts_((PrepareApplication(application), std::make_unique<Parts>())) {}
 Program::~Program() = default;
 
-Form1& Program::MainWindow() { return parts_->window; }
+Form1& Program::MainWindow() {
+  Parts& p = *parts_;
+  if (p.window == nullptr) {
+    p.window = std::make_unique<Form1>(CommandParts{p.state, p.grid, p.constructor, p.reports,
+                                                    *p.files, *p.clock, p.events, p.locale,
+                                                    p.type_names, p.prompts});
+    p.reporter.MainWindowLoaded(p.window.get());
+  }
+  return *p.window;
+}
+
+void Program::WaitForErrorWindows() {
+  parts_->reporter.WaitForWindows();
+}
 
 namespace mMain {
 
 int Main(QApplication& application) {
   int exit_code = 1;
-  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
-    Program program(application);
+  Program program(application);
+  const bool started = ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
     program.MainWindow().show();
     exit_code = QApplication::exec();
   });
+  if (!started) program.WaitForErrorWindows();
   return exit_code;
 }
 

@@ -5,14 +5,18 @@
 class Form1;
 class QApplication;
 
-/// All parts of the running program and its main window, built together.
+/// All parts of the running program. From its making on, failures are reported and shown.
 class Program {
  public:
   /// Also gives the application its name and its look.
   explicit Program(QApplication& application);
   ~Program();
 
+  /// Made at the first call.
   Form1& MainWindow();
+
+  /// Returns when the user has closed all error windows that don't wait for an answer.
+  void WaitForErrorWindows();
 
  private:
   struct Parts;
@@ -21,7 +25,8 @@ class Program {
 
 namespace mMain {
 
-/// Shows the main window and runs until it is closed. Answers the exit code.
+/// Shows the main window and runs until it is closed. Answers the exit code. A start that fails
+/// ends when the user has closed the error window.
 int Main(QApplication& application);
 
 }  // namespace mMain

@@ -4,6 +4,7 @@
 
 #include "support/fakes.h"
 #include "support/memory_files.h"
+#include "support/plain_locale.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -41,12 +42,6 @@ class FakeView : public CommandView {
   Grid& grid_;
 };
 
-class NoMonths : public LocaleFacts {
- public:
-  std::string MonthName(int) const override { return {}; }
-  std::string ShortMonthName(int) const override { return {}; }
-};
-
 /// Keeps what would have been shown.
 class FakeReporter : public ErrTrace::Reporter {
  public:
@@ -81,7 +76,7 @@ class CommandsTest : public testing::Test {
   MemoryFiles files;
   FakeClock clock;
   FakeEvents events;
-  NoMonths locale;
+  PlainLocale locale;
   FakeTypeNames type_names;
   FakePrompts prompts;
   FakeView view{grid};

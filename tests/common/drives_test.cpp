@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fake_system.h"
 #include "support/fakes.h"
 #include "support/memory_files.h"
 
@@ -42,4 +43,14 @@ TEST(Drives, TakeATextOfARootsLengthForAFolder) {
   EXPECT_TRUE(mScanCD::FolderExist(files, "Q:\\", kDrive));
   EXPECT_TRUE(mScanCD::FolderExist(files, "abc", kDrive));
   EXPECT_FALSE(mScanCD::FolderExist(files, "abc", kPosix));
+}
+
+TEST(Drives, TellFactsOfAVolumeByType) {
+  MemoryFiles files;
+  FakeSystemFacts facts;
+  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 1, &facts), "00AB-12CD");
+  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 2, &facts), "");
+  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 3, &facts), "ext4");
+  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 4, &facts), std::nullopt);
+  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/gone", 2, &facts), std::nullopt);
 }

@@ -18,11 +18,12 @@
 #include "platform/text_qt.h"
 #include "support/fakes.h"
 #include "support/keys.h"
+#include "support/plain_locale.h"
 #include "trace/err_trace.h"
 
 namespace {
 
-class EnglishMonths : public LocaleFacts {
+class EnglishMonths : public PlainLocale {
  public:
   std::string MonthName(int) const override { return "January"; }
   std::string ShortMonthName(int) const override { return "Jan"; }

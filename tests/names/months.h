@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/locale_facts.h"
+#include "support/plain_locale.h"
 
 /// German months: one has a letter beyond ASCII, and the short names differ from the long ones.
-class Months : public LocaleFacts {
+class Months : public PlainLocale {
  public:
   std::string MonthName(int month) const override {
     static const char* const kNames[] = {"Januar", "Februar", "März"};

@@ -55,11 +55,11 @@ class PreviewTest : public testing::Test {
     return records[0].newFileName;
   }
 
-  /// The first line of the failure that the pass over one file ends with, or "".
+  /// What the failure that the pass over one file ends with begins with, or "".
   std::string FailureOf(std::string_view name) {
     const std::string report = FailureReport([&] { NameOf(name); });
     EXPECT_EQ(report.empty(), report.find("Call Stack: Form1.SetPreview()") == report.npos);
-    return report.substr(0, report.find('\r'));
+    return report.substr(0, report.find(" \r"));
   }
 
   Records records;

@@ -5,8 +5,7 @@
 
 #include "trace/err_trace.h"
 
-/// Runs `body` as an event handler would and answers the report of its failure, or "". A failure
-/// that a test catches by itself would stay the current one and hide the next.
+/// Runs `body` as an event handler would and answers the report of its failure, or "".
 template <class Body>
 std::string FailureReport(Body&& body) {
   class Keeper : public ErrTrace::Reporter {

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <string>
+
+#include "errors/error_windows.h"
+#include "errors/report_file.h"
+#include "trace/err_trace.h"
+
+/// Takes every report from the trace engine: appends it to the report file and shows the error
+/// window. Lives as long as the program; from its making to its end it is the engine's reporter,
+/// and gives the engine its facts.
+class ErrorReporter : public ErrTrace::Reporter {
+ public:
+  /// What is handed in outlives the reporter.
+  ErrorReporter(ReportSources sources, FileSystem& files, Prompts& prompts, Shell& shell);
+  ErrorReporter(const ErrorReporter&) = delete;
+  ErrorReporter& operator=(const ErrorReporter&) = delete;
+  ~ErrorReporter() override;
+
+  /// From now on, and while `window` lives, error windows are modal.
+  void MainWindowLoaded(QWidget* window) { main_window_ = window; }
+
+  void SetStartFlags(StartFlags flags) { sources_.flags = flags; }
+
+  /// Lets events run until no error window is open; for a start that failed before there was a
+  /// main window to keep the program alive.
+  void WaitForWindows();
+
+  /// Saves the report and shows a window. Without a QApplication, and when neither window nor
+  /// message can be shown, the report goes to standard error.
+  void ShowErrorReport(const std::string& report) noexcept override;
+
+ private:
+  QWidget* Parent() const;
+  void Open(Form11& window);
+
+  ReportSources sources_;
+  FileSystem& files_;
+  Prompts& prompts_;
+  Shell& shell_;
+  QPointer<QWidget> main_window_;
+  /// How many ways to tell the user are being tried: the window (1), if it can't be made a plain
+  /// message (2), if that fails too standard error.
+  int making_ = 0;
+};

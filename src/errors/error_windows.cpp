@@ -1,0 +1,214 @@
+#include "errors/error_windows.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+#include <vector>
+
+#include "common/language.h"
+#include "common/link_button_qt.h"
+#include "common/look_qt.h"
+#include "common/path_text.h"
+#include "common/shell_actions.h"
+#include "errors/report_file.h"
+#include "errors/send_mail.h"
+#include "platform/build_facts.h"
+#include "platform/text_qt.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+using namespace mLanguageGobals;
+
+constexpr int kWidth = 560;
+constexpr int kMargin = 16;
+constexpr int kLinkIndent = 16;  // the link's own inset makes it 20
+constexpr int kIconSize = 40;
+
+QLabel* NewLabel(const QString& text) {
+  auto* label = new QLabel(text);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  return label;
+}
+
+QFrame* NewRule() {
+  auto* rule = new QFrame;
+  rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+  rule->setProperty("rule", true);
+  return rule;
+}
+
+QLayout* NewSeparator() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(10);
+  auto* word = new QLabel(text::Shown(kOr));
+  word->setProperty("muted", true);
+  row->addWidget(NewRule(), 1);
+  row->addWidget(word);
+  row->addWidget(NewRule(), 1);
+  return row;
+}
+
+std::string Subject() {
+  return std::string(build_facts::kTitle) + " v" + std::to_string(build_facts::kMajor) + "." +
+         std::to_string(build_facts::kMinor) + " Error report";
+}
+
+}  // namespace
+
+Form11::Form11(const ErrorWindowParts& parts, QWidget* parent)
+    : QDialog(parent), parts_(parts), bnOK(new QPushButton) {
+  ErrTrace::inner<"Form11.Form_Load">(ErrTrace::args(), [&] { LayOut(); });
+}
+
+void Form11::LayOut() {
+  setObjectName(QStringLiteral("Form11"));
+  setWindowTitle(text::Shown(kProgramError));
+  setMinimumWidth(kWidth);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, 12);
+  column->setSpacing(10);
+  AddHeading(*column);
+  AddWays(*column);
+  column->addStretch(1);
+  bnOK->setObjectName(QStringLiteral("bnOK"));
+  bnOK->setText(QLatin1Char('&') + text::Shown(kOK));
+  bnOK->setMinimumWidth(88);
+  bnOK->setDefault(true);
+  column->addWidget(bnOK, 0, Qt::AlignRight);
+  connect(bnOK, &QPushButton::clicked, this, &Form11::bnOK_Click);
+  bnOK->setFocus();
+  resize(kWidth, column->totalHeightForWidth(kWidth));
+}
+
+void Form11::AddHeading(QVBoxLayout& column) {
+  auto* picExclamation = new QLabel;
+  picExclamation->setObjectName(QStringLiteral("picExclamation"));
+  picExclamation->setAccessibleName(QStringLiteral("Warning"));
+  picExclamation->setPixmap(
+      Look::Current().Picture(Drawing::kWarning, Role::kWarn, kIconSize, devicePixelRatioF()));
+  QLabel* first = NewLabel(text::Shown(kErrorOccurred));
+  QFont strong = first->font();
+  strong.setWeight(QFont::DemiBold);
+  first->setFont(strong);
+  auto* texts = new QVBoxLayout;
+  texts->setSpacing(10);
+  texts->addWidget(first);
+  texts->addWidget(NewLabel(text::Shown(kIfErrorOccursAgain)));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(14);
+  row->addWidget(picExclamation, 0, Qt::AlignTop);
+  row->addLayout(texts, 1);
+  column.addLayout(row);
+}
+
+void Form11::AddWays(QVBoxLayout& column) {
+  const std::string& folder = parts_.report_folder;
+  const std::string mail = build_facts::kSupportAddress;
+  const std::vector<Line> ways[] = {
+      {{std::string(kGoToFolder)},
+       {folder, "Label56", &Form11::Label56_Click},
+       {std::string(kLocateFile)},
+       {std::string(kRightClickFile)},
+       {kSendFile + mail}},
+      {{std::string(kClickLink)},
+       {mail, "Label5", &Form11::Label5_Click},
+       {std::string(kAttachFileSecond)},
+       {folder, "Label57", &Form11::Label57_Click},
+       {std::string(kSendMail)}},
+      {{std::string(kOpenClient)},
+       {std::string(kCreateDocument)},
+       {std::string(kAttachFileThird)},
+       {folder, "Label58", &Form11::Label58_Click},
+       {kSendFile + mail}},
+  };
+  for (const std::vector<Line>& way : ways) {
+    if (&way != ways) column.addLayout(NewSeparator());
+    AddCard(column, way);
+  }
+}
+
+void Form11::AddCard(QVBoxLayout& column, std::span<const Line> way) {
+  auto* card = new QFrame;
+  card->setFrameShape(QFrame::StyledPanel);
+  card->setProperty("card", true);
+  auto* lines = new QVBoxLayout(card);
+  lines->setContentsMargins(12, 9, 12, 9);
+  lines->setSpacing(2);
+  QString before;
+  for (const Line& line : way) {
+    const QString shown = text::Shown(line.text);
+    if (line.link == nullptr) {
+      lines->addWidget(NewLabel(before = shown));
+      continue;
+    }
+    auto* link = new LinkButton(shown);
+    link->setObjectName(QLatin1String(line.link));
+    link->setAccessibleDescription(before);
+    connect(link, &LinkButton::clicked, this, line.click);
+    auto* row = new QHBoxLayout;
+    row->addSpacing(kLinkIndent);
+    row->addWidget(link);
+    row->addStretch(1);
+    lines->addLayout(row);
+  }
+  column.addWidget(card);
+}
+
+void Form11::bnOK_Click() {
+  ErrTrace::top<"Form11.bnOK_Click">(ErrTrace::args(), [&] { accept(); });
+}
+
+void Form11::Label5_Click() {
+  ErrTrace::top<"Form11.Label5_Click">(ErrTrace::args(), [&] {
+    const std::string subject = Subject();
+    mMain::SendMail(parts_.shell, {.Address = build_facts::kSupportAddress, .Subject = subject});
+  });
+}
+
+void Form11::Label56_Click() {
+  ErrTrace::top<"Form11.Label56_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+}
+
+void Form11::Label57_Click() {
+  ErrTrace::top<"Form11.Label57_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+}
+
+void Form11::Label58_Click() {
+  ErrTrace::top<"Form11.Label58_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+}
+
+void Form11::ShowReportFile() {
+  const std::string path =
+      mScanCD::NormalizePath(parts_.report_folder).append(ErrTrace::kReportFileName);
+  mMain::OpenInExplorerList(parts_.files, parts_.prompts, parts_.shell, path);
+}
+
+frmShowError::frmShowError(QWidget* parent)
+    : QWidget(parent, Qt::Window), txtError(new QPlainTextEdit(this)) {
+  setObjectName(QStringLiteral("frmShowError"));
+  setWindowTitle(QStringLiteral("Error Report"));
+  txtError->setObjectName(QStringLiteral("txtError"));
+  txtError->setAccessibleName(windowTitle());
+  txtError->setReadOnly(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(txtError);
+  resize(720, 480);
+}
+
+void frmShowError::ShowError(const std::string& report) {
+  ErrTrace::inner<"frmShowError.ShowError(report)">(ErrTrace::args(report), [&] {
+    txtError->setPlainText(text::ToQt(report));
+    if (isVisible()) return;
+    const bool blocked = QApplication::activeModalWidget() != nullptr;
+    setWindowModality(blocked ? Qt::ApplicationModal : Qt::NonModal);
+    show();
+  });
+}

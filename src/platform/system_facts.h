@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+
+/// How the system names itself.
+struct SystemName {
+  std::string name;   ///< with its version
+  std::string build;  ///< of its kernel
+  std::string pack;   ///< what was added to that build
+};
+
+/// What a report tells of the machine and of the running program. A fact that can't be had is an
+/// empty text or nothing.
+class SystemFacts {
+ public:
+  virtual ~SystemFacts() = default;
+
+  virtual LocalTime Now() = 0;
+  virtual std::string ComputerName() = 0;
+  virtual SystemName System() = 0;
+
+  /// The path of the program's file, and its size in bytes.
+  virtual std::string ProgramPath() = 0;
+  virtual std::optional<std::uint64_t> ProgramSize() = 0;
+  /// Major, minor and revision number, parted by points.
+  virtual std::string ProgramVersion() = 0;
+
+  /// Of the volume that holds `path`: the bytes that this user may still fill, a number that
+  /// tells it from other volumes, and the name of its kind of file system.
+  virtual std::optional<std::uint64_t> FreeBytes(std::string_view path) = 0;
+  virtual std::optional<std::uint32_t> VolumeSerial(std::string_view path) = 0;
+  virtual std::optional<std::string> FileSystemName(std::string_view path) = 0;
+};
+
+/// The facts of this machine.
+std::unique_ptr<SystemFacts> MakeSystemFacts();

@@ -1,0 +1,208 @@
+#include "trace/err_trace.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <optional>
+#include <stdexcept>
+#include <system_error>
+#include <vector>
+
+#include "support/failure_report.h"
+#include "support/fake_system.h"
+#include "trace/report_text.h"
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+/// Gives the engine facts and sections, for the length of one test.
+class ErrTraceTest : public testing::Test {
+ protected:
+  ErrTraceTest() { ErrTrace::SetFacts(&facts_); }
+  ~ErrTraceTest() override {
+    ErrTrace::SetFacts(nullptr);
+    ErrTrace::SetSections({});
+  }
+
+  FakeSystemFacts facts_;
+};
+
+void Open(const std::string& path, int mode) {
+  ErrTrace::inner<"mLow.Open(path,mode)">(
+      ErrTrace::args(path, mode), [] { throw Failure(kTypeMismatch, "100% wrong type", ENOENT); });
+}
+
+int Middle(const std::string& path) {
+  return ErrTrace::inner<"mMiddle.Middle(path)">(ErrTrace::args(path), [&] {
+    Open(path, 3);
+    return 1;
+  });
+}
+
+std::string ArgumentLine(auto&& argument) {
+  return FailureReport(
+      [&] { ErrTrace::inner<"m.F(a)">(ErrTrace::args(argument), [] { throw Failure(1, "x"); }); });
+}
+
+TEST_F(ErrTraceTest, AFailureThreeLevelsDeepGivesOneReport) {
+  EXPECT_EQ(FailureReport([] { Middle("/home/q"); }),
+            "100% wrong type \r\n"
+            "  Time='03/09/24 07:05:02' App='quorvane:1.2.3' ADO-version='?' Computer='attic' \r\n"
+            "  Method: mLow.Open \r\n"
+            "  Number: 13 = &HD = vbObjectError + 2147221517 = ERRMAP_APP_FIRST + 2147216319 \r\n"
+            "  Source: Quorvane \r\n"
+            "  Description: 100% wrong type\r\n"
+            "  API Error: (2) No such file or directory\r\n"
+            "  Call Stack: mLow.Open(path='/home/q', mode=3) "
+            "----------------------------------------------------\r\n"
+            "  Call Stack: mMiddle.Middle(path='/home/q') "
+            "-------------------------------------------------------\r\n"
+            "  Call Stack: Test() "
+            "-------------------------------------------------------------------------------\r\n");
+}
+
+TEST_F(ErrTraceTest, ACallStackLineIsFilledToAHundredCharactersAndNeverCut) {
+  const std::string umlauts =
+      ErrTrace::CallStackLine("m.F(a)", std::vector{ErrTrace::MakeArgument("\xC3\xA4\xC3\xB6")}, 7);
+  EXPECT_THAT(umlauts, StartsWith("  Call Stack: m.F(a='\xC3\xA4\xC3\xB6')  at Line 7 ---"));
+  EXPECT_EQ(umlauts.size(), 100u + 2 + 2);  // two letters of two bytes, CR LF
+  const std::string longer(200, 'p');
+  EXPECT_THAT(ArgumentLine(longer), HasSubstr("m.F(a='" + longer + "') \r\n"));
+}
+
+TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKind) {
+  const struct Point { int x; } point{1};
+  const std::string text = "it's";
+  EXPECT_THAT(ArgumentLine(text), HasSubstr("(a='it's')"));
+  EXPECT_THAT(ArgumentLine(true), HasSubstr("(a=True)"));
+  EXPECT_THAT(ArgumentLine(-5L), HasSubstr("(a=-5)"));
+  EXPECT_THAT(ArgumentLine(0.5), HasSubstr("(a=0.5)"));
+  EXPECT_THAT(ArgumentLine(std::vector<int>{1}), HasSubstr("(a={Array})"));
+  EXPECT_THAT(ArgumentLine(std::optional<int>()), HasSubstr("(a={Empty})"));
+  EXPECT_THAT(ArgumentLine(std::optional<int>(4)), HasSubstr("(a=4)"));
+  EXPECT_THAT(ArgumentLine(nullptr), HasSubstr("(a={Null})"));
+  EXPECT_THAT(ArgumentLine(static_cast<const char*>(nullptr)), HasSubstr("(a={Null})"));
+  EXPECT_THAT(ArgumentLine(facts_), HasSubstr("(a={FakeSystemFacts})"));
+  EXPECT_THAT(ArgumentLine(&facts_), HasSubstr("(a={FakeSystemFacts})"));
+  EXPECT_THAT(ArgumentLine(&point.x), HasSubstr("(a={?})"));
+}
+
+TEST_F(ErrTraceTest, LongTextsStandBelowTheLine) {
+  const struct {
+    std::string text;
+    bool below;
+  } table[] = {
+      {"one\ntwo", true}, {"one\r\ntwo", true}, {"<a/>", true},
+      {"xml", true},      {"a <b>", false},     {"", false},
+  };
+  for (const auto& row : table) {
+    const std::string report = ArgumentLine(row.text);
+    const std::string block = "    Value Of a:\r\n" + row.text + "\r\n  Call Stack: Test()";
+    EXPECT_EQ(report.find(block) != report.npos, row.below) << row.text;
+    EXPECT_EQ(report.find("m.F(a={Text}) -") != report.npos, row.below) << row.text;
+  }
+}
+
+TEST_F(ErrTraceTest, ExceptionsOfOthersBecomeFailures) {
+  const struct {
+    void (*raise)();
+    const char* head;
+  } table[] = {
+      {[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
+      {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
+      {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
+       "copy: No space left on device \r\n"},
+      {[] { throw 5; }, "Internal error \r\n"},
+  };
+  for (const auto& row : table) EXPECT_THAT(FailureReport(row.raise), StartsWith(row.head));
+  EXPECT_THAT(FailureReport(table[1].raise), HasSubstr("Source: std::out_of_range \r\n"));
+  EXPECT_THAT(FailureReport(table[2].raise), HasSubstr("API Error: (28) No space left on device"));
+}
+
+TEST_F(ErrTraceTest, AUserErrorPassesSilently) {
+  const struct {
+    std::uint32_t number;
+    bool silent;
+  } table[] = {{0x80041064, false}, {0x80041065, true}, {0x8004144D, true}, {0x8004144E, false}};
+  for (const auto& row : table) {
+    const auto number = static_cast<std::int32_t>(row.number);
+    const std::string report = FailureReport([&] {
+      ErrTrace::inner<"m.F">(ErrTrace::args(), [&] { throw Failure(number, "no such name"); });
+    });
+    EXPECT_EQ(report.empty(), row.silent) << std::hex << row.number;
+  }
+  try {
+    ErrTrace::inner<"m.F">(ErrTrace::args(), [] {
+      throw Failure(static_cast<std::int32_t>(0x80041065), "no such name");
+    });
+    ADD_FAILURE() << "it must climb on";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Description(), "no such name");
+  }
+}
+
+TEST_F(ErrTraceTest, AFailureThatWasLostSaysSo) {
+  const std::string report = ErrTrace::ErrorIn("m.F(a)", {}, ErrTrace::kTop);
+  EXPECT_THAT(report, StartsWith("ErrorIn: Error information was lost. To fix: call ErrPreserve "
+                                 "before doing anything in error handler. \r\n"));
+  EXPECT_THAT(report, HasSubstr("Number: -2147216306 = &H8004144E = vbObjectError + 5198 = "
+                                "ERRMAP_APP_FIRST + 0 = ERR_GENERAL\r\n"));
+}
+
+TEST_F(ErrTraceTest, APreservedFailureOutlivesItsHandler) {
+  try {
+    throw Failure(kOverflow, "Overflow");
+  } catch (...) {
+    EXPECT_FALSE(ErrTrace::ErrMustStop());
+  }
+  EXPECT_THAT(ErrTrace::ErrorIn("m.F", {}, ErrTrace::kTop), StartsWith("Overflow \r\n"));
+}
+
+TEST_F(ErrTraceTest, SectionsStandAtTheirPlaces) {
+  ErrTrace::SetSections({.database = [](std::string& report, int) { report += "  ADO Info: \r\n"; },
+                         .web = [](std::string& report, int) { report += "  Web Info: \r\n"; },
+                         .transaction =
+                             [](std::string& report, int actions) {
+                               report += "    Transaction: " + std::to_string(actions) + "\r\n";
+                             }});
+  const std::string report = ArgumentLine(1);
+  EXPECT_THAT(report,
+              HasSubstr("Description: x\r\n  ADO Info: \r\n  Web Info: \r\n  Call Stack: "));
+  EXPECT_THAT(report, HasSubstr("-\r\n    Transaction: 35\r\n  Call Stack: Test() -"));
+  EXPECT_THAT(report, EndsWith("-\r\n    Transaction: 42\r\n"));
+}
+
+TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
+  facts_.broken = true;
+  ErrTrace::SetSections({.database = [](std::string& report, int) {
+    report = "half";
+    ErrTrace::top<"mNested.Top">(ErrTrace::args(), [] { Middle("/nested"); });
+    Middle("/nested");
+  }});
+  const std::string report = FailureReport([] { Middle("/home/q"); });
+  EXPECT_THAT(report, StartsWith("100% wrong type \r\n  Time='?' App='quorvane:1.2.3'"));
+  EXPECT_THAT(report, Not(HasSubstr("nested")));
+  EXPECT_THAT(report, Not(HasSubstr("half")));
+  EXPECT_THAT(report, HasSubstr("Call Stack: mMiddle.Middle(path='/home/q')"));
+}
+
+TEST_F(ErrTraceTest, AFailureThatIsCaughtLeavesNothingBehind) {
+  try {
+    Middle("/first");
+  } catch (const Failure&) {
+  }
+  const std::string report = FailureReport([] { Middle("/second"); });
+  EXPECT_THAT(report, Not(HasSubstr("/first")));
+  EXPECT_THAT(report, HasSubstr("/second"));
+}
+
+TEST(ErrTrace, KnowsNothingOfTheMachineBeforeItIsTold) {
+  EXPECT_THAT(ArgumentLine(1), HasSubstr("Time='?' App='?:?' ADO-version='?' Computer='?'"));
+}
+
+}  // namespace
