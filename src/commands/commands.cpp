@@ -88,6 +88,7 @@ void Commands::RunScan(const SourceOptions& source) {
   mScanCD::Scan scan({source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders}, records,
                      state_, parts_.files, parts_.clock, types_, pass);
   scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
+  parts_.files.LetFoldersGo();
   if (records.Count() == 0 || state_.gCancelRequested) {
     const bool cancelled = state_.gCancelRequested;
     state_.gCancelRequested = false;
@@ -150,6 +151,7 @@ bool Commands::fRename(const OutputOptions& output) {
     parts_.reports.DeleteAll();
     RenameRun run(output, records, state_, parts_.files, events_, parts_.clock, parts_.reports);
     run.RunRename();
+    parts_.files.LetFoldersGo();
     view_.RowsChanged();
     if (state_.gCancelRequested) {
       state_.gCancelRequested = false;

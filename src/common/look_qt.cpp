@@ -60,9 +60,15 @@ static_assert(EachRoleStandsAtItsNumber());
 
 QColor Mix(const QColor& a, const QColor& b, int percent_of_a) {
   const auto part = [&](int x, int y) {
-    return (x * percent_of_a + y * (100 - percent_of_a)) / 100;
+    return (x * percent_of_a + y * (100 - percent_of_a) + 50) / 100;
   };
   return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
+}
+
+/// The colours of the marks as they belong to the rows, whatever the look.
+QColor StoredColour(Role mark) {
+  if (mark == Role::kDone) return QColor(50, 150, 50);
+  return mark == Role::kFailed ? QColor(255, 0, 0) : QColor(50, 100, 250);
 }
 
 /// What comes nearest to a role in the palette of the desktop.
@@ -110,11 +116,9 @@ QColor DesktopColour(Role role) {
     case Role::kTint:
       return Mix(of(QPalette::Highlight), of(QPalette::Base), 20);
     case Role::kWait:
-      return QColor(50, 100, 250);
     case Role::kDone:
-      return QColor(50, 150, 50);
     case Role::kFailed:
-      return QColor(255, 0, 0);
+      return StoredColour(role);
     case Role::kDisabled:
       return palette.color(QPalette::Disabled, QPalette::ButtonText);
     case Role::kWarn:
@@ -222,4 +226,9 @@ QIcon Look::Icon(Drawing drawing, Role role, int size) const {
     icon.addPixmap(Picture(drawing, Role::kDisabled, size, scale), QIcon::Disabled);
   }
   return icon;
+}
+
+QColor PillColour(Role mark) {
+  const Look& look = Look::Current();
+  return Mix(StoredColour(mark), look.Colour(Role::kField), look.Dark() ? 20 : 12);
 }

@@ -65,6 +65,10 @@ class Look {
   bool dark_ = false;
 };
 
+/// What a mark of a row stands on: its stored colour, thinned over the list's ground. `mark` is
+/// `kDone` or `kFailed`.
+QColor PillColour(Role mark);
+
 /// The measures of the grid on which the windows are laid out, in logical pixels.
 namespace measure {
 inline constexpr int kWindowMargin = 8;

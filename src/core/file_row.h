@@ -10,6 +10,7 @@ class FileDate {
  public:
   /// The date of a file without a time stamp; its text is empty.
   FileDate() = default;
+  /// A calendar date of the years 1 to 9999.
   FileDate(int year, int month, int day, int hour, int minute, int second)
       : digits_(((((year * 100LL + month) * 100 + day) * 100 + hour) * 100 + minute) * 100 +
                 second) {}

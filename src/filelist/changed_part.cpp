@@ -144,7 +144,8 @@ ChangedPart FindChangedPart(std::string_view old_name, std::string_view new_name
   const Words old_words = WordsOf(old_name);
   const Words new_words = WordsOf(new_name);
   ChangedPart changed;
-  for (const Change& change : Comparison(old_words, new_words).Changes()) {
+  const Comparison comparison(old_words, new_words);
+  for (const Change& change : comparison.Changes()) {
     AddRange(old_name, TextOf(old_words, change.old_from, change.old_to), changed.gone);
     AddRange(new_name, TextOf(new_words, change.new_from, change.new_to), changed.come);
   }

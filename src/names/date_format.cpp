@@ -1,5 +1,6 @@
 #include "names/date_format.h"
 
+#include <charconv>
 #include <cstddef>
 
 namespace {
@@ -19,9 +20,11 @@ std::string_view PartAtFront(std::string_view t) {
 }
 
 void AppendNumber(int value, std::size_t width, std::string& out) {
-  const std::string digits = std::to_string(value);
-  if (digits.size() < width) out.append(width - digits.size(), '0');
-  out += digits;
+  char buffer[16];
+  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
+  const auto count = static_cast<std::size_t>(end - buffer);
+  if (count < width) out.append(width - count, '0');
+  out.append(buffer, count);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const L
     : clock_(clock) {
   const auto add_date = [&](bool today, const std::string& format) {
     if (format.empty()) return;
-    elements_.push_back(DateElement{today, DateFormatter(format, locale)});
+    elements_.push_back(DateElement{today, DateFormatter(format, locale), 0, 0, 0, {}});
     needs_today_ = needs_today_ || today;
   };
   for (const ConstrItem& item : constructor.ArrConstr) {
@@ -29,8 +29,8 @@ NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const L
       case kExtension:
       case kParentFolderName: {
         const auto& fields = kTransformFields[static_cast<std::size_t>(item.ItemType)];
-        elements_.push_back(
-            TransformElement{static_cast<ItemType>(item.ItemType), PartTransform(item, fields)});
+        elements_.push_back(TransformElement{
+            static_cast<ItemType>(item.ItemType), PartTransform(item, fields), {}, {}});
         break;
       }
       case kFileDate:
@@ -63,18 +63,37 @@ void NameComposer::Append(const std::string& fixed, const Row&) {
 }
 
 void NameComposer::Append(TransformElement& element, const Row& row) {
-  std::string_view part = row.folder_name;
-  if (element.source == kSourceFileName) part = mMain::GetFileName(row.source_file_name);
-  if (element.source == kExtension) part = mMain::GetFileExt(row.source_file_name, ".");
-  element.transform.AppendTo(part, name_);
+  if (element.source == kSourceFileName) {
+    element.transform.AppendTo(mMain::GetFileName(row.source_file_name), name_);
+    return;
+  }
+  const std::string_view part =
+      element.source == kExtension ? mMain::GetFileExt(row.source_file_name, ".") : row.folder_name;
+  if (part != element.last_part) {
+    element.last_text.clear();
+    element.transform.AppendTo(part, element.last_text);
+    element.last_part = part;
+  }
+  name_ += element.last_text;
 }
 
-void NameComposer::Append(const DateElement& element, const Row& row) {
+void NameComposer::Append(DateElement& element, const Row& row) {
   if (element.today) {
-    element.formatter.AppendTo(row.today.year, row.today.month, row.today.day, name_);
+    AppendDate(element, row.today.year, row.today.month, row.today.day);
   } else if (!row.date.Empty()) {
-    element.formatter.AppendTo(row.date.Year(), row.date.Month(), row.date.Day(), name_);
+    AppendDate(element, row.date.Year(), row.date.Month(), row.date.Day());
   }
+}
+
+void NameComposer::AppendDate(DateElement& element, int year, int month, int day) {
+  if (day != element.last_day || month != element.last_month || year != element.last_year) {
+    element.last_text.clear();
+    element.formatter.AppendTo(year, month, day, element.last_text);
+    element.last_year = year;
+    element.last_month = month;
+    element.last_day = day;
+  }
+  name_ += element.last_text;
 }
 
 void NameComposer::Append(const Counter& counter, const Row&) {

@@ -28,20 +28,27 @@ class NameComposer {
   struct Counter {
     const ConstrItem* item;
   };
+  // Neighbours in the list mostly share folder, extension and day, so these elements keep what
+  // they made last.
   struct DateElement {
     bool today;
     DateFormatter formatter;
+    int last_year = 0, last_month = 0, last_day = 0;
+    std::string last_text;
   };
   struct TransformElement {
     ItemType source;
     PartTransform transform;
+    std::string last_part;
+    std::string last_text;
   };
   using Element = std::variant<std::string, TransformElement, DateElement, Counter>;
 
   struct Row;
   void Append(const std::string& fixed, const Row& row);
   void Append(TransformElement& element, const Row& row);
-  void Append(const DateElement& element, const Row& row);
+  void Append(DateElement& element, const Row& row);
+  void AppendDate(DateElement& element, int year, int month, int day);
   void Append(const Counter& counter, const Row& row);
 
   Clock& clock_;

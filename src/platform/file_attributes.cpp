@@ -60,27 +60,35 @@ int CopyExtended(const Syscalls& calls, int from, int to) {
     if (const int failed = CopyAttribute(calls, from, to, name, value)) return failed;
   }
   // The target folder's default list must not open the copy to more people than the original.
-  if (!has_access_list) ::fremovexattr(to, kAccessList.data());
+  if (!has_access_list && ::fgetxattr(to, kAccessList.data(), nullptr, 0) >= 0 &&
+      ::fremovexattr(to, kAccessList.data()) != 0) {
+    return errno;
+  }
   return 0;
 }
 
-/// Whether owner and group of `to` are those of `source` now.
-bool GiveOwner(int to, const struct stat& source, bool keep_owner) {
-  if (keep_owner && ::fchown(to, source.st_uid, source.st_gid) != 0) {
-    static_cast<void>(!::fchown(to, static_cast<uid_t>(-1), source.st_gid));
-  }
+void GiveOwner(int to, const struct stat& source) {
+  if (::fchown(to, source.st_uid, source.st_gid) == 0) return;
+  static_cast<void>(!::fchown(to, static_cast<uid_t>(-1), source.st_gid));  // as far as we may
+}
+
+/// "Runs as its owner" must not come to mean another owner.
+mode_t ModeFor(int to, const struct stat& source) {
+  const mode_t mode = source.st_mode & 07777;
   struct stat made;
-  return ::fstat(to, &made) == 0 && made.st_uid == source.st_uid && made.st_gid == source.st_gid;
+  const bool same_owner =
+      (mode & ~mode_t{0777}) == 0 ||
+      (::fstat(to, &made) == 0 && made.st_uid == source.st_uid && made.st_gid == source.st_gid);
+  return same_owner ? mode : mode & 0777;
 }
 
 }  // namespace
 
 int CopyAttributes(const Syscalls& calls, int from, int to, const struct stat& source,
                    bool keep_owner) {
-  const bool same_owner = GiveOwner(to, source, keep_owner);
+  if (keep_owner) GiveOwner(to, source);
   if (const int error = CopyExtended(calls, from, to)) return error;
-  // "Runs as its owner" must not come to mean another owner.
-  const mode_t mode = source.st_mode & (same_owner ? 07777 : 0777);
+  const mode_t mode = ModeFor(to, source);
   const int moded = ErrorOf([&] { return calls.fchmod(to, mode); });
   if (moded != 0 && !NotSupported(moded)) return moded;
   const struct timespec times[2] = {source.st_atim, source.st_mtim};

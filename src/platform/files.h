@@ -54,7 +54,8 @@ class FileSystem {
   /// run of characters and for any one character.
   virtual bool Exists(std::string_view path) = 0;
 
-  /// The facts of the entry at `path`; nothing when it can't be looked at.
+  /// The facts of the entry at `path`, with a closing separator those of the folder; nothing when
+  /// it can't be looked at.
   virtual std::optional<FileFacts> Look(std::string_view path) = 0;
 
   /// Reads the whole folder `path` (with or without a closing separator) into `entries`; "" is the

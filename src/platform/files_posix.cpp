@@ -39,7 +39,12 @@ class PosixFileSystem final : public FileSystem {
   std::optional<FileFacts> Look(std::string_view path) override {
     const Place place = folders_.ForLook(path);
     struct stat facts;
-    if (!place || !LStat(place, facts)) return std::nullopt;
+    if (!place) return std::nullopt;
+    // "/" has no last name: it is the folder itself (AT_EMPTY_PATH, see stat(2)).
+    const int of_itself = place.name.empty() ? AT_EMPTY_PATH : 0;
+    if (calls_.fstatat(place.at(), place.c_name(), &facts, AT_SYMLINK_NOFOLLOW | of_itself) != 0) {
+      return std::nullopt;
+    }
     const FileIdentity identity = IdentityOf(facts);
     return FileFacts{S_ISDIR(facts.st_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
                      identity.modified_ns};

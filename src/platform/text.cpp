@@ -25,16 +25,44 @@ constexpr char32_t UpperOfAscii(char32_t c) {
   return c >= 'a' && c <= 'z' ? c - 32 : c;
 }
 
+char32_t Mapped(char32_t point, utf8proc_int32_t (*map)(utf8proc_int32_t)) {
+  return static_cast<char32_t>(map(static_cast<utf8proc_int32_t>(point)));
+}
+
+/// Latin, Greek and Cyrillic letters, which most names are made of, looked up once.
+constexpr char32_t kTableEnd = 0x600;
+using CaseTable = std::array<std::uint16_t, kTableEnd>;
+
+CaseTable MakeCaseTable(utf8proc_int32_t (*map)(utf8proc_int32_t)) {
+  CaseTable table{};
+  for (char32_t point = 0; point < kTableEnd; ++point) {
+    table[point] = static_cast<std::uint16_t>(point == kSharpS ? point : Mapped(point, map));
+  }
+  return table;
+}
+
+const CaseTable kLower = MakeCaseTable(utf8proc_tolower);
+const CaseTable kUpper = MakeCaseTable(utf8proc_toupper);
+
 char32_t LowerOf(char32_t point) {
-  if (point < 0x80) return LowerOfAscii(point);
-  if (point >= utf8::kBadByte) return point;
-  return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(point)));
+  if (point < kTableEnd) return kLower[point];
+  return point < utf8::kBadByte ? Mapped(point, utf8proc_tolower) : point;
 }
 
 char32_t UpperOf(char32_t point) {
-  if (point < 0x80) return UpperOfAscii(point);
-  if (point >= utf8::kBadByte || point == kSharpS) return point;
-  return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(point)));
+  if (point < kTableEnd) return kUpper[point];
+  return point < utf8::kBadByte ? Mapped(point, utf8proc_toupper) : point;
+}
+
+/// True for code points that neither join what stands before them nor what comes behind, but for
+/// CR LF: blocks of letters without marks, of Latin, Greek, Cyrillic and Chinese and Japanese.
+bool IsLoner(char32_t point) {
+  if (point < 0x300) return true;
+  if (point < 0x590) return point >= 0x370 && (point < 0x483 || point >= 0x48A);
+  if (point < 0x1E00) return false;
+  if (point < 0x2000) return true;
+  return (point >= 0x3041 && point < 0x3097) || (point >= 0x30A0 && point < 0x3100) ||
+         (point >= 0x4E00 && point < 0xA000);
 }
 
 /// The general road of NextCharacter, where more than one code point can make a character.
@@ -45,6 +73,7 @@ std::size_t EndOfCluster(std::string_view t, std::size_t at) {
     std::size_t behind = at;
     const char32_t next = utf8::Read(t, behind);
     if (next >= utf8::kBadByte) break;
+    if (IsLoner(last) && IsLoner(next) && last != '\r') break;
     if (utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(last),
                                          static_cast<utf8proc_int32_t>(next), &state)) {
       break;
@@ -66,6 +95,12 @@ constexpr ByteTable MakeByteTable(Map map) {
 }
 constexpr ByteTable kLowerBytes = MakeByteTable(LowerOfAscii);
 constexpr ByteTable kUpperBytes = MakeByteTable(UpperOfAscii);
+
+/// True when the characters from the one at `at` on part at byte `end`.
+bool EndsCharacter(std::string_view t, std::size_t at, std::size_t end) {
+  while (at < end) at = NextCharacter(t, at);
+  return at == end;
+}
 
 unsigned char LowerByte(char c) {
   return kLowerBytes[static_cast<unsigned char>(c)];
@@ -123,9 +158,14 @@ std::string_view Left(std::string_view t, std::size_t n) {
 
 std::string_view Right(std::string_view t, std::size_t n) {
   if (n >= t.size()) return t;
-  const std::size_t length = Length(t);
-  if (n >= length) return t;
-  return t.substr(Left(t, length - n).size());
+  // Between two ASCII bytes characters part, whatever stands before; so most tails are found from
+  // behind.
+  std::size_t at = t.size();
+  while (n > 0 && at > 1 && Ascii(t[at - 1]) && Ascii(t[at - 2]) && t[at - 1] != '\n') --at, --n;
+  if (n == 0) return t.substr(at);
+  const std::string_view front = t.substr(0, at);
+  const std::size_t length = Length(front);
+  return n >= length ? t : t.substr(Left(front, length - n).size());
 }
 
 void AppendUpper(std::string_view t, std::string& out) {
@@ -168,28 +208,31 @@ void Replacer::AppendTo(std::string_view t, std::string& out) const {
     return;
   }
   if (IsBytewise(t)) return AppendBytewise(t, out);
+  std::size_t copied = 0;
+  std::size_t character = 0;  // the beginning of a character, at most a little behind `at`
   for (std::size_t at = 0; at < t.size();) {
     const std::size_t end = MatchEnd(t, at);
     if (end != at) {
-      out += replacement_;
-      at = end;
-    } else {
-      const std::size_t next = NextCharacter(t, at);
-      out.append(t, at, next - at);
-      at = next;
+      while (character < at) character = NextCharacter(t, character);
+      if (character == at && EndsCharacter(t, at, end)) {
+        out.append(t, copied, at - copied);
+        out += replacement_;
+        copied = character = at = end;
+        continue;
+      }
     }
+    utf8::Read(t, at);
   }
+  out.append(t, copied);
 }
 
-/// The end of an occurrence that begins at the character at `at`; `at` itself when there is none.
+/// The end of an occurrence by code points at byte `at`; `at` itself when there is none.
 std::size_t Replacer::MatchEnd(std::string_view t, std::size_t at) const {
   std::size_t end = at;
   for (const char32_t point : find_) {
     if (end == t.size() || LowerOf(utf8::Read(t, end)) != point) return at;
   }
-  std::size_t whole = at;
-  while (whole < end) whole = NextCharacter(t, whole);
-  return whole == end ? end : at;
+  return end;
 }
 
 void Replacer::AppendBytewise(std::string_view t, std::string& out) const {

@@ -3,7 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QShortcut>
+#include <QLineEdit>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "commands/command_buttons.h"
@@ -29,17 +30,17 @@ Form1::Form1(const CommandParts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       commands_(parts, *this),
-      folder_pages_(new FolderPages),
-      editor_(new ConstructorEditor(parts.constructor, parts.prompts)),
-      buttons_(new CommandButtons),
-      list_(new FileListPanel(parts.grid)),
-      status_bar_(new StatusBar),
-      left_column_(new QWidget) {
+      left_column_(new QWidget(this)),
+      folder_pages_(new FolderPages(left_column_)),
+      editor_(new ConstructorEditor(parts.constructor, {parts.prompts, parts.clock, parts.locale},
+                                    left_column_)),
+      buttons_(new CommandButtons(left_column_)),
+      list_(new FileListPanel(parts.grid, this)),
+      status_bar_(new StatusBar(this)) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
   ConnectPanels();
-  ConnectKeys();
   commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
 }
 
@@ -99,33 +100,27 @@ void Form1::ConnectPanels() {
   connect(buttons_, &CommandButtons::cancelClicked, this, [this] { commands_.bnCancel_Click(); });
 }
 
-void Form1::ConnectKeys() {
-  const struct {
-    QKeySequence keys;
-    CommandButton button;
-  } table[] = {
-      {Qt::Key_F5, CommandButton::bnLoadFileList},
-      {Qt::Key_F6, CommandButton::bnPreview},
-      {Qt::CTRL | Qt::Key_Return, CommandButton::bnRename},
-      {Qt::CTRL | Qt::Key_Enter, CommandButton::bnRename},
-      {QKeySequence::Undo, CommandButton::bnUndo},
-      {Qt::Key_Escape, CommandButton::bnCancel},
-  };
-  for (const auto& row : table) {
-    const CommandButton button = row.button;
-    connect(new QShortcut(row.keys, this), &QShortcut::activated, this,
-            [this, button] { buttons_->Click(button); });
-  }
-  connect(new QShortcut(Qt::CTRL | Qt::Key_O, this), &QShortcut::activated, this,
-          [this] { folder_pages_->ChooseSourceFolder(); });
-}
-
 void Form1::Start(void (Commands::*command)()) {
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
+  const QPointer<QWidget> focused = focusWidget();
+  cancelled_ = false;
   (commands_.*command)();
-  if (close_wanted_) close();
+  if (close_wanted_) {
+    close();
+  } else if (!cancelled_) {
+    GiveFocusBack(focused);
+  }
+}
+
+/// A button that starts a command is off when it ends, and would leave the keyboard nowhere.
+void Form1::GiveFocusBack(QWidget* focused) {
+  if (focused && focused->isEnabled() && focused->isVisible()) {
+    focused->setFocus();
+  } else {
+    buttons_->FocusPrimary();
+  }
 }
 
 void Form1::MarkStaleWhereOrderCounts() {
@@ -150,7 +145,7 @@ void Form1::showEvent(QShowEvent* event) {
 
 void Form1::FocusFirst() {
   if (folder_pages_->SourceFolder().empty()) {
-    folder_pages_->FocusSourceFolder();
+    folder_pages_->fdSourceFolder->setFocus();
   } else {
     buttons_->FocusPrimary();
   }
@@ -204,4 +199,7 @@ void Form1::ListRepopulated(EmptyList reason) {
 
 void Form1::RowsChanged() { list_->RowsChanged(); }
 
-void Form1::FocusAfterCancel() { buttons_->FocusCommand5(); }
+void Form1::FocusAfterCancel() {
+  cancelled_ = true;
+  buttons_->FocusCommand5();
+}

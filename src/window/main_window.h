@@ -34,10 +34,9 @@ class Form1 : public QWidget, private CommandView {
  private:
   void LayOut();
   void ConnectPanels();
-  void ConnectKeys();
-  void OrderTabs();
   /// Runs a command with the focused field's value handed over first.
   void Start(void (Commands::*command)());
+  void GiveFocusBack(QWidget* focused);
   void MarkStaleWhereOrderCounts();
   void SetWide(bool wide);
   void FocusFirst();
@@ -55,12 +54,13 @@ class Form1 : public QWidget, private CommandView {
 
   CommandParts parts_;
   Commands commands_;
+  QWidget* left_column_;
   FolderPages* folder_pages_;
   ConstructorEditor* editor_;
   CommandButtons* buttons_;
   FileListPanel* list_;
   StatusBar* status_bar_;
-  QWidget* left_column_;
+  bool cancelled_ = false;  ///< "Cancel" was pressed during the running command
   bool waiting_ = false;
   bool close_wanted_ = false;
   bool first_show_ = true;

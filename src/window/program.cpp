@@ -1,8 +1,8 @@
 #include "window/program.h"
 
 #include <QApplication>
+#include <cstdio>
 
-#include "common/look_qt.h"
 #include "platform/event_pump_qt.h"
 #include "platform/locale_facts_qt.h"
 #include "platform/prompts_qt.h"
@@ -30,32 +30,44 @@ class PromptReporter : public ErrTrace::Reporter {
   Prompts& prompts_;
 };
 
+void PrepareApplication(QApplication& application) {
+  QApplication::setApplicationName(QStringLiteral("Quorvane"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Quorvane"));
+  ApplySkin(application, true);
+}
+
 }  // namespace
+
+struct Program::Parts {
+  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  std::unique_ptr<Clock> clock = MakeSystemClock();
+  QtEventPump events;
+  QtLocaleFacts locale;
+  QtTypeNames type_names;
+  QtPrompts prompts;
+  PromptReporter reporter{prompts};
+  RunState state;
+  Records records;
+  Grid grid{records};
+  Constructor constructor;
+  RunReports reports;
+  Form1 window{{state, grid, constructor, reports, *files, *clock, events, locale, type_names,
+                prompts}};
+};
+
+Program::Program(QApplication& application)
+    : parts_((PrepareApplication(application), std::make_unique<Parts>())) {}
+Program::~Program() = default;
+
+Form1& Program::MainWindow() { return parts_->window; }
 
 namespace mMain {
 
 int Main(QApplication& application) {
   int exit_code = 1;
   ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
-    QApplication::setApplicationName(QStringLiteral("Quorvane"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Quorvane"));
-    ApplySkin(application, true);
-
-    const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
-    const std::unique_ptr<Clock> clock = MakeSystemClock();
-    QtEventPump events;
-    QtLocaleFacts locale;
-    QtTypeNames type_names;
-    QtPrompts prompts;
-    const PromptReporter reporter(prompts);
-    RunState state;
-    Records records;
-    Grid grid(records);
-    Constructor constructor;
-    RunReports reports;
-    Form1 window({state, grid, constructor, reports, *files, *clock, events, locale, type_names,
-                  prompts});
-    window.show();
+    Program program(application);
+    program.MainWindow().show();
     exit_code = QApplication::exec();
   });
   return exit_code;

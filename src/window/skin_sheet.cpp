@@ -41,16 +41,20 @@ struct NamedPicture {
 };
 
 constexpr NamedPicture kPictures[] = {
-    {"tick", Drawing::kTick, Role::kAccentText, 14},
-    {"tickDisabled", Drawing::kTick, Role::kDisabled, 14},
+    {"tick", Drawing::kTick, Role::kAccentText, 16},
+    {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
     {"down", Drawing::kDown, Role::kText, 16},
     {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
     {"downSmall", Drawing::kDown, Role::kText, 12},
     {"downSmallDisabled", Drawing::kDown, Role::kDisabled, 12},
+    {"warning", Drawing::kWarning, Role::kWarn, 40},
+    {"critical", Drawing::kWarning, Role::kFailed, 40},
 };
 
-/// {role} and {picture} are filled in. A content height of 24 and a border of 1 above and below
-/// make a control of 26; a focused one has a border of 2 and as much less inside, so nothing moves.
+/// {role} and {picture} are filled in. Text fields take their text's colour from the palette: a
+/// colour here would fade their placeholder. A content height of 24 and a border of 1 above and
+/// below make a control of 26; a focused one has a border of 2 and as much less inside, so nothing
+/// moves.
 constexpr char kSheet[] = R"(
 QMainWindow, QDialog { background: {window}; }
 QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }
@@ -61,7 +65,7 @@ QFrame[card="true"], QGroupBox[card="true"] {
 QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color: {groupText}; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
 QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
-QGroupBox[card="true"]::title { left: 10px; top: 9px; color: {groupText}; }
+QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
 QFrame[rule="true"] { background: {line}; border: none; max-height: 1px; }
 
 QLabel { background: transparent; }
@@ -124,7 +128,7 @@ QPushButton[link="true"]:focus, QToolButton[link="true"]:focus {
 }
 
 QLineEdit, QPlainTextEdit, QTextEdit, QAbstractSpinBox {
-  background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
+  background: {field}; border: 1px solid {edge}; border-radius: 4px;
   selection-background-color: {accent}; selection-color: {accentText};
 }
 QLineEdit, QAbstractSpinBox { min-height: 24px; padding: 0 6px; }
@@ -133,7 +137,7 @@ QLineEdit:focus, QAbstractSpinBox:focus {
 }
 QPlainTextEdit:focus, QTextEdit:focus { border: 2px solid {focus}; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBox:disabled {
-  background: {disabledFill}; color: {disabled}; border-color: {line};
+  background: {disabledFill}; border-color: {line};
 }
 
 QComboBox {
@@ -167,13 +171,11 @@ QCheckBox::indicator, QAbstractItemView::indicator, QGroupBox::indicator {
 }
 QCheckBox::indicator:hover { border-color: {focus}; background: {hover}; }
 QCheckBox::indicator:checked, QAbstractItemView::indicator:checked, QGroupBox::indicator:checked {
-  border-color: {accent}; background: {accent}; image: url("{tick}");
+  width: 16px; height: 16px; border: none; background: {accent}; image: url("{tick}");
 }
-QCheckBox::indicator:checked:hover { border-color: {accentHover}; background: {accentHover}; }
+QCheckBox::indicator:checked:hover { background: {accentHover}; }
 QCheckBox::indicator:disabled { border-color: {line}; background: {disabledFill}; }
-QCheckBox::indicator:checked:disabled {
-  border-color: {line}; background: {disabledFill}; image: url("{tickDisabled}");
-}
+QCheckBox::indicator:checked:disabled { background: {line}; image: url("{tickDisabled}"); }
 
 QTabWidget::pane {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
@@ -253,7 +255,10 @@ QMenu::item:selected { background: {sel}; color: {text}; }
 QMenu::item:disabled { color: {disabled}; background: transparent; }
 QMenu::separator { height: 1px; background: {line}; margin: 4px 6px; }
 
-QSplitter::handle { background: transparent; }
+QMessageBox {
+  messagebox-warning-icon: url("{warning}"); messagebox-critical-icon: url("{critical}");
+}
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 )";
 
 /// Writes one picture at three sizes; the name with "@2x" is how Qt finds the sharper one.

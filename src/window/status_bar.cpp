@@ -1,7 +1,6 @@
 #include "window/status_bar.h"
 
 #include <QFrame>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
@@ -34,7 +33,7 @@ void Show(QLabel* label, const std::string& t) {
 }  // namespace
 
 StatusBar::StatusBar(QWidget* parent)
-    : QWidget(parent),
+    : QStatusBar(parent),
       paneStatus(new QLabel),
       paneProgress(new QProgressBar),
       rule(new QFrame),
@@ -55,16 +54,14 @@ StatusBar::StatusBar(QWidget* parent)
   rule->setFrameShape(QFrame::VLine);
   rule->setProperty("rule", true);
 
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(10, 1, 6, 0);
-  row->setSpacing(10);
-  row->addWidget(paneStatus);
-  row->addSpacing(4);
-  row->addWidget(paneProgress);
-  row->addWidget(rule);
-  row->addWidget(paneTotal, 1);
-  row->addWidget(bnAbout);
-  row->addWidget(bnHelp);
+  setSizeGripEnabled(false);
+  addWidget(paneStatus);
+  addWidget(paneProgress);
+  addWidget(rule);
+  addWidget(paneTotal, 1);
+  addPermanentWidget(bnAbout);
+  addPermanentWidget(bnHelp);
+  setContentsMargins(8, 1, 4, 0);
   setMinimumHeight(kBarHeight);
   ShowPanes(StatusPanes());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QStatusBar>
 
 #include "core/run_state.h"
 
@@ -11,7 +11,7 @@ class QPushButton;
 
 /// The line at the foot of the main window: what runs, how far it is, the total, and the two links
 /// that are always in reach.
-class StatusBar : public QWidget {
+class StatusBar : public QStatusBar {
   Q_OBJECT
 
  public:

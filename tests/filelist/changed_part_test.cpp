@@ -43,7 +43,7 @@ TEST(ChangedPart, IsFoundWordByWord) {
       {"IMG_2043.JPG", "Lisbon_2043.jpg", "[IMG]_2043.[JPG]", "[Lisbon]_2043.[jpg]",
        "IMG becomes Lisbon"},
       {"ab12", "ab13", "ab[12]", "ab[13]", "12 becomes 13"},
-      {"a-b-c", "c-b-a", "[a-b-]c", "c[-b-a]", "a-b- removed"},
+      {"a-b-c", "c-b-a", "[a]-b-[c]", "[c]-b-[a]", "a becomes c"},
       {"--", "---", "--", "--[-]", "- added"},
       {"\u0416\u0438\u0437\u043D\u044C 1", "\u0416\u0438\u0437\u043D\u044C 2",
        "\u0416\u0438\u0437\u043D\u044C [1]", "\u0416\u0438\u0437\u043D\u044C [2]", "1 becomes 2"},

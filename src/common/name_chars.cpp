@@ -1,0 +1,14 @@
+#include "common/name_chars.h"
+
+namespace mMain {
+
+bool HasBadFileNameChars(std::string_view text, Prompts& prompts) {
+  if (text.find_first_of("/\\:*?\"<>|") == text.npos) return false;
+  prompts.Tell(
+      "A filename cannot contain any of the following characters:\n"
+      "\\ / : * ? \" < > |",
+      PromptIcon::kExclamation);
+  return true;
+}
+
+}  // namespace mMain

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <vector>
+
+#include "filelist/grid.h"
+
+class FileListModel;
+class ListView;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+/// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
+/// what the user did by signals.
+class FileListPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Why the list shows no rows.
+  enum EmptyText {
+    kNotListed,
+    kNoneFound,
+    kNotComplete,
+    kSeparatorMissing,  ///< the folder as typed lacks its closing separator, so it has no files
+  };
+
+  explicit FileListPanel(Grid& grid, QWidget* parent = nullptr);
+
+  /// The rows of the grid were made anew.
+  void ListRepopulated();
+  /// Names, marks or check boxes of rows were written; their number and order stand.
+  void RowsChanged();
+  void SetEmptyText(EmptyText kind);
+
+  /// Enables or disables the list and its options; the width of the list can always be changed.
+  void EnableElements(bool enable);
+
+  /// The selected rows of the grid from the top, group rows among them.
+  std::vector<int> SelectedRows() const;
+  bool Wide() const { return wide_; }
+
+  QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
+  QCheckBox* chColumnPath;
+  QCheckBox* chColumnSize;
+  QCheckBox* chColumnType;
+  QCheckBox* chColumnDate;
+  QLabel* Label21;
+  QComboBox* cmbGroupBy;
+  ListView* ReportControl1;
+
+ signals:
+  /// The rows are grouped anew; `index` is the position in `cmbGroupBy`.
+  void groupByChanged(int index);
+  void sortChanged();
+  void wideToggled(bool wide);
+  /// The user has changed check boxes, `row`'s among them.
+  void rowChecked(int row);
+  /// A double click on a row, or Enter with `row` the current one.
+  void rowDblClick(int row);
+  /// A menu is asked for at `place` on the screen; `row` is the row there, or -1.
+  void rowRClick(int row, QPoint place);
+
+ private:
+  void MakeControls();
+  void MakeList();
+  void LayOut();
+  void ConnectControls();
+  void ConnectList();
+  void cmbGroupBy_Click();
+  void bnWideFileList_Click();
+  void SortBy(int column, Qt::SortOrder order);
+  void SetWideCaption();
+  void SetWidths();
+  void CheckSelected();
+  void OpenMenu(const QPoint& place);
+  std::optional<std::size_t> CurrentRecord() const;
+  void SetCurrentRecord(std::size_t record);
+
+  Grid& grid_;
+  FileListModel* model_;
+  bool wide_ = false;
+};

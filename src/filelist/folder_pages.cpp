@@ -1,0 +1,259 @@
+#include "filelist/folder_pages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <utility>
+
+#include "common/card_qt.h"
+#include "common/look_qt.h"
+#include "common/path_text.h"
+#include "platform/text_qt.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+constexpr int kPageTop = 10;
+constexpr int kPageBottom = 7;
+constexpr int kPairGap = 13;
+constexpr int kBrowseWidth = 30;
+
+QLineEdit* NewField(const char* name, QWidget* parent) {
+  auto* field = new QLineEdit(parent);
+  field->setObjectName(QLatin1String(name));
+  return field;
+}
+
+QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
+  auto* box = new QCheckBox(text, parent);
+  box->setObjectName(QLatin1String(name));
+  box->setChecked(true);
+  box->setMinimumHeight(measure::kCheckHeight);
+  return box;
+}
+
+QPushButton* NewBrowseButton(const char* name, const QString& tells, QWidget* parent) {
+  auto* button = new QPushButton(parent);
+  button->setText(QObject::tr("&..."));
+  button->setObjectName(QLatin1String(name));
+  button->setAccessibleName(tells);
+  button->setProperty("narrow", true);
+  button->setFixedWidth(kBrowseWidth);
+  return button;
+}
+
+/// A page whose labels stand in one column, so that all fields start on one line.
+QGridLayout* NewGrid(QWidget* page) {
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(measure::kCardLeft, kPageTop, measure::kCardRight, kPageBottom);
+  grid->setHorizontalSpacing(measure::kControlGap);
+  grid->setVerticalSpacing(measure::kControlGap);
+  grid->setColumnMinimumWidth(0, measure::kFolderLabels);
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(3, 1);
+  return grid;
+}
+
+}  // namespace
+
+FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
+    : QTabWidget(parent), browse_(std::move(browse)) {
+  setObjectName(QStringLiteral("TabControl2"));
+  setAccessibleName(tr("Folders and settings"));
+  if (!browse_) {
+    browse_ = [this](const std::string& start) { return mMain::BrowseForDisk(window(), start); };
+  }
+  addTab(BuildSourcePage(), tr("Source folder"));
+  addTab(BuildOutputPage(), tr("Output folder"));
+  addTab(BuildSettingsPage(), tr("Settings"));
+  AddKeys();
+  cmbDestination_Click();
+
+  connect(fdSourceFolder, &QLineEdit::textChanged, this, &FolderPages::sourceFolderChanged);
+  connect(Command2, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form1.Command2_Click">(ErrTrace::args(), [this] { Command2_Click(); });
+  });
+  connect(bnDestination, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form1.bnDestination_Click">(ErrTrace::args(), [this] { bnDestination_Click(); });
+  });
+  connect(cmbDestination, &QComboBox::currentIndexChanged, this, [this] {
+    ErrTrace::top<"Form1.cmbDestination_Click">(ErrTrace::args(),
+                                                [this] { cmbDestination_Click(); });
+  });
+  connect(fdDestination, &QLineEdit::editingFinished, this, &FolderPages::CommitFocusedField);
+  connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
+}
+
+void FolderPages::showEvent(QShowEvent* event) {
+  PolishAll(this);
+  QTabWidget::showEvent(event);
+}
+
+QWidget* FolderPages::BuildSourcePage() {
+  auto* page = new QWidget(this);
+  fdSourceFolder = NewField("fdSourceFolder", page);
+  Command2 = NewBrowseButton("Command2", tr("Choose the source folder"), page);
+  fdIncludeMask = NewField("fdIncludeMask", page);
+  fdExcludeMask = NewField("fdExcludeMask", page);
+  chSubfolders = NewBox("chSubfolders", tr("Include su&bfolders"), page);
+  for (QLineEdit* mask : {fdIncludeMask, fdExcludeMask}) {
+    mask->setPlaceholderText(tr("*.jpg *.png"));
+    Explain(mask, tr("Masks are parted by blanks"));
+  }
+  Explain(Command2, tr("Choose a folder (Ctrl+O)"));
+
+  auto* masks = new QHBoxLayout;
+  masks->setSpacing(measure::kControlGap);
+  masks->addWidget(fdIncludeMask, 3);
+  masks->addSpacing(kPairGap - measure::kControlGap);
+  masks->addWidget(NewLabel(tr("E&xclude mask:"), fdExcludeMask, page));
+  masks->addWidget(fdExcludeMask, 2);
+  QGridLayout* grid = NewGrid(page);
+  grid->addWidget(NewLabel(tr("&Folder:"), fdSourceFolder, page), 0, 0);
+  grid->addWidget(fdSourceFolder, 0, 1);
+  grid->addWidget(Command2, 0, 2);
+  grid->addWidget(NewLabel(tr("&Include mask:"), fdIncludeMask, page), 1, 0);
+  grid->addLayout(masks, 1, 1, 1, 2);
+  grid->addWidget(chSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
+  return page;
+}
+
+QWidget* FolderPages::BuildOutputPage() {
+  auto* page = new QWidget(this);
+  cmbDestination = new QComboBox(page);
+  cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
+  cmbDestination->addItems({tr("Use source folder"), tr("Copy to"), tr("Move to")});
+  fdDestination = NewField("fdDestination", page);
+  bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
+  Explain(bnDestination, tr("Choose a folder (Ctrl+O)"));
+  chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);
+  destination_label_ = NewLabel(tr("&Folder:"), fdDestination, page);
+  for (QWidget* control :
+       {static_cast<QWidget*>(destination_label_), static_cast<QWidget*>(fdDestination),
+        static_cast<QWidget*>(bnDestination), static_cast<QWidget*>(chDestinationSubfolders)}) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+  }
+  QLabel* output_label = NewLabel(tr("&Output:"), cmbDestination, page);
+  output_label->setObjectName(QStringLiteral("lbOutput"));
+  QGridLayout* grid = NewGrid(page);
+  grid->addWidget(output_label, 0, 0);
+  grid->addWidget(cmbDestination, 0, 1, Qt::AlignLeft);
+  grid->addWidget(destination_label_, 1, 0);
+  grid->addWidget(fdDestination, 1, 1);
+  grid->addWidget(bnDestination, 1, 2);
+  grid->addWidget(chDestinationSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
+  return page;
+}
+
+QWidget* FolderPages::BuildSettingsPage() {
+  auto* page = new QWidget(this);
+  chSaveSourceFolderOptions =
+      NewBox("chSaveSourceFolderOptions", tr("Save source &folder options"), page);
+  chSaveOutputFolderOptions =
+      NewBox("chSaveOutputFolderOptions", tr("Save &output folder options"), page);
+  chSaveFileListOptions = NewBox("chSaveFileListOptions", tr("Save f&ile list options"), page);
+  chEnableSkin = NewBox("chEnableSkin", tr("Ena&ble skin"), page);
+  QGridLayout* grid = NewGrid(page);
+  // Boxes only: as much air as between fields.
+  grid->setVerticalSpacing(measure::kBlockGap);
+  grid->setContentsMargins(measure::kCardLeft, kPageTop + 1, measure::kCardRight, 0);
+  grid->addWidget(chSaveSourceFolderOptions, 0, 0, 1, 2, Qt::AlignLeft);
+  grid->addWidget(chEnableSkin, 0, 2);
+  grid->addWidget(chSaveOutputFolderOptions, 1, 0, 1, 2, Qt::AlignLeft);
+  grid->addWidget(chSaveFileListOptions, 2, 0, 1, 2, Qt::AlignLeft);
+  return page;
+}
+
+void FolderPages::AddKeys() {
+  for (int page = 0; page < count(); ++page) {
+    const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + page));
+    setTabToolTip(page, keys.toString(QKeySequence::NativeText));
+    connect(new QShortcut(keys, this), &QShortcut::activated, this,
+            [this, page] { setCurrentIndex(page); });
+  }
+}
+
+void FolderPages::FocusSourceFolder() {
+  setCurrentIndex(0);
+  fdSourceFolder->setFocus(Qt::OtherFocusReason);
+}
+
+void FolderPages::ChooseSourceFolder() {
+  Command2->click();
+}
+
+void FolderPages::Command2_Click() {
+  const std::string folder = mScanCD::NormalizePath(browse_(SourceFolder()));
+  if (folder.empty()) return;
+  SetSourceFolder(folder);
+  emit folderChosen();
+}
+
+void FolderPages::bnDestination_Click() {
+  const std::string folder = mScanCD::NormalizePath(browse_(DestinationFolder()));
+  if (!folder.empty()) fdDestination->setText(text::ToQt(folder));
+}
+
+void FolderPages::cmbDestination_Click() {
+  const bool shown = Destination() != 0;
+  destination_label_->setVisible(shown);
+  fdDestination->setVisible(shown);
+  bnDestination->setVisible(shown);
+  chDestinationSubfolders->setVisible(shown);
+}
+
+void FolderPages::CommitFocusedField() {
+  const std::string typed = DestinationFolder();
+  if (!mMain::IsAbsolutePath(typed)) return;
+  const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
+  if (closed != fdDestination->text()) fdDestination->setText(closed);
+}
+
+std::string FolderPages::SourceFolder() const {
+  return text::FromQt(fdSourceFolder->text());
+}
+std::string FolderPages::IncludeMask() const {
+  return text::FromQt(fdIncludeMask->text());
+}
+std::string FolderPages::ExcludeMask() const {
+  return text::FromQt(fdExcludeMask->text());
+}
+bool FolderPages::Subfolders() const {
+  return chSubfolders->isChecked();
+}
+int FolderPages::Destination() const {
+  return cmbDestination->currentIndex();
+}
+std::string FolderPages::DestinationFolder() const {
+  return text::FromQt(fdDestination->text());
+}
+bool FolderPages::DestinationSubfolders() const {
+  return chDestinationSubfolders->isChecked();
+}
+
+void FolderPages::SetSourceFolder(const std::string& folder) {
+  fdSourceFolder->setText(text::ToQt(folder));
+}
+
+namespace mMain {
+
+std::string BrowseForDisk(QWidget* owner, const std::string& start) {
+  return ErrTrace::inner<"mMain.BrowseForDisk">(ErrTrace::args(), [&] {
+    QFileDialog dialog(owner, QObject::tr("Browse for folder or disk"), text::ToQt(start));
+    dialog.setObjectName(QStringLiteral("folderDialog"));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    return chosen ? text::FromQt(dialog.selectedFiles().constFirst()) : std::string();
+  });
+}
+
+}  // namespace mMain

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QTabWidget>
+#include <functional>
+#include <string>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// The pages "Source folder", "Output folder" and "Settings". Folders and masks are raw bytes.
+class FolderPages : public QTabWidget {
+  Q_OBJECT
+
+ public:
+  /// Shows the folder dialog from `start` and answers the chosen path, empty after a cancel.
+  using FolderDialog = std::function<std::string(const std::string& start)>;
+
+  /// Without `browse`, the dialog is that of `BrowseForDisk`.
+  explicit FolderPages(QWidget* parent = nullptr, FolderDialog browse = {});
+
+  std::string SourceFolder() const;
+  std::string IncludeMask() const;
+  std::string ExcludeMask() const;
+  bool Subfolders() const;
+  int Destination() const;  ///< 0 "Use source folder", 1 "Copy to", 2 "Move to"
+  std::string DestinationFolder() const;
+  bool DestinationSubfolders() const;
+
+  void SetSourceFolder(const std::string& folder);
+  /// Brings the field to view and gives it the focus.
+  void FocusSourceFolder();
+  /// Lets the user choose the source folder by the dialog.
+  void ChooseSourceFolder();
+
+  /// Gives a typed output folder its closing separator. Every command does this first.
+  void CommitFocusedField();
+
+  QLineEdit* fdSourceFolder;
+  QPushButton* Command2;
+  QLineEdit* fdIncludeMask;
+  QLineEdit* fdExcludeMask;
+  QCheckBox* chSubfolders;
+  QComboBox* cmbDestination;
+  QLineEdit* fdDestination;
+  QPushButton* bnDestination;
+  QCheckBox* chDestinationSubfolders;
+  QCheckBox* chSaveSourceFolderOptions;
+  QCheckBox* chSaveOutputFolderOptions;
+  QCheckBox* chSaveFileListOptions;
+  QCheckBox* chEnableSkin;
+
+ signals:
+  /// The text of the source folder differs from what it was.
+  void sourceFolderChanged();
+  /// A source folder was chosen by the dialog, be it the same one.
+  void folderChosen();
+  void skinToggled(bool on);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QWidget* BuildSourcePage();
+  QWidget* BuildOutputPage();
+  QWidget* BuildSettingsPage();
+  void AddKeys();
+  void Command2_Click();
+  void bnDestination_Click();
+  void cmbDestination_Click();
+
+  FolderDialog browse_;
+  QLabel* destination_label_;
+};
+
+namespace mMain {
+
+/// The folder dialog over `owner`, from the folder `start`; answers the chosen path, empty after a
+/// cancel.
+std::string BrowseForDisk(QWidget* owner, const std::string& start);
+
+}  // namespace mMain

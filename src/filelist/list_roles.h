@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QMetaType>
+#include <Qt>
+
+#include "filelist/name_pieces_qt.h"
+
+/// What a list of files tells its painter beyond Qt's own roles. A model gives a role where it
+/// applies and nothing elsewhere.
+enum ListRole : int {
+  kGroupTextRole = Qt::UserRole + 1,  ///< QString: the row is a group row of this text
+  kGroupCountRole,                    ///< QString: "12 files"
+  kMarkRole,                          ///< int: the `Mark` of this cell
+  kMarkedNameRole,                    ///< MarkedName: a name with its changed part
+};
+
+/// A name as it is painted.
+struct MarkedName {
+  NamePieces pieces;
+  bool is_new = false;  ///< marks stand for what came; else for what went
+  bool muted = false;   ///< of a file that is passed over
+};
+Q_DECLARE_METATYPE(MarkedName)

@@ -1,0 +1,80 @@
+#include "filelist/name_pieces_qt.h"
+
+#include "filelist/changed_part.h"
+#include "platform/text_qt.h"
+
+namespace {
+
+constexpr QChar kEllipsis(0x2026);
+
+NamePieces Cut(std::string_view name, const std::vector<TextRange>& marked) {
+  NamePieces pieces;
+  const auto add = [&](std::size_t begin, std::size_t end, bool mark) {
+    if (begin < end) pieces.push_back({text::Shown(name.substr(begin, end - begin)), mark});
+  };
+  std::size_t at = 0;
+  for (const TextRange& range : marked) {
+    add(at, range.begin, false);
+    add(range.begin, range.end, true);
+    at = range.end;
+  }
+  add(at, name.size(), false);
+  return pieces;
+}
+
+/// Characters `from` to `to` of the joined text.
+void AddPart(const NamePieces& pieces, qsizetype from, qsizetype to, NamePieces& out) {
+  qsizetype start = 0;
+  for (const NamePiece& piece : pieces) {
+    const qsizetype begin = qMax(from - start, qsizetype{0});
+    const qsizetype end = qMin(to - start, piece.text.size());
+    if (begin < end) out.push_back({piece.text.mid(begin, end - begin), piece.marked});
+    start += piece.text.size();
+  }
+}
+
+/// Where `elided` has the sign that stands for what `whole` lacks; the name may hold such a sign
+/// itself.
+qsizetype PlaceOfEllipsis(const QString& elided, const QString& whole) {
+  for (qsizetype i = elided.indexOf(kEllipsis); i >= 0; i = elided.indexOf(kEllipsis, i + 1)) {
+    if (whole.startsWith(QStringView(elided).left(i)) &&
+        whole.endsWith(QStringView(elided).mid(i + 1))) {
+      return i;
+    }
+  }
+  return -1;
+}
+
+}  // namespace
+
+NamePieces MarkGone(std::string_view old_name, std::string_view new_name) {
+  return Cut(old_name, FindChangedPart(old_name, new_name).gone);
+}
+
+NamePieces MarkNew(std::string_view old_name, std::string_view new_name) {
+  return Cut(new_name, FindChangedPart(old_name, new_name).come);
+}
+
+QString Join(const NamePieces& pieces) {
+  QString joined;
+  for (const NamePiece& piece : pieces) joined += piece.text;
+  return joined;
+}
+
+NamePieces ElideMiddle(const NamePieces& pieces, const QFontMetrics& metrics, int width) {
+  const QString whole = Join(pieces);
+  const QString elided = metrics.elidedText(whole, Qt::ElideMiddle, width);
+  if (elided == whole) return pieces;
+  const qsizetype place = PlaceOfEllipsis(elided, whole);
+  if (place < 0) return {{elided, false}};
+  const qsizetype tail = whole.size() - (elided.size() - place - 1);
+  NamePieces hidden;
+  AddPart(pieces, place, tail, hidden);
+  bool marked = false;
+  for (const NamePiece& piece : hidden) marked = marked || piece.marked;
+  NamePieces out;
+  AddPart(pieces, 0, place, out);
+  out.push_back({QString(kEllipsis), marked});
+  AddPart(pieces, tail, whole.size(), out);
+  return out;
+}

@@ -1,0 +1,265 @@
+#include "filelist/row_painter.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTableView>
+#include <QTextLayout>
+#include <QToolTip>
+
+#include "common/look_qt.h"
+#include "core/file_row.h"
+#include "filelist/list_roles.h"
+#include "platform/text_qt.h"
+
+namespace {
+
+constexpr int kPillRadius = 4;
+constexpr int kTintRadius = 3;
+constexpr int kFolderSize = 16;
+constexpr int kFolderLeft = 5;
+constexpr int kGroupTextLeft = 27;
+constexpr int kGroupTextRight = 8;
+
+bool Selected(const QStyleOptionViewItem& option) {
+  return option.state & QStyle::State_Selected;
+}
+
+QColor TextColour(const QStyleOptionViewItem& option) {
+  const Look& look = Look::Current();
+  const bool on_highlight = Selected(option) && !look.SkinOn();
+  return on_highlight ? option.palette.color(QPalette::Active, QPalette::HighlightedText)
+                      : look.Colour(Role::kText);
+}
+
+QRect TextRect(const QRect& cell) {
+  return cell.adjusted(kCellInset, 0, -kCellInset, 0);
+}
+
+/// Where a group row's strip lies: it stays in view when the columns are scrolled sideways.
+QRect StripRect(const QStyleOptionViewItem& option) {
+  QRect strip = option.rect;
+  if (const auto* view = qobject_cast<const QTableView*>(option.widget)) {
+    const QHeaderView* header = view->horizontalHeader();
+    strip.setLeft(0);
+    strip.setRight(qMin(view->viewport()->width(), header->length() - header->offset()) - 1);
+  }
+  return strip;
+}
+
+/// The two lines of the row that has the keyboard, for the part of it in this cell.
+void PaintFocus(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+  if (view == nullptr || !view->hasFocus() || view->currentIndex().row() != index.row()) return;
+  const Look& look = Look::Current();
+  const QColor colour = look.SkinOn() ? look.Colour(Role::kFocus) : TextColour(option);
+  const QRect& r = option.rect;
+  painter->fillRect(QRect(r.left(), r.top(), r.width(), 1), colour);
+  painter->fillRect(QRect(r.left(), r.bottom(), r.width(), 1), colour);
+}
+
+void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const Look& look = Look::Current();
+  const QRect strip = StripRect(option);
+  const bool on_highlight = Selected(option) && !look.SkinOn();
+  painter->setClipRect(option.rect);
+  painter->fillRect(strip, look.Colour(Selected(option) ? Role::kSel : Role::kGroup));
+  painter->fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1),
+                    look.Colour(Role::kLine));
+  const QPixmap folder =
+      look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText,
+                   kFolderSize, painter->device()->devicePixelRatioF());
+  painter->drawPixmap(strip.left() + kFolderLeft, strip.top() + (strip.height() - kFolderSize) / 2,
+                      folder);
+
+  const QString count = index.data(kGroupCountRole).toString();
+  const int count_width = option.fontMetrics.horizontalAdvance(count);
+  painter->setFont(option.font);
+  painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kMuted));
+  painter->drawText(strip.adjusted(0, 0, -kGroupTextRight, 0), Qt::AlignRight | Qt::AlignVCenter,
+                    count);
+
+  QFont heavy = option.font;
+  heavy.setWeight(QFont::DemiBold);
+  const QRect room = strip.adjusted(kGroupTextLeft, 0, -2 * kGroupTextRight - count_width, 0);
+  painter->setFont(heavy);
+  painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kGroupText));
+  painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                    QFontMetrics(heavy).elidedText(index.data(kGroupTextRole).toString(),
+                                                   Qt::ElideMiddle, room.width()));
+}
+
+void PaintMark(QPainter* painter, const QStyleOptionViewItem& option, Mark mark,
+               const QString& words) {
+  static constexpr Role kRoleOf[] = {Role::kWait, Role::kDone, Role::kFailed};
+  const Look& look = Look::Current();
+  const Role role = kRoleOf[static_cast<int>(mark)];
+  if (look.SkinOn() && mark != Mark::kWaiting) {
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(PillColour(role));
+    painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 3, -1, -3), kPillRadius, kPillRadius);
+  }
+  const bool on_highlight = Selected(option) && !look.SkinOn();
+  painter->setPen(on_highlight ? TextColour(option) : look.Colour(role));
+  painter->drawText(option.rect, Qt::AlignCenter, words);
+}
+
+/// One line of a name, laid out as a whole so that the marks cut no ligature or accent.
+class NameLine {
+ public:
+  NameLine(const MarkedName& name, const QStyleOptionViewItem& option)
+      : name_(name),
+        option_(option),
+        room_(TextRect(option.rect)),
+        pieces_(ElideMiddle(name.pieces, option.fontMetrics, room_.width())),
+        layout_(Join(pieces_), option.font) {
+    QTextOption text_option(Qt::AlignLeft | Qt::AlignAbsolute);
+    text_option.setWrapMode(QTextOption::NoWrap);
+    layout_.setTextOption(text_option);
+    layout_.beginLayout();
+    line_ = layout_.createLine();
+    layout_.endLayout();
+    top_ = room_.top() + (room_.height() - line_.height()) / 2;
+  }
+
+  void Paint(QPainter* painter) {
+    if (!line_.isValid()) return;
+    const Look& look = Look::Current();
+    const bool on_highlight = Selected(option_) && !look.SkinOn();
+    QList<QTextLayout::FormatRange> formats;
+    int start = 0;
+    for (const NamePiece& piece : pieces_) {
+      const int length = static_cast<int>(piece.text.size());
+      if (piece.marked) {
+        const Role role = name_.is_new ? Role::kTintText : Role::kGone;
+        const bool plain = !name_.is_new && Selected(option_);
+        const QColor colour = plain ? TextColour(option_) : look.Colour(role);
+        PaintMarkOf(painter, start, start + length, colour);
+        QTextCharFormat format;
+        format.setForeground(colour);
+        formats.append({start, length, format});
+      }
+      start += length;
+    }
+    const bool muted = name_.muted && !on_highlight;
+    painter->setPen(muted ? look.Colour(Role::kMuted) : TextColour(option_));
+    layout_.draw(painter, QPointF(room_.left(), top_), formats);
+  }
+
+ private:
+  void PaintMarkOf(QPainter* painter, int from, int to, const QColor& colour) const {
+    const Look& look = Look::Current();
+    const qreal a = room_.left() + line_.cursorToX(from);
+    const qreal b = room_.left() + line_.cursorToX(to);
+    const QRectF run(qMin(a, b), room_.top(), qAbs(b - a), room_.height());
+    if (!name_.is_new) {
+      painter->fillRect(QRectF(run.left(), qRound(top_ + line_.ascent()) + 2, run.width(), 1),
+                        colour);
+      return;
+    }
+    painter->setPen(Selected(option_) ? QPen(look.Colour(Role::kFocus), 1) : QPen(Qt::NoPen));
+    painter->setBrush(look.Colour(Role::kTint));
+    const qreal half = Selected(option_) ? 0.5 : 0;
+    painter->drawRoundedRect(run.adjusted(half - 1, 3 + half, 1 - half, -4 - half), kTintRadius,
+                             kTintRadius);
+  }
+
+  const MarkedName& name_;
+  const QStyleOptionViewItem& option_;
+  QRect room_;
+  NamePieces pieces_;
+  QTextLayout layout_;
+  QTextLine line_;
+  qreal top_ = 0;
+};
+
+void PaintText(QPainter* painter, const QStyleOptionViewItem& option) {
+  const QRect room = TextRect(option.rect);
+  painter->setPen(TextColour(option));
+  painter->drawText(room, static_cast<int>(option.displayAlignment) | Qt::TextSingleLine,
+                    option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, room.width()));
+}
+
+void PaintCheck(QPainter* painter, const QStyleOptionViewItem& option) {
+  const QStyle* style = option.widget->style();
+  const QSize size(style->pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget),
+                   style->pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget));
+  QStyleOptionViewItem box = option;
+  box.rect = QRect(QPoint(option.rect.left() + kCellInset,
+                          option.rect.top() + (option.rect.height() - size.height()) / 2),
+                   size);
+  box.state &=
+      ~(QStyle::State_HasFocus | QStyle::State_Selected | QStyle::State_On | QStyle::State_Off);
+  box.state |= option.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+  style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, option.widget);
+}
+
+bool IsCheckCell(const QModelIndex& index) {
+  return index.flags() & Qt::ItemIsUserCheckable;
+}
+
+}  // namespace
+
+void RowPainter::paint(QPainter* painter, const QStyleOptionViewItem& bare_option,
+                       const QModelIndex& index) const {
+  QStyleOptionViewItem option = bare_option;
+  initStyleOption(&option, index);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setFont(option.font);
+  if (index.data(kGroupTextRole).isValid()) {
+    PaintGroup(painter, option, index);
+  } else {
+    painter->fillRect(option.rect,
+                      Look::Current().Colour(Selected(option) ? Role::kSel : Role::kField));
+    if (IsCheckCell(index)) {
+      PaintCheck(painter, option);
+    } else if (const QVariant mark = index.data(kMarkRole); mark.isValid()) {
+      PaintMark(painter, option, static_cast<Mark>(mark.toInt()), option.text);
+    } else if (const QVariant name = index.data(kMarkedNameRole); name.isValid()) {
+      NameLine(name.value<MarkedName>(), option).Paint(painter);
+    } else {
+      PaintText(painter, option);
+    }
+  }
+  PaintFocus(painter, option, index);
+  painter->restore();
+}
+
+bool RowPainter::editorEvent(QEvent* event, QAbstractItemModel* model,
+                             const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (!IsCheckCell(index)) return QStyledItemDelegate::editorEvent(event, model, option, index);
+  const bool press = event->type() == QEvent::MouseButtonPress;
+  // The view keeps the release of a double click to itself.
+  const bool click =
+      event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseButtonDblClick;
+  if (!press && !click) return false;
+  const auto* mouse = static_cast<QMouseEvent*>(event);
+  if (mouse->button() != Qt::LeftButton || !option.rect.contains(mouse->position().toPoint())) {
+    return false;
+  }
+  if (press) return true;
+  const bool on = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+  return model->setData(index, on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                           const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip) return false;
+  const bool group = index.data(kGroupTextRole).isValid();
+  const QString words = index.data(Qt::DisplayRole).toString();
+  QFont font = option.font;
+  if (group) font.setWeight(QFont::DemiBold);
+  const int room =
+      group ? StripRect(option).width() - kGroupTextLeft - 100 : TextRect(option.rect).width();
+  const bool shown_whole = QFontMetrics(font).horizontalAdvance(words) <= room;
+  // Escaped: what looks like markup in a name must not be taken for it.
+  QToolTip::showText(
+      event->globalPos(),
+      shown_whole
+          ? QString()
+          : QStringLiteral("<span style='white-space:pre'>%1</span>").arg(words.toHtmlEscaped()),
+      view->viewport());
+  return true;
+}

@@ -1,0 +1,143 @@
+#include "names/chip_bar.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <string_view>
+
+#include "common/look_qt.h"
+#include "names/constr_item.h"
+#include "platform/text_qt.h"
+
+namespace {
+
+constexpr int kChipGap = 4;
+constexpr int kChipPadding = 10;
+constexpr int kLeastChip = 30;
+constexpr int kGreatestText = 200 - 2 * kChipPadding;
+constexpr int kWellMargin = 5;
+constexpr qreal kRadius = 4;
+constexpr qreal kWellRadius = 6;
+constexpr QChar kOpenBox(0x2423);
+
+/// Blanks at the ends of a text can't be seen; they show as open boxes.
+QString WithVisibleEnds(QString text) {
+  for (qsizetype i = 0; i < text.size() && text.at(i) == u' '; ++i) text[i] = kOpenBox;
+  for (qsizetype i = text.size() - 1; i >= 0 && text.at(i) == u' '; --i) text[i] = kOpenBox;
+  return text;
+}
+
+struct ChipColours {
+  Role fill;
+  Role edge;
+  Role text;
+};
+
+ChipColours ColoursOf(bool enabled, bool focused, bool selected, bool is_text) {
+  if (!enabled) return {Role::kDisabledFill, Role::kLine, Role::kDisabled};
+  // The desktop's own palette has one colour for what is selected, and text for it.
+  const bool solid = focused || !Look::Current().SkinOn();
+  if (selected && solid) return {Role::kAccent, Role::kAccent, Role::kAccentText};
+  if (selected) return {Role::kSel, Role::kFocus, Role::kText};
+  if (is_text) return {Role::kField, Role::kEdge, Role::kText};
+  return {Role::kChip, Role::kChipEdge, Role::kChipText};
+}
+
+/// An outline of `width` that lies within `box`.
+void StrokeInside(QPainter& painter, const QRectF& box, const QColor& colour, qreal width,
+                  qreal radius) {
+  const qreal half = width / 2;
+  painter.setPen(QPen(colour, width));
+  painter.drawRoundedRect(box.adjusted(half, half, -half, -half), radius, radius);
+}
+
+}  // namespace
+
+ChipBar::ChipBar(QWidget* parent) : QTabBar(parent) {
+  setObjectName(QStringLiteral("tabConstructor"));
+  setAccessibleName(tr("Elements of the new file name"));
+  setDrawBase(false);
+  setExpanding(false);
+  setUsesScrollButtons(true);
+  setElideMode(Qt::ElideNone);
+  setFocusPolicy(Qt::StrongFocus);
+  setFixedHeight(measure::kControlHeight);
+}
+
+void ChipBar::InsertChip(int index, std::string_view text, int tag) {
+  const QString shown = text::Shown(text);
+  // An "&" in a tab's text would make a shortcut of the letter behind it.
+  const int at = insertTab(index, QString(shown).replace(u'&', QStringLiteral("&&")));
+  setTabData(at, tag);
+  const bool fits = fontMetrics().horizontalAdvance(shown) <= kGreatestText;
+  setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : shown);
+}
+
+QString ChipBar::ChipText(int index) const {
+  const QString text = tabText(index).replace(QStringLiteral("&&"), QStringLiteral("&"));
+  const QString shown = tabData(index).toInt() == kText ? WithVisibleEnds(text) : text.trimmed();
+  return fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestText);
+}
+
+QSize ChipBar::tabSizeHint(int index) const {
+  const int text = fontMetrics().horizontalAdvance(ChipText(index));
+  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap, height());
+}
+
+void ChipBar::keyPressEvent(QKeyEvent* event) {
+  const bool ctrl = event->modifiers() == Qt::ControlModifier;
+  const int step = event->key() == Qt::Key_Left ? -1 : event->key() == Qt::Key_Right ? 1 : 0;
+  if (ctrl && step != 0) {
+    emit moveRequested(step);
+  } else if (event->key() == Qt::Key_Insert && !ctrl) {
+    emit menuRequested(event->modifiers() == Qt::ShiftModifier);
+  } else if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+    emit deleteRequested();
+  } else {
+    QTabBar::keyPressEvent(event);
+  }
+}
+
+void ChipBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (int i = 0; i < count(); ++i) PaintChip(painter, i);
+}
+
+void ChipBar::PaintChip(QPainter& painter, int index) const {
+  const Look& look = Look::Current();
+  const bool selected = index == currentIndex();
+  const bool focused = selected && hasFocus();
+  const bool is_text = tabData(index).toInt() == kText;
+  const ChipColours colours = ColoursOf(isEnabled(), focused, selected, is_text);
+  const QRectF box = QRectF(tabRect(index)).adjusted(0, 0, -kChipGap, 0);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look.Colour(colours.fill));
+  painter.drawRoundedRect(box, kRadius, kRadius);
+  painter.setBrush(Qt::NoBrush);
+  StrokeInside(painter, box, look.Colour(colours.edge), selected ? 2 : 1, kRadius);
+  if (focused) {
+    StrokeInside(painter, box.adjusted(2, 2, -2, -2), look.Colour(Role::kAccentText), 1, 2);
+  }
+  painter.setPen(look.Colour(colours.text));
+  painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine, ChipText(index));
+}
+
+ChipWell::ChipWell(ChipBar* bar, QWidget* parent) : QWidget(parent) {
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(kWellMargin, kWellMargin, kWellMargin, kWellMargin);
+  layout->addWidget(bar);
+}
+
+void ChipWell::paintEvent(QPaintEvent*) {
+  const Look& look = Look::Current();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look.Colour(isEnabled() ? Role::kField : Role::kDisabledFill));
+  painter.drawRoundedRect(QRectF(rect()), kWellRadius, kWellRadius);
+  painter.setBrush(Qt::NoBrush);
+  const Role edge = isEnabled() ? Role::kEdge : Role::kLine;
+  StrokeInside(painter, QRectF(rect()), look.Colour(edge), 1, kWellRadius);
+}

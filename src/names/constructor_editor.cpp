@@ -1,0 +1,158 @@
+#include "names/constructor_editor.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "common/card_qt.h"
+#include "common/look_qt.h"
+#include "names/chip_bar.h"
+#include "names/constructor_strip.h"
+#include "names/counter_pane.h"
+#include "names/custom_text_dialog.h"
+#include "names/number_field.h"
+#include "names/transform_pane.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+QWidget* NewEmptyPane(QWidget* parent) {
+  auto* pane = new QFrame(parent);
+  pane->setObjectName(QStringLiteral("pbDot"));
+  pane->setProperty("card", true);
+  auto* layout = new QVBoxLayout(pane);
+  auto* text = new QLabel(QObject::tr("No options available"), pane);
+  text->setObjectName(QStringLiteral("lbDot"));
+  text->setProperty("muted", true);
+  text->setAlignment(Qt::AlignCenter);
+  layout->addWidget(text);
+  return pane;
+}
+
+}  // namespace
+
+ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneServices& services,
+                                     QWidget* parent)
+    : QWidget(parent), constructor_(constructor) {
+  BuildConstructorCard(services.prompts);
+  BuildPanes(services);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(measure::kBlockGap);
+  column->addWidget(fraConstructor);
+  column->addWidget(panes_, 1);
+  connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::CommitFocusedField);
+  connect(strip, &ConstructorStrip::elementsChanged, this, &ConstructorEditor::optionChanged);
+  connect(strip, &ConstructorStrip::selectedChanged, this,
+          &ConstructorEditor::tabConstructor_SelectedChanged);
+  tabConstructor_SelectedChanged(strip->Selected());
+}
+
+void ConstructorEditor::showEvent(QShowEvent* event) {
+  PolishAll(this);
+  QWidget::showEvent(event);
+}
+
+void ConstructorEditor::BuildConstructorCard(Prompts& prompts) {
+  fraConstructor =
+      new Card(QStringLiteral("fraConstructor"), tr("New file name constructor"), this);
+  const auto ask = [this, &prompts] { return GetTextToInsert(prompts, window()); };
+  strip = new ConstructorStrip(constructor_, ask, fraConstructor);
+  fraConstructor->Body()->addWidget(strip);
+  Command4 = new QPushButton(tr("&Conflicts..."), fraConstructor);
+  Command4->setObjectName(QStringLiteral("Command4"));
+  fraConstructor->Head()->addWidget(Command4);
+  connect(Command4, &QPushButton::clicked, this, &ConstructorEditor::conflictsClicked);
+}
+
+void ConstructorEditor::BuildPanes(const PaneServices& services) {
+  const ShownItem item = [this] { return Shown(); };
+  panes_ = new QStackedWidget(this);
+  const auto transform = [&](ItemType kind) {
+    auto* pane = new TransformPane(kind, services.prompts, item, panes_);
+    connect(pane, &TransformPane::optionChanged, this, &ConstructorEditor::optionChanged);
+    return pane;
+  };
+  const auto date = [&](ItemType kind) {
+    auto* pane = new DatePane(kind, services, item, panes_);
+    connect(pane, &DatePane::optionChanged, this, &ConstructorEditor::optionChanged);
+    return pane;
+  };
+  pbFileName = transform(kSourceFileName);
+  pbExt = transform(kExtension);
+  pbParentFolderName = transform(kParentFolderName);
+  pbFileDate = date(kFileDate);
+  pbTodayDate = date(kTodaysDate);
+  pbCounter = new CounterPane(item, panes_);
+  connect(pbCounter, &CounterPane::optionChanged, this, &ConstructorEditor::optionChanged);
+  pbDot = NewEmptyPane(panes_);
+  for (QWidget* pane :
+       {static_cast<QWidget*>(pbFileName), static_cast<QWidget*>(pbExt),
+        static_cast<QWidget*>(pbParentFolderName), static_cast<QWidget*>(pbFileDate),
+        static_cast<QWidget*>(pbTodayDate), static_cast<QWidget*>(pbCounter), pbDot}) {
+    panes_->addWidget(pane);
+  }
+}
+
+ConstrItem* ConstructorEditor::Shown() {
+  const auto index = static_cast<std::size_t>(shown_);
+  return index < constructor_.ArrConstr.size() ? &constructor_.ArrConstr[index] : nullptr;
+}
+
+void ConstructorEditor::CommitFocusedField() {
+  for (NumberField* field : panes_->findChildren<NumberField*>()) field->HandOver();
+}
+
+void ConstructorEditor::ShowOptionsPane(ItemType kind) {
+  switch (kind) {
+    case kSourceFileName:
+      return panes_->setCurrentWidget(pbFileName);
+    case kExtension:
+      return panes_->setCurrentWidget(pbExt);
+    case kParentFolderName:
+      return panes_->setCurrentWidget(pbParentFolderName);
+    case kFileDate:
+      return panes_->setCurrentWidget(pbFileDate);
+    case kTodaysDate:
+      return panes_->setCurrentWidget(pbTodayDate);
+    case kCounter:
+      return panes_->setCurrentWidget(pbCounter);
+    case kText:
+      break;
+  }
+  panes_->setCurrentWidget(pbDot);
+}
+
+void ConstructorEditor::ShowItem(ItemType kind) {
+  switch (kind) {
+    case kSourceFileName:
+      return pbFileName->ShowItem();
+    case kExtension:
+      return pbExt->ShowItem();
+    case kParentFolderName:
+      return pbParentFolderName->ShowItem();
+    case kFileDate:
+      return pbFileDate->ShowItem();
+    case kTodaysDate:
+      return pbTodayDate->ShowItem();
+    case kCounter:
+      return pbCounter->ShowItem();
+    case kText:
+      return;
+  }
+}
+
+void ConstructorEditor::tabConstructor_SelectedChanged(int index) {
+  const int Item = index;
+  ErrTrace::top<"Form1.tabConstructor_SelectedChanged(Item)">(ErrTrace::args(Item), [&] {
+    // What was typed belongs to the element that was shown until now.
+    CommitFocusedField();
+    shown_ = index;
+    const ConstrItem* item = Shown();
+    const ItemType kind = item == nullptr ? kText : static_cast<ItemType>(item->ItemType);
+    ShowOptionsPane(kind);
+    ShowItem(kind);
+  });
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "names/constructor.h"
+#include "names/date_pane.h"
+
+class Card;
+class ConstructorStrip;
+class CounterPane;
+class QPushButton;
+class QStackedWidget;
+class TransformPane;
+
+/// The editor of the constructor: the strip of elements, and below it the options of the selected
+/// one. The element is the store; the controls are a view of it, filled anew at each selection.
+class ConstructorEditor : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `constructor` and the services must outlive the editor.
+  ConstructorEditor(Constructor& constructor, const PaneServices& services,
+                    QWidget* parent = nullptr);
+
+  /// Lets the number field that is being edited hand over its number. Every command does this
+  /// first.
+  void CommitFocusedField();
+
+  Card* fraConstructor;
+  ConstructorStrip* strip;
+  QPushButton* Command4;
+  TransformPane* pbFileName;
+  TransformPane* pbExt;
+  TransformPane* pbParentFolderName;
+  DatePane* pbFileDate;
+  DatePane* pbTodayDate;
+  CounterPane* pbCounter;
+  QWidget* pbDot;
+
+ signals:
+  /// A control's value differs from what it held, or the elements changed: the names in the list
+  /// no longer fit.
+  void optionChanged();
+  /// "Conflicts..." was pressed.
+  void conflictsClicked();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void BuildConstructorCard(Prompts& prompts);
+  void BuildPanes(const PaneServices& services);
+  void ShowOptionsPane(ItemType kind);
+  void tabConstructor_SelectedChanged(int index);
+  void ShowItem(ItemType kind);
+  ConstrItem* Shown();
+
+  Constructor& constructor_;
+  QStackedWidget* panes_;
+  int shown_ = -1;  ///< the element that the controls show
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "names/constructor.h"
+
+class ChipBar;
+class QMenu;
+class QPushButton;
+
+/// The strip of the constructor's elements and the five buttons that change it. Tab i and item i
+/// of `ArrConstr` are always the same element.
+class ConstructorStrip : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Answers the text of a new text element, empty when the user cancelled.
+  using TextSource = std::function<std::string()>;
+
+  /// `constructor` must outlive the strip.
+  ConstructorStrip(Constructor& constructor, TextSource GetTextToInsert, QWidget* parent);
+
+  /// The index of the selected element, -1 when there is none.
+  int Selected() const;
+
+  ChipBar* tabConstructor;
+  QPushButton* vbInsertLeft;
+  QPushButton* bnInsertRight;
+  QPushButton* bnMoveLeft;
+  QPushButton* bnMoveRight;
+  QPushButton* bnDeletePattern;
+
+ signals:
+  /// An element is about to be inserted, moved or deleted.
+  void aboutToChange();
+  /// The user asked for a change of the elements, so the new names no longer fit.
+  void elementsChanged();
+  /// Another element is selected, or the selected one stands elsewhere; -1: there is none.
+  void selectedChanged(int index);
+
+ private:
+  enum class Side { kLeft, kRight };
+
+  void BuildButtons();
+  QMenu* NewMenu(Side side);
+  void CommandBars1_Execute(Side side, ItemType kind, std::string_view text);
+  void Insert(int index, ItemType kind, std::string_view text);
+  void Move(int step);
+  void bnDeletePattern_Click();
+
+  Constructor& constructor_;
+  TextSource GetTextToInsert_;
+};

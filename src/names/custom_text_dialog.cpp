@@ -1,0 +1,75 @@
+#include "names/custom_text_dialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "common/card_qt.h"
+#include "common/look_qt.h"
+#include "common/name_chars.h"
+#include "platform/text_qt.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kFieldWidth = 300;
+constexpr int kButtonWidth = 88;
+
+QPushButton* NewDialogButton(const char* name, const QString& text, QWidget* parent) {
+  auto* button = new QPushButton(text, parent);
+  button->setObjectName(QLatin1String(name));
+  button->setMinimumWidth(kButtonWidth);
+  return button;
+}
+
+}  // namespace
+
+Form5::Form5(Prompts& prompts, QWidget* parent) : QDialog(parent), prompts_(prompts) {
+  setObjectName(QStringLiteral("Form5"));
+  setWindowTitle(tr("Custom text"));
+  fdText = new QLineEdit(this);
+  fdText->setObjectName(QStringLiteral("fdText"));
+  fdText->setMinimumWidth(kFieldWidth);
+  bnOK = NewDialogButton("bnOK", tr("&OK"), this);
+  bnOK->setDefault(true);
+  bnCancel = NewDialogButton("bnCancel", tr("&Cancel"), this);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(measure::kControlGap);
+  column->addWidget(NewLabel(tr("&Text to insert:"), fdText, this));
+  column->addWidget(fdText);
+  column->addSpacing(kMargin - measure::kControlGap);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(measure::kBlockGap);
+  row->addStretch();
+  row->addWidget(bnOK);
+  row->addWidget(bnCancel);
+  column->addLayout(row);
+  column->addStretch();
+
+  connect(bnOK, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form5.bnOK_Click">(ErrTrace::args(), [this] { bnOK_Click(); });
+  });
+  connect(bnCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Form5::bnOK_Click() {
+  const std::string typed = text::FromQt(fdText->text());
+  if (typed.empty()) {
+    prompts_.Tell("The text field is empty.", PromptIcon::kCritical);
+    return;
+  }
+  if (mMain::HasBadFileNameChars(typed, prompts_)) return;
+  text_ = typed;
+  accept();
+}
+
+std::string GetTextToInsert(Prompts& prompts, QWidget* parent) {
+  Form5 dialog(prompts, parent);
+  dialog.exec();
+  return dialog.Text();
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+#include "platform/prompts.h"
+
+class QLineEdit;
+class QPushButton;
+
+/// The dialog "Custom text": asks for the text of a new text element.
+class Form5 : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `prompts` must outlive the dialog.
+  Form5(Prompts& prompts, QWidget* parent);
+
+  /// The text that was accepted; empty after a cancel.
+  const std::string& Text() const { return text_; }
+
+  QLineEdit* fdText;
+  QPushButton* bnOK;
+  QPushButton* bnCancel;
+
+ private:
+  void bnOK_Click();
+
+  Prompts& prompts_;
+  std::string text_;
+};
+
+/// Shows the dialog over `parent` and answers its text, empty when the user cancelled.
+std::string GetTextToInsert(Prompts& prompts, QWidget* parent);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLineEdit>
+#include <cstdint>
+#include <functional>
+
+#include "names/handled_control.h"
+
+/// A field for a whole number from 0 up. Keys that are no digits do nothing. The number goes to
+/// its store not with each key but when the field is left, on Enter, and when `HandOver` is called.
+class NumberField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  /// `store` takes each number handed over.
+  NumberField(const NumberControl& control, std::function<void(std::int32_t)> store,
+              QWidget* parent);
+
+  /// Writes the number anew, so that "007" shows 7 and nothing shows 0, and stores it. One beyond
+  /// 32 bits is reported as an overflow and not stored. Does nothing when the text is as it was
+  /// shown or last handed over.
+  void HandOver();
+
+  /// Shows a number that comes from the store.
+  void ShowNumber(std::int32_t number);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  HandlerFrame validate_;
+  std::function<void(std::int32_t)> store_;
+  bool pending_ = false;
+};

@@ -1,0 +1,381 @@
+#include "names/constructor_editor.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabWidget>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "names/chip_bar.h"
+#include "names/constructor_strip.h"
+#include "names/transform_pane.h"
+#include "platform/text_qt.h"
+#include "support/fakes.h"
+#include "support/keys.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+class EnglishMonths : public LocaleFacts {
+ public:
+  std::string MonthName(int) const override { return "January"; }
+  std::string ShortMonthName(int) const override { return "Jan"; }
+};
+
+class KeptReports : public ErrTrace::Reporter {
+ public:
+  KeptReports() { ErrTrace::SetReporter(this); }
+  ~KeptReports() override { ErrTrace::SetReporter(nullptr); }
+  void ShowErrorReport(const std::string& report) noexcept override { reports.push_back(report); }
+
+  std::vector<std::string> reports;
+};
+
+class ConstructorEditorTest : public testing::Test {
+ protected:
+  ConstructorEditorTest() {
+    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] { ++changes; });
+  }
+
+  std::vector<ConstrItem>& Items() { return constructor.ArrConstr; }
+  ChipBar* Chips() { return editor.strip->tabConstructor; }
+  void Select(int index) { Chips()->setCurrentIndex(index); }
+
+  template <class T>
+  T* Find(const char* name) {
+    T* found = editor.findChild<T*>(QLatin1String(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+  }
+  QLineEdit* Field(const char* name) { return Find<QLineEdit>(name); }
+  QComboBox* Pick(const char* name) { return Find<QComboBox>(name); }
+
+  void Choose(QPushButton* button, const char* caption) {
+    for (QAction* action : button->menu()->actions()) {
+      if (action->text() == QLatin1String(caption)) return action->trigger();
+    }
+    FAIL() << caption;
+  }
+
+  /// The elements as the strip shows them, the selected one in brackets; fails when strip and
+  /// model differ.
+  std::string Strip() {
+    std::string shown;
+    EXPECT_EQ(static_cast<std::size_t>(Chips()->count()), Items().size());
+    for (int i = 0; i < Chips()->count(); ++i) {
+      const ConstrItem& item = Items().at(static_cast<std::size_t>(i));
+      const std::string text = text::FromQt(Chips()->tabText(i));
+      const auto kind = static_cast<ItemType>(item.ItemType);
+      EXPECT_EQ(text::FromQt(Chips()->tabText(i).trimmed()),
+                text::FromQt(text::Shown(ElementCaption(kind, item.ItemText)).trimmed()));
+      EXPECT_EQ(Chips()->tabData(i).toInt(), item.ItemType);
+      shown += i == Chips()->currentIndex() ? '[' + text + ']' : text;
+    }
+    return shown;
+  }
+
+  std::string Pane() {
+    for (QWidget* pane : std::initializer_list<QWidget*>{
+             Find<QWidget>("pbFileName"), Find<QWidget>("pbExt"),
+             Find<QWidget>("pbParentFolderName"), Find<QWidget>("pbFileDate"),
+             Find<QWidget>("pbTodayDate"), Find<QWidget>("pbCounter"), Find<QWidget>("pbDot")}) {
+      if (pane->isVisibleTo(&editor)) return text::FromQt(pane->objectName());
+    }
+    return "";
+  }
+
+  Constructor constructor;
+  FakePrompts prompts;
+  FakeClock clock;
+  EnglishMonths months;
+  ConstructorEditor editor{constructor, {prompts, clock, months}};
+  int changes = 0;
+};
+
+TEST_F(ConstructorEditorTest, StartsWithTheThreeStartElements) {
+  EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
+  EXPECT_EQ(Pane(), "pbFileName");
+}
+
+TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementAndSelectsTheNewOne) {
+  Choose(editor.strip->vbInsertLeft, "<Counter>");
+  EXPECT_EQ(Strip(), "[<Counter>]<Source file name> .<Extension>");
+  EXPECT_EQ(Pane(), "pbCounter");
+  EXPECT_GT(std::exchange(changes, 0), 0);
+
+  Choose(editor.strip->bnInsertRight, "_ (underscore)");
+  EXPECT_EQ(Strip(), "<Counter>[_]<Source file name> .<Extension>");
+  EXPECT_EQ(Pane(), "pbDot");
+  Select(4);
+  Choose(editor.strip->bnInsertRight, "  (space)");
+  EXPECT_EQ(Strip(), "<Counter>_<Source file name> .<Extension>[ ]");
+}
+
+TEST_F(ConstructorEditorTest, DeletesDownToNothingAndBeginsAnew) {
+  Select(1);
+  Press(Chips(), Qt::Key_Delete);
+  EXPECT_EQ(Strip(), "<Source file name> [<Extension>]");
+  editor.strip->bnDeletePattern->click();
+  editor.strip->bnDeletePattern->click();
+  EXPECT_EQ(Strip(), "");
+  EXPECT_EQ(Pane(), "pbDot");
+  EXPECT_GT(std::exchange(changes, 0), 0);
+
+  editor.strip->bnDeletePattern->click();
+  editor.strip->bnMoveLeft->click();
+  EXPECT_EQ(changes, 0) << "nothing to delete or move";
+  for (QPushButton* button : {editor.strip->vbInsertLeft, editor.strip->bnInsertRight}) {
+    Choose(button, "<File date>");
+    EXPECT_EQ(Strip(), "[<File date>]");
+    EXPECT_EQ(Pane(), "pbFileDate");
+    EXPECT_EQ(Items().at(0).DateFormat, "yyyy-mm-dd");
+    editor.strip->bnDeletePattern->click();
+  }
+}
+
+TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) {
+  Items()[0].Replace1 = "a";
+  editor.strip->bnMoveLeft->click();
+  EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
+  EXPECT_EQ(std::exchange(changes, 0), 1);
+  Press(Chips(), Qt::Key_Right, Qt::ControlModifier);
+  editor.strip->bnMoveRight->click();
+  EXPECT_EQ(Strip(), ".<Extension>[<Source file name> ]");
+  EXPECT_EQ(Items()[2].Replace1, "a");
+  editor.strip->bnMoveRight->click();
+  EXPECT_EQ(Strip(), ".<Extension>[<Source file name> ]");
+}
+
+TEST_F(ConstructorEditorTest, ShowsTheFieldsOfTheMode) {
+  const struct {
+    const char* combo;
+    int mode;
+    std::vector<std::string> fields;
+    const char* text1_caption;
+  } table[] = {
+      {"cmbCutFile", 0, {}, ""},
+      {"cmbCutFile", 1, {"fdCutFileText"}, ""},
+      {"cmbCutFile", 2, {"fdCutFileN"}, ""},
+      {"cmbCutFile", 4, {"fdCutFileN", "fdCutFileX"}, ""},
+      {"cmbCutFile", 6, {"fdCutFileN", "fdCutFileX"}, ""},
+      {"cmbCutFile", 8, {"fdCutFileN"}, ""},
+      {"cmbCutFile", 9, {"fdCutFileN", "fdCutFileX"}, ""},
+      {"cmbAddFile", 0, {}, "&Text1:"},
+      {"cmbAddFile", 2, {"fdAddFileText1"}, "&Text:"},
+      {"cmbAddFile", 3, {"fdAddFileText1", "fdAddFileText2"}, "&Text1:"},
+      {"cmbAddFile", 5, {"fdAddFileText1", "fdAddFileN"}, "&Text:"},
+      {"cmbAddFile", 0, {}, "&Text:"},
+  };
+  const char* const cut[] = {"fdCutFileN", "fdCutFileX", "fdCutFileText"};
+  const char* const add[] = {"fdAddFileText1", "fdAddFileText2", "fdAddFileN"};
+  for (const auto& row : table) {
+    SCOPED_TRACE(std::string(row.combo) + ' ' + std::to_string(row.mode));
+    Pick(row.combo)->setCurrentIndex(row.mode);
+    std::vector<std::string> shown;
+    for (const char* name : row.combo == std::string("cmbCutFile") ? cut : add) {
+      const QString label = QStringLiteral("lb") + QLatin1String(name + 2);
+      const bool visible = !Field(name)->isHidden();
+      EXPECT_EQ(!Find<QLabel>(label.toLatin1().constData())->isHidden(), visible) << name;
+      if (visible) shown.emplace_back(name);
+    }
+    EXPECT_EQ(shown, row.fields);
+    if (*row.text1_caption != '\0') {
+      EXPECT_EQ(Find<QLabel>("lbAddFileText1")->text(), QLatin1String(row.text1_caption));
+    }
+  }
+}
+
+TEST_F(ConstructorEditorTest, KeepsTheValuesOfFieldsThatAModeHides) {
+  Pick("cmbCutFile")->setCurrentIndex(4);
+  Type(Field("fdCutFileX"), QStringLiteral("3"));
+  Leave(Field("fdCutFileX"));
+  Find<QPushButton>("Command1")->click();
+  EXPECT_EQ(Items()[0].CutFile, 0);
+  Pick("cmbCutFile")->setCurrentIndex(9);
+  EXPECT_EQ(Items()[0].CutFileX, 3);
+  EXPECT_EQ(Field("fdCutFileX")->text(), QStringLiteral("3"));
+}
+
+TEST_F(ConstructorEditorTest, SwapsValuesAndPageBetweenTwoElementsOfOneKind) {
+  Choose(editor.strip->bnInsertRight, "<Source file name>");
+  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
+  Type(Field("fdReplace1"), QStringLiteral("a/b"));
+  Pick("cmbCutFile")->setCurrentIndex(2);
+  changes = 0;
+
+  Select(0);
+  EXPECT_GT(std::exchange(changes, 0), 0) << "the controls held other values";
+  EXPECT_EQ(Field("fdReplace1")->text(), QString());
+  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0);
+  EXPECT_TRUE(Field("fdCutFileN")->isHidden());
+  EXPECT_EQ(Items()[0].Replace1, "");
+  EXPECT_EQ(Items()[1].Replace1, "a/b");
+
+  Select(1);
+  EXPECT_EQ(Field("fdReplace1")->text(), QStringLiteral("a/b"));
+  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 1);
+  EXPECT_FALSE(Field("fdCutFileN")->isHidden());
+
+  Select(2);
+  changes = 0;
+  Select(1);
+  EXPECT_EQ(changes, 0) << "the controls hold these values already";
+}
+
+TEST_F(ConstructorEditorTest, EditsTheFieldsOfItsKindOnly) {
+  Select(2);
+  EXPECT_EQ(Pane(), "pbExt");
+  Pick("cmbCaseExt")->setCurrentIndex(2);
+  Type(Field("fdReplaceExt2"), QStringLiteral("x"));
+  Choose(editor.strip->bnInsertRight, "<Parent folder name>");
+  EXPECT_EQ(Pane(), "pbParentFolderName");
+  Pick("cmbAddParentFolder")->setCurrentIndex(1);
+  Type(Field("fdAddParentFolderText1"), QStringLiteral("y"));
+  EXPECT_EQ(Items()[2].CaseExt, 2);
+  EXPECT_EQ(Items()[2].ReplaceExt2, "x");
+  EXPECT_EQ(Items()[3].AddParentFolder, 1);
+  EXPECT_EQ(Items()[3].AddParentFolderText1, "y");
+  EXPECT_EQ(Items()[3].CaseExt, 0);
+}
+
+TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
+  QLineEdit* n = Field("fdCutFileN");
+  Pick("cmbCutFile")->setCurrentIndex(2);
+  changes = 0;
+  n->clear();
+  Type(n, QStringLiteral("0x0-7 "));
+  EXPECT_EQ(n->text(), QStringLiteral("007"));
+  EXPECT_GT(changes, 0);
+  EXPECT_EQ(Items()[0].CutFileN, 0) << "not at every key";
+  Leave(n, Qt::ActiveWindowFocusReason);
+  EXPECT_EQ(Items()[0].CutFileN, 0) << "another window only borrows the focus";
+  Leave(n);
+  EXPECT_EQ(Items()[0].CutFileN, 7);
+  EXPECT_EQ(n->text(), QStringLiteral("7"));
+  n->setText(QStringLiteral("12"));
+  Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+  EXPECT_EQ(Items()[0].CutFileN, 12);
+  n->clear();
+  editor.CommitFocusedField();
+  EXPECT_EQ(Items()[0].CutFileN, 0);
+  EXPECT_EQ(n->text(), QStringLiteral("0"));
+}
+
+TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) {
+  Choose(editor.strip->bnInsertRight, "<Source file name>");
+  const struct {
+    const char* what;
+    std::function<void()> act;
+    std::size_t now_at;
+  } table[] = {
+      {"select", [&] { Select(0); }, 1},
+      {"move", [&] { editor.strip->bnMoveLeft->click(); }, 0},
+      {"insert", [&] { Choose(editor.strip->vbInsertLeft, "<Source file name>"); }, 1},
+  };
+  int number = 10;
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.what);
+    Select(row.what == std::string("insert") ? 0 : 1);
+    Field("fdCutFileN")->setText(QString::number(++number));
+    row.act();
+    Leave(Field("fdCutFileN"));
+    for (std::size_t i = 0; i < 2; ++i) {
+      EXPECT_EQ(Items()[i].CutFileN == number, i == row.now_at) << i;
+    }
+  }
+}
+
+TEST_F(ConstructorEditorTest, ReportsANumberBeyond32BitsAndKeepsTheElements) {
+  KeptReports kept;
+  Items()[0].CutFileN = 5;
+  QLineEdit* n = Field("fdCutFileN");
+  n->setText(QStringLiteral("99999999999999999999"));
+  Leave(n);
+  ASSERT_EQ(kept.reports.size(), 1u);
+  EXPECT_NE(kept.reports[0].find("Form1.fdCutFileN_Validate(Cancel)"), std::string::npos);
+  EXPECT_EQ(Items()[0].CutFileN, 5);
+  EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
+  editor.CommitFocusedField();
+  Select(1);
+  EXPECT_EQ(kept.reports.size(), 1u) << "told once for what was typed";
+}
+
+TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNames) {
+  const struct {
+    const char* field;
+    bool filtered;
+  } table[] = {
+      {"fdReplace1", false},      {"fdCutFileText", false},         {"fdReplace2", true},
+      {"fdAddFileText1", true},   {"fdAddFileText2", true},         {"fdReplaceExt1", false},
+      {"fdReplaceExt2", true},    {"fdAddParentFolderText1", true}, {"fdDateSeparator", true},
+      {"fdTDateSeparator", true},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.field);
+    QLineEdit* field = Field(row.field);
+    field->clear();
+    prompts.told.clear();
+    Type(field, QStringLiteral("a\\/:*?\"<>|b"));
+    EXPECT_EQ(prompts.told.size(), row.filtered ? 9u : 0u);
+    EXPECT_EQ(field->text(), row.filtered ? QStringLiteral("ab") : QStringLiteral("a\\/:*?\"<>|b"));
+    prompts.told.clear();
+    field->insert(QStringLiteral("c/d"));  // as a paste does
+    EXPECT_TRUE(field->text().endsWith(QStringLiteral("c/d")));
+    EXPECT_TRUE(prompts.told.empty());
+  }
+  Type(Field("fdReplace2"), QStringLiteral("/"));
+  ASSERT_EQ(prompts.told.size(), 1u);
+  EXPECT_EQ(prompts.told[0],
+            "A filename cannot contain any of the following characters:\n"
+            "\\ / : * ? \" < > |");
+}
+
+TEST_F(ConstructorEditorTest, DerivesFormatsAndSamplesOfDatesAndCounters) {
+  Choose(editor.strip->bnInsertRight, "<File date>");
+  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024-01-01"));
+  Pick("cmbDate(1)")->setCurrentIndex(6);
+  Field("fdDateSeparator")->setText(QStringLiteral(" "));
+  EXPECT_EQ(Items()[1].DateFormat, "yyyy mmmm dd");
+  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024 January 01"));
+  for (const char* box : {"cmbDate(0)", "cmbDate(1)", "cmbDate(2)"}) Pick(box)->setCurrentIndex(0);
+  EXPECT_EQ(Items()[1].DateFormat, "");
+  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: "));
+
+  Choose(editor.strip->bnInsertRight, "<Counter>");
+  EXPECT_EQ(Items()[2].CounterFormat, "0000");
+  Field("fdStartValue")->setText(QStringLiteral("12"));
+  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: 0012"));
+  EXPECT_EQ(Items()[2].CounterStart, 1);
+  Pick("cmbRange")->setCurrentIndex(0);
+  EXPECT_EQ(Items()[2].CounterFormat, "0");
+  Leave(Field("fdStartValue"));
+  EXPECT_EQ(Items()[2].CounterStart, 12);
+}
+
+TEST_F(ConstructorEditorTest, ShowsTextsAsTheyAreInChips) {
+  constructor.InsertArrConstrItem(0, kText, "R&D \xFF");
+  const ConstructorEditor other(constructor, {prompts, clock, months});
+  const ChipBar* chips = other.strip->tabConstructor;
+  EXPECT_EQ(chips->tabText(0), QStringLiteral("R&&D \uFFFD"));
+  EXPECT_EQ(chips->tabText(1), QStringLiteral("<Source file name> "));
+}
+
+TEST_F(ConstructorEditorTest, EveryControlHasANameOfItsOwn) {
+  std::vector<std::string> names;
+  for (const QWidget* widget : editor.findChildren<QWidget*>()) {
+    const std::string name = text::FromQt(widget->objectName());
+    const bool is_own = name.compare(0, 3, "qt_") != 0 && name.compare(0, 6, "Scroll") != 0;
+    if (!name.empty() && is_own) names.push_back(name);
+  }
+  std::sort(names.begin(), names.end());
+  const auto twice = std::adjacent_find(names.begin(), names.end());
+  EXPECT_EQ(twice, names.end()) << *twice;
+}
+
+}  // namespace

@@ -1,0 +1,44 @@
+#include "names/custom_text_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "support/fakes.h"
+
+TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
+  const struct {
+    QString typed;
+    std::string text;
+    std::string told;  ///< the beginning of the message; empty: none
+  } table[] = {
+      {QStringLiteral("summer"), "summer", ""},
+      {QStringLiteral("   "), "   ", ""},
+      {QString(), "", "The text field is empty."},
+      {QStringLiteral("a:b"), "", "A filename cannot contain"},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.typed.toStdString());
+    FakePrompts prompts;
+    Form5 dialog(prompts, nullptr);
+    dialog.show();
+    dialog.fdText->setText(row.typed);
+    dialog.bnOK->click();
+    EXPECT_EQ(dialog.Text(), row.text);
+    EXPECT_EQ(dialog.isVisible(), !row.told.empty());
+    EXPECT_EQ(dialog.fdText->text(), row.typed);
+    ASSERT_EQ(prompts.told.size(), row.told.empty() ? 0u : 1u);
+    if (!row.told.empty()) EXPECT_EQ(prompts.told[0].compare(0, row.told.size(), row.told), 0);
+  }
+}
+
+TEST(CustomTextDialog, HoldsNothingAfterACancel) {
+  FakePrompts prompts;
+  Form5 dialog(prompts, nullptr);
+  dialog.show();
+  dialog.fdText->setText(QStringLiteral("summer"));
+  dialog.bnCancel->click();
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(dialog.Text(), "");
+}

@@ -1,0 +1,225 @@
+#include "platform/files_posix.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/name_pattern.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+class PosixFiles : public ::testing::Test {
+ protected:
+  std::set<std::string> Listed(const std::string& path) {
+    FolderEntries all;
+    EXPECT_TRUE(files->List(path, {}, all));
+    std::set<std::string> names;
+    for (const auto& entry : all.entries) {
+      names.insert((entry.kind == EntryKind::kFolder ? "/" : "") + std::string(entry.name));
+    }
+    EXPECT_EQ(names.size(), all.entries.size());
+    return names;
+  }
+
+  TempFolder folder;
+  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+};
+
+}  // namespace
+
+TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
+  folder.Write("file", "");
+  folder.MakeFolder("sub");
+  folder.MakeLink("dangling", "nowhere");
+  folder.MakeLink("loop", "loop");
+  folder.Write("a?b", "");
+  folder.Write("x\xC3\xA9.txt", "");
+  folder.Write("line\nbreak\\ -\xFF. ", "");
+  struct {
+    std::string name;
+    bool expected;
+  } const table[] = {
+      {"file", true},
+      {"sub", true},
+      {"dangling", true},
+      {"loop", true},
+      {"a?b", true},
+      {"x?.txt", true},
+      {"x??.txt", false},
+      {"*.txt", true},
+      {"*.TXT", false},
+      {"*", true},
+      {"none*", false},
+      {"none", false},
+      {"", false},
+      {"sub/", false},
+      {"file/below", false},
+      {"loop/below", false},
+      {"none/*", false},
+      {"sub/*", false},
+      {std::string(300, 'n'), false},
+      {std::string("file\0x", 6), false},
+      {"line\nbreak\\ -\xFF. ", true},
+  };
+  for (const auto& row : table) {
+    EXPECT_EQ(files->Exists(folder / row.name), row.expected) << row.name;
+  }
+}
+
+TEST(NamePattern, FitsWholeNamesByCharacter) {
+  struct {
+    const char* name;
+    const char* pattern;
+    bool expected;
+  } const table[] = {
+      {"abcabd", "*abd", true},
+      {"abc", "a*c*", true},
+      {"abc", "ab", false},
+      {"", "*", true},
+      {"", "?", false},
+      {"a", "a?", false},
+      {"\xF0\x9F\x98\x80", "?", true},
+      {"\xFFz", "?z", true},
+      {"\xC3z", "??", true},
+      {"\xC3", "?", true},
+      {"aXbXc", "a*X?", true},
+      {"[a]", "[a]", true},
+  };
+  for (const auto& row : table) {
+    EXPECT_EQ(FitsPattern(row.name, row.pattern), row.expected) << row.name << ' ' << row.pattern;
+  }
+}
+
+TEST_F(PosixFiles, LooksAtTheEntryItself) {
+  folder.Write("file", "12345");
+  const struct timespec times[2] = {{1, 0}, {1'700'000'000, 123'456'789}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "file").c_str(), times, 0), 0);
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", folder / "sub");
+  const auto facts = files->Look(folder / "file");
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->size, 5u);
+  EXPECT_EQ(facts->modified_ns, 1'700'000'000'123'456'789);
+  EXPECT_EQ(files->Look(folder / "sub")->kind, EntryKind::kFolder);
+  EXPECT_EQ(files->Look(folder / "to sub")->kind, EntryKind::kFile);
+  EXPECT_FALSE(files->Look(folder / "none"));
+}
+
+TEST_F(PosixFiles, ListsAllButWhatIsUnfinished) {
+  for (const char* name : {".hidden", ".qv-12-3.part", ".qv-12-3.partly", ".qv--3.part",
+                           ".qv-12-.part", "bad\xFF", "new\nline"}) {
+    folder.Write(name, "");
+  }
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", folder / "sub");
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+  const std::set<std::string> expected = {".hidden",      ".qv-12-3.partly", ".qv--3.part",
+                                          ".qv-12-.part", "bad\xFF",         "new\nline",
+                                          "/sub",         "to sub",          "fifo"};
+  EXPECT_EQ(Listed(folder.path()), expected);
+  EXPECT_EQ(Listed(folder / ""), expected);
+  FolderEntries all;
+  EXPECT_FALSE(files->List(folder / "none", {}, all));
+  EXPECT_TRUE(files->List("", {}, all));
+  EXPECT_FALSE(all.entries.empty());
+}
+
+TEST_F(PosixFiles, ListsLargeFoldersInPiecesAndStopsWhenAsked) {
+  for (int i = 0; i < 5000; ++i) {
+    folder.Write("a name that fills the pieces soon " + std::to_string(i), "");
+  }
+  EXPECT_EQ(Listed(folder.path()).size(), 5000u);
+  FolderEntries all;
+  EXPECT_FALSE(files->List(
+      folder.path(), [] { return false; }, all));
+  EXPECT_GT(all.entries.size(), 0u);
+  EXPECT_LT(all.entries.size(), 5000u);
+}
+
+TEST(PosixFilesKinds, AreAskedForWhereTheListingDoesNotTell) {
+  TempFolder folder;
+  folder.Write("file", "");
+  folder.MakeFolder("sub");
+  Syscalls calls = RealSyscalls();
+  calls.getdents = [real = calls.getdents](int fd, void* buffer, std::size_t size) {
+    const ssize_t filled = real(fd, buffer, size);
+    auto* bytes = static_cast<unsigned char*>(buffer);
+    for (ssize_t at = 0; at < filled;) {
+      bytes[at + 18] = 0;  // d_type, DT_UNKNOWN
+      at += bytes[at + 16] + 256 * bytes[at + 17];
+    }
+    return filled;
+  };
+  const auto files = MakePosixFileSystem(calls);
+  FolderEntries all;
+  ASSERT_TRUE(files->List(folder.path(), {}, all));
+  ASSERT_EQ(all.entries.size(), 2u);
+  for (const auto& entry : all.entries) {
+    EXPECT_EQ(entry.kind == EntryKind::kFolder, entry.name == "sub");
+  }
+}
+
+TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNow) {
+  folder.MakeFolder("one");
+  folder.Write("one/a", "first");
+  EXPECT_TRUE(files->Exists(folder / "one/a"));
+  // From outside: the kept handle now belongs to "two".
+  ASSERT_EQ(::rename((folder / "one").c_str(), (folder / "two").c_str()), 0);
+  folder.MakeFolder("one");
+  folder.Write("one/a", "second");
+  EXPECT_TRUE(files->MoveFile(folder / "one/a", folder / "one/b", {}));
+  EXPECT_EQ(folder.Read("one/b"), "second");
+  EXPECT_EQ(folder.Read("two/a"), "first");
+  EXPECT_TRUE(files->DeleteFile(folder / "one/b"));
+  // By ourselves: known at once, looking included.
+  EXPECT_TRUE(files->Exists(folder / "two/a"));
+  EXPECT_TRUE(files->MoveFile(folder / "two", folder / "three", {}));
+  EXPECT_FALSE(files->Exists(folder / "two/a"));
+  EXPECT_TRUE(files->Exists(folder / "three/a"));
+}
+
+TEST_F(PosixFiles, ReachBeyondTheLongestPathOfOneCall) {
+  const std::string level(250, 'd');
+  std::string path = folder.path();
+  for (int i = 0; i < 20; ++i) {
+    path += '/' + level;
+    ASSERT_TRUE(files->CreateDirectory(path)) << i;
+  }
+  ASSERT_GT(path.size(), 4096u);
+  FolderEntries all;
+  EXPECT_TRUE(files->List(path, {}, all));
+  EXPECT_FALSE(files->Exists(path + "/f"));
+  ASSERT_TRUE(files->CreateDirectory(path + "/e"));
+  EXPECT_TRUE(files->MoveFile(path + "/e", path + "/f", {}));
+  EXPECT_EQ(files->Look(path + "/f")->kind, EntryKind::kFolder);
+}
+
+TEST_F(PosixFiles, DeleteOnlyWhatIsMeant) {
+  folder.Write("file", "x");
+  folder.MakeFolder("sub");
+  folder.MakeLink("link", folder / "file");
+  EXPECT_FALSE(files->DeleteFile(folder / "sub"));
+  EXPECT_FALSE(files->DeleteFile(folder / "none"));
+  EXPECT_TRUE(files->DeleteFile(folder / "link"));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "sub"}));
+
+  FileIdentity made;
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &made));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "file", made));
+  folder.Write("copy", "written to since");
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", made));
+  ASSERT_TRUE(files->DeleteFile(folder / "copy"));
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &made));
+  EXPECT_TRUE(files->DeleteMadeFile(folder / "copy", made));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "sub"}));
+}
+
+TEST_F(PosixFiles, CreateOneFolderLevel) {
+  EXPECT_TRUE(files->CreateDirectory(folder / "new"));
+  EXPECT_FALSE(files->CreateDirectory(folder / "new"));
+  EXPECT_FALSE(files->CreateDirectory(folder / "none/new"));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"new"}));
+}

@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <map>
+#include <string>
+
+#include "core/records.h"
+#include "filelist/scan.h"
+#include "rename/run.h"
+#include "support/fakes.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+/// Lists a real folder, gives names to rows, and runs. Every file holds its first name, so that a
+/// lost or mixed-up one shows.
+class RunOnDisk : public testing::Test {
+ protected:
+  void Add(const std::string& name) { folder.Write(name, name); }
+
+  void Scan() {
+    records.DeleteAll();
+    state.gFileCount = 0;
+    LongPass pass(0, state, events, clock);
+    mScanCD::Scan({"", "", true}, records, state, *files, clock, types, pass)
+        .ShowDir3_FillPreview("in", folder.path() + "/");
+    for (std::size_t i = 0; i < records.Count(); ++i) {
+      records[i].newFileName = records[i].sourceFileName;
+    }
+  }
+
+  void Plan(const std::map<std::string, std::string>& names) {
+    for (std::size_t i = 0; i < records.Count(); ++i) {
+      const auto planned = names.find(records[i].sourceFileName);
+      records[i].checked = planned != names.end();
+      if (planned != names.end()) records[i].newFileName = planned->second;
+    }
+  }
+
+  void Run(const OutputOptions& output = {}) {
+    RunReports reports;
+    RenameRun(output, records, state, *files, events, clock, reports).RunRename();
+  }
+
+  char MarkOf(const std::string& name) const {
+    for (std::size_t i = 0; i < records.Count(); ++i) {
+      if (records[i].sourceFileName == name) return MarkText(records[i].mark)[0];
+    }
+    return '?';
+  }
+
+  TempFolder folder;
+  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  Records records;
+  RunState state;
+  FakeEvents events;
+  FakeClock clock;
+  FakeTypeNames type_names;
+  FileTypes types{type_names};
+};
+
+constexpr int kMany = 1000;
+
+}  // namespace
+
+TEST_F(RunOnDisk, TurnsThousandFilesRound) {
+  std::map<std::string, std::string> names;
+  const auto name = [](int i) { return "f" + std::to_string(i) + ".jpg"; };
+  for (int i = 0; i < kMany; ++i) {
+    Add(name(i));
+    const int pair = i ^ 1;
+    names[name(i)] = i < 200 ? name(pair) : i + 1 < kMany ? name(i + 1) : name(200);
+  }
+  Scan();
+  Plan(names);
+  Run();
+  EXPECT_EQ(folder.List().size(), static_cast<std::size_t>(kMany));
+  for (const auto& [from, to] : names) EXPECT_EQ(folder.Read(to), from);
+}
+
+TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
+  const std::string bad("bad\xFF\xFE"), line("two\nlines"), gone("gone");
+  for (const std::string& name : {bad, line, gone, std::string("long"), std::string("out"),
+                                  std::string("up"), std::string("nul"), std::string("link"),
+                                  std::string("onto a link"), std::string("onto a twin"),
+                                  std::string("onto a folder"), std::string("-rf")}) {
+    Add(name);
+  }
+  folder.MakeLink("dangling", "/nowhere/at all");
+  folder.MakeFolder("subfolder");
+  ASSERT_EQ(::link((folder / "onto a twin").c_str(), (folder / "twin").c_str()), 0);
+  Scan();
+  state.gConflictAddNumber = 0;
+  Plan({{bad, "good"},
+        {line, "bad\xFE\n again"},
+        {gone, "never"},
+        {"long", std::string(300, 'x')},
+        {"out", "subfolder/out"},
+        {"up", "../up"},
+        {"nul", std::string("a\0b", 3)},
+        {"onto a link", "dangling"},
+        {"onto a twin", "twin"},
+        {"onto a folder", "subfolder"},
+        {"-rf", "rf "}});
+  ASSERT_EQ(::unlink((folder / gone).c_str()), 0);
+  Run();
+  for (const std::string& name : {bad, line, std::string("-rf")}) EXPECT_EQ(MarkOf(name), 'D');
+  for (const char* name : {"gone", "long", "out", "up", "nul", "onto a link", "onto a twin",
+                           "onto a folder"}) {
+    EXPECT_EQ(MarkOf(name), 'F') << name;
+    if (name != gone) {
+      EXPECT_EQ(folder.Read(name), name);
+    }
+  }
+  EXPECT_EQ(folder.Read("good"), bad);
+  EXPECT_EQ(folder.Read("bad\xFE\n again"), line);
+  EXPECT_EQ(folder.Read("rf "), "-rf");
+  EXPECT_EQ(folder.List("subfolder").size(), 0u);
+  EXPECT_EQ(folder.List().size(), 14u) << "no file more and none less";
+}
+
+TEST_F(RunOnDisk, NumbersPastWhatStandsInTheWay) {
+  Add("a");
+  folder.MakeLink("b", "/nowhere/at all");
+  folder.MakeFolder("b_{1}");
+  Scan();
+  Plan({{"a", "b"}});
+  Run();
+  EXPECT_EQ(MarkOf("a"), 'D');
+  EXPECT_EQ(folder.Read("b_{2}"), "a");
+  EXPECT_TRUE(folder.Has("b"));
+}
+
+TEST_F(RunOnDisk, FailsWhereNumberingMakesANameTooLong) {
+  const std::string longest(255, 'x');
+  Add("a");
+  Add(longest);
+  Scan();
+  Plan({{"a", longest}});
+  Run();
+  EXPECT_EQ(MarkOf("a"), 'F');
+  EXPECT_EQ(folder.Read("a"), "a");
+  EXPECT_EQ(folder.Read(longest), longest);
+}
+
+TEST_F(RunOnDisk, LeavesNothingOfACopyThatTheDiskHasNoRoomFor) {
+  const std::string content(100'000, 'x');
+  folder.Write("large", content);
+  folder.Write("small", "s");
+  Scan();
+  TempFolder out;
+  struct rlimit old;
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+  const struct rlimit small { 50'000, old.rlim_max };
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  Run({kCopyTo, out.path() + "/", false, folder.path() + "/"});
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &old), 0);
+  EXPECT_EQ(MarkOf("large"), 'F');
+  EXPECT_EQ(MarkOf("small"), 'D');
+  EXPECT_EQ(out.List(), std::vector<std::string>{"small"});
+  EXPECT_EQ(folder.Read("large"), content);
+}
+
+TEST_F(RunOnDisk, CopiesNoFifoAndDoesNotWaitForIt) {
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+  Scan();
+  TempFolder out;
+  Run({kCopyTo, out.path() + "/", false, folder.path() + "/"});
+  EXPECT_EQ(MarkOf("fifo"), 'F');
+  EXPECT_TRUE(out.List().empty());
+}
+
+TEST_F(RunOnDisk, MovesAWholeTreeUnderTheOutputFolder) {
+  Add("a");
+  folder.MakeFolder("sub");
+  Add("sub/b");
+  Scan();
+  TempFolder out(std::string("/dev/shm"));
+  Run({kMoveTo, out.path() + "/new/", true, folder.path() + "/"});
+  EXPECT_EQ(out.Read("new/a"), "a");
+  EXPECT_EQ(out.Read("new/sub/b"), "sub/b");
+  EXPECT_FALSE(folder.Has("a"));
+}
