@@ -6,7 +6,11 @@
 #include "platform/event_pump_qt.h"
 #include "platform/locale_facts_qt.h"
 #include "platform/prompts_qt.h"
+#include "platform/settings_store_qt.h"
+#include "platform/single_instance.h"
+#include "platform/text_qt.h"
 #include "platform/type_names_qt.h"
+#include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
 #include "window/skin.h"
@@ -36,6 +40,12 @@ void PrepareApplication(QApplication& application) {
   ApplySkin(application, true);
 }
 
+void SaveVersion(SettingsStore& settings) {
+  mRegSettings::SaveVersion(
+      settings, {QUORVANE_VERSION_MAJOR, QUORVANE_VERSION_MINOR, QUORVANE_VERSION_REVISION},
+      text::FromQt(QCoreApplication::applicationDirPath()));
+}
+
 }  // namespace
 
 struct Program::Parts {
@@ -46,28 +56,45 @@ struct Program::Parts {
   QtTypeNames type_names;
   QtPrompts prompts;
   PromptReporter reporter{prompts};
+  QtSettingsStore settings;
   RunState state;
   Records records;
   Grid grid{records};
   Constructor constructor;
   RunReports reports;
-  Form1 window{{state, grid, constructor, reports, *files, *clock, events, locale, type_names,
-                prompts}};
+  Form1 window{
+      {state, grid, constructor, reports, *files, *clock, events, locale, type_names, prompts},
+      settings};
 };
 
 Program::Program(QApplication& application)
     : parts_((PrepareApplication(application), std::make_unique<Parts>())) {}
 Program::~Program() = default;
 
-Form1& Program::MainWindow() { return parts_->window; }
+Form1& Program::MainWindow() {
+  return parts_->window;
+}
+
+void Program::Start() {
+  parts_->window.show();
+  // Told before anything is written: a damaged file is sound afterwards.
+  ErrTrace::top<"mMain.Main">(ErrTrace::args(),
+                              [&] { mRegSettings::CheckReadable(parts_->settings); });
+  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { SaveVersion(parts_->settings); });
+}
 
 namespace mMain {
 
 int Main(QApplication& application) {
   int exit_code = 1;
   ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
+    const SingleInstance instance(InstanceFolder());
+    if (instance.AnotherRuns()) {
+      exit_code = 0;
+      return;
+    }
     Program program(application);
-    program.MainWindow().show();
+    program.Start();
     exit_code = QApplication::exec();
   });
   return exit_code;

@@ -12,6 +12,9 @@ class Program {
   explicit Program(QApplication& application);
   ~Program();
 
+  /// Shows the main window, tells of settings that can't be read, and notes which program runs.
+  void Start();
+
   Form1& MainWindow();
 
  private:
@@ -21,7 +24,8 @@ class Program {
 
 namespace mMain {
 
-/// Shows the main window and runs until it is closed. Answers the exit code.
+/// Shows the main window and runs until it is closed; ends at once, without a word, while another
+/// copy runs for this user. Answers the exit code.
 int Main(QApplication& application);
 
 }  // namespace mMain
