@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -50,10 +51,17 @@ WindowFrame FrameOf(const QWidget& window) {
   return frame;
 }
 
+/// For a window that is made but not on the screen yet. There a move alone takes the place for that
+/// without the frame, and the window would creep by its frame at each start.
+void Place(QWidget& window, const QPoint& place) {
+  window.move(place);
+  if (QWindow* handle = window.windowHandle()) handle->setFramePosition(place);
+}
+
 void Apply(const WindowFrame& frame, QWidget& window) {
   const QSize size(Pixels(frame.width), Pixels(frame.height));
   if (size != window.size()) window.resize(size);
-  if (frame.left && frame.top) window.move(Pixels(*frame.left), Pixels(*frame.top));
+  if (frame.left && frame.top) Place(window, {Pixels(*frame.left), Pixels(*frame.top)});
   if (frame.WindowState == kMaximised) {
     window.setWindowState(window.windowState() | Qt::WindowMaximized);
   } else if (frame.WindowState == kMinimised) {
