@@ -25,8 +25,14 @@ class Ratio {
 
   template <class Ours, class Floor>
   void Round(Ours&& ours, Floor&& floor) {
-    ours_.push_back(Seconds(ours));
-    floor_.push_back(Seconds(floor));
+    const double our_time = Seconds(ours);
+    Add(our_time, Seconds(floor));
+  }
+
+  /// A round measured elsewhere, in seconds.
+  void Add(double ours, double floor) {
+    ours_.push_back(ours);
+    floor_.push_back(floor);
   }
 
   /// Prints the medians a step and their ratio; true when the aim is met.

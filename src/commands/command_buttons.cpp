@@ -2,8 +2,8 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeySequence>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStyle>
 
 #include "common/card_qt.h"
@@ -15,23 +15,18 @@ struct ButtonRow {
   const char* name;
   const char* text;
   const char* keys;
-  void (CommandButtons::*clicked)();
+  const char* more_keys;  ///< empty when there is one way only
 };
 
 /// By CommandButton.
 constexpr ButtonRow kButtons[kCommandButtonCount] = {
-    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"), "F5",
-     &CommandButtons::loadFileListClicked},
-    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"), "F6",
-     &CommandButtons::previewClicked},
-    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"), "Ctrl+Return",
-     &CommandButtons::renameClicked},
-    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), "Ctrl+Z",
-     &CommandButtons::undoClicked},
-    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), "Esc",
-     &CommandButtons::cancelClicked},
+    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"), "F5", ""},
+    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"), "F6", ""},
+    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"), "Ctrl+Return", "Ctrl+Enter"},
+    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), "Ctrl+Z", ""},
+    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), "Esc", ""},
 };
-constexpr int kPadding = 14;
+constexpr int kPadding = 12;
 
 std::size_t IndexOf(CommandButton button) {
   return static_cast<std::size_t>(button);
@@ -64,43 +59,44 @@ void CommandButtons::AddButton(CommandButton button) {
   made->setMinimumHeight(measure::kCommandHeight);
   buttons_[IndexOf(button)] = made;
   layout()->addWidget(made);
-  connect(made, &QPushButton::clicked, this,
-          [this, clicked = row.clicked] { emit(this->*clicked)(); });
-  Explain(made, QKeySequence(QLatin1String(row.keys)).toString(QKeySequence::NativeText));
+  connect(made, &QPushButton::clicked, this, [this, button] { emit commandRequested(button); });
+
+  const QKeySequence keys(QLatin1String(row.keys));
+  Explain(made, keys.toString(QKeySequence::NativeText));
+  for (const char* text : {row.keys, row.more_keys}) {
+    if (*text == '\0') continue;
+    auto* shortcut = new QShortcut(QKeySequence(QLatin1String(text)), made);
+    connect(shortcut, &QShortcut::activated, made, &QPushButton::click);
+  }
 }
 
 QPushButton* CommandButtons::Button(CommandButton button) const {
   return buttons_[IndexOf(button)];
 }
 
-void CommandButtons::Enable(CommandButton button, bool enable) {
+void CommandButtons::EnableButton(CommandButton button, bool enable) {
   Button(button)->setEnabled(enable);
   MarkPrimary();
 }
 
-void CommandButtons::Click(CommandButton button) {
-  Button(button)->click();
-}
-
-QPushButton* CommandButtons::Primary() const {
-  if (Button(CommandButton::bnCancel)->isEnabled()) return nullptr;
-  for (const auto button :
-       {CommandButton::bnRename, CommandButton::bnPreview, CommandButton::bnLoadFileList}) {
-    if (Button(button)->isEnabled()) return Button(button);
-  }
-  return nullptr;
-}
-
 void CommandButtons::FocusPrimary() {
-  if (QPushButton* primary = Primary()) primary->setFocus(Qt::OtherFocusReason);
+  for (QPushButton* button : buttons_) {
+    if (button->property("primary").toBool()) button->setFocus(Qt::OtherFocusReason);
+  }
 }
 
-void CommandButtons::FocusCommand5() {
+void CommandButtons::FocusAfterCancel() {
   Command5->setFocus(Qt::OtherFocusReason);
 }
 
 void CommandButtons::MarkPrimary() {
-  const QPushButton* primary = Primary();
+  const QPushButton* primary = nullptr;
+  if (!Button(CommandButton::bnCancel)->isEnabled()) {
+    for (const auto button :
+         {CommandButton::bnLoadFileList, CommandButton::bnPreview, CommandButton::bnRename}) {
+      if (Button(button)->isEnabled()) primary = Button(button);
+    }
+  }
   for (QPushButton* button : buttons_) {
     const bool is_primary = button == primary;
     if (button->property("primary").toBool() == is_primary) continue;

@@ -15,29 +15,23 @@ class CommandButtons : public QWidget {
  public:
   explicit CommandButtons(QWidget* parent = nullptr);
 
-  void Enable(CommandButton button, bool enable);
-  /// Presses a button; nothing happens when it is off.
-  void Click(CommandButton button);
+  void EnableButton(CommandButton button, bool enable);
+  QPushButton* Button(CommandButton button) const;
 
-  /// The next command; null when none stands out.
-  QPushButton* Primary() const;
+  /// Gives the focus to the button that stands out, if there is one.
   void FocusPrimary();
+
   /// Takes the focus away from the buttons, to where no key starts a command.
-  void FocusCommand5();
+  void FocusAfterCancel();
 
  signals:
-  /// A button was pressed. The receiver starts the command.
-  void loadFileListClicked();
-  void previewClicked();
-  void renameClicked();
-  void undoClicked();
-  void cancelClicked();
+  /// A button was pressed, by mouse, letter or key. The receiver starts the command.
+  void commandRequested(CommandButton button);
 
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
-  QPushButton* Button(CommandButton button) const;
   void AddButton(CommandButton button);
   void MarkPrimary();
   void FitWidths();

@@ -139,7 +139,11 @@ QVariant FileListModel::MarkedNameOf(const FileRow& row, int column) const {
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= kColumnCount) return {};
   if (role == Qt::DisplayRole) return QString::fromLatin1(kColumns[section].caption);
-  if (role == Qt::TextAlignmentRole) return QVariant(kColumns[section].alignment);
+  if (role == Qt::TextAlignmentRole) {
+    // The arrow of the sort stands at the right end, where a number's heading would be.
+    const bool arrow = section == kColumnSize && section == grid_.SortColumn();
+    return QVariant(arrow ? kColumns[kColumnPath].alignment : kColumns[section].alignment);
+  }
   return {};
 }
 

@@ -83,6 +83,9 @@ void FileListPanel::MakeControls() {
   bnWideFileList->setProperty("narrow", true);
   bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
+  const QString tip = KeyTip(QStringLiteral("Wide or narrow file list"), Qt::Key_F9);
+  bnWideFileList->setToolTip(tip);
+  bnWideFileList->setAccessibleDescription(tip);
   for (const ColumnBox& row : kColumnBoxes) {
     const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(row.key));
     const QString caption = QString::fromLatin1(row.caption);
@@ -166,16 +169,18 @@ void FileListPanel::ConnectControls() {
 void FileListPanel::ConnectList() {
   connect(ReportControl1->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
           &FileListPanel::SortBy);
-  connect(model_, &FileListModel::rowChecked, this, &FileListPanel::rowChecked);
+  connect(model_, &FileListModel::rowChecked, this, [this](int Row) {
+    constexpr int Item = kColumnCheck;
+    ErrTrace::top<"Form1.ReportControl1_ItemCheck(Row,Item)">(ErrTrace::args(Row, Item),
+                                                              [&] { emit rowChecked(Row); });
+  });
   connect(ReportControl1, &ListView::spacePressed, this, &FileListPanel::CheckSelected);
-  connect(ReportControl1, &ListView::rowEntered, this, [this] {
-    const QModelIndex current = ReportControl1->currentIndex();
-    if (current.isValid()) emit rowDblClick(current.row());
-  });
+  connect(ReportControl1, &ListView::rowEntered, this,
+          [this] { RowDblClick(ReportControl1->currentIndex()); });
   connect(ReportControl1, &ListView::doubleClicked, this, [this](const QModelIndex& index) {
-    if (index.column() != kColumnCheck) emit rowDblClick(index.row());
+    if (index.column() != kColumnCheck) RowDblClick(index);
   });
-  connect(ReportControl1, &ListView::customContextMenuRequested, this, &FileListPanel::OpenMenu);
+  connect(ReportControl1, &ListView::customContextMenuRequested, this, &FileListPanel::RowRClick);
 }
 
 void FileListPanel::cmbGroupBy_Click() {
@@ -196,13 +201,8 @@ void FileListPanel::bnWideFileList_Click() {
 }
 
 void FileListPanel::SetWideCaption() {
-  const QKeySequence key(Qt::Key_F9);
-  const QString words =
-      wide_ ? QStringLiteral("Narrow file list") : QStringLiteral("Wide file list");
   bnWideFileList->setText(wide_ ? QStringLiteral(">") : QStringLiteral("<"));
-  bnWideFileList->setShortcut(key);  // a new caption takes the key away
-  bnWideFileList->setAccessibleName(words);
-  bnWideFileList->setToolTip(KeyTip(words, key));
+  bnWideFileList->setShortcut(Qt::Key_F9);  // a new caption takes the key away
 }
 
 void FileListPanel::SortBy(int column, Qt::SortOrder order) {
@@ -237,9 +237,21 @@ void FileListPanel::CheckSelected() {
   });
 }
 
-void FileListPanel::OpenMenu(const QPoint& place) {
+void FileListPanel::RowDblClick(const QModelIndex& index) {
+  const int Row = index.row();
+  const int Item = index.column();
+  ErrTrace::top<"Form1.ReportControl1_RowDblClick(Row,Item)">(ErrTrace::args(Row, Item), [&] {
+    if (Row >= 0) emit rowDblClick(Row);
+  });
+}
+
+void FileListPanel::RowRClick(const QPoint& place) {
   const QModelIndex index = ReportControl1->indexAt(place);
-  emit rowRClick(index.row(), ReportControl1->viewport()->mapToGlobal(place));
+  const int Row = index.row();
+  const int Item = index.column();
+  ErrTrace::top<"Form1.ReportControl1_RowRClick(Row,Item)">(ErrTrace::args(Row, Item), [&] {
+    emit rowRClick(Row, ReportControl1->viewport()->mapToGlobal(place));
+  });
 }
 
 std::optional<std::size_t> FileListPanel::CurrentRecord() const {

@@ -11,6 +11,7 @@ class ListView;
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QModelIndex;
 class QPushButton;
 
 /// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
@@ -75,7 +76,8 @@ class FileListPanel : public QWidget {
   void SetWideCaption();
   void SetWidths();
   void CheckSelected();
-  void OpenMenu(const QPoint& place);
+  void RowDblClick(const QModelIndex& index);
+  void RowRClick(const QPoint& place);
   std::optional<std::size_t> CurrentRecord() const;
   void SetCurrentRecord(std::size_t record);
 

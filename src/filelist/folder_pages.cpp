@@ -179,15 +179,9 @@ void FolderPages::AddKeys() {
     connect(new QShortcut(keys, this), &QShortcut::activated, this,
             [this, page] { setCurrentIndex(page); });
   }
-}
-
-void FolderPages::FocusSourceFolder() {
-  setCurrentIndex(0);
-  fdSourceFolder->setFocus(Qt::OtherFocusReason);
-}
-
-void FolderPages::ChooseSourceFolder() {
-  Command2->click();
+  const auto choose = [this] { (bnDestination->isVisible() ? bnDestination : Command2)->click(); };
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this), &QShortcut::activated, this,
+          choose);
 }
 
 void FolderPages::Command2_Click() {
@@ -211,10 +205,12 @@ void FolderPages::cmbDestination_Click() {
 }
 
 void FolderPages::CommitFocusedField() {
-  const std::string typed = DestinationFolder();
-  if (!mMain::IsAbsolutePath(typed)) return;
-  const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
-  if (closed != fdDestination->text()) fdDestination->setText(closed);
+  ErrTrace::top<"FolderPages.CommitFocusedField">(ErrTrace::args(), [this] {
+    const std::string typed = DestinationFolder();
+    if (!mMain::IsAbsolutePath(typed)) return;
+    const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
+    if (closed != fdDestination->text()) fdDestination->setText(closed);
+  });
 }
 
 std::string FolderPages::SourceFolder() const {

@@ -30,10 +30,6 @@ class FolderPages : public QTabWidget {
   bool DestinationSubfolders() const;
 
   void SetSourceFolder(const std::string& folder);
-  /// Brings the field to view and gives it the focus.
-  void FocusSourceFolder();
-  /// Lets the user choose the source folder by the dialog.
-  void ChooseSourceFolder();
 
   /// Gives a typed output folder its closing separator. Every command does this first.
   void CommitFocusedField();

@@ -17,8 +17,8 @@ constexpr int kChipPadding = 10;
 constexpr int kLeastChip = 30;
 constexpr int kGreatestText = 200 - 2 * kChipPadding;
 constexpr int kWellMargin = 5;
-constexpr qreal kRadius = 4;
-constexpr qreal kWellRadius = 6;
+constexpr int kRadius = 4;
+constexpr int kWellRadius = 6;
 constexpr QChar kOpenBox(0x2423);
 
 /// Blanks at the ends of a text can't be seen; they show as open boxes.
@@ -62,7 +62,8 @@ ChipBar::ChipBar(QWidget* parent) : QTabBar(parent) {
   setUsesScrollButtons(true);
   setElideMode(Qt::ElideNone);
   setFocusPolicy(Qt::StrongFocus);
-  setFixedHeight(measure::kControlHeight);
+  setMinimumHeight(measure::kControlHeight);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void ChipBar::InsertChip(int index, std::string_view text, int tag) {
@@ -82,7 +83,9 @@ QString ChipBar::ChipText(int index) const {
 
 QSize ChipBar::tabSizeHint(int index) const {
   const int text = fontMetrics().horizontalAdvance(ChipText(index));
-  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap, height());
+  const int high = fontMetrics().height() + 2 * kRadius;
+  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap,
+               std::max(high, measure::kControlHeight));
 }
 
 void ChipBar::keyPressEvent(QKeyEvent* event) {

@@ -5,11 +5,16 @@
 
 #include "common/name_chars.h"
 #include "platform/text_qt.h"
+#include "trace/err_trace.h"
 
 NameField::NameField(Prompts& prompts, QWidget* parent) : QLineEdit(parent), prompts_(prompts) {}
 
 bool NameField::Refuses(const QString& typed) {
-  return mMain::HasBadFileNameChars(text::FromQt(typed), prompts_);
+  bool refused = true;
+  const std::string KeyAscii = text::FromQt(typed);
+  ErrTrace::top<"NameField.KeyPress(KeyAscii)">(
+      ErrTrace::args(KeyAscii), [&] { refused = mMain::HasBadFileNameChars(KeyAscii, prompts_); });
+  return refused;
 }
 
 void NameField::keyPressEvent(QKeyEvent* event) {

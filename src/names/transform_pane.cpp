@@ -1,6 +1,7 @@
 #include "names/transform_pane.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -76,7 +77,8 @@ constexpr int kLeastCombo = 120;
 QVBoxLayout* NewPage(QTabWidget* pages, const QString& title) {
   auto* widget = new QWidget(pages);
   auto* rows = new QVBoxLayout(widget);
-  rows->setContentsMargins(0, measure::kBlockGap, 0, 0);
+  // One more for the line under the tabs.
+  rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
   rows->setSpacing(measure::kControlGap);
   pages->addTab(widget, title);
   return rows;
@@ -140,6 +142,17 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
   });
   ShowCutFields();
   ShowAddFields();
+  FitStyle();
+}
+
+void TransformPane::FitStyle() {
+  // Without the skin, a frame around the pages would be a second one inside that of the card.
+  pages_->setDocumentMode(!Look::Current().SkinOn());
+}
+
+void TransformPane::changeEvent(QEvent* event) {
+  Card::changeEvent(event);
+  if (event->type() == QEvent::StyleChange && pages_ != nullptr) FitStyle();
 }
 
 QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t ConstrItem::*mode,

@@ -32,7 +32,11 @@ class TransformPane : public Card {
  signals:
   void optionChanged();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void FitStyle();
   void BuildCase();
   void BuildRemovePage();
   void BuildReplacePage();
@@ -50,7 +54,7 @@ class TransformPane : public Card {
   ShownItem item_;
 
   QComboBox* case_;
-  QTabWidget* pages_;
+  QTabWidget* pages_ = nullptr;
   QComboBox* cut_;
   QLabel* cut_n_label_;
   NumberField* cut_n_;

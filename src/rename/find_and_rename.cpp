@@ -21,7 +21,7 @@ void NameFreer::FindAndRename(std::string_view pPath, std::string_view pName,
   const bool pRollback = false;
   ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
       ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
-        const std::string candidate = numbering_.FreeName(pPath, pName);
+        const std::string candidate = numbering_.FreeNumberedName(pPath, pName);
         const std::optional<std::size_t> holder =
             pending_.FirstWith(HolderKey(pPath, pName), [&](const FileRow& row) {
               return row.checked && row.RowTag != 1 && records_.Path(row) == pPath &&

@@ -15,10 +15,12 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-std::string SeriesKey(std::string_view head, std::string_view tail) {
-  std::string key = text::ToLower(head);
+constexpr std::size_t kMostDigits = 19;  // what std::uint64_t surely holds
+
+std::string SeriesKey(std::string_view lower_head, std::string_view lower_tail) {
+  std::string key(lower_head);
   key += '\0';
-  return key += text::ToLower(tail);
+  return key += lower_tail;
 }
 
 }  // namespace
@@ -26,17 +28,19 @@ std::string SeriesKey(std::string_view head, std::string_view tail) {
 Numbering::Numbering(const RunState& state, FileSystem& files) : state_(state), files_(files) {}
 
 std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) {
-  std::string candidate(pPath);
-  candidate += pName;
-  if (!mScanCD::FileExist(files_, candidate)) return std::string(pName);
+  if (!mScanCD::FileExist(files_, std::string(pPath).append(pName))) return std::string(pName);
+  return FreeNumberedName(pPath, pName);
+}
+
+std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view pName) {
   const std::string_view extension = mMain::GetFileExt(pName, ".");
   std::string head(pPath);
-  head.append(mMain::GetFileName(pName, ".")).append(state_.gNumberLeft);
+  head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
   std::string tail = state_.gNumberRight;
   if (!extension.empty()) tail.append(".").append(extension);
   Series& series = SeriesOf(std::move(head), std::move(tail));
   for (;; ++series.first_open) {
-    candidate = series.head + std::to_string(series.first_open) + series.tail;
+    std::string candidate = series.head + std::to_string(series.first_open) + series.tail;
     if (!mScanCD::FileExist(files_, candidate)) return candidate.substr(pPath.size());
   }
 }
@@ -52,26 +56,30 @@ void Numbering::CreateUniqueName(std::string_view pPath, std::string_view pName,
 
 void Numbering::Freed(std::string_view path) {
   if (series_.empty()) return;
+  const std::string lower = text::ToLower(path);
+  const std::string left = text::ToLower(state_.gNumberLeft);
   // Any digits of the name may be the number, since head and tail may hold digits of their own.
-  for (std::size_t begin = path.size(); begin-- > 0 && path[begin] != kNative.separator;) {
-    if (!IsDigit(path[begin]) || path[begin] == '0') continue;
-    for (std::size_t end = begin + 1; end - begin < 20; ++end) {
-      const std::string_view head = path.substr(0, begin), tail = path.substr(end);
-      const auto found = series_.find(SeriesKey(head, tail));
-      if (found != series_.end()) {
-        std::uint64_t number = 0;
-        std::from_chars(path.data() + begin, path.data() + end, number);
-        for (Series& series : found->second) {
-          series.first_open = std::min(series.first_open, number);
-        }
-      }
-      if (end >= path.size() || !IsDigit(path[end])) break;
+  for (std::size_t begin = lower.size(); begin-- > 0 && lower[begin] != kNative.separator;) {
+    const std::string_view head = std::string_view(lower).substr(0, begin);
+    if (!IsDigit(lower[begin]) || lower[begin] == '0' || !head.ends_with(left)) continue;
+    for (std::size_t end = begin + 1; end - begin <= kMostDigits; ++end) {
+      Open(head, std::string_view(lower).substr(end), lower.data() + begin, lower.data() + end);
+      if (end >= lower.size() || !IsDigit(lower[end])) break;
     }
   }
 }
 
+void Numbering::Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
+                     const char* digits_end) {
+  const auto found = series_.find(SeriesKey(lower_head, lower_tail));
+  if (found == series_.end()) return;
+  std::uint64_t number = 0;
+  std::from_chars(digits, digits_end, number);
+  for (Series& series : found->second) series.first_open = std::min(series.first_open, number);
+}
+
 Numbering::Series& Numbering::SeriesOf(std::string head, std::string tail) {
-  std::vector<Series>& same = series_[SeriesKey(head, tail)];
+  std::vector<Series>& same = series_[SeriesKey(text::ToLower(head), text::ToLower(tail))];
   for (Series& series : same) {
     if (series.head == head && series.tail == tail) return series;
   }

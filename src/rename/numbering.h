@@ -22,6 +22,9 @@ class Numbering {
   /// of its numbered names: base, left text, number, right text, and the extension with its dot.
   std::string FreeName(std::string_view pPath, std::string_view pName);
 
+  /// As FreeName for a `pName` that is known to be taken; spares the test.
+  std::string FreeNumberedName(std::string_view pPath, std::string_view pName);
+
   /// `CorrectedNewName` takes a free numbered name when `pName` is taken, else it stays.
   void CreateUniqueName(std::string_view pPath, std::string_view pName,
                         std::string& CorrectedNewName);
@@ -37,6 +40,8 @@ class Numbering {
     std::uint64_t first_open = 1;  ///< every number below it is taken
   };
   Series& SeriesOf(std::string head, std::string tail);
+  void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
+            const char* digits_end);
 
   const RunState& state_;
   FileSystem& files_;

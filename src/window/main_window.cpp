@@ -95,13 +95,7 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
   });
-  connect(buttons_, &CommandButtons::loadFileListClicked, this,
-          [this] { Start(&Commands::bnLoadFileList_Click); });
-  connect(buttons_, &CommandButtons::previewClicked, this,
-          [this] { Start(&Commands::bnPreview_Click); });
-  connect(buttons_, &CommandButtons::renameClicked, this,
-          [this] { Start(&Commands::bnRename_Click); });
-  connect(buttons_, &CommandButtons::cancelClicked, this, [this] { commands_.bnCancel_Click(); });
+  connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
 
 SavedControls Form1::Saved() const {
@@ -129,13 +123,16 @@ void Form1::Form_Unload() {
   });
 }
 
-void Form1::Start(void (Commands::*command)()) {
+void Form1::Start(CommandButton button) {
+  if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
-  (commands_.*command)();
+  if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
+  if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
+  if (button == CommandButton::bnRename) commands_.bnRename_Click();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
@@ -202,12 +199,10 @@ void Form1::SetWaitPointer(bool wait) {
 }
 
 void Form1::EnableButton(CommandButton button, bool enable) {
-  buttons_->Enable(button, enable);
+  buttons_->EnableButton(button, enable);
 }
 
-void Form1::ShowPanes() {
-  status_bar_->ShowPanes(parts_.state.panes);
-}
+void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
 
 SourceOptions Form1::ReadSourceOptions() {
   return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
@@ -239,5 +234,5 @@ void Form1::RowsChanged() {
 
 void Form1::FocusAfterCancel() {
   cancelled_ = true;
-  buttons_->FocusCommand5();
+  buttons_->FocusAfterCancel();
 }

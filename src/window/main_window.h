@@ -46,7 +46,7 @@ class Form1 : public QWidget, private CommandView {
   void Form_Unload();
   SavedControls Saved() const;
   /// Runs a command with the focused field's value handed over first.
-  void Start(void (Commands::*command)());
+  void Start(CommandButton button);
   void GiveFocusBack(QWidget* focused);
   void MarkStaleWhereOrderCounts();
   void SetWide(bool wide);

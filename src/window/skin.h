@@ -20,7 +20,7 @@ class QWidget;
 ///   narrow        QPushButton, QToolButton: a caption of one to three signs
 ///   link          QPushButton, QToolButton: flat, as a link
 ///   optionPages   QTabWidget: text tabs with an underline, no frame (else folder tabs on a card)
-///   rule          QFrame: a line of one pixel
+///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 
 /// Lets the style sheet see a changed property of `widget`.

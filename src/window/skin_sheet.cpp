@@ -51,7 +51,7 @@ constexpr NamedPicture kPictures[] = {
     {"critical", Drawing::kWarning, Role::kFailed, 40},
 };
 
-/// {role} and {picture} are filled in. Text fields take their text's colour from the palette: a
+/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text fields take their text's colour from the palette: a
 /// colour here would fade their placeholder. A content height of 24 and a border of 1 above and
 /// below make a control of 26; a focused one has a border of 2 and as much less inside, so nothing
 /// moves.
@@ -66,7 +66,9 @@ QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color:
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
 QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
 QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
-QFrame[rule="true"] { background: {line}; border: none; max-height: 1px; }
+QFrame[rule="true"] { background: {line}; border: none; }
+QFrame[rule="true"][frameShape="4"] { max-height: 1px; }
+QFrame[rule="true"][frameShape="5"] { max-width: 1px; }
 
 QLabel { background: transparent; }
 QLabel[title="true"] { color: {groupText}; font-weight: 600; }
@@ -76,21 +78,23 @@ QLabel:disabled { color: {disabled}; }
 
 QPushButton, QToolButton {
   background: {surface}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: 24px; padding: 0 9px; outline: none;
+  min-height: 24px; padding: 0 8px; outline: none;
 }
 QToolButton { padding: 0 5px; }
 QPushButton:hover, QToolButton:hover { background: {hover}; }
 QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked,
 QPushButton:open, QToolButton:open { background: {press}; }
 QPushButton:focus, QToolButton:focus {
-  border: 2px solid {focus}; min-height: 22px; padding: 0 8px;
+  border: 2px solid {focus}; min-height: 22px; padding: 0 7px;
 }
 QToolButton:focus { padding: 0 4px; }
 QPushButton:disabled, QToolButton:disabled {
   background: {disabledFill}; color: {disabled}; border-color: {line};
 }
-QPushButton[command="true"] { min-height: 28px; padding: 0 13px; }
-QPushButton[command="true"]:focus { min-height: 26px; padding: 0 12px; }
+QTabBar::scroller { width: 20px; }
+QTabBar QToolButton, QTabBar QToolButton:focus { padding: 0; min-height: 22px; border-width: 1px; }
+QPushButton[command="true"] { min-height: 28px; padding: 0 11px; }
+QPushButton[command="true"]:focus { min-height: 26px; padding: 0 10px; }
 QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; min-width: 18px; }
 QPushButton[narrow="true"]:focus, QToolButton[narrow="true"]:focus { padding: 0 4px; }
 QPushButton::menu-indicator, QToolButton::menu-indicator {

@@ -33,7 +33,7 @@ TEST(CommandButtons, TheRightmostOfTheFirstThreeStandsOut) {
   for (const auto& row : table) {
     SCOPED_TRACE(row.enabled);
     for (std::size_t i = 0; i < kCommandButtonCount; ++i) {
-      buttons.Enable(static_cast<CommandButton>(i), row.enabled[i] == 'x');
+      buttons.EnableButton(static_cast<CommandButton>(i), row.enabled[i] == 'x');
     }
     EXPECT_EQ(PrimaryOf(buttons), row.primary);
     EXPECT_EQ(buttons.minimumSizeHint().width(), width);
@@ -43,11 +43,13 @@ TEST(CommandButtons, TheRightmostOfTheFirstThreeStandsOut) {
 TEST(CommandButtons, OnlyAButtonThatIsOnAsksForItsCommand) {
   CommandButtons buttons;
   int previews = 0;
-  QObject::connect(&buttons, &CommandButtons::previewClicked, [&] { ++previews; });
-  buttons.Enable(CommandButton::bnPreview, false);
-  buttons.Click(CommandButton::bnPreview);
-  EXPECT_EQ(previews, 0);
-  buttons.Enable(CommandButton::bnPreview, true);
-  buttons.Click(CommandButton::bnPreview);
-  EXPECT_EQ(previews, 1);
+  QObject::connect(&buttons, &CommandButtons::commandRequested, [&](CommandButton asked) {
+    EXPECT_EQ(asked, CommandButton::bnPreview);
+    ++previews;
+  });
+  for (const bool on : {false, true}) {
+    buttons.EnableButton(CommandButton::bnPreview, on);
+    buttons.Button(CommandButton::bnPreview)->click();
+    EXPECT_EQ(previews, on ? 1 : 0);
+  }
 }

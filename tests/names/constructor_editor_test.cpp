@@ -140,7 +140,8 @@ TEST_F(ConstructorEditorTest, DeletesDownToNothingAndBeginsAnew) {
 }
 
 TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) {
-  Items()[0].Replace1 = "a";
+  Type(Field("fdReplace1"), QStringLiteral("a"));
+  changes = 0;
   editor.strip->bnMoveLeft->click();
   EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
   EXPECT_EQ(std::exchange(changes, 0), 1);
@@ -298,7 +299,8 @@ TEST_F(ConstructorEditorTest, ReportsANumberBeyond32BitsAndKeepsTheElements) {
   n->setText(QStringLiteral("99999999999999999999"));
   Leave(n);
   ASSERT_EQ(kept.reports.size(), 1u);
-  EXPECT_NE(kept.reports[0].find("Form1.fdCutFileN_Validate(Cancel)"), std::string::npos);
+  EXPECT_NE(kept.reports[0].find("Form1.fdCutFileN_Validate(Cancel=False)"), std::string::npos);
+  EXPECT_EQ(kept.reports[0].rfind("Overflow", 0), 0u);
   EXPECT_EQ(Items()[0].CutFileN, 5);
   EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
   editor.CommitFocusedField();
