@@ -56,7 +56,7 @@ TEST(SavedOptions, AnEmptyStoreIsAFirstStart) {
   ExpectSame(read, SavedOptions());
 }
 
-TEST(SavedOptions, WritesInTheToldOrderAndLeavesConflictsToTheirDialog) {
+TEST(SavedOptions, WritesInTheOrderOfTheReadingAndLeavesConflictsToTheirDialog) {
   MemorySettings store;
   WriteSavedOptions(store, SavedOptions());
   EXPECT_THAT(store.written,
@@ -79,7 +79,7 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
   EXPECT_EQ((store.values[{"Settings\\Folders", "SourceFolderPath"}]), "/photos/\xFF/");
   EXPECT_EQ((store.values[{"Settings\\FileList", "GroupBy"}]), "2");
 
-  // The controls keep what they hold, but for the told fallbacks.
+  // The controls keep what they hold, but for the three that fall back.
   store.read.clear();
   SavedOptions read = Unusual();
   ReadSavedOptions(store, read);
