@@ -21,6 +21,9 @@ class SystemFacts {
  public:
   virtual ~SystemFacts() = default;
 
+  /// Whether the program supports this system; so it is on every one that it is built for.
+  virtual bool IsSupported() { return true; }
+
   virtual LocalTime Now() = 0;
   virtual std::string ComputerName() = 0;
   virtual SystemName System() = 0;

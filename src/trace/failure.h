@@ -7,12 +7,15 @@
 
 /// The standard numbers of failures.
 enum FailureNumber : std::int32_t {
+  kInvalidCall = 5,
   kOverflow = 6,
   kOutOfMemory = 7,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
   kInternalError = 51,
+  kPathFileAccess = 75,
   kBadPattern = 93,
+  kInvalidPropertyValue = 380,
 };
 
 /// All that a failure tells.

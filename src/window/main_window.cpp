@@ -1,10 +1,12 @@
 #include "window/main_window.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 #include "commands/command_buttons.h"
@@ -14,6 +16,7 @@
 #include "filelist/folder_pages.h"
 #include "names/constructor_editor.h"
 #include "platform/text_qt.h"
+#include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
 #include "window/skin.h"
 #include "window/status_bar.h"
@@ -26,9 +29,10 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, QWidget* parent)
+Form1::Form1(const CommandParts& parts, SettingsStore& settings, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
+      settings_(settings),
       commands_(parts, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
@@ -41,7 +45,8 @@ Form1::Form1(const CommandParts& parts, QWidget* parent)
   setWindowTitle(tr("Quorvane"));
   LayOut();
   ConnectPanels();
-  commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
+  Form_Load();
+  new WindowPlacement(settings_, *this, "Form1");
 }
 
 Form1::~Form1() {
@@ -88,10 +93,34 @@ void Form1::ConnectPanels() {
     });
   }
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
-    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(),
-                                              [&] { ApplySkin(*qApp, on); });
+    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
   });
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
+}
+
+SavedControls Form1::Saved() const {
+  return {*folder_pages_, *list_, parts_.state};
+}
+
+void Form1::IniSettings(const std::string& pTemplateName) {
+  ErrTrace::inner<"Form1.IniSettings(pTemplateName)">(ErrTrace::args(pTemplateName), [&] {
+    SavedOptions options = OptionsOf(Saved());
+    const auto show = qScopeGuard([&] { ShowOptions(options, Saved()); });
+    ReadSavedOptions(settings_, options);
+    folder_pages_->chEnableSkin->setChecked(true);
+  });
+}
+
+void Form1::Form_Load() {
+  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
+  commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
+}
+
+void Form1::Form_Unload() {
+  ErrTrace::top<"Form1.Form_Unload">(ErrTrace::args(), [&] {
+    folder_pages_->CommitFocusedField();
+    WriteSavedOptions(settings_, OptionsOf(Saved()));
+  });
 }
 
 void Form1::Start(CommandButton button) {
@@ -124,10 +153,15 @@ void Form1::MarkStaleWhereOrderCounts() {
   if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
 }
 
-void Form1::SetWide(bool wide) { left_column_->setVisible(!wide); }
+void Form1::SetWide(bool wide) {
+  left_column_->setVisible(!wide);
+}
 
 void Form1::closeEvent(QCloseEvent* event) {
-  if (!commands_.Busy()) return;
+  if (!commands_.Busy()) {
+    Form_Unload();
+    return;
+  }
   close_wanted_ = true;
   parts_.state.gCancelRequested = true;
   event->ignore();
@@ -171,8 +205,8 @@ void Form1::EnableButton(CommandButton button, bool enable) {
 void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
 
 SourceOptions Form1::ReadSourceOptions() {
-  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(),
-          folder_pages_->ExcludeMask(), folder_pages_->Subfolders()};
+  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
+          folder_pages_->Subfolders()};
 }
 
 OutputOptions Form1::ReadOutputOptions() {
@@ -194,7 +228,9 @@ void Form1::ListRepopulated(EmptyList reason) {
   list_->ListRepopulated();
 }
 
-void Form1::RowsChanged() { list_->RowsChanged(); }
+void Form1::RowsChanged() {
+  list_->RowsChanged();
+}
 
 void Form1::FocusAfterCancel() {
   cancelled_ = true;

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
 
-#include "commands/commands.h"
 #include "commands/command_view.h"
+#include "commands/commands.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
+#include "platform/settings_store.h"
+#include "window/saved_controls.h"
 
 class CommandButtons;
 class ConstructorEditor;
@@ -19,21 +22,29 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// `parts` are the program's and outlive the window.
-  explicit Form1(const CommandParts& parts, QWidget* parent = nullptr);
+  /// `parts` and `settings` are the program's and outlive the window.
+  Form1(const CommandParts& parts, SettingsStore& settings, QWidget* parent = nullptr);
   ~Form1() override;
 
   /// The commands, for what starts them from outside.
   Commands& AllCommands() { return commands_; }
 
+  /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that
+  /// can't be read it raises Failure; the controls show what was read before.
+  void IniSettings(const std::string& pTemplateName);
+
  protected:
-  /// During a pass the window only asks it to end, and closes when it has.
+  /// Stores the options. During a pass the window only asks it to end, and closes when it has.
   void closeEvent(QCloseEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
   void LayOut();
   void ConnectPanels();
+  void Form_Load();
+  /// Stores the options; the placement, stored next, brings both to disk.
+  void Form_Unload();
+  SavedControls Saved() const;
   /// Runs a command with the focused field's value handed over first.
   void Start(CommandButton button);
   void GiveFocusBack(QWidget* focused);
@@ -53,6 +64,7 @@ class Form1 : public QWidget, private CommandView {
   void FocusAfterCancel() override;
 
   CommandParts parts_;
+  SettingsStore& settings_;
   Commands commands_;
   QWidget* left_column_;
   FolderPages* folder_pages_;

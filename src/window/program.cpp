@@ -2,13 +2,19 @@
 
 #include <QApplication>
 
+#include "commands/start_up.h"
 #include "errors/error_reporter.h"
+#include "platform/build_facts.h"
 #include "platform/event_pump_qt.h"
 #include "platform/folders_qt.h"
 #include "platform/locale_facts_qt.h"
 #include "platform/prompts_qt.h"
+#include "platform/settings_store_qt.h"
 #include "platform/shell_qt.h"
+#include "platform/single_instance.h"
+#include "platform/text_qt.h"
 #include "platform/type_names_qt.h"
+#include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
 #include "window/skin.h"
@@ -16,9 +22,15 @@
 namespace {
 
 void PrepareApplication(QApplication& application) {
-  QApplication::setApplicationName(QStringLiteral("Quorvane"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Quorvane"));
+  QApplication::setApplicationName(QLatin1String(build_facts::kTitle));
+  QApplication::setApplicationDisplayName(QLatin1String(build_facts::kTitle));
   ApplySkin(application, true);
+}
+
+void SaveVersion(SettingsStore& settings) {
+  using namespace build_facts;
+  mRegSettings::SaveVersion(settings, {kMajor, kMinor, kRevision},
+                            text::FromQt(QCoreApplication::applicationDirPath()));
 }
 
 }  // namespace
@@ -34,27 +46,44 @@ struct Program::Parts {
   QtPrompts prompts;
   QtShell shell;
   ErrorReporter reporter{{*facts, locale, folders}, *files, prompts, shell};
+  QtSettingsStore settings;
   RunState state;
   Records records;
   Grid grid{records};
   Constructor constructor;
   RunReports reports;
-  std::unique_ptr<Form1> window;  ///< last, for it uses all of the above
+  std::unique_ptr<SingleInstance> instance;  ///< held from the start to the end
+  std::unique_ptr<Form1> window;             ///< last, for it uses all of the above
 };
 
 Program::Program(QApplication& application)
     : parts_((PrepareApplication(application), std::make_unique<Parts>())) {}
 Program::~Program() = default;
 
+bool Program::MayStart() {
+  parts_->instance = std::make_unique<SingleInstance>(InstanceFolder());
+  return mMain::MayStart(*parts_->facts, parts_->prompts, parts_->instance->AnotherRuns());
+}
+
 Form1& Program::MainWindow() {
   Parts& p = *parts_;
   if (p.window == nullptr) {
-    p.window = std::make_unique<Form1>(CommandParts{p.state, p.grid, p.constructor, p.reports,
-                                                    *p.files, *p.clock, p.events, p.locale,
-                                                    p.type_names, p.prompts});
+    p.window = std::make_unique<Form1>(
+        CommandParts{p.state, p.grid, p.constructor, p.reports, *p.files, *p.clock, p.events,
+                     p.locale, p.type_names, p.prompts},
+        p.settings);
     p.reporter.MainWindowLoaded(p.window.get());
   }
   return *p.window;
+}
+
+void Program::Start() {
+  Parts& p = *parts_;
+  p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files));
+  MainWindow().show();
+  // Told before anything is written: a damaged file is sound afterwards.
+  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { mRegSettings::CheckReadable(p.settings); });
+  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { SaveVersion(p.settings); });
 }
 
 void Program::WaitForErrorWindows() {
@@ -67,7 +96,11 @@ int Main(QApplication& application) {
   int exit_code = 1;
   Program program(application);
   const bool started = ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
-    program.MainWindow().show();
+    if (!program.MayStart()) {
+      exit_code = 0;
+      return;
+    }
+    program.Start();
     exit_code = QApplication::exec();
   });
   if (!started) program.WaitForErrorWindows();

@@ -12,6 +12,12 @@ class Program {
   explicit Program(QApplication& application);
   ~Program();
 
+  /// Whether the program may go on to its first window; see mMain::MayStart.
+  bool MayStart();
+
+  /// Shows the main window, tells of settings that can't be read, and notes which program runs.
+  void Start();
+
   /// Made at the first call.
   Form1& MainWindow();
 
@@ -25,8 +31,9 @@ class Program {
 
 namespace mMain {
 
-/// Shows the main window and runs until it is closed. Answers the exit code. A start that fails
-/// ends when the user has closed the error window.
+/// Shows the main window and runs until it is closed; ends at once, without a word, while another
+/// copy runs for this user. Answers the exit code. A start that fails ends when the user has
+/// closed the error window.
 int Main(QApplication& application);
 
 }  // namespace mMain

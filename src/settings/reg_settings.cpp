@@ -1,0 +1,94 @@
+#include "settings/reg_settings.h"
+
+#include <charconv>
+
+#include "trace/err_trace.h"
+
+namespace mRegSettings {
+
+std::int32_t ToInteger(std::string_view text) {
+  std::int32_t value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, value);
+  if (error == std::errc::invalid_argument || rest != end) {
+    throw Failure(kTypeMismatch, "Type mismatch");
+  }
+  if (error == std::errc::result_out_of_range) throw Failure(kOverflow, "Overflow");
+  return value;
+}
+
+std::string ReadText(SettingsStore& store, const Setting& setting) {
+  return store.GetSetting(setting.section, setting.key, setting.default_text);
+}
+
+std::int32_t ReadInteger(SettingsStore& store, const Setting& setting) {
+  const std::string value = ReadText(store, setting);
+  return ErrTrace::inner<"mRegSettings.ReadInteger(section,key,value)">(
+      ErrTrace::args(setting.section, setting.key, value), [&] { return ToInteger(value); });
+}
+
+std::int32_t ReadInteger(SettingsStore& store, const Setting& setting, std::int32_t least,
+                         std::int32_t most) {
+  const std::int32_t value = ReadInteger(store, setting);
+  return ErrTrace::inner<"mRegSettings.CheckRange(section,key,value)">(
+      ErrTrace::args(setting.section, setting.key, value), [&] {
+        if (value < least || value > most) {
+          throw Failure(kInvalidPropertyValue, "Invalid property value");
+        }
+        return value;
+      });
+}
+
+bool ReadCheck(SettingsStore& store, const Setting& setting) {
+  return ReadInteger(store, setting, 0, 1) == 1;
+}
+
+void WriteText(SettingsStore& store, const Setting& setting, std::string_view value) {
+  store.SaveSetting(setting.section, setting.key, value);
+}
+
+void WriteInteger(SettingsStore& store, const Setting& setting, std::int32_t value) {
+  WriteText(store, setting, std::to_string(value));
+}
+
+void DeleteSetting(SettingsStore& store, std::string_view section, std::string_view key) {
+  ErrTrace::inner<"mRegSettings.DeleteSetting(section,key)">(ErrTrace::args(section, key), [&] {
+    if (!store.DeleteSetting(section, key)) {
+      throw Failure(kInvalidCall, "Invalid procedure call or argument");
+    }
+  });
+}
+
+void DeleteSetting(SettingsStore& store, std::string_view section) {
+  ErrTrace::inner<"mRegSettings.DeleteSetting(section)">(ErrTrace::args(section), [&] {
+    if (!store.DeleteSetting(section)) {
+      throw Failure(kInvalidCall, "Invalid procedure call or argument");
+    }
+  });
+}
+
+void Flush(SettingsStore& store) {
+  ErrTrace::inner<"mRegSettings.Flush">(ErrTrace::args(), [&] {
+    const std::string problem = store.Flush();
+    if (!problem.empty()) throw Failure(kPathFileAccess, problem);
+  });
+}
+
+void CheckReadable(SettingsStore& store) {
+  ErrTrace::inner<"mRegSettings.CheckReadable">(ErrTrace::args(), [&] {
+    const std::string problem = store.ReadProblem();
+    if (!problem.empty()) throw Failure(kPathFileAccess, problem);
+  });
+}
+
+void SaveVersion(SettingsStore& store, const ProgramVersion& version, std::string_view app_path) {
+  ErrTrace::inner<"mRegSettings.SaveVersion">(ErrTrace::args(), [&] {
+    WriteInteger(store, setting::kMajor, version.Major);
+    WriteInteger(store, setting::kMinor, version.Minor);
+    WriteInteger(store, setting::kRevision, version.Revision);
+    WriteText(store, setting::kAppPath, app_path);
+    Flush(store);
+  });
+}
+
+}  // namespace mRegSettings

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/settings_store.h"
+
+/// Where the windows stand, kept between two runs. Lengths are twips, 15 to a logical pixel.
+inline constexpr float kTwipsPerPixel = 15;
+
+/// As stored.
+enum WindowState : int { kNormalWindow = 0, kMinimised = 1, kMaximised = 2 };
+
+/// A window's place and size in its normal state, and the state it is in.
+struct WindowFrame {
+  std::optional<float> left;  ///< none: left to the window system, which may be all it allows
+  std::optional<float> top;
+  float width = 0;
+  float height = 0;
+  int WindowState = kNormalWindow;
+};
+
+struct ScreenSize {
+  float width;
+  float height;
+};
+
+/// A window whose placement is kept.
+struct PlacedWindow {
+  std::string_view name;
+  std::string_view section;
+  bool keeps_size = false;
+  float default_width = 0;  ///< 0: the one that the window has by itself
+  float default_height = 0;
+};
+
+/// The table of windows. `Form11` has its row, yet nobody places it: what tells of failures must
+/// not depend on the store.
+std::span<const PlacedWindow> PlacedWindows();
+
+/// A stored length: a number with "." as decimal point in every locale. ToSingle raises Failure
+/// kTypeMismatch when the whole of `text` isn't one, kOverflow when it is out of range.
+std::string SingleText(float value);
+float ToSingle(std::string_view text);
+
+/// Stores the placement of the window `frm`; a minimised one isn't written at all, a maximised one
+/// only as such, so that its normal place stands. Does nothing for a window outside the table.
+/// Does not flush.
+void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFrame& window);
+
+/// Sets `window` to what is stored for `frm`: the size, if that window keeps it, then the place
+/// (the middle of the screen while none is stored), then the state. Raises Failure (kTypeMismatch,
+/// kOverflow, kInvalidPropertyValue) at the first bad value; what was set before it stands.
+void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSize& screen,
+                     WindowFrame& window);
+
+/// Places `window` in the middle of the screen.
+void CenterOnScreen(const ScreenSize& screen, WindowFrame& window);
+
+/// Places `window` over the middle of `owner`, but on the screen; one that is larger than the
+/// screen begins at its left and upper edge.
+void CenterOwner(const WindowFrame& owner, const ScreenSize& screen, WindowFrame& window);

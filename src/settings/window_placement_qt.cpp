@@ -1,0 +1,104 @@
+#include "settings/window_placement_qt.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "settings/reg_settings.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+float Twips(int pixels) {
+  return static_cast<float>(pixels) * kTwipsPerPixel;
+}
+
+int Pixels(float twips) {
+  constexpr float kMost = QWIDGETSIZE_MAX;
+  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kMost, kMost)));
+}
+
+bool CanPlaceWindows() {
+  return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+ScreenSize PrimaryScreen() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize size = screen == nullptr ? QSize() : screen->size();
+  return {Twips(size.width()), Twips(size.height())};
+}
+
+int StateOf(const QWidget& window) {
+  if (window.isMinimized()) return kMinimised;
+  return window.isMaximized() || window.isFullScreen() ? kMaximised : kNormalWindow;
+}
+
+/// The place with the frame of the window system, the size without it: Qt sets both that way.
+WindowFrame FrameOf(const QWidget& window) {
+  WindowFrame frame;
+  if (CanPlaceWindows()) {
+    frame.left = Twips(window.x());
+    frame.top = Twips(window.y());
+  }
+  frame.width = Twips(window.width());
+  frame.height = Twips(window.height());
+  frame.WindowState = StateOf(window);
+  return frame;
+}
+
+/// For a window that is made but not on the screen yet. There a move alone takes the place for that
+/// without the frame, and the window would creep by its frame at each start.
+void Place(QWidget& window, const QPoint& place) {
+  window.move(place);
+  if (QWindow* handle = window.windowHandle()) handle->setFramePosition(place);
+}
+
+void Apply(const WindowFrame& frame, QWidget& window) {
+  const QSize size(Pixels(frame.width), Pixels(frame.height));
+  if (size != window.size()) window.resize(size);
+  if (frame.left && frame.top) Place(window, {Pixels(*frame.left), Pixels(*frame.top)});
+  if (frame.WindowState == kMaximised) {
+    window.setWindowState(window.windowState() | Qt::WindowMaximized);
+  } else if (frame.WindowState == kMinimised) {
+    window.setWindowState(window.windowState() | Qt::WindowMinimized);
+  }
+}
+
+}  // namespace
+
+WindowPlacement::WindowPlacement(SettingsStore& store, QWidget& window, std::string frm)
+    : QObject(&window), store_(store), window_(window), frm_(std::move(frm)) {
+  window.installEventFilter(this);
+}
+
+bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
+  // Spontaneous events tell of the window system: minimised, or on another desktop.
+  if (watched == &window_ && !event->spontaneous()) {
+    if (event->type() == QEvent::Show && !loaded_) Form_Load();
+    if (event->type() == QEvent::Hide && loaded_) Form_Unload();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void WindowPlacement::Form_Load() {
+  // At the first showing a dialog has the size that its layout needs, but isn't on the screen yet.
+  loaded_ = true;
+  WindowFrame frame = FrameOf(window_);
+  frame.left.reset();
+  frame.top.reset();
+  ErrTrace::top<"WindowPlacement.Form_Load(frm)">(
+      ErrTrace::args(frm_), [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
+  Apply(frame, window_);
+}
+
+void WindowPlacement::Form_Unload() {
+  ErrTrace::top<"WindowPlacement.Form_Unload(frm)">(ErrTrace::args(frm_), [&] {
+    SaveWindowConfig(store_, frm_, FrameOf(window_));
+    mRegSettings::Flush(store_);
+  });
+}

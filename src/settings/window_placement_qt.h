@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <string>
+
+#include "platform/settings_store.h"
+#include "settings/window_placement.h"
+
+class QWidget;
+
+/// Gives a window its stored placement when it is shown for the first time, and stores it, on disk,
+/// each time it is hidden: closed, ended as a dialog, or destroyed while it could be seen. A
+/// failure is reported, and the window opens and closes all the same.
+///
+/// Where the window system doesn't let a program place its windows (Wayland), size and state
+/// return, and the stored place isn't touched.
+///
+///     new WindowPlacement(store, *this, "Form8");  // in the window's constructor
+class WindowPlacement : public QObject {
+ public:
+  /// Belongs to `window`, a top-level one, and ends with it; `store` outlives both. `frm` is the
+  /// name in the table of placed windows.
+  WindowPlacement(SettingsStore& store, QWidget& window, std::string frm);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Form_Load();
+  void Form_Unload();
+
+  SettingsStore& store_;
+  QWidget& window_;
+  const std::string frm_;
+  bool loaded_ = false;
+};

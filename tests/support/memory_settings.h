@@ -1,0 +1,51 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/settings_store.h"
+
+/// A store without a disk, which notes the order of the writes.
+class MemorySettings : public SettingsStore {
+ public:
+  std::string GetSetting(std::string_view section, std::string_view key,
+                         std::string_view default_text = {}) override {
+    read.push_back(std::string(key));
+    const auto found = values.find({std::string(section), std::string(key)});
+    return found == values.end() ? std::string(default_text) : found->second;
+  }
+
+  void SaveSetting(std::string_view section, std::string_view key,
+                   std::string_view value) override {
+    written.push_back(std::string(key) + "=" + std::string(value));
+    values[{std::string(section), std::string(key)}] = value;
+  }
+
+  [[nodiscard]] bool DeleteSetting(std::string_view section, std::string_view key) override {
+    return values.erase({std::string(section), std::string(key)}) > 0;
+  }
+
+  [[nodiscard]] bool DeleteSetting(std::string_view section) override {
+    const std::string below = std::string(section) + "\\";
+    return std::erase_if(values, [&](const auto& entry) {
+             const std::string& one = entry.first.first;
+             return one == section || one.starts_with(below);
+           }) > 0;
+  }
+
+  [[nodiscard]] std::string Flush() override {
+    ++flushes;
+    return problem;
+  }
+
+  [[nodiscard]] std::string ReadProblem() override { return problem; }
+
+  std::map<std::pair<std::string, std::string>, std::string> values;
+  std::vector<std::string> read;     ///< keys, in the order of the reads
+  std::vector<std::string> written;  ///< "key=text", in the order of the writes
+  int flushes = 0;
+  std::string problem;
+};
