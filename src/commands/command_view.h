@@ -30,4 +30,9 @@ class CommandView : public ModeView {
   virtual void RowsChanged() = 0;
   /// Gives the focus to `Command5`, where a press of Enter can't start a command again.
   virtual void FocusAfterCancel() = 0;
+
+  /// Shows what the run could not do, or did under another name; returns when the user has closed
+  /// the window.
+  virtual void ShowFailureReport() = 0;
+  virtual void ShowConflictReport() = 0;
 };

@@ -161,6 +161,8 @@ bool Commands::fRename(const OutputOptions& output) {
       return false;
     }
     EnableDisable(ModeRunFinished);
+    if (!parts_.reports.gFailureReport.empty()) view_.ShowFailureReport();
+    if (!parts_.reports.gConflictReport.empty()) view_.ShowConflictReport();
     return true;
   });
 }

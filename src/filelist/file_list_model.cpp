@@ -22,10 +22,6 @@ constexpr ColumnFacts kColumns[kColumnCount] = {
     {"New file name", Qt::AlignLeft | Qt::AlignVCenter},
 };
 
-QString FileCount(std::size_t count) {
-  return count == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(count);
-}
-
 /// "waiting, IMG_ removed": what else only colours and marks tell.
 QString DescribeRow(const FileRow& row) {
   static const QString kStates[] = {QStringLiteral("waiting"), QStringLiteral("done"),

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QMetaType>
+#include <QString>
 #include <Qt>
+#include <cstddef>
 
 #include "filelist/name_pieces_qt.h"
 
@@ -21,3 +23,8 @@ struct MarkedName {
   bool muted = false;   ///< of a file that is passed over
 };
 Q_DECLARE_METATYPE(MarkedName)
+
+/// "1 file", "12 files": what a group row tells at its right.
+inline QString FileCount(std::size_t count) {
+  return count == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(count);
+}

@@ -36,7 +36,7 @@ QWidget* NewEmptyPane(QWidget* parent) {
 ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneServices& services,
                                      QWidget* parent)
     : QWidget(parent), constructor_(constructor) {
-  BuildConstructorCard(services.prompts);
+  BuildConstructorCard(services);
   BuildPanes(services);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -55,10 +55,12 @@ void ConstructorEditor::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
-void ConstructorEditor::BuildConstructorCard(Prompts& prompts) {
+void ConstructorEditor::BuildConstructorCard(const PaneServices& services) {
   fraConstructor =
       new Card(QStringLiteral("fraConstructor"), tr("New file name constructor"), this);
-  const auto ask = [this, &prompts] { return GetTextToInsert(prompts, window()); };
+  const auto ask = [this, services] {
+    return GetTextToInsert(services.prompts, services.settings, window());
+  };
   strip = new ConstructorStrip(constructor_, ask, fraConstructor);
   fraConstructor->Body()->addWidget(strip);
   Command4 = new QPushButton(tr("&Conflicts..."), fraConstructor);

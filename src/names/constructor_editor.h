@@ -49,7 +49,7 @@ class ConstructorEditor : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void BuildConstructorCard(Prompts& prompts);
+  void BuildConstructorCard(const PaneServices& services);
   void BuildPanes(const PaneServices& services);
   void ShowOptionsPane(ItemType kind);
   void tabConstructor_SelectedChanged(int index);

@@ -10,6 +10,7 @@
 #include "common/look_qt.h"
 #include "common/name_chars.h"
 #include "platform/text_qt.h"
+#include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -27,7 +28,8 @@ QPushButton* NewDialogButton(const char* name, const QString& text, QWidget* par
 
 }  // namespace
 
-Form5::Form5(Prompts& prompts, QWidget* parent) : QDialog(parent), prompts_(prompts) {
+Form5::Form5(Prompts& prompts, SettingsStore& settings, QWidget* parent)
+    : QDialog(parent), prompts_(prompts) {
   setObjectName(QStringLiteral("Form5"));
   setWindowTitle(tr("Custom text"));
   fdText = new QLineEdit(this);
@@ -55,6 +57,7 @@ Form5::Form5(Prompts& prompts, QWidget* parent) : QDialog(parent), prompts_(prom
     ErrTrace::top<"Form5.bnOK_Click">(ErrTrace::args(), [this] { bnOK_Click(); });
   });
   connect(bnCancel, &QPushButton::clicked, this, &QDialog::reject);
+  new WindowPlacement(settings, *this, "Form5");
 }
 
 void Form5::bnOK_Click() {
@@ -68,8 +71,8 @@ void Form5::bnOK_Click() {
   accept();
 }
 
-std::string GetTextToInsert(Prompts& prompts, QWidget* parent) {
-  Form5 dialog(prompts, parent);
+std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, QWidget* parent) {
+  Form5 dialog(prompts, settings, parent);
   dialog.exec();
   return dialog.Text();
 }

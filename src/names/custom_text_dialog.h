@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/prompts.h"
+#include "platform/settings_store.h"
 
 class QLineEdit;
 class QPushButton;
@@ -13,8 +14,8 @@ class Form5 : public QDialog {
   Q_OBJECT
 
  public:
-  /// `prompts` must outlive the dialog.
-  Form5(Prompts& prompts, QWidget* parent);
+  /// `prompts` and `settings` must outlive the dialog.
+  Form5(Prompts& prompts, SettingsStore& settings, QWidget* parent);
 
   /// The text that was accepted; empty after a cancel.
   const std::string& Text() const { return text_; }
@@ -31,4 +32,4 @@ class Form5 : public QDialog {
 };
 
 /// Shows the dialog over `parent` and answers its text, empty when the user cancelled.
-std::string GetTextToInsert(Prompts& prompts, QWidget* parent);
+std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, QWidget* parent);

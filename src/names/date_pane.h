@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/locale_facts.h"
 #include "platform/prompts.h"
+#include "platform/settings_store.h"
 
 class QComboBox;
 class QGridLayout;
@@ -18,11 +19,12 @@ class QLineEdit;
 /// What differs between the panes of the two date elements.
 struct DateControls;
 
-/// The services that the option panes use; all outlive them.
+/// The services that the editor and its option panes use; all outlive them.
 struct PaneServices {
   Prompts& prompts;
   Clock& clock;
   LocaleFacts& locale;
+  SettingsStore& settings;
 };
 
 /// The options of a date element: up to three parts, the separator between them, and a sample.

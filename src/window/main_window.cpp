@@ -16,6 +16,8 @@
 #include "filelist/folder_pages.h"
 #include "names/constructor_editor.h"
 #include "platform/text_qt.h"
+#include "rename/conflicts_dialog.h"
+#include "rename/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
 #include "window/skin.h"
@@ -29,18 +31,21 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, SettingsStore& settings, QWidget* parent)
+Form1::Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       settings_(settings),
       commands_(parts, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
-      editor_(new ConstructorEditor(parts.constructor, {parts.prompts, parts.clock, parts.locale},
-                                    left_column_)),
+      editor_(new ConstructorEditor(
+          parts.constructor, {parts.prompts, parts.clock, parts.locale, settings}, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(parts.grid, this)),
       status_bar_(new StatusBar(this)) {
+  const ResultServices services{parts.files, parts.prompts, shell, settings};
+  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
+  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -95,6 +100,7 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
   });
+  connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
 
@@ -182,6 +188,11 @@ void Form1::FocusFirst() {
   }
 }
 
+void Form1::Command4_Click() {
+  ErrTrace::top<"Form1.Command4_Click">(ErrTrace::args(),
+                                        [&] { Form8(parts_.state, settings_, this).exec(); });
+}
+
 void Form1::EnableElements(bool pEnable) {
   folder_pages_->setEnabled(pEnable);
   editor_->setEnabled(pEnable);
@@ -202,7 +213,9 @@ void Form1::EnableButton(CommandButton button, bool enable) {
   buttons_->EnableButton(button, enable);
 }
 
-void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
+void Form1::ShowPanes() {
+  status_bar_->ShowPanes(parts_.state.panes);
+}
 
 SourceOptions Form1::ReadSourceOptions() {
   return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
@@ -235,4 +248,12 @@ void Form1::RowsChanged() {
 void Form1::FocusAfterCancel() {
   cancelled_ = true;
   buttons_->FocusAfterCancel();
+}
+
+void Form1::ShowFailureReport() {
+  gFailureReport->ShowReport();
+}
+
+void Form1::ShowConflictReport() {
+  gConflictReport->ShowReport();
 }

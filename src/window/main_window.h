@@ -14,6 +14,8 @@ class CommandButtons;
 class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
+class ResultWindow;
+class Shell;
 class StatusBar;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
@@ -22,8 +24,9 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// `parts` and `settings` are the program's and outlive the window.
-  Form1(const CommandParts& parts, SettingsStore& settings, QWidget* parent = nullptr);
+  /// `parts`, `settings` and `shell` are the program's and outlive the window.
+  Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell,
+        QWidget* parent = nullptr);
   ~Form1() override;
 
   /// The commands, for what starts them from outside.
@@ -51,6 +54,7 @@ class Form1 : public QWidget, private CommandView {
   void MarkStaleWhereOrderCounts();
   void SetWide(bool wide);
   void FocusFirst();
+  void Command4_Click();
 
   void EnableElements(bool pEnable) override;
   void SetWaitPointer(bool wait) override;
@@ -62,6 +66,8 @@ class Form1 : public QWidget, private CommandView {
   void ListRepopulated(EmptyList reason) override;
   void RowsChanged() override;
   void FocusAfterCancel() override;
+  void ShowFailureReport() override;
+  void ShowConflictReport() override;
 
   CommandParts parts_;
   SettingsStore& settings_;
@@ -72,6 +78,8 @@ class Form1 : public QWidget, private CommandView {
   CommandButtons* buttons_;
   FileListPanel* list_;
   StatusBar* status_bar_;
+  ResultWindow* gFailureReport;
+  ResultWindow* gConflictReport;
   bool cancelled_ = false;  ///< "Cancel" was pressed during the running command
   bool waiting_ = false;
   bool close_wanted_ = false;

@@ -12,7 +12,7 @@ namespace {
 /// The window as the commands see it: options, and which buttons are on.
 class FakeView : public CommandView {
  public:
-  explicit FakeView(Grid& grid) : grid_(grid) {}
+  FakeView(Grid& grid, const RunReports& reports) : grid_(grid), reports_(reports) {}
 
   void EnableElements(bool pEnable) override { elements = pEnable; }
   void SetWaitPointer(bool wait) override { waiting = wait; }
@@ -28,6 +28,12 @@ class FakeView : public CommandView {
   }
   void RowsChanged() override { ++rows_changed; }
   void FocusAfterCancel() override { focus_away = true; }
+  void ShowFailureReport() override {
+    shown.push_back("failed " + std::to_string(reports_.gFailureReport.size()));
+  }
+  void ShowConflictReport() override {
+    shown.push_back("numbered " + std::to_string(reports_.gConflictReport.size()));
+  }
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output{kUseSourceFolder, "", true, "/in/"};
@@ -37,9 +43,11 @@ class FakeView : public CommandView {
   EmptyList empty = EmptyList::kNotYetListed;
   int rows_changed = 0;
   bool focus_away = false;
+  std::vector<std::string> shown;  ///< the report windows, with their counts
 
  private:
   Grid& grid_;
+  const RunReports& reports_;
 };
 
 /// Keeps what would have been shown.
@@ -79,7 +87,7 @@ class CommandsTest : public testing::Test {
   PlainLocale locale;
   FakeTypeNames type_names;
   FakePrompts prompts;
-  FakeView view{grid};
+  FakeView view{grid, reports};
   FakeReporter reporter;
   Commands commands{
       {state, grid, constructor, reports, files, clock, events, locale, type_names, prompts}, view};
@@ -189,6 +197,38 @@ TEST_F(CommandsTest, GoOnAfterACancelledRun) {
   EXPECT_EQ(commands.Mode(), ModeRunFinished);
   EXPECT_TRUE(files.contents.contains("/in/x b.txt"));
   EXPECT_EQ(state.panes.paneStatus, "");
+}
+
+TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
+  files.contents["/in/c.txt"] = "c";
+  constructor.ArrConstr.clear();
+  constructor.InsertArrConstrItem(0, kText, "same");
+  const auto list_and_preview = [&] {
+    commands.bnLoadFileList_Click();
+    commands.bnPreview_Click();
+    view.shown.clear();
+  };
+  list_and_preview();
+  files.fails = [](std::string_view, std::string_view path) { return path == "/in/a.txt"; };
+  commands.bnRename_Click();
+  EXPECT_EQ(view.shown, (std::vector<std::string>{"failed 1", "numbered 1"}));
+
+  constructor.ArrConstr.clear();
+  constructor.InsertArrConstrItem(0, kSourceFileName, "");
+  files.fails = nullptr;
+  list_and_preview();
+  commands.bnRename_Click();
+  EXPECT_EQ(view.shown, std::vector<std::string>()) << "a clean run";
+  EXPECT_EQ(reports.gFailureReport.size(), 0u) << "those of the run before are gone";
+  EXPECT_EQ(reports.gConflictReport.size(), 0u);
+
+  list_and_preview();
+  files.fails = [](std::string_view, std::string_view) { return true; };
+  CancelAt(2);
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
+  EXPECT_EQ(reports.gFailureReport.size(), 1u);
+  EXPECT_EQ(view.shown, std::vector<std::string>()) << "a cancelled run";
 }
 
 TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {

@@ -18,6 +18,7 @@
 #include "platform/text_qt.h"
 #include "support/fakes.h"
 #include "support/keys.h"
+#include "support/memory_settings.h"
 #include "support/plain_locale.h"
 #include "trace/err_trace.h"
 
@@ -95,7 +96,8 @@ class ConstructorEditorTest : public testing::Test {
   FakePrompts prompts;
   FakeClock clock;
   EnglishMonths months;
-  ConstructorEditor editor{constructor, {prompts, clock, months}};
+  MemorySettings settings;
+  ConstructorEditor editor{constructor, {prompts, clock, months, settings}};
   int changes = 0;
 };
 
@@ -363,7 +365,7 @@ TEST_F(ConstructorEditorTest, DerivesFormatsAndSamplesOfDatesAndCounters) {
 
 TEST_F(ConstructorEditorTest, ShowsTextsAsTheyAreInChips) {
   constructor.InsertArrConstrItem(0, kText, "R&D \xFF");
-  const ConstructorEditor other(constructor, {prompts, clock, months});
+  const ConstructorEditor other(constructor, {prompts, clock, months, settings});
   const ChipBar* chips = other.strip->tabConstructor;
   EXPECT_EQ(chips->tabText(0), QStringLiteral("R&&D \uFFFD"));
   EXPECT_EQ(chips->tabText(1), QStringLiteral("<Source file name> "));

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "support/fakes.h"
+#include "support/memory_settings.h"
 
 TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
   const struct {
@@ -21,7 +22,8 @@ TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
   for (const auto& row : table) {
     SCOPED_TRACE(row.typed.toStdString());
     FakePrompts prompts;
-    Form5 dialog(prompts, nullptr);
+    MemorySettings settings;
+    Form5 dialog(prompts, settings, nullptr);
     dialog.show();
     dialog.fdText->setText(row.typed);
     dialog.bnOK->click();
@@ -36,7 +38,8 @@ TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
 
 TEST(CustomTextDialog, HoldsNothingAfterACancel) {
   FakePrompts prompts;
-  Form5 dialog(prompts, nullptr);
+  MemorySettings settings;
+  Form5 dialog(prompts, settings, nullptr);
   dialog.show();
   dialog.fdText->setText(QStringLiteral("summer"));
   dialog.bnCancel->click();

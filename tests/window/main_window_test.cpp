@@ -5,11 +5,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -148,4 +150,27 @@ TEST_F(MainWindowTest, FitsItsToldLeastSize) {
   const Form1& window = program->MainWindow();
   EXPECT_EQ(window.minimumWidth(), 930);
   EXPECT_LE(window.minimumHeight(), 520);
+}
+
+TEST_F(MainWindowTest, AsksAboutConflictsBeforeARunAndTellsThemAfterIt) {
+  Button("bnDeletePattern")->click();  // two files want the name ".txt"
+  Preview(false);
+  std::filesystem::remove(folder / "c.jpg");
+  std::vector<std::string> shown;
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    const QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr) return;
+    const auto* count = window->findChild<QLabel*>(QStringLiteral("lbFilesCount"));
+    shown.push_back(count != nullptr ? text::FromQt(count->text())
+                                     : text::FromQt(window->objectName()));
+    window->findChild<QPushButton*>(QStringLiteral("bnOK"))->click();
+  });
+  user.start(0);
+  Button("Command4")->click();
+  EXPECT_TRUE(Button("bnRename")->isEnabled()) << "the names still fit";
+  Button("bnRename")->click();
+  EXPECT_EQ(shown, (std::vector<std::string>{"Form8", "Number of files failed to rename: 1",
+                                             "Number of resolved conflicts: 1"}));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{".txt", "_{1}.txt"}));
 }

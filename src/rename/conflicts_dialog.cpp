@@ -1,0 +1,156 @@
+#include "rename/conflicts_dialog.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QVBoxLayout>
+
+#include "common/card_qt.h"
+#include "common/look_qt.h"
+#include "platform/text_qt.h"
+#include "settings/reg_settings.h"
+#include "settings/saved_options.h"
+#include "settings/window_placement_qt.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kRowGap = 10;
+constexpr int kFieldWidth = 72;
+constexpr int kButtonWidth = 88;
+
+QPushButton* NewDialogButton(const char* name, const QString& text, QWidget* parent) {
+  auto* button = new QPushButton(text, parent);
+  button->setObjectName(QLatin1String(name));
+  button->setMinimumWidth(kButtonWidth);
+  return button;
+}
+
+/// Where the caption of a check box begins.
+int CaptionLeft(const QCheckBox& box) {
+  QStyleOptionButton option;
+  option.initFrom(&box);
+  option.rect = {QPoint(), box.sizeHint()};
+  return box.style()->subElementRect(QStyle::SE_CheckBoxContents, &option, &box).left();
+}
+
+/// Hidden, it leaves its room, so that the dialog keeps its size.
+void KeepRoom(QWidget* part) {
+  QSizePolicy policy = part->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  part->setSizePolicy(policy);
+}
+
+}  // namespace
+
+Form8::Form8(RunState& state, SettingsStore& settings, QWidget* parent)
+    : QDialog(parent), state_(state), settings_(settings) {
+  setObjectName(QStringLiteral("Form8"));
+  setWindowTitle(tr("Conflicts"));
+  MakeControls();
+  LayOut();
+  connect(chConflict, &QCheckBox::toggled, this, [this] {
+    ErrTrace::top<"Form8.chConflict_Click">(ErrTrace::args(), [this] { chConflict_Click(); });
+  });
+  connect(bnOK, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form8.bnOK_Click">(ErrTrace::args(), [this] { bnOK_Click(); });
+    accept();
+  });
+  connect(bnCancel, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form8.bnCancel_Click">(ErrTrace::args(), [this] { reject(); });
+  });
+  ErrTrace::top<"Form8.Form_Load">(ErrTrace::args(), [this] { Form_Load(); });
+  new WindowPlacement(settings_, *this, "Form8");
+}
+
+void Form8::MakeControls() {
+  chConflict = new QCheckBox(
+      tr("&Add a number to the new file name if the name is already taken by another file."), this);
+  chConflict->setObjectName(QStringLiteral("chConflict"));
+  fdConflictLeft = NewTemplateField("fdConflictLeft");
+  fdConflictRight = NewTemplateField("fdConflictRight");
+  Label2 = NewTemplateLabel("Label2", tr("&Numbering template: <New file name>"), fdConflictLeft);
+  Label4 = NewTemplateLabel("Label4", tr("<Nu&mber>"), fdConflictRight);
+  Label3 = NewTemplateLabel("Label3", tr(". <Extension>"), nullptr);
+  bnOK = NewDialogButton("bnOK", tr("&OK"), this);
+  bnOK->setDefault(true);
+  bnCancel = NewDialogButton("bnCancel", tr("&Cancel"), this);
+}
+
+QLineEdit* Form8::NewTemplateField(const char* name) {
+  auto* field = new QLineEdit(this);
+  field->setObjectName(QLatin1String(name));
+  field->setFixedWidth(kFieldWidth);
+  KeepRoom(field);
+  return field;
+}
+
+QLabel* Form8::NewTemplateLabel(const char* name, const QString& text, QWidget* buddy) {
+  QLabel* label = NewLabel(text, buddy, this);
+  label->setObjectName(QLatin1String(name));
+  KeepRoom(label);
+  return label;
+}
+
+void Form8::LayOut() {
+  chConflict->ensurePolished();
+  auto* line = new QHBoxLayout;
+  line->setSpacing(measure::kLabelGap);
+  line->addSpacing(CaptionLeft(*chConflict));
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{Label2, fdConflictLeft, Label4, fdConflictRight, Label3}) {
+    line->addWidget(part);
+  }
+  line->addStretch();
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(measure::kBlockGap);
+  buttons->addStretch();
+  buttons->addWidget(bnOK);
+  buttons->addWidget(bnCancel);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
+  column->setSpacing(kRowGap);
+  column->addWidget(chConflict);
+  column->addLayout(line);
+  column->addSpacing(kMargin - kRowGap);
+  column->addLayout(buttons);
+  column->addStretch();
+}
+
+void Form8::Form_Load() {
+  chConflict->setChecked(state_.gConflictAddNumber == 1);
+  fdConflictLeft->setText(text::ToQt(state_.gNumberLeft));
+  fdConflictRight->setText(text::ToQt(state_.gNumberRight));
+  chConflict_Click();
+  fdConflictLeft->selectAll();
+  if (chConflict->isChecked()) {
+    fdConflictLeft->setFocus();
+  } else {
+    chConflict->setFocus();
+  }
+}
+
+void Form8::chConflict_Click() {
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{fdConflictLeft, fdConflictRight, Label2, Label4, Label3}) {
+    part->setVisible(chConflict->isChecked());
+  }
+}
+
+void Form8::bnOK_Click() {
+  state_.gConflictAddNumber = chConflict->isChecked() ? 1 : 0;
+  state_.gNumberLeft = text::FromQt(fdConflictLeft->text());
+  state_.gNumberRight = text::FromQt(fdConflictRight->text());
+  SavedOptions options;
+  options.gConflictAddNumber = state_.gConflictAddNumber;
+  options.gNumberLeft = state_.gNumberLeft;
+  options.gNumberRight = state_.gNumberRight;
+  WriteConflictOptions(settings_, options);
+  mRegSettings::Flush(settings_);
+}
