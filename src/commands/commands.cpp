@@ -9,6 +9,7 @@
 #include "names/preview.h"
 #include "platform/text.h"
 #include "rename/run.h"
+#include "rename/undo.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -162,5 +163,31 @@ bool Commands::fRename(const OutputOptions& output) {
     }
     EnableDisable(ModeRunFinished);
     return true;
+  });
+}
+
+void Commands::bnUndo_Click() {
+  ErrTrace::top<"Form1.bnUndo_Click">(ErrTrace::args(), [&] {
+    const ModeAfterFailure guard(*this, state_, view_, ModeUndoCancelled);
+    state_.gCancelRequested = false;
+    EnableDisable(ModeRunning);
+    parts_.reports.DeleteAll();
+    const OutputOptions output = view_.ReadOutputOptions();
+    UndoRun(output, grid_.AllRecords(), state_, parts_.files, events_, parts_.clock,
+            parts_.reports)
+        .Undo();
+    parts_.files.LetFoldersGo();
+    view_.RowsChanged();
+    if (state_.gCancelRequested) {
+      EnableDisable(ModeUndoCancelled);
+      parts_.prompts.Tell("Process is not completed.\nSome of the files are still renamed.",
+                          PromptIcon::kExclamation);
+      return;
+    }
+    EnableDisable(ModeUndoFinished);
+    const std::size_t failed = parts_.reports.gFailureReport.size();
+    if (failed == 0) return;
+    parts_.prompts.Tell("Undo failed for " + std::to_string(failed) + " file(s)",
+                        PromptIcon::kCritical);
   });
 }

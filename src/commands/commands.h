@@ -38,6 +38,8 @@ class Commands {
   void bnLoadFileList_Click();
   void bnPreview_Click();
   void bnRename_Click();
+  /// Takes back the last run, or the rest of it; goes by what the rows hold.
+  void bnUndo_Click();
   /// Asks the running pass to end; it sees that when it next lets events run.
   void bnCancel_Click();
 

@@ -15,7 +15,7 @@ RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& st
       reports_(reports),
       pass_(records.Count(), state, events, clock),
       numbering_(state, files),
-      freer_(records, files, numbering_) {}
+      freer_(NameFreer::Pass::kRun, records, files, numbering_) {}
 
 void RenameRun::RunRename() {
   ErrTrace::inner<"Form1.RunRename">(ErrTrace::args(), [&] {
@@ -95,23 +95,29 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   return corrected;
 }
 
-bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to) {
+bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to, FileIdentity& made) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
   switch (output_.cmbDestination) {
     case kUseSourceFolder:
     case kMoveTo:
       return files_.MoveFile(from, to, go_on);
     case kCopyTo:
-      return files_.CopyFile(from, to, go_on, nullptr);
+      return files_.CopyFile(from, to, go_on, &made);
     default:
       return false;
   }
 }
 
 bool RenameRun::DoOperation(const Turn& turn) {
-  const std::string target = turn.target_folder + records_[turn.record].newFileName;
-  if (!CopyMoveFile(turn.source, target)) return false;
-  if (output_.cmbDestination != kCopyTo && turn.source != target) numbering_.Freed(turn.source);
+  FileRow& row = records_[turn.record];
+  const std::string target = turn.target_folder + row.newFileName;
+  FileIdentity made;
+  if (!CopyMoveFile(turn.source, target, made)) return false;
+  if (output_.cmbDestination == kCopyTo) {
+    records_.SetMadeCopy(row, made);
+  } else if (turn.source != target) {
+    numbering_.Freed(turn.source);
+  }
   return true;
 }
 
@@ -127,7 +133,7 @@ void RenameRun::Succeed(const Turn& turn) {
     row.KeepRollback();
   } else {
     row.ShowRollbackName();
-    freer_.SourceNameChanged(turn.record);
+    freer_.HeldNameChanged(turn.record);
   }
   row.RowTag = 1;
   row.mark = Mark::kDone;

@@ -133,6 +133,7 @@ void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
   if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
   if (button == CommandButton::bnRename) commands_.bnRename_Click();
+  if (button == CommandButton::bnUndo) commands_.bnUndo_Click();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
