@@ -65,6 +65,10 @@ class Commands {
   };
 
   void RunScan(const SourceOptions& source);
+  /// Ends a scan with an empty list.
+  void ShowNoList(EmptyList reason);
+  /// After a failure: the mode from which the user can go on, the rows as far as they got.
+  void LeaveUsable(int mode);
   void ShowProgress(const char* status, std::size_t max);
   bool fRename(const OutputOptions& output);
 

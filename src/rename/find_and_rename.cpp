@@ -5,7 +5,9 @@
 
 namespace {
 
-bool StillToRename(const FileRow& row) { return row.checked && row.RowTag != 1; }
+bool StillToRename(const FileRow& row) {
+  return row.checked && row.RowTag != 1;
+}
 
 }  // namespace
 
@@ -26,6 +28,7 @@ void NameFreer::FindAndRename(std::string_view pPath, std::string_view pName,
   ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
       ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
         const std::string candidate = numbering_.FreeNumberedName(pPath, pName);
+        if (candidate.empty()) return;  // the user cancelled
         if (const std::optional<std::size_t> holder = Holder(pPath, pName)) {
           MoveAside(*holder, pPath, candidate);
         } else if (!pRollback) {
@@ -43,13 +46,11 @@ std::size_t NameFreer::Key(std::string_view path, std::string_view name) const {
 }
 
 std::optional<std::size_t> NameFreer::Holder(std::string_view pPath, std::string_view pName) {
-  return holders_.FirstWith(Key(pPath, pName), [&](const FileRow& row) {
-    return IsHolder(row, pPath, pName);
-  });
+  return holders_.FirstWith(Key(pPath, pName),
+                            [&](const FileRow& row) { return IsHolder(row, pPath, pName); });
 }
 
-bool NameFreer::IsHolder(const FileRow& row, std::string_view pPath,
-                         std::string_view pName) const {
+bool NameFreer::IsHolder(const FileRow& row, std::string_view pPath, std::string_view pName) const {
   if (pass_ != Pass::kUndoAnyPath && records_.Path(row) != pPath) return false;
   if (!text::EqualIgnoringCase(pName, HeldName(row))) return false;
   if (pass_ != Pass::kRun) return row.RowTag == 1;

@@ -28,8 +28,7 @@ class NameFreer {
   /// that will go away, moves that file aside and notes it in its row; whether the move was done
   /// is not told, the caller's own operation shows it. Else, in a run, `CorrectedNewName` takes a
   /// free numbered name; in an undo nothing happens.
-  void FindAndRename(std::string_view pPath, std::string_view pName,
-                     std::string& CorrectedNewName);
+  void FindAndRename(std::string_view pPath, std::string_view pName, std::string& CorrectedNewName);
 
   /// The name by which a row holds a name, its source name in a run, was written.
   void HeldNameChanged(std::size_t record) { holders_.KeyChanged(record); }

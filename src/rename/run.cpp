@@ -14,7 +14,7 @@ RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& st
       files_(files),
       reports_(reports),
       pass_(records.Count(), state, events, clock),
-      numbering_(state, files),
+      numbering_(state, files, [this] { return pass_.GoOn(); }),
       freer_(NameFreer::Pass::kRun, records, files, numbering_) {}
 
 void RenameRun::RunRename() {
@@ -39,11 +39,8 @@ void RenameRun::ProcessRow(std::size_t record) {
   FileRow& row = records_[record];
   Turn turn{record, records_.Path(row) + row.sourceFileName, TargetFolder(row), row.newFileName};
   const std::string planned_before(row.PlannedName());
-  // A relative output folder would lead to wherever the program happens to have been started.
-  const bool usable =
-      StaysInItsFolder(row.newFileName) && mMain::IsAbsolutePath(turn.target_folder);
-  if (usable) ResolveConflict(turn);
-  if (usable && StaysInItsFolder(row.newFileName) && DoOperation(turn)) {
+  if (HasUsableTarget(turn)) ResolveConflict(turn);
+  if (!state_.gCancelRequested && HasUsableTarget(turn) && DoOperation(turn)) {
     Succeed(turn);
   } else if (state_.gCancelRequested) {
     row.newFileName = turn.planned;
@@ -51,6 +48,13 @@ void RenameRun::ProcessRow(std::size_t record) {
   } else {
     Fail(turn);
   }
+}
+
+/// A name with a separator would lead into another folder; a relative output folder would lead to
+/// wherever the program happens to have been started.
+bool RenameRun::HasUsableTarget(const Turn& turn) const {
+  return StaysInItsFolder(records_[turn.record].newFileName) &&
+         (output_.cmbDestination == kUseSourceFolder || mMain::IsAbsolutePath(turn.target_folder));
 }
 
 std::string RenameRun::TargetFolder(const FileRow& row) {

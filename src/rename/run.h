@@ -39,6 +39,7 @@ class RenameRun {
   };
   void Count(std::size_t record);
   void ProcessRow(std::size_t record);
+  bool HasUsableTarget(const Turn& turn) const;
   std::string TargetFolder(const FileRow& row);
   void ResolveConflict(Turn& turn);
   std::string CorrectedName(const Turn& turn);

@@ -11,10 +11,10 @@ UndoRun::UndoRun(const OutputOptions& output, Records& records, RunState& state,
       files_(files),
       reports_(reports),
       pass_(records.Count(), state, events, clock),
-      numbering_(state, files),
-      freer_(output.cmbDestination == kMoveTo ? NameFreer::Pass::kUndoAnyPath
-                                              : NameFreer::Pass::kUndo,
-             records, files, numbering_) {}
+      numbering_(state, files, [this] { return pass_.GoOn(); }),
+      freer_(
+          output.cmbDestination == kMoveTo ? NameFreer::Pass::kUndoAnyPath : NameFreer::Pass::kUndo,
+          records, files, numbering_) {}
 
 void UndoRun::Undo() {
   for (std::size_t i = 0; i < records_.Count(); ++i) {
@@ -83,6 +83,7 @@ bool UndoRun::MoveBack(const std::string& folder, const std::string& present, bo
       mScanCD::FileExist(files_, former)) {
     std::string unused;
     freer_.FindAndRename(folder, former_name, unused);
+    if (state_.gCancelRequested) return false;
   }
   return Move(present, former);
 }

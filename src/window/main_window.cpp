@@ -126,8 +126,8 @@ void Form1::Form_Unload() {
 void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
-  editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
+  if (button != CommandButton::bnUndo && !editor_->CommitFocusedField()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
@@ -201,9 +201,13 @@ void Form1::SetWaitPointer(bool wait) {
 
 void Form1::EnableButton(CommandButton button, bool enable) {
   buttons_->EnableButton(button, enable);
+  // All else is off during a pass, so the keyboard belongs to the one command left.
+  if (button == CommandButton::bnCancel && enable) buttons_->FocusCancel();
 }
 
-void Form1::ShowPanes() { status_bar_->ShowPanes(parts_.state.panes); }
+void Form1::ShowPanes() {
+  status_bar_->ShowPanes(parts_.state.panes);
+}
 
 SourceOptions Form1::ReadSourceOptions() {
   return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
@@ -222,7 +226,7 @@ void Form1::SetSourceFolder(const std::string& folder) {
 void Form1::ListRepopulated(EmptyList reason) {
   const std::string folder = folder_pages_->SourceFolder();
   const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
-  list_->SetEmptyText(reason == EmptyList::kNotYetListed  ? FileListPanel::kNotListed
+  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kNotListed
                       : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
                       : separator_missing                 ? FileListPanel::kSeparatorMissing
                                                           : FileListPanel::kNoneFound);

@@ -68,10 +68,10 @@ bool Program::MayStart() {
 Form1& Program::MainWindow() {
   Parts& p = *parts_;
   if (p.window == nullptr) {
-    p.window = std::make_unique<Form1>(
-        CommandParts{p.state, p.grid, p.constructor, p.reports, *p.files, *p.clock, p.events,
-                     p.locale, p.type_names, p.prompts},
-        p.settings);
+    p.window =
+        std::make_unique<Form1>(CommandParts{p.state, p.grid, p.constructor, p.reports, *p.files,
+                                             *p.clock, p.events, p.locale, p.type_names, p.prompts},
+                                p.settings);
     p.reporter.MainWindowLoaded(p.window.get());
   }
   return *p.window;

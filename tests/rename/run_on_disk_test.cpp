@@ -80,10 +80,10 @@ TEST_F(RunOnDisk, TurnsThousandFilesRound) {
 
 TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   const std::string bad("bad\xFF\xFE"), line("two\nlines"), gone("gone");
-  for (const std::string& name : {bad, line, gone, std::string("long"), std::string("out"),
-                                  std::string("up"), std::string("nul"), std::string("link"),
-                                  std::string("onto a link"), std::string("onto a twin"),
-                                  std::string("onto a folder"), std::string("-rf")}) {
+  for (const std::string& name :
+       {bad, line, gone, std::string("long"), std::string("out"), std::string("up"),
+        std::string("nul"), std::string("link"), std::string("onto a link"),
+        std::string("onto a twin"), std::string("onto a folder"), std::string("-rf")}) {
     Add(name);
   }
   folder.MakeLink("dangling", "/nowhere/at all");
@@ -105,8 +105,8 @@ TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   ASSERT_EQ(::unlink((folder / gone).c_str()), 0);
   Run();
   for (const std::string& name : {bad, line, std::string("-rf")}) EXPECT_EQ(MarkOf(name), 'D');
-  for (const char* name : {"gone", "long", "out", "up", "nul", "onto a link", "onto a twin",
-                           "onto a folder"}) {
+  for (const char* name :
+       {"gone", "long", "out", "up", "nul", "onto a link", "onto a twin", "onto a folder"}) {
     EXPECT_EQ(MarkOf(name), 'F') << name;
     if (name != gone) {
       EXPECT_EQ(folder.Read(name), name);
