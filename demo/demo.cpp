@@ -1,6 +1,6 @@
 // The demonstration: drives the real window over a folder of sample files, by mouse and keyboard on
-// its widgets, as a user would. Prints the files before and after and leaves a picture of each step.
-// Usage: quorvane_demo [folder for the pictures]
+// its widgets, as a user would. Prints the files before and after and leaves a picture of each
+// step. Usage: quorvane_demo [folder for the pictures]
 
 #include <QApplication>
 #include <QComboBox>

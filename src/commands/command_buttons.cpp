@@ -56,6 +56,7 @@ void CommandButtons::AddButton(CommandButton button) {
   made->setObjectName(QLatin1String(row.name));
   made->setProperty("command", true);
   made->setProperty("primary", false);
+  made->setEnabled(false);  // a mode turns it on
   made->setMinimumHeight(measure::kCommandHeight);
   buttons_[IndexOf(button)] = made;
   layout()->addWidget(made);
@@ -83,6 +84,10 @@ void CommandButtons::FocusPrimary() {
   for (QPushButton* button : buttons_) {
     if (button->property("primary").toBool()) button->setFocus(Qt::OtherFocusReason);
   }
+}
+
+void CommandButtons::FocusCancel() {
+  Button(CommandButton::bnCancel)->setFocus(Qt::OtherFocusReason);
 }
 
 void CommandButtons::FocusAfterCancel() {

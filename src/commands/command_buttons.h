@@ -21,6 +21,7 @@ class CommandButtons : public QWidget {
   /// Gives the focus to the button that stands out, if there is one.
   void FocusPrimary();
 
+  void FocusCancel();
   /// Takes the focus away from the buttons, to where no key starts a command.
   void FocusAfterCancel();
 

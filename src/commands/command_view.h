@@ -14,7 +14,7 @@ struct SourceOptions {
 };
 
 /// Why the list shows no file.
-enum class EmptyList { kNotYetListed, kNoneFound, kNotComplete };
+enum class EmptyList { kListing, kNoneFound, kNotComplete };
 
 /// What the commands need of the main window.
 class CommandView : public ModeView {

@@ -9,33 +9,26 @@
 #include "names/preview.h"
 #include "platform/text.h"
 #include "rename/run.h"
+#include "rename/undo.h"
 #include "trace/err_trace.h"
 
 namespace {
 
-/// Leaves a usable window behind when a failure ends the command.
-class ModeAfterFailure {
+/// Does `step` when a failure ends the block that it stands in.
+template <class Step>
+class OnFailure {
  public:
-  ModeAfterFailure(Commands& commands, RunState& state, CommandView& view, int mode)
-      : commands_(commands),
-        state_(state),
-        view_(view),
-        mode_(mode),
-        failures_(std::uncaught_exceptions()) {}
-  ~ModeAfterFailure() {
-    if (std::uncaught_exceptions() == failures_) return;
-    state_.gCancelRequested = false;
-    view_.RowsChanged();
-    commands_.EnableDisable(mode_);
+  explicit OnFailure(Step step) : step_(step), failures_(std::uncaught_exceptions()) {}
+  ~OnFailure() {
+    if (std::uncaught_exceptions() > failures_) {
+      ErrTrace::top<"Commands.OnFailure">(ErrTrace::args(), step_);
+    }
   }
-  ModeAfterFailure(const ModeAfterFailure&) = delete;
-  ModeAfterFailure& operator=(const ModeAfterFailure&) = delete;
+  OnFailure(const OnFailure&) = delete;
+  OnFailure& operator=(const OnFailure&) = delete;
 
  private:
-  Commands& commands_;
-  RunState& state_;
-  CommandView& view_;
-  const int mode_;
+  const Step step_;
   const int failures_;
 };
 
@@ -73,8 +66,8 @@ void Commands::bnLoadFileList_Click() {
     if (source.fdSourceFolder.empty()) return;
     grid_.AllRecords().DeleteAll();
     grid_.Clear();
-    view_.ListRepopulated(EmptyList::kNotYetListed);
-    const ModeAfterFailure guard(*this, state_, view_, ModeListEmpty);
+    view_.ListRepopulated(EmptyList::kListing);
+    const OnFailure usable([this] { ShowNoList(EmptyList::kNotComplete); });
     EnableDisable(ModeScanning);
     RunScan(source);
   });
@@ -90,16 +83,26 @@ void Commands::RunScan(const SourceOptions& source) {
   scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
   parts_.files.LetFoldersGo();
   if (records.Count() == 0 || state_.gCancelRequested) {
-    const bool cancelled = state_.gCancelRequested;
-    state_.gCancelRequested = false;
-    state_.panes.paneTotal = "Total 0 files";
-    view_.ListRepopulated(cancelled ? EmptyList::kNotComplete : EmptyList::kNoneFound);
-    EnableDisable(ModeListEmpty);
-    return;
+    return ShowNoList(state_.gCancelRequested ? EmptyList::kNotComplete : EmptyList::kNoneFound);
   }
   grid_.Populate();
   view_.ListRepopulated(EmptyList::kNoneFound);
   EnableDisable(ModeListReady);
+}
+
+void Commands::ShowNoList(EmptyList reason) {
+  state_.gCancelRequested = false;
+  state_.panes.paneTotal = "Total 0 files";
+  parts_.files.LetFoldersGo();
+  view_.ListRepopulated(reason);
+  EnableDisable(ModeListEmpty);
+}
+
+void Commands::LeaveUsable(int mode) {
+  state_.gCancelRequested = false;
+  parts_.files.LetFoldersGo();
+  view_.RowsChanged();
+  EnableDisable(mode);
 }
 
 void Commands::ShowProgress(const char* status, std::size_t max) {
@@ -112,7 +115,7 @@ void Commands::ShowProgress(const char* status, std::size_t max) {
 void Commands::bnPreview_Click() {
   ErrTrace::top<"Form1.bnPreview_Click">(ErrTrace::args(), [&] {
     if (grid_.RowCount() == 0 || parts_.constructor.ArrConstr.empty()) return;
-    const ModeAfterFailure guard(*this, state_, view_, ModeListReady);
+    const OnFailure usable([this] { LeaveUsable(ModeListReady); });
     EnableDisable(ModeScanning);
     ShowProgress("Preview ", grid_.RowCount());
     state_.panes.progressValue = 0;
@@ -137,7 +140,7 @@ void Commands::bnRename_Click() {
       parts_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
       return;
     }
-    const ModeAfterFailure guard(*this, state_, view_, ModeRunCancelled);
+    const OnFailure usable([this] { LeaveUsable(ModeRunCancelled); });
     EnableDisable(ModeRunStarting);
     fRename(output);
   });
@@ -164,5 +167,30 @@ bool Commands::fRename(const OutputOptions& output) {
     if (!parts_.reports.gFailureReport.empty()) view_.ShowFailureReport();
     if (!parts_.reports.gConflictReport.empty()) view_.ShowConflictReport();
     return true;
+  });
+}
+
+void Commands::bnUndo_Click() {
+  ErrTrace::top<"Form1.bnUndo_Click">(ErrTrace::args(), [&] {
+    const OnFailure usable([this] { LeaveUsable(ModeUndoCancelled); });
+    state_.gCancelRequested = false;
+    EnableDisable(ModeRunning);
+    parts_.reports.DeleteAll();
+    const OutputOptions output = view_.ReadOutputOptions();
+    UndoRun(output, grid_.AllRecords(), state_, parts_.files, events_, parts_.clock, parts_.reports)
+        .Undo();
+    parts_.files.LetFoldersGo();
+    view_.RowsChanged();
+    if (state_.gCancelRequested) {
+      EnableDisable(ModeUndoCancelled);
+      parts_.prompts.Tell("Process is not completed.\nSome of the files are still renamed.",
+                          PromptIcon::kExclamation);
+      return;
+    }
+    EnableDisable(ModeUndoFinished);
+    const std::size_t failed = parts_.reports.gFailureReport.size();
+    if (failed == 0) return;
+    parts_.prompts.Tell("Undo failed for " + std::to_string(failed) + " file(s)",
+                        PromptIcon::kCritical);
   });
 }

@@ -38,6 +38,8 @@ class Commands {
   void bnLoadFileList_Click();
   void bnPreview_Click();
   void bnRename_Click();
+  /// Takes back the last run, or the rest of it; goes by what the rows hold.
+  void bnUndo_Click();
   /// Asks the running pass to end; it sees that when it next lets events run.
   void bnCancel_Click();
 
@@ -63,6 +65,10 @@ class Commands {
   };
 
   void RunScan(const SourceOptions& source);
+  /// Ends a scan with an empty list.
+  void ShowNoList(EmptyList reason);
+  /// After a failure: the mode from which the user can go on, the rows as far as they got.
+  void LeaveUsable(int mode);
   void ShowProgress(const char* status, std::size_t max);
   bool fRename(const OutputOptions& output);
 

@@ -10,11 +10,14 @@
 namespace mScanCD {
 
 bool FileExist(FileSystem& files, std::string_view FilePath) {
-  return files.Exists(FilePath);
+  return ErrTrace::inner<"mScanCD.FileExist(FilePath)">(ErrTrace::args(FilePath),
+                                                        [&] { return files.Exists(FilePath); });
 }
 
 bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style) {
-  return text::Length(folderPath) == style.rootLength || files.Exists(folderPath);
+  return ErrTrace::inner<"mScanCD.FolderExist(folderPath)">(ErrTrace::args(folderPath), [&] {
+    return text::Length(folderPath) == style.rootLength || files.Exists(folderPath);
+  });
 }
 
 }  // namespace mScanCD

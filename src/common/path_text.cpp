@@ -1,5 +1,7 @@
 #include "common/path_text.h"
 
+#include "trace/err_trace.h"
+
 namespace mMain {
 
 std::string_view SplitingFolder(std::string_view sFullPath, std::string_view point) {
@@ -41,9 +43,12 @@ std::string ReplacePathText(std::string_view path, std::string_view from, std::s
 namespace mCommon {
 
 std::string Spliting(std::string_view sFullPath, std::string_view point) {
-  const std::size_t at = sFullPath.rfind(point);
-  if (at == sFullPath.npos) return {};
-  return std::string(".").append(sFullPath.substr(at + point.size()));
+  return ErrTrace::inner<"mCommon.Spliting(sFullPath,point)">(
+      ErrTrace::args(sFullPath, point), [&]() -> std::string {
+        const std::size_t at = sFullPath.rfind(point);
+        if (at == sFullPath.npos) return {};
+        return std::string(".").append(sFullPath.substr(at + point.size()));
+      });
 }
 
 }  // namespace mCommon
@@ -51,9 +56,11 @@ std::string Spliting(std::string_view sFullPath, std::string_view point) {
 namespace mScanCD {
 
 std::string NormalizePath(std::string_view sPath, PathStyle style) {
-  std::string path(sPath);
-  if (!path.empty() && path.back() != style.separator) path += style.separator;
-  return path;
+  return ErrTrace::inner<"mScanCD.NormalizePath(sPath)">(ErrTrace::args(sPath), [&] {
+    std::string path(sPath);
+    if (!path.empty() && path.back() != style.separator) path += style.separator;
+    return path;
+  });
 }
 
 }  // namespace mScanCD

@@ -48,6 +48,7 @@ class FileRow {
   std::uint32_t folder = 0;    ///< items 0 and 8: number in the folder table
   std::uint32_t type = 0;      ///< item 2: number in the text table
   std::uint32_t newPath = 0;   ///< item 11: number in the text table, 0 is empty
+  std::uint32_t madeCopy = 0;  ///< number in the table of copies made, 0 when the run made none
   std::int16_t RowTag = 0;     ///< 1 once the row's operation succeeded in a run, else empty (0)
   std::int8_t mode = -1;       ///< item 12: output mode when the row was processed, -1 is empty
   Mark mark = Mark::kWaiting;  ///< item 6

@@ -28,6 +28,15 @@ void Records::DeleteAll() {
   text_numbers_.clear();
   texts_.clear();
   TextNumber("");  // number 0 is the empty text
+  made_copies_.assign(1, {});
+}
+
+void Records::SetMadeCopy(FileRow& row, const FileIdentity& made) {
+  if (row.madeCopy == 0) {
+    row.madeCopy = static_cast<std::uint32_t>(made_copies_.size());
+    made_copies_.emplace_back();
+  }
+  made_copies_[row.madeCopy] = made;
 }
 
 std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path) {

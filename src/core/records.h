@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/file_row.h"
+#include "platform/files.h"
 
 /// The rows in the order in which the scan added them, and the texts that they share.
 class Records {
@@ -35,6 +36,10 @@ class Records {
   const std::string& NewPath(const FileRow& row) const { return *texts_[row.newPath]; }
   void SetNewPath(FileRow& row, std::string_view path) { row.newPath = TextNumber(path); }
 
+  /// Which file a run made as the copy of the row's file; all zero when it made none.
+  const FileIdentity& MadeCopy(const FileRow& row) const { return made_copies_[row.madeCopy]; }
+  void SetMadeCopy(FileRow& row, const FileIdentity& made);
+
   std::size_t FolderCount() const { return folders_.size(); }
   std::size_t TextCount() const { return texts_.size(); }
   const std::string& FolderPath(std::uint32_t number) const { return folders_[number].path; }
@@ -52,5 +57,6 @@ class Records {
   std::vector<Folder> folders_;
   std::unordered_map<std::string, std::uint32_t> folder_numbers_;  ///< by path, NUL, name
   std::unordered_map<std::string, std::uint32_t> text_numbers_;
+  std::vector<FileIdentity> made_copies_;  ///< number 0 stands for none
   std::vector<const std::string*> texts_;  ///< the keys of `text_numbers_`, which never move
 };

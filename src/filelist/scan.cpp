@@ -12,12 +12,14 @@ constexpr std::int32_t kFilesBetweenEvents = 97;
 }  // namespace
 
 FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns) {
-  constexpr std::int64_t kSecond = 1'000'000'000;
-  const std::int64_t seconds = modified_ns / kSecond - (modified_ns % kSecond < 0 ? 1 : 0);
-  const std::optional<LocalTime> at = clock.ToLocal(seconds);
-  // The text has four digits for the year; a file system may hold any.
-  if (!at || at->year < 1 || at->year > 9999) return {};
-  return {at->year, at->month, at->day, at->hour, at->minute, at->second};
+  return ErrTrace::inner<"mScanCD.SysToVBTime(ft)">(ErrTrace::args(modified_ns), [&]() -> FileDate {
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    const std::int64_t seconds = modified_ns / kSecond - (modified_ns % kSecond < 0 ? 1 : 0);
+    const std::optional<LocalTime> at = clock.ToLocal(seconds);
+    // The text has four digits for the year; a file system may hold any.
+    if (!at || at->year < 1 || at->year > 9999) return {};
+    return {at->year, at->month, at->day, at->hour, at->minute, at->second};
+  });
 }
 
 Scan::Scan(const ScanOptions& options, Records& records, RunState& state, FileSystem& files,

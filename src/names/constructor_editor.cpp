@@ -43,7 +43,7 @@ ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneService
   column->setSpacing(measure::kBlockGap);
   column->addWidget(fraConstructor);
   column->addWidget(panes_, 1);
-  connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::CommitFocusedField);
+  connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::HandOverNumbers);
   connect(strip, &ConstructorStrip::elementsChanged, this, &ConstructorEditor::optionChanged);
   connect(strip, &ConstructorStrip::selectedChanged, this,
           &ConstructorEditor::tabConstructor_SelectedChanged);
@@ -103,7 +103,18 @@ ConstrItem* ConstructorEditor::Shown() {
   return index < constructor_.ArrConstr.size() ? &constructor_.ArrConstr[index] : nullptr;
 }
 
-void ConstructorEditor::CommitFocusedField() {
+bool ConstructorEditor::CommitFocusedField() {
+  HandOverNumbers();
+  for (NumberField* field : panes_->findChildren<NumberField*>()) {
+    if (!field->Refused()) continue;
+    field->setFocus();
+    field->selectAll();
+    return false;
+  }
+  return true;
+}
+
+void ConstructorEditor::HandOverNumbers() {
   for (NumberField* field : panes_->findChildren<NumberField*>()) field->HandOver();
 }
 
@@ -150,7 +161,7 @@ void ConstructorEditor::tabConstructor_SelectedChanged(int index) {
   const int Item = index;
   ErrTrace::top<"Form1.tabConstructor_SelectedChanged(Item)">(ErrTrace::args(Item), [&] {
     // What was typed belongs to the element that was shown until now.
-    CommitFocusedField();
+    HandOverNumbers();
     shown_ = index;
     const ConstrItem* item = Shown();
     const ItemType kind = item == nullptr ? kText : static_cast<ItemType>(item->ItemType);

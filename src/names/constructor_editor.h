@@ -24,8 +24,9 @@ class ConstructorEditor : public QWidget {
                     QWidget* parent = nullptr);
 
   /// Lets the number field that is being edited hand over its number. Every command does this
-  /// first.
-  void CommitFocusedField();
+  /// first. False, with the focus there, when a field shows a number that can't be taken: what the
+  /// user sees would not be what is done.
+  bool CommitFocusedField();
 
   Card* fraConstructor;
   ConstructorStrip* strip;
@@ -51,6 +52,7 @@ class ConstructorEditor : public QWidget {
  private:
   void BuildConstructorCard(const PaneServices& services);
   void BuildPanes(const PaneServices& services);
+  void HandOverNumbers();
   void ShowOptionsPane(ItemType kind);
   void tabConstructor_SelectedChanged(int index);
   void ShowItem(ItemType kind);

@@ -33,11 +33,12 @@ NumberField::NumberField(const NumberControl& control, std::function<void(std::i
 void NumberField::ShowNumber(std::int32_t number) {
   setText(QString::number(number));
   pending_ = false;
+  refused_ = false;
 }
 
 void NumberField::HandOver() {
   if (!pending_) return;
-  validate_(false, [this] {
+  refused_ = !validate_(false, [this] {
     const NumberText number = NormalizeNumber(text::FromQt(text()));
     if (const QString written = text::ToQt(number.text); written != text()) setText(written);
     pending_ = false;

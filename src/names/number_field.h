@@ -21,6 +21,9 @@ class NumberField : public QLineEdit {
   /// shown or last handed over.
   void HandOver();
 
+  /// The text shown is a number that was not stored.
+  bool Refused() const { return refused_; }
+
   /// Shows a number that comes from the store.
   void ShowNumber(std::int32_t number);
 
@@ -33,4 +36,5 @@ class NumberField : public QLineEdit {
   HandlerFrame validate_;
   std::function<void(std::int32_t)> store_;
   bool pending_ = false;
+  bool refused_ = false;
 };

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int kNoSuchWay = -1;  // beside the errno values: try with a name
+constexpr off_t kSyncedAtOnce = 16 * 1024 * 1024;
 
 /// open(2): EOPNOTSUPP where the file system has no O_TMPFILE, EISDIR or ENOENT where the kernel
 /// has none.
@@ -106,7 +107,19 @@ int FileCopy::OpenNamed(const Place& to, Target& target) {
 
 int FileCopy::Fill(int from, const struct stat& source, int to, Purpose purpose,
                    const GoOn& go_on) {
-  if (const int error = data_.Copy(from, to, source, go_on)) return error;
+  // A move syncs as it goes: one sync at the end would leave "Cancel" unheard while gigabytes go
+  // to a slow medium.
+  off_t synced = 0;
+  const GoOn synced_go_on = [&] {
+    struct stat written;
+    if (calls_.fstat(to, &written) == 0 && written.st_size - synced >= kSyncedAtOnce) {
+      synced = written.st_size;
+      if (calls_.fsync(to) != 0) return false;
+    }
+    return !go_on || go_on();
+  };
+  const GoOn& between = purpose == Purpose::kMove ? synced_go_on : go_on;
+  if (const int error = data_.Copy(from, to, source, between)) return error;
   struct stat now;
   if (calls_.fstat(from, &now) != 0) return errno;
   if (IdentityOf(now) != IdentityOf(source)) return ESTALE;

@@ -1,7 +1,7 @@
 #include "rename/numbering.h"
 
-#include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "common/drives.h"
 #include "common/path_text.h"
@@ -25,7 +25,8 @@ std::string SeriesKey(std::string_view lower_head, std::string_view lower_tail) 
 
 }  // namespace
 
-Numbering::Numbering(const RunState& state, FileSystem& files) : state_(state), files_(files) {}
+Numbering::Numbering(const RunState& state, FileSystem& files, GoOn go_on)
+    : state_(state), files_(files), go_on_(std::move(go_on)) {}
 
 std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) {
   if (!mScanCD::FileExist(files_, std::string(pPath).append(pName))) return std::string(pName);
@@ -38,11 +39,24 @@ std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view
   head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
   std::string tail = state_.gNumberRight;
   if (!extension.empty()) tail.append(".").append(extension);
-  Series& series = SeriesOf(std::move(head), std::move(tail));
-  for (;; ++series.first_open) {
-    std::string candidate = series.head + std::to_string(series.first_open) + series.tail;
-    if (!mScanCD::FileExist(files_, candidate)) return candidate.substr(pPath.size());
+  const std::string free = FirstFree(SeriesOf(std::move(head), std::move(tail)));
+  return free.empty() ? free : free.substr(pPath.size());
+}
+
+/// The path with the lowest free number; "" when the search gave up.
+std::string Numbering::FirstFree(Series& series) {
+  while (go_on_()) {
+    const bool again = !series.freed.empty();
+    const std::uint64_t number = again ? *series.freed.begin() : series.untried;
+    std::string candidate = series.head + std::to_string(number) + series.tail;
+    if (!mScanCD::FileExist(files_, candidate)) return candidate;
+    if (again) {
+      series.freed.erase(series.freed.begin());
+    } else {
+      ++series.untried;
+    }
   }
+  return {};
 }
 
 void Numbering::CreateUniqueName(std::string_view pPath, std::string_view pName,
@@ -50,7 +64,7 @@ void Numbering::CreateUniqueName(std::string_view pPath, std::string_view pName,
   ErrTrace::inner<"Form1.CreateUniqueName(pPath,pName,CorrectedNewName)">(
       ErrTrace::args(pPath, pName, CorrectedNewName), [&] {
         std::string free = FreeName(pPath, pName);
-        if (free != pName) CorrectedNewName = std::move(free);
+        if (!free.empty() && free != pName) CorrectedNewName = std::move(free);
       });
 }
 
@@ -75,7 +89,9 @@ void Numbering::Open(std::string_view lower_head, std::string_view lower_tail, c
   if (found == series_.end()) return;
   std::uint64_t number = 0;
   std::from_chars(digits, digits_end, number);
-  for (Series& series : found->second) series.first_open = std::min(series.first_open, number);
+  for (Series& series : found->second) {
+    if (number < series.untried) series.freed.insert(number);
+  }
 }
 
 Numbering::Series& Numbering::SeriesOf(std::string head, std::string tail) {
@@ -83,7 +99,7 @@ Numbering::Series& Numbering::SeriesOf(std::string head, std::string tail) {
   for (Series& series : same) {
     if (series.head == head && series.tail == tail) return series;
   }
-  return same.emplace_back(Series{std::move(head), std::move(tail)});
+  return same.emplace_back(Series{std::move(head), std::move(tail), 1, {}});
 }
 
 bool StaysInItsFolder(std::string_view name) {

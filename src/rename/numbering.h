@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,10 +17,13 @@
 /// itself takes away (`Freed`) counts as open again.
 class Numbering {
  public:
-  Numbering(const RunState& state, FileSystem& files);
+  /// `go_on` is asked between the probes, of which a folder full of numbered names needs many;
+  /// when it says no, the search gives up.
+  Numbering(const RunState& state, FileSystem& files, GoOn go_on);
 
   /// `pName` when it is free in the folder `pPath` (with closing separator), else the first free
   /// of its numbered names: base, left text, number, right text, and the extension with its dot.
+  /// "" when the search gave up.
   std::string FreeName(std::string_view pPath, std::string_view pName);
 
   /// As FreeName for a `pName` that is known to be taken; spares the test.
@@ -37,14 +41,17 @@ class Numbering {
   struct Series {
     std::string head;
     std::string tail;
-    std::uint64_t first_open = 1;  ///< every number below it is taken
+    std::uint64_t untried = 1;      ///< every number below it was found taken at some time
+    std::set<std::uint64_t> freed;  ///< of these, what may be open again
   };
+  std::string FirstFree(Series& series);
   Series& SeriesOf(std::string head, std::string tail);
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 
   const RunState& state_;
   FileSystem& files_;
+  GoOn go_on_;
   /// By the lower case of head and tail, because a file system may take two cases for one name.
   std::unordered_map<std::string, std::vector<Series>> series_;
 };

@@ -14,8 +14,8 @@ RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& st
       files_(files),
       reports_(reports),
       pass_(records.Count(), state, events, clock),
-      numbering_(state, files),
-      freer_(records, files, numbering_) {}
+      numbering_(state, files, [this] { return pass_.GoOn(); }),
+      freer_(NameFreer::Pass::kRun, records, files, numbering_) {}
 
 void RenameRun::RunRename() {
   ErrTrace::inner<"Form1.RunRename">(ErrTrace::args(), [&] {
@@ -39,11 +39,8 @@ void RenameRun::ProcessRow(std::size_t record) {
   FileRow& row = records_[record];
   Turn turn{record, records_.Path(row) + row.sourceFileName, TargetFolder(row), row.newFileName};
   const std::string planned_before(row.PlannedName());
-  // A relative output folder would lead to wherever the program happens to have been started.
-  const bool usable =
-      StaysInItsFolder(row.newFileName) && mMain::IsAbsolutePath(turn.target_folder);
-  if (usable) ResolveConflict(turn);
-  if (usable && StaysInItsFolder(row.newFileName) && DoOperation(turn)) {
+  if (HasUsableTarget(turn)) ResolveConflict(turn);
+  if (!state_.gCancelRequested && HasUsableTarget(turn) && DoOperation(turn)) {
     Succeed(turn);
   } else if (state_.gCancelRequested) {
     row.newFileName = turn.planned;
@@ -51,6 +48,13 @@ void RenameRun::ProcessRow(std::size_t record) {
   } else {
     Fail(turn);
   }
+}
+
+/// A name with a separator would lead into another folder; a relative output folder would lead to
+/// wherever the program happens to have been started.
+bool RenameRun::HasUsableTarget(const Turn& turn) const {
+  return StaysInItsFolder(records_[turn.record].newFileName) &&
+         (output_.cmbDestination == kUseSourceFolder || mMain::IsAbsolutePath(turn.target_folder));
 }
 
 std::string RenameRun::TargetFolder(const FileRow& row) {
@@ -95,23 +99,29 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   return corrected;
 }
 
-bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to) {
+bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to, FileIdentity& made) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
   switch (output_.cmbDestination) {
     case kUseSourceFolder:
     case kMoveTo:
       return files_.MoveFile(from, to, go_on);
     case kCopyTo:
-      return files_.CopyFile(from, to, go_on, nullptr);
+      return files_.CopyFile(from, to, go_on, &made);
     default:
       return false;
   }
 }
 
 bool RenameRun::DoOperation(const Turn& turn) {
-  const std::string target = turn.target_folder + records_[turn.record].newFileName;
-  if (!CopyMoveFile(turn.source, target)) return false;
-  if (output_.cmbDestination != kCopyTo && turn.source != target) numbering_.Freed(turn.source);
+  FileRow& row = records_[turn.record];
+  const std::string target = turn.target_folder + row.newFileName;
+  FileIdentity made;
+  if (!CopyMoveFile(turn.source, target, made)) return false;
+  if (output_.cmbDestination == kCopyTo) {
+    records_.SetMadeCopy(row, made);
+  } else if (turn.source != target) {
+    numbering_.Freed(turn.source);
+  }
   return true;
 }
 
@@ -127,7 +137,7 @@ void RenameRun::Succeed(const Turn& turn) {
     row.KeepRollback();
   } else {
     row.ShowRollbackName();
-    freer_.SourceNameChanged(turn.record);
+    freer_.HeldNameChanged(turn.record);
   }
   row.RowTag = 1;
   row.mark = Mark::kDone;

@@ -39,10 +39,11 @@ class RenameRun {
   };
   void Count(std::size_t record);
   void ProcessRow(std::size_t record);
+  bool HasUsableTarget(const Turn& turn) const;
   std::string TargetFolder(const FileRow& row);
   void ResolveConflict(Turn& turn);
   std::string CorrectedName(const Turn& turn);
-  bool CopyMoveFile(const std::string& from, const std::string& to);
+  bool CopyMoveFile(const std::string& from, const std::string& to, FileIdentity& made);
   bool DoOperation(const Turn& turn);
   void Fail(const Turn& turn);
   void Succeed(const Turn& turn);

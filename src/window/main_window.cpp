@@ -132,13 +132,14 @@ void Form1::Form_Unload() {
 void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
-  editor_->CommitFocusedField();
   folder_pages_->CommitFocusedField();
+  if (button != CommandButton::bnUndo && !editor_->CommitFocusedField()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
   if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
   if (button == CommandButton::bnRename) commands_.bnRename_Click();
+  if (button == CommandButton::bnUndo) commands_.bnUndo_Click();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
@@ -211,6 +212,8 @@ void Form1::SetWaitPointer(bool wait) {
 
 void Form1::EnableButton(CommandButton button, bool enable) {
   buttons_->EnableButton(button, enable);
+  // All else is off during a pass, so the keyboard belongs to the one command left.
+  if (button == CommandButton::bnCancel && enable) buttons_->FocusCancel();
 }
 
 void Form1::ShowPanes() {
@@ -234,7 +237,7 @@ void Form1::SetSourceFolder(const std::string& folder) {
 void Form1::ListRepopulated(EmptyList reason) {
   const std::string folder = folder_pages_->SourceFolder();
   const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
-  list_->SetEmptyText(reason == EmptyList::kNotYetListed  ? FileListPanel::kNotListed
+  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kNotListed
                       : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
                       : separator_missing                 ? FileListPanel::kSeparatorMissing
                                                           : FileListPanel::kNoneFound);

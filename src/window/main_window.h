@@ -29,9 +29,6 @@ class Form1 : public QWidget, private CommandView {
         QWidget* parent = nullptr);
   ~Form1() override;
 
-  /// The commands, for what starts them from outside.
-  Commands& AllCommands() { return commands_; }
-
   /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that
   /// can't be read it raises Failure; the controls show what was read before.
   void IniSettings(const std::string& pTemplateName);

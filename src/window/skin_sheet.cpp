@@ -51,10 +51,10 @@ constexpr NamedPicture kPictures[] = {
     {"critical", Drawing::kWarning, Role::kFailed, 40},
 };
 
-/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text fields take their text's colour from the palette: a
-/// colour here would fade their placeholder. A content height of 24 and a border of 1 above and
-/// below make a control of 26; a focused one has a border of 2 and as much less inside, so nothing
-/// moves.
+/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text
+/// fields take their text's colour from the palette: a colour here would fade their placeholder. A
+/// content height of 24 and a border of 1 above and below make a control of 26; a focused one has a
+/// border of 2 and as much less inside, so nothing moves.
 constexpr char kSheet[] = R"(
 QMainWindow, QDialog { background: {window}; }
 QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }

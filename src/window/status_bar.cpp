@@ -26,7 +26,7 @@ QPushButton* LinkButton(const char* name, const QString& caption, const QString&
 
 /// Sets only what differs: a label repaints at every setText.
 void Show(QLabel* label, const std::string& t) {
-  const QString shown = text::Shown(t).trimmed();
+  const QString shown = text::Shown(t);
   if (label->text() != shown) label->setText(shown);
 }
 

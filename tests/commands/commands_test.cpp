@@ -40,7 +40,7 @@ class FakeView : public CommandView {
   bool elements = false;
   bool waiting = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
-  EmptyList empty = EmptyList::kNotYetListed;
+  EmptyList empty = EmptyList::kListing;
   int rows_changed = 0;
   bool focus_away = false;
   std::vector<std::string> shown;  ///< the report windows, with their counts
@@ -231,10 +231,40 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   EXPECT_EQ(view.shown, std::vector<std::string>()) << "a cancelled run";
 }
 
+TEST_F(CommandsTest, TakeARunBack) {
+  constructor.InsertArrConstrItem(0, kText, "x ");
+  commands.bnLoadFileList_Click();
+  commands.bnPreview_Click();
+  commands.bnRename_Click();
+  CancelAt(2);
+  commands.bnUndo_Click();
+  EXPECT_EQ(prompts.told, std::vector<std::string>{
+                              "Process is not completed.\nSome of the files are still renamed."});
+  EXPECT_EQ(commands.Mode(), ModeUndoCancelled);
+  EXPECT_EQ(state.panes.progressValue, 1) << "the bar runs backwards";
+  EXPECT_TRUE(files.contents.contains("/in/a.txt"));
+  EXPECT_TRUE(files.contents.contains("/in/x b.txt"));
+  events.on_events = nullptr;
+  commands.bnUndo_Click();
+  EXPECT_EQ(commands.Mode(), ModeUndoFinished);
+  EXPECT_EQ(view.buttons, "11100") << "the same run can be done again";
+  EXPECT_TRUE(files.contents.contains("/in/b.txt"));
+  EXPECT_EQ(records[1].newFileName, "x b.txt");
+
+  commands.bnRename_Click();
+  files.contents["/in/a.txt"] = "a stranger";
+  commands.bnUndo_Click();
+  EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
+  EXPECT_EQ(files.contents["/in/a.txt"], "a stranger");
+  EXPECT_EQ(view.shown, std::vector<std::string>()) << "an undo tells its failures by number only";
+}
+
 TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   view.source.fdIncludeMask = "[a";
   commands.bnLoadFileList_Click();
   EXPECT_EQ(commands.Mode(), ModeListEmpty);
+  EXPECT_EQ(view.empty, EmptyList::kNotComplete);
+  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   ASSERT_EQ(reporter.reports.size(), 1u);
   for (const char* line :
        {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
@@ -256,4 +286,8 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   EXPECT_EQ(commands.Mode(), ModeRunCancelled);
   EXPECT_EQ(view.buttons, "10110");
   EXPECT_FALSE(view.waiting);
+  records[0].RowTag = 1;
+  records[0].mode = kUseSourceFolder;
+  commands.bnUndo_Click();
+  EXPECT_EQ(commands.Mode(), ModeUndoCancelled);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "support/memory_files.h"
@@ -39,7 +40,7 @@ TEST(Numbering, NumbersATakenNameByTheTemplate) {
       {"gap.txt", "gap_{1}.txt"},
   };
   RunState state;
-  Numbering numbering(state, files);
+  Numbering numbering(state, files, [] { return true; });
   for (const auto& row : table) {
     std::string corrected = "untouched";
     numbering.CreateUniqueName("/d/", row.name, corrected);
@@ -59,7 +60,7 @@ TEST(Numbering, GivesWhatThePlainSearchGivesWhileFilesComeAndGo) {
     state.gNumberLeft = row.left;
     state.gNumberRight = row.right;
     MemoryFiles files;
-    Numbering numbering(state, files);
+    Numbering numbering(state, files, [] { return true; });
     const std::string base = row.base;
     files.contents["/d/" + base + ".a"] = "";
     for (int step = 0; step < 400; ++step) {
@@ -83,8 +84,40 @@ TEST(Numbering, TestsFewNamesWhereManyFilesWantOne) {
   RunState state;
   MemoryFiles files;
   files.contents["/d/x"] = "";
-  Numbering numbering(state, files);
+  Numbering numbering(state, files, [] { return true; });
   for (int i = 0; i < 1000; ++i) files.contents["/d/" + numbering.FreeName("/d/", "x")] = "";
   EXPECT_TRUE(files.contents.contains("/d/x_{1000}"));
   EXPECT_LT(files.exists_calls, 4000);
+}
+
+TEST(Numbering, TestsFewNamesWhereNumberedFilesAreNumberedAnew) {
+  RunState state;
+  MemoryFiles files;
+  files.contents["/d/x"] = "";
+  std::vector<std::string> paths;
+  for (int n = 1; n <= 1000; ++n) paths.push_back("/d/x_{" + std::to_string(n) + "}");
+  for (const std::string& path : paths) files.contents[path] = "";
+  std::shuffle(paths.begin(), paths.end(), std::mt19937(7));
+  Numbering numbering(state, files, [] { return true; });
+  for (const std::string& path : paths) {
+    const std::string free = numbering.FreeName("/d/", "x");
+    files.contents["/d/" + free] = files.contents[path];
+    files.contents.erase(path);
+    numbering.Freed(path);
+  }
+  EXPECT_EQ(files.contents.size(), 1001u);
+  EXPECT_LT(files.exists_calls, 6000);
+}
+
+TEST(Numbering, GivesUpWhenTheUserCancels) {
+  RunState state;
+  MemoryFiles files;
+  files.contents["/d/x"] = "";
+  for (int n = 1; n <= 100; ++n) files.contents["/d/x_{" + std::to_string(n) + "}"] = "";
+  int asked = 0;
+  Numbering numbering(state, files, [&] { return ++asked < 10; });
+  std::string corrected = "untouched";
+  numbering.CreateUniqueName("/d/", "x", corrected);
+  EXPECT_EQ(corrected, "untouched");
+  EXPECT_LT(files.exists_calls, 20);
 }

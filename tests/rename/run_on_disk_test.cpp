@@ -7,6 +7,7 @@
 #include "core/records.h"
 #include "filelist/scan.h"
 #include "rename/run.h"
+#include "rename/undo.h"
 #include "support/fakes.h"
 #include "support/temp_folder.h"
 
@@ -40,6 +41,12 @@ class RunOnDisk : public testing::Test {
   void Run(const OutputOptions& output = {}) {
     RunReports reports;
     RenameRun(output, records, state, *files, events, clock, reports).RunRename();
+  }
+
+  std::size_t Undo(const OutputOptions& output = {}) {
+    RunReports reports;
+    UndoRun(output, records, state, *files, events, clock, reports).Undo();
+    return reports.gFailureReport.size();
   }
 
   char MarkOf(const std::string& name) const {
@@ -80,10 +87,10 @@ TEST_F(RunOnDisk, TurnsThousandFilesRound) {
 
 TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   const std::string bad("bad\xFF\xFE"), line("two\nlines"), gone("gone");
-  for (const std::string& name : {bad, line, gone, std::string("long"), std::string("out"),
-                                  std::string("up"), std::string("nul"), std::string("link"),
-                                  std::string("onto a link"), std::string("onto a twin"),
-                                  std::string("onto a folder"), std::string("-rf")}) {
+  for (const std::string& name :
+       {bad, line, gone, std::string("long"), std::string("out"), std::string("up"),
+        std::string("nul"), std::string("link"), std::string("onto a link"),
+        std::string("onto a twin"), std::string("onto a folder"), std::string("-rf")}) {
     Add(name);
   }
   folder.MakeLink("dangling", "/nowhere/at all");
@@ -105,8 +112,8 @@ TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   ASSERT_EQ(::unlink((folder / gone).c_str()), 0);
   Run();
   for (const std::string& name : {bad, line, std::string("-rf")}) EXPECT_EQ(MarkOf(name), 'D');
-  for (const char* name : {"gone", "long", "out", "up", "nul", "onto a link", "onto a twin",
-                           "onto a folder"}) {
+  for (const char* name :
+       {"gone", "long", "out", "up", "nul", "onto a link", "onto a twin", "onto a folder"}) {
     EXPECT_EQ(MarkOf(name), 'F') << name;
     if (name != gone) {
       EXPECT_EQ(folder.Read(name), name);
@@ -180,4 +187,47 @@ TEST_F(RunOnDisk, MovesAWholeTreeUnderTheOutputFolder) {
   EXPECT_EQ(out.Read("new/a"), "a");
   EXPECT_EQ(out.Read("new/sub/b"), "sub/b");
   EXPECT_FALSE(folder.Has("a"));
+}
+
+TEST_F(RunOnDisk, UndoBringsEveryNameBack) {
+  for (const char* name : {"a", "b", "c", "d", "e"}) Add(name);
+  Scan();
+  Plan({{"a", "b"}, {"b", "a"}, {"c", "d"}, {"d", "x"}, {"e", "x"}});
+  const std::vector<std::string> before = folder.List();
+  Run();
+  EXPECT_EQ(folder.List().size(), 5u);
+  EXPECT_NE(folder.List(), before);
+  EXPECT_EQ(Undo(), 0u);
+  EXPECT_EQ(folder.List(), before);
+  for (const std::string& name : before) EXPECT_EQ(folder.Read(name), name);
+  Run();
+  EXPECT_EQ(Undo(), 0u) << "the rows are as after a preview again";
+  EXPECT_EQ(folder.List(), before);
+}
+
+TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
+  for (const char* name : {"kept", "edited", "replaced", "gone"}) Add(name);
+  Scan();
+  TempFolder out;
+  const OutputOptions output{kCopyTo, out.path() + "/", false, folder.path() + "/"};
+  Run(output);
+  out.Write("edited", "longer than it was");
+  ASSERT_EQ(::unlink((out / "replaced").c_str()), 0);
+  out.Write("replaced", "replaced");
+  ASSERT_EQ(::unlink((out / "gone").c_str()), 0);
+  EXPECT_EQ(Undo(), 3u) << "and whatever the output choice is by now";
+  EXPECT_EQ(out.List(), (std::vector<std::string>{"edited", "replaced"}));
+  EXPECT_EQ(folder.List().size(), 4u);
+}
+
+TEST_F(RunOnDisk, UndoMovesBackWhateverTheOutputChoiceIsByThen) {
+  Add("a");
+  Scan();
+  Plan({{"a", "b"}});
+  TempFolder out;
+  Run({kMoveTo, out.path() + "/", false, folder.path() + "/"});
+  EXPECT_EQ(out.Read("b"), "a");
+  EXPECT_EQ(Undo(), 0u);
+  EXPECT_EQ(folder.Read("a"), "a");
+  EXPECT_TRUE(out.List().empty());
 }

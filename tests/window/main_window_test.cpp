@@ -25,6 +25,7 @@ class MainWindowTest : public testing::Test {
  public:
   void SetUp() override {
     for (const char* name : {"a.txt", "b.txt", "c.jpg"}) folder.Write(name, name);
+    qputenv("XDG_CONFIG_HOME", settings.path().c_str());
     StartAnew();
   }
 
@@ -64,6 +65,7 @@ class MainWindowTest : public testing::Test {
   QAbstractItemModel* Model() { return Find<QTableView>("ReportControl1")->model(); }
 
   TempFolder folder;
+  TempFolder settings;
   std::optional<Program> program;
 };
 
