@@ -10,6 +10,7 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QTabBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <cstdio>
 #include <stdexcept>
@@ -107,6 +108,9 @@ class Demo {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // The user's own settings are neither read nor written.
+  const QTemporaryDir settings;
+  qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   QApplication application(argc, argv);
   const QString pictures = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QDir::currentPath();
   try {

@@ -23,7 +23,6 @@ namespace {
 
 void PrepareApplication(QApplication& application) {
   QApplication::setApplicationName(QLatin1String(build_facts::kTitle));
-  QApplication::setApplicationDisplayName(QLatin1String(build_facts::kTitle));
   ApplySkin(application, true);
 }
 
