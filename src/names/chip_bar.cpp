@@ -16,6 +16,7 @@ constexpr int kChipGap = 4;
 constexpr int kChipPadding = 10;
 constexpr int kLeastChip = 30;
 constexpr int kGreatestText = 200 - 2 * kChipPadding;
+constexpr int kGreatestTip = 800;
 constexpr int kWellMargin = 5;
 constexpr int kRadius = 4;
 constexpr int kWellRadius = 6;
@@ -72,7 +73,9 @@ void ChipBar::InsertChip(int index, std::string_view text, int tag) {
   const int at = insertTab(index, QString(shown).replace(u'&', QStringLiteral("&&")));
   setTabData(at, tag);
   const bool fits = fontMetrics().horizontalAdvance(shown) <= kGreatestText;
-  setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : shown);
+  // Wider than the screen it could not be read either.
+  const QString tip = fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestTip);
+  setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
 }
 
 QString ChipBar::ChipText(int index) const {

@@ -10,6 +10,7 @@
 #include "common/look_qt.h"
 #include "names/counter.h"
 #include "names/number_field.h"
+#include "names/sample_label.h"
 #include "platform/text_qt.h"
 
 namespace {
@@ -28,9 +29,8 @@ CounterPane::CounterPane(ShownItem item, QWidget* parent)
 }
 
 void CounterPane::BuildControls() {
-  lbRangeSample = NewLabel(tr("Example: "), nullptr, this);
-  lbRangeSample->setObjectName(QStringLiteral("lbRangeSample"));
-  lbRangeSample->setProperty("muted", true);
+  lbRangeSample = new SampleLabel("lbRangeSample", this);
+  lbRangeSample->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
   const auto store = [this](std::int32_t start) {
     if (ConstrItem* shown = item_()) shown->CounterStart = start;
@@ -69,8 +69,7 @@ void CounterPane::Lay() {
   row->addSpacing(kPairGap - measure::kLabelGap);
   row->addWidget(NewLabel(tr("&Number of digits:"), cmbRange, this));
   row->addWidget(cmbRange);
-  row->addStretch();
-  row->addWidget(lbRangeSample);
+  row->addWidget(lbRangeSample, 1);
   QLabel* note =
       NewLabel(tr("Note: counter increment depends on sort order in file list."), nullptr, this);
   note->setObjectName(QStringLiteral("Label22"));
@@ -93,7 +92,7 @@ void CounterPane::TakeRange() {
 void CounterPane::UpdateSample() {
   const std::string start = text::FromQt(fdStartValue->text());
   const std::string pattern = CounterFormatOfRange(cmbRange->currentIndex());
-  lbRangeSample->setText(tr("Example: ") + text::Shown(CounterSample(start, pattern)));
+  lbRangeSample->ShowSample(CounterSample(start, pattern));
 }
 
 void CounterPane::ShowItem() {

@@ -6,7 +6,7 @@
 class NumberField;
 class QCheckBox;
 class QComboBox;
-class QLabel;
+class SampleLabel;
 
 /// The options of a counter element: its start, its width, and whether it starts again at each
 /// group.
@@ -33,5 +33,5 @@ class CounterPane : public Card {
   NumberField* fdStartValue;
   QComboBox* cmbRange;
   QCheckBox* chResetCounter;
-  QLabel* lbRangeSample;
+  SampleLabel* lbRangeSample;
 };

@@ -9,6 +9,7 @@
 #include "common/look_qt.h"
 #include "names/date_format.h"
 #include "names/name_field.h"
+#include "names/sample_label.h"
 #include "platform/text_qt.h"
 
 struct DateControls {
@@ -100,9 +101,7 @@ DatePane::DatePane(ItemType kind, const PaneServices& services, ShownItem item, 
   });
   AddColumn(grid, tr("Sep&arator:"), separator_);
 
-  sample_ = NewLabel(tr("Example: "), nullptr, this);
-  sample_->setObjectName(QLatin1String(controls_.sample));
-  sample_->setProperty("muted", true);
+  sample_ = new SampleLabel(controls_.sample, this);
   Body()->addLayout(grid);
   Body()->addWidget(sample_);
   Body()->addStretch();
@@ -125,8 +124,7 @@ void DatePane::UpdateSample() {
         ComposeDateFormat(parts_[0]->currentIndex(), parts_[1]->currentIndex(),
                           parts_[2]->currentIndex(), text::FromQt(separator_->text()));
     const int year = services_.clock.Now().year;
-    const std::string date = FormatDate(format, year, 1, 1, services_.locale);
-    sample_->setText(tr("Example: ") + text::Shown(date));
+    sample_->ShowSample(FormatDate(format, year, 1, 1, services_.locale));
     if (ConstrItem* shown = item_()) shown->*controls_.format = format;
   });
 }

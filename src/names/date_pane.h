@@ -13,8 +13,8 @@
 
 class QComboBox;
 class QGridLayout;
-class QLabel;
 class QLineEdit;
+class SampleLabel;
 
 /// What differs between the panes of the two date elements.
 struct DateControls;
@@ -53,5 +53,5 @@ class DatePane : public Card {
   ShownItem item_;
   std::array<QComboBox*, kParts> parts_;
   QLineEdit* separator_;
-  QLabel* sample_;
+  SampleLabel* sample_;
 };
