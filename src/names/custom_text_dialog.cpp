@@ -9,6 +9,7 @@
 #include "common/card_qt.h"
 #include "common/look_qt.h"
 #include "common/name_chars.h"
+#include "names/name_field.h"
 #include "platform/text_qt.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
@@ -35,6 +36,7 @@ Form5::Form5(Prompts& prompts, SettingsStore& settings, QWidget* parent)
   fdText = new QLineEdit(this);
   fdText->setObjectName(QStringLiteral("fdText"));
   fdText->setMinimumWidth(kFieldWidth);
+  HoldWhatIsShown(fdText);
   bnOK = NewDialogButton("bnOK", tr("&OK"), this);
   bnOK->setDefault(true);
   bnCancel = NewDialogButton("bnCancel", tr("&Cancel"), this);

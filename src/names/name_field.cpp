@@ -2,12 +2,39 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QValidator>
+#include <algorithm>
 
 #include "common/name_chars.h"
 #include "platform/text_qt.h"
 #include "trace/err_trace.h"
 
-NameField::NameField(Prompts& prompts, QWidget* parent) : QLineEdit(parent), prompts_(prompts) {}
+namespace {
+
+/// The characters that a line edit paints as a blank, other than the blank itself.
+bool IsShownAsBlank(QChar sign) {
+  return (sign < u' ' && sign != u'\t') || sign == QChar::LineSeparator ||
+         sign == QChar::ParagraphSeparator;
+}
+
+class BlankMaker : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& text, int&) const override {
+    std::replace_if(text.begin(), text.end(), IsShownAsBlank, QChar(u' '));
+    return Acceptable;
+  }
+};
+
+}  // namespace
+
+void HoldWhatIsShown(QLineEdit* field) {
+  field->setValidator(new BlankMaker(field));
+}
+
+NameField::NameField(Prompts& prompts, QWidget* parent) : QLineEdit(parent), prompts_(prompts) {
+  HoldWhatIsShown(this);
+}
 
 bool NameField::Refuses(const QString& typed) {
   bool refused = true;

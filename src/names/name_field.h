@@ -4,8 +4,12 @@
 
 #include "platform/prompts.h"
 
+/// Lets `field` hold a blank wherever it shows one: a pasted line break or another control
+/// character, which nobody would see, does not get into a name.
+void HoldWhatIsShown(QLineEdit* field);
+
 /// A field for a part of a file name: a typed character that no name can hold is refused with a
-/// message. Pasted text passes.
+/// message. Pasted text passes, on one line.
 class NameField : public QLineEdit {
   Q_OBJECT
 
