@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "common/card_qt.h"
@@ -29,6 +30,16 @@ QWidget* NewEmptyPane(QWidget* parent) {
   text->setAlignment(Qt::AlignCenter);
   layout->addWidget(text);
   return pane;
+}
+
+void TurnToPageOf(QWidget* control) {
+  for (QWidget* part = control; part != nullptr; part = part->parentWidget()) {
+    auto* pages = qobject_cast<QTabWidget*>(part);
+    if (pages == nullptr) continue;
+    for (int i = 0; i < pages->count(); ++i) {
+      if (pages->widget(i)->isAncestorOf(control)) pages->setCurrentIndex(i);
+    }
+  }
 }
 
 }  // namespace
@@ -106,7 +117,10 @@ ConstrItem* ConstructorEditor::Shown() {
 bool ConstructorEditor::CommitFocusedField() {
   HandOverNumbers();
   for (NumberField* field : panes_->findChildren<NumberField*>()) {
-    if (!field->Refused()) continue;
+    // A field that its mode or another pane hides has no say; its number comes back with it.
+    if (!field->Refused() || field->isHidden()) continue;
+    if (!panes_->currentWidget()->isAncestorOf(field)) continue;
+    TurnToPageOf(field);
     field->setFocus();
     field->selectAll();
     return false;
