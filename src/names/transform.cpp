@@ -16,7 +16,33 @@ void CheckLength(std::string_view part) {
   }
 }
 
+bool CutIsInUse(std::int32_t mode, bool has_text, std::int32_t n, std::int32_t k) {
+  switch (mode) {
+    case 1:
+      return has_text;
+    case 2:
+    case 3:
+    case 4:
+    case 5:
+      return n > 0;
+    case 6:
+      return n > 0 || k > 0;
+    default:
+      return mode >= 7 && mode <= 9;
+  }
+}
+
 }  // namespace
+
+TransformSteps StepsInUse(const ConstrItem& item, const TransformFields& fields) {
+  const std::int32_t add = item.*fields.Add;
+  const bool adds1 = add >= 1 && add <= 5 && !(item.*fields.AddText1).empty();
+  const bool adds2 = add == 3 && !(item.*fields.AddText2).empty();
+  const bool cut_text = !(item.*fields.CutText).empty();
+  return {.cut = CutIsInUse(item.*fields.Cut, cut_text, item.*fields.CutN, item.*fields.CutX),
+          .replace = !(item.*fields.Replace1).empty(),
+          .add = adds1 || adds2};
+}
 
 PartTransform::PartTransform(const ConstrItem& item, const TransformFields& fields)
     : case_(item.*fields.Case),

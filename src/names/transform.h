@@ -16,6 +16,14 @@ enum CaseMode : std::int32_t {
   kCaseFirstUpper = 3,
 };
 
+/// Which of the steps cut, replace and add may change a part at all; a mode without its text, or
+/// with a count of 0 where that removes nothing, does not.
+struct TransformSteps {
+  bool cut, replace, add;
+  bool operator==(const TransformSteps&) const = default;
+};
+TransformSteps StepsInUse(const ConstrItem& item, const TransformFields& fields);
+
 /// What the options of one element make of its part of a name: letter case, cut, replace and add,
 /// in this order. Holds copies of the options, so that nothing is looked up for each row.
 class PartTransform {

@@ -5,18 +5,21 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "common/look_qt.h"
 #include "names/name_field.h"
 #include "names/number_field.h"
+#include "names/transform.h"
 #include "names/transform_controls.h"
 #include "platform/text_qt.h"
 
@@ -73,6 +76,7 @@ constexpr AddShows kAddShows[std::size(kAdds)] = {
 constexpr int kNumberWidth = 84;
 constexpr int kPairGap = 5;
 constexpr int kLeastCombo = 120;
+constexpr int kDot = 6;
 
 QVBoxLayout* NewPage(QTabWidget* pages, const QString& title) {
   auto* widget = new QWidget(pages);
@@ -106,6 +110,25 @@ QLabel* AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool 
   return label;
 }
 
+QKeySequence KeysOfPage(int page) {
+  return QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_4 + page));
+}
+
+/// A dot, or as much room without one, so that no tab moves.
+QIcon Dot(bool filled, qreal scale) {
+  QPixmap picture(QSize(kDot, kDot) * scale);
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  if (filled) {
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Look::Current().Colour(Role::kFocus));
+    painter.drawEllipse(QRect(0, 0, kDot, kDot));
+  }
+  return QIcon(picture);
+}
+
 void SetShown(QLabel* label, QWidget* field, bool shown) {
   label->setVisible(shown);
   field->setVisible(shown);
@@ -124,15 +147,14 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
   pages_ = new QTabWidget(this);
   pages_->setObjectName(QLatin1String(controls_.pages.name));
   pages_->setProperty("optionPages", true);
+  pages_->setIconSize(QSize(kDot, kDot));
   pages_->setAccessibleName(accessibleName());
   Body()->addWidget(pages_, 1);
   BuildRemovePage();
   BuildReplacePage();
   BuildAddPage();
   for (int page = 0; page < pages_->count(); ++page) {
-    const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_4 + page));
-    pages_->setTabToolTip(page, keys.toString(QKeySequence::NativeText));
-    connect(new QShortcut(keys, this), &QShortcut::activated, pages_,
+    connect(new QShortcut(KeysOfPage(page), this), &QShortcut::activated, pages_,
             [this, page] { pages_->setCurrentIndex(page); });
   }
   connect(pages_, &QTabWidget::currentChanged, this, [this](int page) {
@@ -142,17 +164,32 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
   });
   ShowCutFields();
   ShowAddFields();
+  connect(this, &TransformPane::optionChanged, this, &TransformPane::MarkPages);
   FitStyle();
+}
+
+void TransformPane::MarkPages() {
+  const ConstrItem* shown = item_();
+  const TransformSteps steps = shown == nullptr ? TransformSteps{} : StepsInUse(*shown, fields_);
+  const bool in_use[] = {steps.cut, steps.replace, steps.add};
+  for (int page = 0; page < pages_->count(); ++page) {
+    const QString keys = KeysOfPage(page).toString(QKeySequence::NativeText);
+    pages_->setTabToolTip(page, in_use[page] ? tr("%1 (in use)").arg(keys) : keys);
+    pages_->setTabIcon(page, Dot(in_use[page], devicePixelRatioF()));
+  }
 }
 
 void TransformPane::FitStyle() {
   // Without the skin, a frame around the pages would be a second one inside that of the card.
   pages_->setDocumentMode(!Look::Current().SkinOn());
+  MarkPages();
 }
 
 void TransformPane::changeEvent(QEvent* event) {
   Card::changeEvent(event);
-  if (event->type() == QEvent::StyleChange && pages_ != nullptr) FitStyle();
+  const bool new_look =
+      event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange;
+  if (new_look && pages_ != nullptr) FitStyle();
 }
 
 QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t ConstrItem::*mode,
@@ -180,6 +217,7 @@ NumberField* TransformPane::NewNumberField(const NumberControl& control,
                                            std::int32_t ConstrItem::*number) {
   const auto store = [this, number](std::int32_t value) {
     if (ConstrItem* shown = item_()) shown->*number = value;
+    MarkPages();
   };
   auto* field = new NumberField(control, store, this);
   HandleChange(field, control.name, control.change, [this] { emit optionChanged(); });
@@ -240,14 +278,14 @@ void TransformPane::BuildAddPage() {
 }
 
 void TransformPane::ShowCutFields() {
-  const CutShows& shows = kCutShows[cut_->currentIndex()];
+  const CutShows& shows = kCutShows[std::max(cut_->currentIndex(), 0)];
   SetShown(cut_n_label_, cut_n_, shows.n);
   SetShown(cut_x_label_, cut_x_, shows.x);
   SetShown(cut_text_label_, cut_text_, shows.text);
 }
 
 void TransformPane::ShowAddFields() {
-  const AddShows& shows = kAddShows[add_->currentIndex()];
+  const AddShows& shows = kAddShows[std::max(add_->currentIndex(), 0)];
   if (shows.text1) add_text1_label_->setText(shows.text2 ? tr("&Text1:") : tr("&Text:"));
   SetShown(add_text1_label_, add_text1_, shows.text1);
   SetShown(add_text2_label_, add_text2_, shows.text2);
@@ -271,4 +309,5 @@ void TransformPane::ShowItem() {
   add_text1_->setText(text::ToQt(item.*fields_.AddText1));
   add_text2_->setText(text::ToQt(item.*fields_.AddText2));
   pages_->setCurrentIndex(item.OptionsTab);
+  MarkPages();
 }

@@ -16,8 +16,8 @@ class QTabWidget;
 struct TransformControls;
 
 /// The options of a source name, extension or parent folder element: letter case, and the pages
-/// "Remove", "Replace" and "Add / Insert". Every edit goes into the shown element at once, a number
-/// when its field is left.
+/// "Remove", "Replace" and "Add / Insert". A page that changes something bears a dot. Every edit
+/// goes into the shown element at once, a number when its field is left.
 class TransformPane : public Card {
   Q_OBJECT
 
@@ -37,6 +37,7 @@ class TransformPane : public Card {
 
  private:
   void FitStyle();
+  void MarkPages();
   void BuildCase();
   void BuildRemovePage();
   void BuildReplacePage();

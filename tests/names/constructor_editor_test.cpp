@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -361,6 +365,179 @@ TEST_F(ConstructorEditorTest, DerivesFormatsAndSamplesOfDatesAndCounters) {
   EXPECT_EQ(Items()[2].CounterFormat, "0");
   Leave(Field("fdStartValue"));
   EXPECT_EQ(Items()[2].CounterStart, 12);
+}
+
+TEST_F(ConstructorEditorTest, ShowsEachDateAndCounterItsOwnValues) {
+  Choose(editor.strip->bnInsertRight, "<File date>");
+  Choose(editor.strip->bnInsertRight, "<File date>");
+  Pick("cmbDate(0)")->setCurrentIndex(2);
+  Type(Field("fdDateSeparator"), QStringLiteral("\u5E74"));
+  Select(1);
+  EXPECT_EQ(Pick("cmbDate(0)")->currentIndex(), 8);
+  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024-01-01"));
+  EXPECT_EQ(Items()[1].DateFormat, "yyyy-mm-dd");
+  EXPECT_EQ(Items()[2].DateFormat, "dd-\u5E74mm-\u5E74dd");
+
+  Choose(editor.strip->bnInsertRight, "<Counter>");
+  Choose(editor.strip->bnInsertRight, "<Counter>");
+  Field("fdStartValue")->clear();
+  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: "));
+  Pick("cmbRange")->setCurrentIndex(9);
+  Find<QCheckBox>("chResetCounter")->setChecked(false);
+  Select(2);
+  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: 0001"));
+  EXPECT_TRUE(Find<QCheckBox>("chResetCounter")->isChecked());
+  EXPECT_EQ(Items()[3].CounterStart, 0);
+  EXPECT_EQ(Items()[3].CounterFormat, "0000000000");
+  EXPECT_EQ(Items()[3].ResetCounter, 0);
+  EXPECT_EQ(Items()[2].CounterStart, 1);
+}
+
+TEST_F(ConstructorEditorTest, AsksForAPreviewAfterAnyChangeOfAnyOption) {
+  for (const char* kind : {"<Parent folder name>", "<File date>", "<Today's date>", "<Counter>"}) {
+    Choose(editor.strip->bnInsertRight, kind);
+  }
+  int combos = 0;
+  int fields = 0;
+  int pages = 0;
+  for (int item = 0; item < Chips()->count(); ++item) {
+    Select(item);
+    QWidget* pane = Find<QWidget>(Pane().c_str());
+    for (QComboBox* combo : pane->findChildren<QComboBox*>()) {
+      changes = 0;
+      combo->setCurrentIndex(combo->currentIndex() == 0 ? 1 : 0);
+      EXPECT_EQ(changes, 1) << combo->objectName().toStdString();
+      ++combos;
+    }
+    for (QLineEdit* field : pane->findChildren<QLineEdit*>()) {
+      changes = 0;
+      field->insert(QStringLiteral("9"));
+      EXPECT_EQ(changes, 1) << field->objectName().toStdString();
+      ++fields;
+    }
+    for (QTabWidget* tabs : pane->findChildren<QTabWidget*>()) {
+      changes = 0;
+      tabs->setCurrentIndex(2);
+      EXPECT_EQ(changes, 0) << "which page is shown changes no name";
+      ++pages;
+    }
+  }
+  Select(Chips()->count() - 4);
+  changes = 0;
+  Find<QCheckBox>("chResetCounter")->toggle();
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(combos, 3 * 3 + 2 * 3 + 1);
+  EXPECT_EQ(fields, 3 * 8 + 2 + 1);
+  EXPECT_EQ(pages, 3);
+}
+
+TEST_F(ConstructorEditorTest, HoldsPastedTextAsItShowsIt) {
+  const QString pasted = QStringLiteral("a\r\nb\tc\u2028/d\U0001F1E9\U0001F1EA");
+  const std::string whole = text::FromQt(pasted);
+  Field("fdAddFileText1")->insert(pasted);
+  EXPECT_EQ(Items()[0].AddFileText1, "a  b\tc /d\U0001F1E9\U0001F1EA");
+  Field("fdReplace1")->insert(pasted);
+  EXPECT_EQ(Items()[0].Replace1, whole) << "names may hold what is looked for";
+  Field("fdReplace2")->insert(QString(10'000, u'x'));
+  EXPECT_EQ(Items()[0].Replace2, std::string(10'000, 'x'));
+}
+
+TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
+  const KeptReports kept;
+  const int narrow = editor.minimumSizeHint().width();
+  Choose(editor.strip->bnInsertRight, "<File date>");
+  Field("fdDateSeparator")->insert(QString(10'000, u'm'));
+  Choose(editor.strip->bnInsertRight, "<Counter>");
+  Field("fdStartValue")->insert(QString(10'000, u'9'));
+  Leave(Field("fdStartValue"));
+  constructor.InsertArrConstrItem(0, kText, std::string(10'000, 'x'));
+  const ConstructorEditor other(constructor, {prompts, clock, months, settings});
+  EXPECT_EQ(editor.minimumSizeHint().width(), narrow);
+  EXPECT_EQ(other.minimumSizeHint().width(), narrow);
+  const ChipBar* chips = other.strip->tabConstructor;
+  EXPECT_LT(chips->tabRect(0).width(), 300);
+  EXPECT_LT(chips->tabToolTip(0).size(), 1'000);
+}
+
+TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
+  const auto marked = [this] {
+    std::string pages;
+    for (int page = 0; page < 3; ++page) {
+      const QString tip = Find<QTabWidget>("TabControl1")->tabToolTip(page);
+      pages += tip.endsWith(QStringLiteral("(in use)")) ? 'x' : '-';
+    }
+    return pages;
+  };
+  EXPECT_EQ(marked(), "---");
+  Pick("cmbCutFile")->setCurrentIndex(2);
+  EXPECT_EQ(marked(), "---") << "N is 0";
+  Type(Field("fdCutFileN"), QStringLiteral("3"));
+  Leave(Field("fdCutFileN"));
+  EXPECT_EQ(marked(), "x--");
+  Type(Field("fdReplace2"), QStringLiteral("new"));
+  EXPECT_EQ(marked(), "x--") << "nothing is looked for";
+  Type(Field("fdReplace1"), QStringLiteral("old"));
+  Pick("cmbAddFile")->setCurrentIndex(3);
+  EXPECT_EQ(marked(), "xx-");
+  Type(Field("fdAddFileText2"), QStringLiteral("end"));
+  EXPECT_EQ(marked(), "xxx");
+  Pick("cmbAddFile")->setCurrentIndex(2);
+  Find<QPushButton>("Command1")->click();
+  EXPECT_EQ(marked(), "-x-");
+  Choose(editor.strip->vbInsertLeft, "<Source file name>");
+  EXPECT_EQ(marked(), "---");
+  Select(1);
+  EXPECT_EQ(marked(), "-x-");
+}
+
+TEST_F(ConstructorEditorTest, HoldsBackACommandForARefusedNumberThatIsSeen) {
+  KeptReports kept;
+  const auto refuse = [this] {
+    Pick("cmbCutFile")->setCurrentIndex(2);
+    Field("fdCutFileN")->setText(QStringLiteral("2147483648"));
+    Leave(Field("fdCutFileN"));
+  };
+  refuse();
+  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
+  EXPECT_FALSE(editor.CommitFocusedField());
+  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
+  Pick("cmbCutFile")->setCurrentIndex(0);
+  EXPECT_TRUE(editor.CommitFocusedField()) << "its mode is off";
+  refuse();
+  Select(1);
+  EXPECT_TRUE(editor.CommitFocusedField()) << "another element is shown";
+  Select(0);
+  EXPECT_EQ(Field("fdCutFileN")->text(), QStringLiteral("0"));
+  EXPECT_TRUE(editor.CommitFocusedField());
+}
+
+TEST_F(ConstructorEditorTest, IsWorkedByKeysOnItsStrip) {
+  editor.show();
+  Press(Chips(), Qt::Key_Right);
+  Press(Chips(), Qt::Key_Right);
+  EXPECT_EQ(Pane(), "pbExt");
+  Press(Chips(), Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(Strip(), "<Source file name> [<Extension>].");
+  const struct {
+    QPushButton* button;
+    Qt::KeyboardModifiers modifiers;
+  } table[] = {{editor.strip->bnInsertRight, Qt::NoModifier},
+               {editor.strip->vbInsertLeft, Qt::ShiftModifier}};
+  for (const auto& row : table) {
+    int opened = 0;
+    const QObject this_round;
+    QMenu* menu = row.button->menu();
+    QObject::connect(menu, &QMenu::aboutToShow, &this_round, [menu, &opened] {
+      ++opened;
+      QTimer::singleShot(0, menu, &QMenu::hide);
+    });
+    Press(Chips(), Qt::Key_Insert, row.modifiers);
+    EXPECT_EQ(opened, 1);
+  }
+  Press(Chips(), Qt::Key_Delete);
+  Press(Chips(), Qt::Key_Delete);
+  EXPECT_EQ(Strip(), "[<Source file name> ]") << "the left neighbour when none stands right";
+  EXPECT_EQ(Pane(), "pbFileName");
 }
 
 TEST_F(ConstructorEditorTest, ShowsTextsAsTheyAreInChips) {
