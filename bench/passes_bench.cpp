@@ -18,6 +18,7 @@
 #include "platform/type_names.h"
 #include "ratio.h"
 #include "rename/run.h"
+#include "rename/undo.h"
 #include "workspace.h"
 
 namespace {
@@ -27,7 +28,7 @@ using bench::Require;
 constexpr int kFolders = 100;
 constexpr int kFilesAFolder = 1000;
 constexpr int kRenames = 20'000;
-constexpr int kOneName = 5'000;
+constexpr int kFew = 5'000;
 constexpr int kRounds = 5;
 
 class NoEvents : public EventPump {
@@ -88,9 +89,15 @@ void TestAndMove(const std::string& from, const std::string& to) {
   Move(from, to);
 }
 
-/// The run over the files of `folder`, each of which takes the name that `new_name` gives.
+struct Times {
+  double run;
+  double undo;
+};
+
+/// The run over the files of `folder`, each of which takes the name that `new_name` gives, and its
+/// undo.
 template <class NewName>
-double OurRun(World& world, const std::string& folder, int count, NewName new_name) {
+Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName new_name) {
   Records records;
   for (int i = 0; i < count; ++i) {
     records.AddRecord("", folder, Name(i), FileDate(), 0, "");
@@ -99,12 +106,17 @@ double OurRun(World& world, const std::string& folder, int count, NewName new_na
   RunState state;
   RunReports reports;
   const OutputOptions output{kUseSourceFolder, "", true, folder};
-  const double seconds = bench::Seconds([&] {
+  Times times;
+  times.run = bench::Seconds([&] {
     RenameRun(output, records, state, *world.files, world.events, *world.clock, reports)
         .RunRename();
   });
   Require(reports.gFailureReport.empty(), "the run");
-  return seconds;
+  times.undo = bench::Seconds([&] {
+    UndoRun(output, records, state, *world.files, world.events, *world.clock, reports).Undo();
+  });
+  Require(reports.gFailureReport.empty(), "the undo");
+  return times;
 }
 
 void MeasureScan(World& world, const std::string& root) {
@@ -138,49 +150,98 @@ void MeasureScan(World& world, const std::string& root) {
   few.Print();
 }
 
+struct Goal {
+  const char* name;
+  double aim;
+};
+
+/// A run and its undo beside the bare calls that each file needs: `floor(folder, i)`.
+template <class NewName, class RunFloor, class UndoFloor>
+void Measure(World& world, const std::string& root, int count, Goal run_goal, Goal undo_goal,
+             NewName new_name, RunFloor run_floor, UndoFloor undo_floor) {
+  bench::Ratio run(run_goal.name, run_goal.aim, count);
+  bench::Ratio undo(undo_goal.name, undo_goal.aim, count);
+  for (int round = 0; round < kRounds; ++round) {
+    const std::string first = FolderOf(root, count), second = FolderOf(root, count);
+    const Times ours = OurRunAndUndo(world, first, count, new_name);
+    const auto each = [&](auto& floor) {
+      return bench::Seconds([&] {
+        for (int i = 0; i < count; ++i) floor(second, i);
+      });
+    };
+    run.Add(ours.run, each(run_floor));
+    undo.Add(ours.undo, each(undo_floor));
+  }
+  run.Print();
+  undo.Print();
+}
+
 void MeasureInPlace(World& world, const std::string& root) {
-  bench::Ratio ratio("rename run / test + renameat2", 1.2, kRenames);
-  for (int round = 0; round < kRounds; ++round) {
-    const std::string first = FolderOf(root, kRenames), second = FolderOf(root, kRenames);
-    const double ours = OurRun(world, first, kRenames, [](int i) { return "new " + Name(i); });
-    ratio.Add(ours, bench::Seconds([&] {
-                for (int i = 0; i < kRenames; ++i) {
-                  TestAndMove(second + Name(i), second + "new " + Name(i));
-                }
-              }));
-  }
-  ratio.Print();
+  const auto new_name = [](int i) { return "new " + Name(i); };
+  Measure(
+      world, root, kRenames, {"rename run / test + renameat2", 1.2},
+      {"its undo / test + renameat2", 1.2}, new_name,
+      [&](const std::string& folder, int i) {
+        TestAndMove(folder + Name(i), folder + new_name(i));
+      },
+      [&](const std::string& folder, int i) {
+        TestAndMove(folder + new_name(i), folder + Name(i));
+      });
 }
 
-void MeasureChain(World& world, const std::string& root) {
-  bench::Ratio ratio("chain / holder aside, then move", 1.3, kRenames);
-  for (int round = 0; round < kRounds; ++round) {
-    const std::string first = FolderOf(root, kRenames), second = FolderOf(root, kRenames);
-    const double ours = OurRun(world, first, kRenames, [](int i) { return Name(i + 1); });
-    ratio.Add(ours, bench::Seconds([&] {
-                for (int i = 0; i < kRenames; ++i) {
-                  const std::string target = second + Name(i + 1);
-                  if (Taken(target)) TestAndMove(target, second + Numbered(i + 1));
-                  Move(second + (i == 0 ? Name(0) : Numbered(i)), target);
-                }
-              }));
-  }
-  ratio.Print();
+/// Every file takes the next one's name: the run moves holders aside, the undo finds names free.
+void MeasureChain(World& world, const std::string& root, int count, Goal run, Goal undo) {
+  Measure(
+      world, root, count, run, undo, [](int i) { return Name(i + 1); },
+      [](const std::string& folder, int i) {
+        const std::string target = folder + Name(i + 1);
+        if (Taken(target)) TestAndMove(target, folder + Numbered(i + 1));
+        Move(folder + (i == 0 ? Name(0) : Numbered(i)), target);
+      },
+      [](const std::string& folder, int i) {
+        TestAndMove(folder + Name(i + 1), folder + Name(i));
+      });
 }
 
-void MeasureOneName(World& world, const std::string& root) {
-  bench::Ratio ratio("one name / number remembered", 1.5, kOneName);
-  for (int round = 0; round < kRounds; ++round) {
-    const std::string first = FolderOf(root, kOneName), second = FolderOf(root, kOneName);
-    const double ours = OurRun(world, first, kOneName, [](int) { return "Lisbon.jpg"; });
-    ratio.Add(ours, bench::Seconds([&] {
-                TestAndMove(second + Name(0), second + "Lisbon.jpg");
-                for (int i = 1; i < kOneName; ++i) {
-                  TestAndMove(second + Name(i), second + "Lisbon_{" + std::to_string(i) + "}.jpg");
-                }
-              }));
-  }
-  ratio.Print();
+/// Every file takes the name of the one before: the other way about.
+void MeasureChainBack(World& world, const std::string& root, int count, Goal run, Goal undo) {
+  const auto new_name = [](int i) { return i == 0 ? std::string("first.JPG") : Name(i - 1); };
+  Measure(
+      world, root, count, run, undo, new_name,
+      [&](const std::string& folder, int i) {
+        TestAndMove(folder + Name(i), folder + new_name(i));
+      },
+      [&](const std::string& folder, int i) {
+        const std::string former = folder + Name(i);
+        if (Taken(former)) TestAndMove(former, folder + Numbered(i));
+        Move(folder + (i == 0 ? new_name(0) : Numbered(i - 1)), former);
+      });
+}
+
+void MeasureOneName(World& world, const std::string& root, int count, Goal run, Goal undo) {
+  const auto numbered = [](int i) {
+    return i == 0 ? std::string("Lisbon.jpg") : "Lisbon_{" + std::to_string(i) + "}.jpg";
+  };
+  Measure(
+      world, root, count, run, undo, [](int) { return "Lisbon.jpg"; },
+      [&](const std::string& folder, int i) {
+        TestAndMove(folder + Name(i), folder + numbered(i));
+      },
+      [&](const std::string& folder, int i) {
+        TestAndMove(folder + numbered(i), folder + Name(i));
+      });
+}
+
+/// Each at two sizes: the time a file must not grow with their number.
+void MeasureConflicts(World& world, const std::string& root) {
+  MeasureChain(world, root, kFew, {"5,000 chain / aside, then move", 1.3}, {"its undo", 1.3});
+  MeasureChain(world, root, kRenames, {"20,000 chain / aside, then move", 1.3}, {"its undo", 1.3});
+  MeasureChainBack(world, root, kFew, {"5,000 chain back / test, move", 1.3},
+                   {"its undo / aside, then move", 1.3});
+  MeasureChainBack(world, root, kRenames, {"20,000 chain back / test, move", 1.3},
+                   {"its undo / aside, then move", 1.3});
+  MeasureOneName(world, root, kFew, {"5,000 one name / number kept", 1.5}, {"its undo", 1.5});
+  MeasureOneName(world, root, kRenames, {"20,000 one name / number kept", 1.5}, {"its undo", 1.5});
 }
 
 }  // namespace
@@ -190,7 +251,6 @@ int main(int argc, char** argv) {
     World world;
     MeasureScan(world, root);
     MeasureInPlace(world, root);
-    MeasureChain(world, root);
-    MeasureOneName(world, root);
+    MeasureConflicts(world, root);
   });
 }

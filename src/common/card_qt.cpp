@@ -9,6 +9,18 @@
 
 namespace {
 
+/// The underline of a letter parts a text that is measured whole, without the kerning across the
+/// part: it needs a bit more room than a plain label asks for.
+class FieldLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize sizeHint() const override { return QLabel::sizeHint() + kSlack; }
+  QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + kSlack; }
+
+ private:
+  static constexpr QSize kSlack{2, 0};
+};
+
 QString LabelName(QString control) {
   for (const QLatin1String prefix : {QLatin1String("fd"), QLatin1String("cmb")}) {
     if (control.startsWith(prefix)) control.remove(0, prefix.size());
@@ -52,7 +64,7 @@ void Card::paintEvent(QPaintEvent* event) {
 }
 
 QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
+  auto* label = new FieldLabel(text, parent);
   label->setTextFormat(Qt::PlainText);
   label->setBuddy(buddy);
   if (buddy != nullptr) label->setObjectName(LabelName(buddy->objectName()));

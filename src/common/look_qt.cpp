@@ -5,8 +5,10 @@
 #include <QPainterPath>
 #include <QPalette>
 #include <QPen>
+#include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <iterator>
 
 namespace {
 
@@ -71,64 +73,54 @@ QColor StoredColour(Role mark) {
   return mark == Role::kFailed ? QColor(255, 0, 0) : QColor(50, 100, 250);
 }
 
-/// What comes nearest to a role in the palette of the desktop.
+/// What comes nearest to a role in the palette of the desktop: one of its colours, or `percent` of
+/// it over another.
+struct DesktopRow {
+  Role role;
+  QPalette::ColorRole colour;
+  int percent = 100;
+  QPalette::ColorRole ground = QPalette::Base;
+  QPalette::ColorGroup group = QPalette::Active;
+};
+
+/// One row a role but for the marks, which keep their stored colours, and the warning's icon.
+constexpr DesktopRow kDesktop[] = {
+    {Role::kWindow, QPalette::Window},
+    {Role::kSurface, QPalette::Window},
+    {Role::kField, QPalette::Base},
+    {Role::kHead, QPalette::Button},
+    {Role::kText, QPalette::Text},
+    {Role::kMuted, QPalette::Text, 70},
+    {Role::kLine, QPalette::Text, 20},
+    {Role::kEdge, QPalette::Text, 50},
+    {Role::kAccent, QPalette::Highlight},
+    {Role::kAccentText, QPalette::HighlightedText},
+    {Role::kAccentHover, QPalette::Highlight},
+    {Role::kFocus, QPalette::Highlight},
+    {Role::kLink, QPalette::Link},
+    {Role::kSel, QPalette::Highlight},
+    {Role::kGroup, QPalette::Text, 8},
+    {Role::kGroupText, QPalette::Text},
+    {Role::kChip, QPalette::Button},
+    {Role::kChipEdge, QPalette::Text, 50},
+    {Role::kChipText, QPalette::ButtonText},
+    {Role::kTint, QPalette::Highlight, 20},
+    {Role::kTintText, QPalette::Text},
+    {Role::kGone, QPalette::Text, 70},
+    {Role::kDisabled, QPalette::ButtonText, 100, QPalette::Base, QPalette::Disabled},
+    {Role::kDisabledFill, QPalette::Window},
+    {Role::kHover, QPalette::Highlight, 10, QPalette::Button},
+    {Role::kPress, QPalette::Highlight, 20, QPalette::Button},
+};
+
 QColor DesktopColour(Role role) {
+  if (role == Role::kWarn) return QColor(0xB4, 0x53, 0x09);
+  const auto* row = std::find_if(std::begin(kDesktop), std::end(kDesktop),
+                                 [role](const DesktopRow& r) { return r.role == role; });
+  if (row == std::end(kDesktop)) return StoredColour(role);
   const QPalette palette = QGuiApplication::palette();
-  const auto of = [&](QPalette::ColorRole colour) {
-    return palette.color(QPalette::Active, colour);
-  };
-  switch (role) {
-    case Role::kWindow:
-    case Role::kSurface:
-    case Role::kDisabledFill:
-      return of(QPalette::Window);
-    case Role::kField:
-      return of(QPalette::Base);
-    case Role::kHead:
-    case Role::kChip:
-      return of(QPalette::Button);
-    case Role::kText:
-      return of(QPalette::Text);
-    case Role::kMuted:
-    case Role::kGone:
-      return Mix(of(QPalette::Text), of(QPalette::Base), 70);
-    case Role::kLine:
-      return Mix(of(QPalette::Text), of(QPalette::Base), 20);
-    case Role::kEdge:
-    case Role::kChipEdge:
-      return Mix(of(QPalette::Text), of(QPalette::Base), 50);
-    case Role::kAccent:
-    case Role::kAccentHover:
-    case Role::kFocus:
-    case Role::kSel:
-      return of(QPalette::Highlight);
-    case Role::kAccentText:
-      return of(QPalette::HighlightedText);
-    case Role::kLink:
-      return of(QPalette::Link);
-    case Role::kGroup:
-      return Mix(of(QPalette::Text), of(QPalette::Base), 8);
-    case Role::kGroupText:
-    case Role::kTintText:
-      return of(QPalette::Text);
-    case Role::kChipText:
-      return of(QPalette::ButtonText);
-    case Role::kTint:
-      return Mix(of(QPalette::Highlight), of(QPalette::Base), 20);
-    case Role::kWait:
-    case Role::kDone:
-    case Role::kFailed:
-      return StoredColour(role);
-    case Role::kDisabled:
-      return palette.color(QPalette::Disabled, QPalette::ButtonText);
-    case Role::kWarn:
-      return QColor(0xB4, 0x53, 0x09);
-    case Role::kHover:
-      return Mix(of(QPalette::Highlight), of(QPalette::Button), 10);
-    case Role::kPress:
-      return Mix(of(QPalette::Highlight), of(QPalette::Button), 20);
-  }
-  return {};
+  return Mix(palette.color(row->group, row->colour), palette.color(row->group, row->ground),
+             row->percent);
 }
 
 /// The drawings in 16 units, in the letters of SVG's path data (W3C, SVG 2, chapter 9): M, H, V
@@ -139,6 +131,8 @@ const char* PathText(Drawing drawing) {
       return "M4.5 6.5 8 10 11.5 6.5";
     case Drawing::kLeft:
       return "M9.5 4.5 6 8 9.5 11.5";
+    case Drawing::kRight:
+      return "M6.5 4.5 10 8 6.5 11.5";
     case Drawing::kTick:
       return "M4 8.2 6.5 10.7 11.2 5.5";
     case Drawing::kFolder:

@@ -40,7 +40,7 @@ enum class Role {
 };
 
 /// The line drawings, 16 units wide.
-enum class Drawing { kDown, kLeft, kTick, kFolder, kWarning };
+enum class Drawing { kDown, kLeft, kRight, kTick, kFolder, kWarning };
 
 /// The look in force. One object a program; widgets that paint by hand ask it while painting, and
 /// repaint on QEvent::PaletteChange and QEvent::StyleChange.

@@ -1,11 +1,13 @@
 #include "filelist/file_list_panel.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 #include "common/look_qt.h"
@@ -140,11 +142,10 @@ void FileListPanel::LayOut() {
   auto* row = new QHBoxLayout;
   row->setSpacing(measure::kControlGap);
   row->addWidget(bnWideFileList);
-  row->addSpacing(2);
-  for (const ColumnBox& box : kColumnBoxes) {
-    row->addWidget(this->*box.box);
-    row->addSpacing(2);
-  }
+  auto* boxes = new QHBoxLayout;
+  boxes->setSpacing(0);  // each has the room of its focus ring around it
+  for (const ColumnBox& box : kColumnBoxes) boxes->addWidget(this->*box.box);
+  row->addLayout(boxes);
   row->addStretch();
   row->addWidget(Label21);
   row->addSpacing(measure::kLabelGap - measure::kControlGap);
@@ -215,6 +216,8 @@ void FileListPanel::SortBy(int column, Qt::SortOrder order) {
       return;
     }
     if (SelectedRows().size() > kMostCarriedRows) ReportControl1->clearSelection();
+    QApplication::setOverrideCursor(Qt::WaitCursor);  // a million rows take a second
+    const auto restore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
     model_->sort(column, order);
     emit sortChanged();
   });
@@ -280,8 +283,9 @@ void FileListPanel::RowsChanged() {
 }
 
 void FileListPanel::EnableElements(bool enable) {
-  for (QWidget* control : std::initializer_list<QWidget*>{
-           cmbGroupBy, chColumnDate, chColumnType, chColumnSize, chColumnPath, ReportControl1}) {
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{Label21, cmbGroupBy, chColumnDate, chColumnType,
+                                       chColumnSize, chColumnPath, ReportControl1}) {
     control->setEnabled(enable);
   }
 }
@@ -297,6 +301,9 @@ void FileListPanel::SetEmptyText(EmptyText kind) {
       ReportControl1->SetEmptyText(
           QStringLiteral("No files listed"),
           QStringLiteral("Choose a source folder, then press “Prepare file list”."));
+      break;
+    case kListing:
+      ReportControl1->SetEmptyText({}, {});
       break;
     case kNoneFound:
       ReportControl1->SetEmptyText(QStringLiteral("No files found"),

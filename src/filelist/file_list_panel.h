@@ -23,6 +23,7 @@ class FileListPanel : public QWidget {
   /// Why the list shows no rows.
   enum EmptyText {
     kNotListed,
+    kListing,  ///< it is being filled: it shows nothing
     kNoneFound,
     kNotComplete,
     kSeparatorMissing,  ///< the folder as typed lacks its closing separator, so it has no files
@@ -41,7 +42,6 @@ class FileListPanel : public QWidget {
 
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;
-  bool Wide() const { return wide_; }
 
   QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
   QCheckBox* chColumnPath;

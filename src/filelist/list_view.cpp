@@ -51,7 +51,20 @@ ListView::ListView(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setSectionsMovable(false);
   horizontalHeader()->setMinimumSectionSize(kLeastColumn);
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  MakeEmptyText();
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+    viewport()->update();  // the group rows reach over all columns
+    if (laying_out_) return;
+    for (SizedColumn& column : columns_) {
+      if (column.column == section) column.dragged = true;
+    }
+  });
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, viewport(),
+          qOverload<>(&QWidget::update));
+  SetHeights();
+}
 
+void ListView::MakeEmptyText() {
   empty_ = new QWidget(viewport());
   empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
   empty_picture_ = NewLabel(empty_, "lbEmptyPicture");
@@ -65,17 +78,6 @@ ListView::ListView(QWidget* parent) : QTableView(parent) {
   layout->addWidget(empty_title_);
   layout->addWidget(empty_note_);
   layout->addStretch(3);
-
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
-    viewport()->update();  // the group rows reach over all columns
-    if (laying_out_) return;
-    for (SizedColumn& column : columns_) {
-      if (column.column == section) column.dragged = true;
-    }
-  });
-  connect(horizontalScrollBar(), &QScrollBar::valueChanged, viewport(),
-          qOverload<>(&QWidget::update));
-  SetHeights();
 }
 
 void ListView::setModel(QAbstractItemModel* new_model) {
@@ -161,7 +163,8 @@ void ListView::LayOutColumns() {
 }
 
 void ListView::ShowEmptyText() {
-  empty_->setVisible(model() == nullptr || model()->rowCount() == 0);
+  const bool no_rows = model() == nullptr || model()->rowCount() == 0;
+  empty_->setVisible(no_rows && !empty_title_->text().isEmpty());
 }
 
 void ListView::changeEvent(QEvent* event) {

@@ -32,6 +32,7 @@ class ListView : public QTableView {
   void SetColumnWidths(const std::vector<ColumnWidth>& widths);
   /// Hides or shows a column and shares the width anew.
   void ShowColumn(int column, bool show);
+  /// What stands in the middle while there are no rows; without a title nothing does.
   void SetEmptyText(const QString& title, const QString& note);
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.
@@ -52,6 +53,7 @@ class ListView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void MakeEmptyText();
   void SetHeights();
   void LayOutColumns();
   void ShowEmptyText();

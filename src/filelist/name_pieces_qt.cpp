@@ -1,5 +1,7 @@
 #include "filelist/name_pieces_qt.h"
 
+#include <utility>
+
 #include "filelist/changed_part.h"
 #include "platform/text_qt.h"
 
@@ -22,13 +24,22 @@ NamePieces Cut(std::string_view name, const std::vector<TextRange>& marked) {
   return pieces;
 }
 
+/// Neighbours of one kind become one run, which is painted and outlined as a whole.
+void Append(NamePieces& pieces, NamePiece piece) {
+  if (!pieces.empty() && pieces.back().marked == piece.marked) {
+    pieces.back().text += piece.text;
+  } else {
+    pieces.push_back(std::move(piece));
+  }
+}
+
 /// Characters `from` to `to` of the joined text.
 void AddPart(const NamePieces& pieces, qsizetype from, qsizetype to, NamePieces& out) {
   qsizetype start = 0;
   for (const NamePiece& piece : pieces) {
     const qsizetype begin = qMax(from - start, qsizetype{0});
     const qsizetype end = qMin(to - start, piece.text.size());
-    if (begin < end) out.push_back({piece.text.mid(begin, end - begin), piece.marked});
+    if (begin < end) Append(out, {piece.text.mid(begin, end - begin), piece.marked});
     start += piece.text.size();
   }
 }
@@ -74,7 +85,7 @@ NamePieces ElideMiddle(const NamePieces& pieces, const QFontMetrics& metrics, in
   for (const NamePiece& piece : hidden) marked = marked || piece.marked;
   NamePieces out;
   AddPart(pieces, 0, place, out);
-  out.push_back({QString(kEllipsis), marked});
+  Append(out, {QString(kEllipsis), marked});
   AddPart(pieces, tail, whole.size(), out);
   return out;
 }

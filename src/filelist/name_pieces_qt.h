@@ -21,5 +21,5 @@ NamePieces MarkNew(std::string_view old_name, std::string_view new_name);
 QString Join(const NamePieces& pieces);
 
 /// `pieces` with the middle replaced by "…" where they are wider than `width`; the "…" is marked
-/// when it hides something marked.
+/// when it hides something marked, and is one run with its neighbours of the same kind.
 NamePieces ElideMiddle(const NamePieces& pieces, const QFontMetrics& metrics, int width);

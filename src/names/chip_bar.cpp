@@ -1,12 +1,12 @@
 #include "names/chip_bar.h"
 
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 #include <string_view>
 
 #include "common/look_qt.h"
+#include "names/accessible_chips.h"
 #include "names/constr_item.h"
 #include "platform/text_qt.h"
 
@@ -17,9 +17,7 @@ constexpr int kChipPadding = 10;
 constexpr int kLeastChip = 30;
 constexpr int kGreatestText = 200 - 2 * kChipPadding;
 constexpr int kGreatestTip = 800;
-constexpr int kWellMargin = 5;
 constexpr int kRadius = 4;
-constexpr int kWellRadius = 6;
 constexpr QChar kOpenBox(0x2423);
 
 /// Blanks at the ends of a text can't be seen; they show as open boxes.
@@ -56,15 +54,15 @@ void StrokeInside(QPainter& painter, const QRectF& box, const QColor& colour, qr
 }  // namespace
 
 ChipBar::ChipBar(QWidget* parent) : QTabBar(parent) {
+  MakeChipsAccessible();  // first of all: a name given to a widget is told at once
   setObjectName(QStringLiteral("tabConstructor"));
-  setAccessibleName(tr("Elements of the new file name"));
+  setAccessibleName(tr("New file name constructor"));
   setDrawBase(false);
   setExpanding(false);
-  setUsesScrollButtons(true);
+  setUsesScrollButtons(false);  // the well has better ones
   setElideMode(Qt::ElideNone);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumHeight(measure::kControlHeight);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void ChipBar::InsertChip(int index, std::string_view text, int tag) {
@@ -78,8 +76,20 @@ void ChipBar::InsertChip(int index, std::string_view text, int tag) {
   setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
 }
 
+QString ChipBar::PlainText(int index) const {
+  return tabText(index).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+QRect ChipBar::ChipRect(int index) const {
+  return tabRect(index).adjusted(0, 0, -kChipGap, 0);
+}
+
+int ChipBar::ChipsWidth() const {
+  return count() == 0 ? 0 : ChipRect(count() - 1).right() + 1;
+}
+
 QString ChipBar::ChipText(int index) const {
-  const QString text = tabText(index).replace(QStringLiteral("&&"), QStringLiteral("&"));
+  const QString text = PlainText(index);
   const QString shown = tabData(index).toInt() == kText ? WithVisibleEnds(text) : text.trimmed();
   return fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestText);
 }
@@ -117,7 +127,7 @@ void ChipBar::PaintChip(QPainter& painter, int index) const {
   const bool focused = selected && hasFocus();
   const bool is_text = tabData(index).toInt() == kText;
   const ChipColours colours = ColoursOf(isEnabled(), focused, selected, is_text);
-  const QRectF box = QRectF(tabRect(index)).adjusted(0, 0, -kChipGap, 0);
+  const QRectF box = ChipRect(index);
   painter.setPen(Qt::NoPen);
   painter.setBrush(look.Colour(colours.fill));
   painter.drawRoundedRect(box, kRadius, kRadius);
@@ -128,22 +138,4 @@ void ChipBar::PaintChip(QPainter& painter, int index) const {
   }
   painter.setPen(look.Colour(colours.text));
   painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine, ChipText(index));
-}
-
-ChipWell::ChipWell(ChipBar* bar, QWidget* parent) : QWidget(parent) {
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(kWellMargin, kWellMargin, kWellMargin, kWellMargin);
-  layout->addWidget(bar);
-}
-
-void ChipWell::paintEvent(QPaintEvent*) {
-  const Look& look = Look::Current();
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(look.Colour(isEnabled() ? Role::kField : Role::kDisabledFill));
-  painter.drawRoundedRect(QRectF(rect()), kWellRadius, kWellRadius);
-  painter.setBrush(Qt::NoBrush);
-  const Role edge = isEnabled() ? Role::kEdge : Role::kLine;
-  StrokeInside(painter, QRectF(rect()), look.Colour(edge), 1, kWellRadius);
 }

@@ -13,6 +13,13 @@ class ChipBar : public QTabBar {
   /// Puts in a chip; `text` are raw bytes, `tag` is the kind of its element.
   void InsertChip(int index, std::string_view text, int tag);
 
+  /// The text of a chip, whole and as it was put in.
+  QString PlainText(int index) const;
+  /// Where a chip is painted; empty where there is none.
+  QRect ChipRect(int index) const;
+  /// How much room all chips need.
+  int ChipsWidth() const;
+
  signals:
   /// Ctrl and an arrow key: one place to the left (-1) or to the right (1).
   void moveRequested(int step);
@@ -29,15 +36,4 @@ class ChipBar : public QTabBar {
  private:
   QString ChipText(int index) const;
   void PaintChip(QPainter& painter, int index) const;
-};
-
-/// The sunken ground on which the chips lie.
-class ChipWell : public QWidget {
-  Q_OBJECT
-
- public:
-  ChipWell(ChipBar* bar, QWidget* parent);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 };

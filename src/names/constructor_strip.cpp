@@ -1,5 +1,8 @@
 #include "names/constructor_strip.h"
 
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
@@ -10,6 +13,7 @@
 #include "common/card_qt.h"
 #include "common/look_qt.h"
 #include "names/chip_bar.h"
+#include "names/chip_well.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -46,6 +50,21 @@ QPushButton* NewButton(const char* name, const QString& text, const QString& key
   return button;
 }
 
+/// The pointer leaves the button for the menu, which keeps that to itself: without being told, the
+/// button would look hovered from then on.
+void GiveMenu(QPushButton* button, QMenu* menu) {
+  button->setMenu(menu);
+  QObject::connect(
+      menu, &QMenu::aboutToHide, button,
+      [button] {
+        if (button->rect().contains(button->mapFromGlobal(QCursor::pos()))) return;
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(button, &leave);
+        button->update();
+      },
+      Qt::QueuedConnection);
+}
+
 }  // namespace
 
 ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextToInsert,
@@ -57,7 +76,8 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(measure::kControlGap);
-  column->addWidget(new ChipWell(tabConstructor, this));
+  auto* well = new ChipWell(tabConstructor, this);
+  column->addWidget(well);
   BuildButtons();
 
   int index = 0;
@@ -68,6 +88,7 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
     tabConstructor->InsertChip(index++, caption, item.ItemType);
   }
   tabConstructor->setCurrentIndex(0);
+  connect(this, &ConstructorStrip::selectedChanged, well, &ChipWell::ShowSelected);
   connect(tabConstructor, &QTabBar::currentChanged, this, &ConstructorStrip::selectedChanged);
   connect(tabConstructor, &ChipBar::deleteRequested, bnDeletePattern, &QPushButton::click);
   connect(tabConstructor, &ChipBar::moveRequested, this,
@@ -86,8 +107,8 @@ void ConstructorStrip::BuildButtons() {
     const QSize text = fontMetrics().size(Qt::TextShowMnemonic, button->text());
     button->setMinimumWidth(text.width() + kMenuButtonPadding);
   }
-  vbInsertLeft->setMenu(NewMenu(Side::kLeft));
-  bnInsertRight->setMenu(NewMenu(Side::kRight));
+  GiveMenu(vbInsertLeft, NewMenu(Side::kLeft));
+  GiveMenu(bnInsertRight, NewMenu(Side::kRight));
 
   auto* row = new QHBoxLayout;
   row->setSpacing(measure::kControlGap);

@@ -18,15 +18,11 @@ void Append(QString& out, char32_t point) {
 }
 
 char32_t Visible(char32_t point) {
-  if (point >= utf8::kBadByte) return kReplacement;
-  if (point < 0x20) return 0x2400 + point;
-  if (point == 0x7F) return 0x2421;
   // Line and paragraph separators, and the marks that turn the reading direction of what follows.
-  if (point == 0x2028 || point == 0x2029 || (point >= 0x202A && point <= 0x202E) ||
-      (point >= 0x2066 && point <= 0x2069)) {
-    return kReplacement;
-  }
-  return point;
+  const bool format = (point >= 0x2028 && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);
+  // Control characters of ASCII and of Latin-1; few fonts have the pictures of them.
+  const bool control = point < 0x20 || (point >= 0x7F && point < 0xA0);
+  return format || control || point >= utf8::kBadByte ? kReplacement : point;
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ QString ToQt(std::string_view t);
 /// The bytes again; any other lone surrogate becomes U+FFFD.
 std::string FromQt(const QString& t);
 
-/// For showing: each bad byte is U+FFFD, line breaks and other control characters are their
-/// pictures (U+2400 on), so that one name stays one line.
+/// For showing: each bad byte, line break or other control character is U+FFFD, so that one name
+/// stays one line of characters that fonts have.
 QString Shown(std::string_view t);
 
 }  // namespace text

@@ -6,6 +6,7 @@
 #include "common/drives.h"
 #include "common/path_text.h"
 #include "names/name_text.h"
+#include "platform/name_pattern.h"
 #include "platform/text.h"
 #include "trace/err_trace.h"
 
@@ -39,7 +40,14 @@ std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view
   head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
   std::string tail = state_.gNumberRight;
   if (!extension.empty()) tail.append(".").append(extension);
-  const std::string free = FirstFree(SeriesOf(std::move(head), std::move(tail)));
+  // A candidate with wildcards is taken by any file that it matches, so any that goes may free it.
+  const bool matches_many = HasWildcards(head.substr(pPath.size())) || HasWildcards(tail);
+  Series& series = SeriesOf(std::move(head), std::move(tail));
+  if (matches_many) {
+    series.untried = 1;
+    series.freed.clear();
+  }
+  const std::string free = FirstFree(series);
   return free.empty() ? free : free.substr(pPath.size());
 }
 

@@ -237,7 +237,7 @@ void Form1::SetSourceFolder(const std::string& folder) {
 void Form1::ListRepopulated(EmptyList reason) {
   const std::string folder = folder_pages_->SourceFolder();
   const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
-  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kNotListed
+  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kListing
                       : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
                       : separator_missing                 ? FileListPanel::kSeparatorMissing
                                                           : FileListPanel::kNoneFound);

@@ -22,8 +22,9 @@ class Skin : public QObject {
 
   void Apply(QApplication& application, bool on) {
     if (!on_) RememberDesktop(application);
-    application.setStyleSheet({});
+    // First of all: widgets ask for it as soon as they hear of a new style.
     Look::Current().Choose(on, IsDark(desktop_));
+    application.setStyleSheet({});
     if (on) {
       PutOn(application);
     } else if (on_) {
@@ -110,7 +111,8 @@ QPalette SkinPalette() {
       {QPalette::Shadow, Role::kEdge},
   };
   for (const auto& row : table) palette.setColor(row.part, look.Colour(row.role));
-  for (const auto part : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+  for (const auto part :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
     palette.setColor(QPalette::Disabled, part, look.Colour(Role::kDisabled));
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, look.Colour(Role::kDisabledFill));

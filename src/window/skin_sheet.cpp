@@ -45,6 +45,10 @@ constexpr NamedPicture kPictures[] = {
     {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
     {"down", Drawing::kDown, Role::kText, 16},
     {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
+    {"left", Drawing::kLeft, Role::kText, 16},
+    {"leftDisabled", Drawing::kLeft, Role::kDisabled, 16},
+    {"right", Drawing::kRight, Role::kText, 16},
+    {"rightDisabled", Drawing::kRight, Role::kDisabled, 16},
     {"downSmall", Drawing::kDown, Role::kText, 12},
     {"downSmallDisabled", Drawing::kDown, Role::kDisabled, 12},
     {"warning", Drawing::kWarning, Role::kWarn, 40},
@@ -91,8 +95,11 @@ QToolButton:focus { padding: 0 4px; }
 QPushButton:disabled, QToolButton:disabled {
   background: {disabledFill}; color: {disabled}; border-color: {line};
 }
-QTabBar::scroller { width: 20px; }
-QTabBar QToolButton, QTabBar QToolButton:focus { padding: 0; min-height: 22px; border-width: 1px; }
+QToolButton[scroll="true"] { padding: 0; }
+QToolButton::left-arrow { image: url("{left}"); width: 16px; height: 16px; }
+QToolButton::left-arrow:disabled { image: url("{leftDisabled}"); }
+QToolButton::right-arrow { image: url("{right}"); width: 16px; height: 16px; }
+QToolButton::right-arrow:disabled { image: url("{rightDisabled}"); }
 QPushButton[command="true"] { min-height: 28px; padding: 0 11px; }
 QPushButton[command="true"]:focus { min-height: 26px; padding: 0 10px; }
 QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; min-width: 18px; }
@@ -166,9 +173,10 @@ QComboBox QAbstractItemView::item:selected, QComboBox QAbstractItemView::item:ho
 }
 
 QCheckBox, QRadioButton {
-  color: {text}; background: transparent; spacing: 5px; min-height: 22px; padding: 0 0 0 1px;
+  color: {text}; background: transparent; spacing: 5px; min-height: 18px; padding: 0 2px;
+  border: 2px solid transparent; border-radius: 4px; outline: none;
 }
-QCheckBox:focus, QRadioButton:focus { outline: 2px solid {focus}; outline-radius: 4px; }
+QCheckBox:focus, QRadioButton:focus { border-color: {focus}; }
 QCheckBox:disabled, QRadioButton:disabled { color: {disabled}; }
 QCheckBox::indicator, QAbstractItemView::indicator, QGroupBox::indicator {
   width: 14px; height: 14px; border: 1px solid {edge}; border-radius: 4px; background: {field};
@@ -215,6 +223,9 @@ QTabWidget[optionPages="true"] > QTabBar::tab:selected:focus {
   border: 2px solid {focus}; min-height: 20px; padding: 0 8px; border-radius: 4px;
 }
 QTabWidget[optionPages="true"] > QTabBar::tab:disabled { color: {disabled}; }
+QTabWidget[optionPages="true"] > QTabBar::tab:selected:disabled {
+  color: {disabled}; border-bottom-color: {line};
+}
 
 QAbstractItemView {
   background: {field}; color: {text}; border: 1px solid {line}; border-radius: 6px;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolButton>
 #include <algorithm>
 #include <functional>
 #include <string>
@@ -546,6 +548,54 @@ TEST_F(ConstructorEditorTest, ShowsTextsAsTheyAreInChips) {
   const ChipBar* chips = other.strip->tabConstructor;
   EXPECT_EQ(chips->tabText(0), QStringLiteral("R&&D \uFFFD"));
   EXPECT_EQ(chips->tabText(1), QStringLiteral("<Source file name> "));
+}
+
+TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
+  editor.resize(479, 400);
+  editor.show();
+  const auto in_view = [&] {
+    const QRect chip = Chips()->ChipRect(Chips()->currentIndex()).translated(Chips()->pos());
+    return Chips()->parentWidget()->rect().contains(chip);
+  };
+  auto* left = Find<QToolButton>("bnScrollLeft");
+  auto* right = Find<QToolButton>("bnScrollRight");
+  EXPECT_FALSE(left->isVisible());
+  for (int i = 0; i < 5; ++i) {
+    Choose(editor.strip->bnInsertRight, "<Parent folder name>");
+    EXPECT_TRUE(in_view()) << i;
+  }
+  EXPECT_TRUE(left->isVisible());
+  Select(Chips()->count() - 1);
+  EXPECT_TRUE(in_view());
+  EXPECT_FALSE(right->isEnabled());
+  for (int i = 0; i < Chips()->count(); ++i) left->click();
+  EXPECT_EQ(Chips()->x(), 0);
+  EXPECT_FALSE(left->isEnabled());
+  for (int i = 0; i < 5; ++i) {
+    Select(1);
+    editor.strip->bnDeletePattern->click();
+  }
+  EXPECT_FALSE(left->isVisible());
+  EXPECT_EQ(Chips()->x(), 0);
+}
+
+TEST_F(ConstructorEditorTest, TellsTheStripAndItsChipsToScreenReaders) {
+  Chips()->setAccessibleDescription(QStringLiteral("told"));
+  QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(Chips());
+  ASSERT_EQ(bar->childCount(), 3);
+  QAccessibleInterface* last = bar->child(2);
+  EXPECT_EQ(last->role(), QAccessible::PageTab);
+  EXPECT_EQ(last->text(QAccessible::Name), QStringLiteral("<Extension>"));
+  EXPECT_EQ(bar->indexOfChild(last), 2);
+  last->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(editor.strip->Selected(), 2);
+  EXPECT_TRUE(last->state().selected);
+  while (Chips()->count() > 0) editor.strip->bnDeletePattern->click();
+  EXPECT_FALSE(last->isValid());
+  EXPECT_EQ(bar->childCount(), 0);
+  EXPECT_EQ(bar->role(), QAccessible::PageTabList);
+  EXPECT_EQ(bar->text(QAccessible::Name), QStringLiteral("New file name constructor"));
+  EXPECT_EQ(bar->text(QAccessible::Description), QStringLiteral("told"));
 }
 
 TEST_F(ConstructorEditorTest, EveryControlHasANameOfItsOwn) {

@@ -1,16 +1,21 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/name_pattern.h"
 
 /// A file system in memory: paths and their contents. Refuses what the real one refuses, counts
-/// its calls, and fails those that a test names.
+/// its calls, and fails those that a test names. A copy that was written to, or another file in its
+/// place, is told from the one that was made by its content.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::string> contents;
@@ -21,7 +26,16 @@ class MemoryFiles : public FileSystem {
 
   bool Exists(std::string_view path) override {
     ++exists_calls;
-    return contents.contains(std::string(path)) || folders.contains(std::string(path));
+    const std::string_view folder = path.substr(0, path.rfind('/') + 1);
+    const std::string_view name = path.substr(folder.size());
+    if (!HasWildcards(name)) return IsThere(path);
+    const auto fits = [&](std::string_view other) {
+      return other.starts_with(folder) && other.rfind('/') + 1 == folder.size() &&
+             FitsPattern(other.substr(folder.size()), name);
+    };
+    return std::any_of(folders.begin(), folders.end(), fits) ||
+           std::any_of(contents.begin(), contents.end(),
+                       [&](const auto& file) { return fits(file.first); });
   }
 
   std::optional<FileFacts> Look(std::string_view path) override {
@@ -48,25 +62,29 @@ class MemoryFiles : public FileSystem {
     if (from == to) return true;
     if (!Fits(to)) return false;
     contents[std::string(to)] = source->second;
+    inodes_[std::string(to)] = std::exchange(inodes_[source->first], 0);
     contents.erase(source);
     return true;
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
-                FileIdentity*) override {
+                FileIdentity* made) override {
     const auto source = contents.find(std::string(from));
     if (Fails("copy", from) || source == contents.end() || !Fits(to)) return false;
     if (in_copy) in_copy();
     if (!go_on()) return false;
     contents[std::string(to)] = source->second;
+    inodes_[std::string(to)] = ++last_inode_;
+    if (made != nullptr) *made = Identity(std::string(to));
     return true;
   }
 
   bool DeleteFile(std::string_view path) override { return contents.erase(std::string(path)) > 0; }
-  bool DeleteMadeFile(std::string_view path, const FileIdentity&) override {
-    return DeleteFile(path);
+  bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
+    return IsThere(path) && Identity(std::string(path)) == made && DeleteFile(path);
   }
   bool CreateDirectory(std::string_view path) override {
+    if (path.starts_with('/') && !Fits(path)) return false;
     return folders.insert(std::string(path)).second;
   }
 
@@ -74,9 +92,19 @@ class MemoryFiles : public FileSystem {
   bool Fails(std::string_view operation, std::string_view path) {
     return fails && fails(operation, path);
   }
-  bool Fits(std::string_view to) {
-    return !to.ends_with('/') && !contents.contains(std::string(to)) &&
-           !folders.contains(std::string(to)) &&
+  bool IsThere(std::string_view path) const {
+    return contents.contains(std::string(path)) || folders.contains(std::string(path));
+  }
+  bool Fits(std::string_view to) const {
+    return !to.ends_with('/') && !IsThere(to) &&
            folders.contains(std::string(to.substr(0, to.rfind('/'))));
   }
+  FileIdentity Identity(const std::string& path) {
+    const std::string& content = contents[path];
+    return {1, inodes_[path], content.size(),
+            static_cast<std::int64_t>(std::hash<std::string>()(content))};
+  }
+
+  std::map<std::string, std::uint64_t> inodes_;  ///< of the copies, 0 for every other file
+  std::uint64_t last_inode_ = 0;
 };

@@ -9,11 +9,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 /// A new empty folder, gone with all that is in it at the end. Helpers take names relative to it;
@@ -50,7 +51,9 @@ class TempFolder {
   std::optional<std::string> Read(std::string_view name) const {
     std::ifstream file(*this / name, std::ios::binary);
     if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::ostringstream content;
+    content << file.rdbuf();
+    return std::move(content).str();
   }
 
   void MakeFolder(std::string_view name) const {
