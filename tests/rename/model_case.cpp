@@ -62,7 +62,7 @@ void ModelCase::MakeTree() {
   }
   const int most = real_ ? 8 : draw_.OneIn(40) ? 40 : 8;
   for (const std::string& folder : folders_) FillFolder(folder, most);
-  if (!real_ && draw_.OneIn(300)) {
+  if (!real_ && draw_.OneIn(1000)) {
     for (int i = 0; i < 650; ++i) worlds_.Write(in + "/f" + std::to_string(i), std::to_string(i));
   }
 }

@@ -132,9 +132,10 @@ void PlainModel::FindAndRename(const std::string& path, const std::string& name,
   const auto move = [&](const std::string& folder, const std::string& from) {
     if (!LeadsElsewhere(candidate)) Move(folder + from, folder + candidate);
   };
+  const std::string wanted = Lower(name);
   for (PlainRow& row : rows) {
     if (undo) {
-      if (row.RowTag != 1 || Lower(row.new_name) != Lower(name)) continue;
+      if (row.RowTag != 1 || Lower(row.new_name) != wanted) continue;
       if (options.destination != 2 && row.path != path) continue;
       move(options.destination == 2 ? path : row.path, row.new_name);
       row.temp = row.new_name;
@@ -142,7 +143,7 @@ void PlainModel::FindAndRename(const std::string& path, const std::string& name,
       return;
     }
     if (!row.checked || row.RowTag == 1 || row.path != path) continue;
-    if (Lower(name) != Lower(row.source) || Lower(row.source) == Lower(row.new_name)) continue;
+    if (Lower(row.source) != wanted || wanted == Lower(row.new_name)) continue;
     move(row.path, row.source);
     if (row.rollback.empty()) row.rollback = row.source;
     row.source = candidate;
