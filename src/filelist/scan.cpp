@@ -8,6 +8,7 @@ namespace mScanCD {
 namespace {
 
 constexpr std::int32_t kFilesBetweenEvents = 97;
+constexpr std::string_view kTotal = "Total ";
 
 }  // namespace
 
@@ -34,7 +35,8 @@ Scan::Scan(const ScanOptions& options, Records& records, RunState& state, FileSy
       files_(files),
       clock_(clock),
       types_(types),
-      pass_(pass) {}
+      pass_(pass),
+      total_(kTotal) {}
 
 void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath) {
   ErrTrace::inner<"mScanCD.ShowDir3_FillPreview(pParentName,sParentPath)">(
@@ -63,10 +65,12 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
 void Scan::LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
                   std::string_view folder) {
   if (!Takes(name)) return;
-  const std::optional<FileFacts> facts = files_.Look(std::string(folder).append(name));
+  path_.assign(folder).append(name);
+  const std::optional<FileFacts> facts = files_.Look(path_);
   if (!facts) return;  // gone since the folder was read
   ++state_.gFileCount;
-  state_.panes.paneTotal = "Total " + std::to_string(state_.gFileCount) + " files";
+  total_.resize(kTotal.size());
+  state_.panes.paneTotal = total_.append(std::to_string(state_.gFileCount)).append(" files");
   records_.AddRecord(pParentName, sParentPath, name, SysToVBTime(clock_, facts->modified_ns),
                      static_cast<double>(facts->size), types_.GetFileType(name));
 }

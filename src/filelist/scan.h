@@ -52,6 +52,8 @@ class Scan {
   Clock& clock_;
   FileTypes& types_;
   LongPass& pass_;
+  std::string path_;   ///< of the file looked at; kept for its room, as is the next one
+  std::string total_;  ///< what `paneTotal` shows
 };
 
 /// The date of a last-write time in the user's time zone; empty when it has none.
