@@ -19,6 +19,7 @@ std::string_view MarkText(Mark mark) {
     case Mark::kFailed:
       return "Failed";
     case Mark::kWaiting:
+    case Mark::kEmptied:
       break;
   }
   return ">>";

@@ -29,7 +29,12 @@ class FileDate {
 };
 
 /// The state mark of a row: item 6 with its colour.
-enum class Mark : std::uint8_t { kWaiting, kDone, kFailed };
+enum class Mark : std::uint8_t {
+  kWaiting,  ///< ">>" in its colour
+  kDone,
+  kFailed,
+  kEmptied,  ///< ">>" in the colour of plain text: what undo needs was dropped
+};
 
 /// The text of a mark: ">>", "Done" or "Failed".
 std::string_view MarkText(Mark mark);

@@ -25,7 +25,7 @@ constexpr ColumnFacts kColumns[kColumnCount] = {
 /// "waiting, IMG_ removed": what else only colours and marks tell.
 QString DescribeRow(const FileRow& row) {
   static const QString kStates[] = {QStringLiteral("waiting"), QStringLiteral("done"),
-                                    QStringLiteral("failed")};
+                                    QStringLiteral("failed"), QStringLiteral("waiting")};
   QString words = kStates[static_cast<int>(row.mark)];
   if (!row.checked) words += QStringLiteral(", not checked");
   if (row.newFileName.empty()) return words;

@@ -92,10 +92,10 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
 
 void PaintMark(QPainter* painter, const QStyleOptionViewItem& option, Mark mark,
                const QString& words) {
-  static constexpr Role kRoleOf[] = {Role::kWait, Role::kDone, Role::kFailed};
+  static constexpr Role kRoleOf[] = {Role::kWait, Role::kDone, Role::kFailed, Role::kText};
   const Look& look = Look::Current();
   const Role role = kRoleOf[static_cast<int>(mark)];
-  if (look.SkinOn() && mark != Mark::kWaiting) {
+  if (look.SkinOn() && (mark == Mark::kDone || mark == Mark::kFailed)) {
     painter->setPen(Qt::NoPen);
     painter->setBrush(PillColour(role));
     painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 3, -1, -3), kPillRadius, kPillRadius);

@@ -42,7 +42,7 @@ class Counters {
 
 void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
   if (row.RowTag == 1) return;
-  if (row.mark != Mark::kFailed) row.mark = Mark::kWaiting;
+  if (row.mark == Mark::kDone) row.mark = Mark::kWaiting;
   row.newFileName.clear();
   if (!row.checked) return;
   row.newFileName = composer.Compose(row.sourceFileName, records.ParentName(row), row.date);

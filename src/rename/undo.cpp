@@ -112,3 +112,13 @@ void UndoRun::Restore(std::size_t record) {
   row.mode = -1;
   row.mark = Mark::kWaiting;
 }
+
+void EmptyRollback(Records& records) {
+  ErrTrace::inner<"Form1.EmptyRollback">(ErrTrace::args(), [&] {
+    for (std::size_t i = 0; i < records.Count(); ++i) {
+      records[i].RowTag = 0;
+      records[i].ClearRollback();
+      records[i].mark = Mark::kEmptied;
+    }
+  });
+}

@@ -52,3 +52,6 @@ class UndoRun {
   Numbering numbering_;
   NameFreer freer_;
 };
+
+/// Drops what undo needs from every row, without touching a file: the run can't be taken back.
+void EmptyRollback(Records& records);

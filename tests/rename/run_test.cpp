@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "rename/undo.h"
 #include "support/fakes.h"
 #include "support/memory_files.h"
 
@@ -235,4 +236,15 @@ TEST_F(RunTest, MovesAThousandFilesRoundACycle) {
   EXPECT_EQ(Marks(), std::string(1000, 'd'));
   EXPECT_EQ(files.contents.size(), 1000u);
   for (std::size_t i = 0; i < 1000; ++i) EXPECT_EQ(files.contents["/in/" + names[i + 1]], names[i]);
+}
+
+TEST_F(RunTest, CanNotBeTakenBackOnceRollbackIsEmptied) {
+  Plan({{"a", "b"}});
+  Run();
+  EmptyRollback(records);
+  EXPECT_EQ(records[0].RowTag, 0);
+  EXPECT_EQ(MarkText(records[0].mark), ">>");
+  UndoRun(output, records, state, files, events, clock, reports).Undo();
+  EXPECT_EQ(Files(), "b=a ");
+  EXPECT_TRUE(reports.gFailureReport.empty());
 }
