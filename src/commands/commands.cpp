@@ -93,16 +93,16 @@ void Commands::RunScan(const SourceOptions& source) {
 void Commands::ShowNoList(EmptyList reason) {
   state_.gCancelRequested = false;
   state_.panes.paneTotal = "Total 0 files";
+  EnableDisable(ModeListEmpty);
   parts_.files.LetFoldersGo();
   view_.ListRepopulated(reason);
-  EnableDisable(ModeListEmpty);
 }
 
 void Commands::LeaveUsable(int mode) {
   state_.gCancelRequested = false;
+  EnableDisable(mode);
   parts_.files.LetFoldersGo();
   view_.RowsChanged();
-  EnableDisable(mode);
 }
 
 void Commands::ShowProgress(const char* status, std::size_t max) {

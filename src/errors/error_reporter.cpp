@@ -47,6 +47,16 @@ ErrorReporter::~ErrorReporter() {
   ErrTrace::SetFacts(nullptr);
 }
 
+void ErrorReporter::GiveWindowsTo(QWidget& window) {
+  for (QWidget* top : QApplication::topLevelWidgets()) {
+    auto* form = qobject_cast<Form11*>(top);
+    if (form == nullptr || !form->isVisible()) continue;
+    form->setParent(&window, form->windowFlags());
+    form->show();
+    form->raise();
+  }
+}
+
 void ErrorReporter::WaitForWindows() {
   while (Form11* window = OpenWindow()) {
     QEventLoop loop;

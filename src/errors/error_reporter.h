@@ -22,6 +22,10 @@ class ErrorReporter : public ErrTrace::Reporter {
   /// From now on, and while `window` lives, error windows are modal.
   void MainWindowLoaded(QWidget* window) { main_window_ = window; }
 
+  /// Error windows that opened before there was a main window stand in front of `window` from now
+  /// on, and end with it: one left behind unseen would keep the program from ending.
+  void GiveWindowsTo(QWidget& window);
+
   void SetStartFlags(StartFlags flags) { sources_.flags = flags; }
 
   /// Lets events run until no error window is open; for a start that failed before there was a

@@ -37,7 +37,7 @@ void CounterPane::BuildControls() {
   };
   constexpr NumberControl kStart = kNumberField<"fdStartValue">;
   fdStartValue = new NumberField(kStart, store, this);
-  fdStartValue->setText(QStringLiteral("1"));
+  fdStartValue->ShowNumber(1);
   fdStartValue->setFixedWidth(kStartWidth);
   HandleChange(fdStartValue, kStart.name, kStart.change, [this] {
     UpdateSample();

@@ -1,9 +1,9 @@
 #include "names/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <system_error>
 
@@ -11,9 +11,13 @@ namespace {
 
 /// Whole numbers up to 15 digits in full, greater ones as in "1.5E+20".
 std::string Written(double number) {
+  // Not by printf: what it writes in the user's locale could not be read again.
   std::array<char, 32> buffer;
-  const int length = std::snprintf(buffer.data(), buffer.size(), "%.15G", number);
-  return std::string(buffer.data(), static_cast<std::size_t>(length));
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                 std::chars_format::general, 15)
+                       .ptr;
+  std::replace(buffer.data(), end, 'e', 'E');
+  return std::string(buffer.data(), end);
 }
 
 }  // namespace

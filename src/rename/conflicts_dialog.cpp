@@ -11,6 +11,7 @@
 
 #include "common/card_qt.h"
 #include "common/look_qt.h"
+#include "names/name_field.h"
 #include "platform/text_qt.h"
 #include "settings/reg_settings.h"
 #include "settings/saved_options.h"
@@ -86,6 +87,7 @@ QLineEdit* Form8::NewTemplateField(const char* name) {
   auto* field = new QLineEdit(this);
   field->setObjectName(QLatin1String(name));
   field->setFixedWidth(kFieldWidth);
+  HoldWhatIsShown(field);
   KeepRoom(field);
   return field;
 }

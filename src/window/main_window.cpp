@@ -111,7 +111,9 @@ SavedControls Form1::Saved() const {
 void Form1::IniSettings(const std::string& pTemplateName) {
   ErrTrace::inner<"Form1.IniSettings(pTemplateName)">(ErrTrace::args(pTemplateName), [&] {
     SavedOptions options = OptionsOf(Saved());
-    const auto show = qScopeGuard([&] { ShowOptions(options, Saved()); });
+    const auto show = qScopeGuard([&] {
+      ErrTrace::top<"Form1.IniSettings">(ErrTrace::args(), [&] { ShowOptions(options, Saved()); });
+    });
     ReadSavedOptions(settings_, options);
     folder_pages_->chEnableSkin->setChecked(true);
   });
@@ -119,7 +121,10 @@ void Form1::IniSettings(const std::string& pTemplateName) {
 
 void Form1::Form_Load() {
   ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
-  commands_.EnableDisable(folder_pages_->SourceFolder().empty() ? ModeNoFolder : ModeFolderChosen);
+  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] {
+    const bool no_folder = folder_pages_->SourceFolder().empty();
+    commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
+  });
 }
 
 void Form1::Form_Unload() {
@@ -133,7 +138,8 @@ void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   folder_pages_->CommitFocusedField();
-  if (button != CommandButton::bnUndo && !editor_->CommitFocusedField()) return;
+  const bool numbers_taken = editor_->CommitFocusedField();
+  if (!numbers_taken && button != CommandButton::bnUndo) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();

@@ -1,6 +1,7 @@
 #include "window/program.h"
 
 #include <QApplication>
+#include <optional>
 
 #include "commands/start_up.h"
 #include "errors/error_reporter.h"
@@ -78,8 +79,10 @@ Form1& Program::MainWindow() {
 
 void Program::Start() {
   Parts& p = *parts_;
-  p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files));
+  ErrTrace::top<"mMain.Main">(
+      ErrTrace::args(), [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
   MainWindow().show();
+  p.reporter.GiveWindowsTo(MainWindow());
   // Told before anything is written: a damaged file is sound afterwards.
   ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { mRegSettings::CheckReadable(p.settings); });
   ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { SaveVersion(p.settings); });
@@ -93,16 +96,17 @@ namespace mMain {
 
 int Main(QApplication& application) {
   int exit_code = 1;
-  Program program(application);
+  std::optional<Program> program;
   const bool started = ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
-    if (!program.MayStart()) {
+    program.emplace(application);
+    if (!program->MayStart()) {
       exit_code = 0;
       return;
     }
-    program.Start();
+    program->Start();
     exit_code = QApplication::exec();
   });
-  if (!started) program.WaitForErrorWindows();
+  if (!started && program) program->WaitForErrorWindows();
   return exit_code;
 }
 
