@@ -331,5 +331,6 @@ std::string ModelCase::KindOfRest() const {
   const bool inside = options.fdDestination.size() > options.fdSourceFolder.size() &&
                       options.fdDestination.starts_with(options.fdSourceFolder);
   if (inside) return "output folder inside the source folder";
-  return "path test";
+  // Only where files come back to a folder that other files of the run went to.
+  return text::EqualIgnoringCase(options.fdDestination, options.fdSourceFolder) ? "path test" : "";
 }
