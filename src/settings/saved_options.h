@@ -30,6 +30,8 @@ struct SavedOptions {
   std::int16_t gConflictAddNumber = 1;
   std::string gNumberLeft = "_{";
   std::string gNumberRight = "}";
+
+  bool operator==(const SavedOptions&) const = default;
 };
 
 /// Lays what is stored over `options`, which hold what the controls hold now: the three save boxes,

@@ -120,7 +120,8 @@ void Form1::IniSettings(const std::string& pTemplateName) {
 }
 
 void Form1::Form_Load() {
-  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
+  options_read_ = ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
+  options_at_start_ = OptionsOf(Saved());
   ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] {
     const bool no_folder = folder_pages_->SourceFolder().empty();
     commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
@@ -130,7 +131,10 @@ void Form1::Form_Load() {
 void Form1::Form_Unload() {
   ErrTrace::top<"Form1.Form_Unload">(ErrTrace::args(), [&] {
     folder_pages_->CommitFocusedField();
-    WriteSavedOptions(settings_, OptionsOf(Saved()));
+    const SavedOptions options = OptionsOf(Saved());
+    // One value that can't be read hides those behind it: what was never shown must not be lost.
+    if (!options_read_ && options == options_at_start_) return;
+    WriteSavedOptions(settings_, options);
   });
 }
 
