@@ -53,23 +53,12 @@ const FileRow& FileListModel::RowAt(int row) const {
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
-  if (grid_.IsGroupRow(static_cast<std::size_t>(index.row()))) return GroupData(index.row(), role);
-  return FileData(RowAt(index.row()), index.column(), role);
-}
-
-QVariant FileListModel::GroupData(int row, int role) const {
-  const Grid::Group& group = grid_.GroupOf(static_cast<std::size_t>(row));
-  switch (role) {
-    case Qt::DisplayRole:
-    case kGroupTextRole:
-      return text::Shown(group.text);
-    case kGroupCountRole:
-      return FileCount(group.file_count);
-    case Qt::AccessibleDescriptionRole:
-      return QString(QStringLiteral("group, ") + FileCount(group.file_count));
-    default:
-      return {};
+  const auto row = static_cast<std::size_t>(index.row());
+  if (grid_.IsGroupRow(row)) {
+    const Grid::Group& group = grid_.GroupOf(row);
+    return GroupRowData(group.text, group.file_count, role);
   }
+  return FileData(RowAt(index.row()), index.column(), role);
 }
 
 QVariant FileListModel::FileData(const FileRow& row, int column, int role) const {

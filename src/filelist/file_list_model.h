@@ -43,7 +43,6 @@ class FileListModel : public QAbstractTableModel {
 
  private:
   const FileRow& RowAt(int row) const;
-  QVariant GroupData(int row, int role) const;
   QVariant FileData(const FileRow& row, int column, int role) const;
   QString DisplayText(const FileRow& row, int column) const;
   QVariant MarkedNameOf(const FileRow& row, int column) const;

@@ -2,10 +2,13 @@
 
 #include <QMetaType>
 #include <QString>
+#include <QVariant>
 #include <Qt>
 #include <cstddef>
+#include <string_view>
 
 #include "filelist/name_pieces_qt.h"
+#include "platform/text_qt.h"
 
 /// What a list of files tells its painter beyond Qt's own roles. A model gives a role where it
 /// applies and nothing elsewhere.
@@ -27,4 +30,19 @@ Q_DECLARE_METATYPE(MarkedName)
 /// "1 file", "12 files": what a group row tells at its right.
 inline QString FileCount(std::size_t count) {
   return count == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(count);
+}
+
+/// What every cell of a group row answers: the row is one heading across all columns.
+inline QVariant GroupRowData(std::string_view group, std::size_t file_count, int role) {
+  switch (role) {
+    case Qt::DisplayRole:
+    case kGroupTextRole:
+      return text::Shown(group);
+    case kGroupCountRole:
+      return FileCount(file_count);
+    case Qt::AccessibleDescriptionRole:
+      return QString(QStringLiteral("group, ") + FileCount(file_count));
+    default:
+      return {};
+  }
 }

@@ -27,23 +27,11 @@ int ResultModel::columnCount(const QModelIndex& parent) const {
 QVariant ResultModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const auto row = static_cast<std::size_t>(index.row());
-  if (grid_.IsGroupRow(row)) return GroupData(row, role);
-  return FileData(row, grid_.Kind().columns[static_cast<std::size_t>(index.column())], role);
-}
-
-QVariant ResultModel::GroupData(std::size_t row, int role) const {
-  const ResultGrid::Group& group = grid_.GroupOf(row);
-  switch (role) {
-    case Qt::DisplayRole:
-    case kGroupTextRole:
-      return text::Shown(group.path);
-    case kGroupCountRole:
-      return FileCount(group.file_count);
-    case Qt::AccessibleDescriptionRole:
-      return QString(QStringLiteral("group, ") + FileCount(group.file_count));
-    default:
-      return {};
+  if (grid_.IsGroupRow(row)) {
+    const ResultGrid::Group& group = grid_.GroupOf(row);
+    return GroupRowData(group.path, group.file_count, role);
   }
+  return FileData(row, grid_.Kind().columns[static_cast<std::size_t>(index.column())], role);
 }
 
 QVariant ResultModel::FileData(std::size_t row, const ResultColumn& column, int role) const {

@@ -27,7 +27,6 @@ class ResultModel : public QAbstractTableModel {
   void Clear();
 
  private:
-  QVariant GroupData(std::size_t row, int role) const;
   QVariant FileData(std::size_t row, const ResultColumn& column, int role) const;
   QVariant MarkedNameOf(std::size_t row, int item) const;
   QString Describe(std::size_t row) const;
