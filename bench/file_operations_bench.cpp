@@ -149,8 +149,8 @@ void MeasureCopy(FileSystem& files, const std::string& root) {
     for (int i = 0; i < kCopies; ++i) copy(Numbered(from, "p", i), Numbered(to, "p", i));
   };
   const auto ours = [&](const std::string& a, const std::string& b) {
-    FileIdentity made;
-    Require(files.CopyFile(a, b, {}, &made), b);
+    CopyIdentities copied;
+    Require(files.CopyFile(a, b, {}, &copied), b);
   };
   bench::Ratio ratio("copy 4 KiB / read + write", 1.6, kCopies);
   for (int round = 0; round < kRounds; ++round) {

@@ -31,12 +31,12 @@ void Records::DeleteAll() {
   made_copies_.assign(1, {});
 }
 
-void Records::SetMadeCopy(FileRow& row, const FileIdentity& made) {
+void Records::SetMadeCopy(FileRow& row, const CopyIdentities& copied) {
   if (row.madeCopy == 0) {
     row.madeCopy = static_cast<std::uint32_t>(made_copies_.size());
     made_copies_.emplace_back();
   }
-  made_copies_[row.madeCopy] = made;
+  made_copies_[row.madeCopy] = copied;
 }
 
 std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path) {

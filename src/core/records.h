@@ -36,9 +36,9 @@ class Records {
   const std::string& NewPath(const FileRow& row) const { return *texts_[row.newPath]; }
   void SetNewPath(FileRow& row, std::string_view path) { row.newPath = TextNumber(path); }
 
-  /// Which file a run made as the copy of the row's file; all zero when it made none.
-  const FileIdentity& MadeCopy(const FileRow& row) const { return made_copies_[row.madeCopy]; }
-  void SetMadeCopy(FileRow& row, const FileIdentity& made);
+  /// Which file a run made as the copy of which; all zero when it made none of the row's file.
+  const CopyIdentities& MadeCopy(const FileRow& row) const { return made_copies_[row.madeCopy]; }
+  void SetMadeCopy(FileRow& row, const CopyIdentities& copied);
 
   std::size_t FolderCount() const { return folders_.size(); }
   std::size_t TextCount() const { return texts_.size(); }
@@ -57,6 +57,6 @@ class Records {
   std::vector<Folder> folders_;
   std::unordered_map<std::string, std::uint32_t> folder_numbers_;  ///< by path, NUL, name
   std::unordered_map<std::string, std::uint32_t> text_numbers_;
-  std::vector<FileIdentity> made_copies_;  ///< number 0 stands for none
-  std::vector<const std::string*> texts_;  ///< the keys of `text_numbers_`, which never move
+  std::vector<CopyIdentities> made_copies_;  ///< number 0 stands for none
+  std::vector<const std::string*> texts_;    ///< the keys of `text_numbers_`, which never move
 };

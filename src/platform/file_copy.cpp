@@ -31,7 +31,7 @@ FileIdentity IdentityOf(const struct stat& facts) {
 }
 
 int FileCopy::Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
-                   Copied& copied) {
+                   CopyIdentities& copied) {
   FileHandle source;
   struct stat facts;
   if (const int error = OpenSource(from, purpose, source, facts)) return error;

@@ -14,17 +14,14 @@ class FileCopy {
     kCopy,  ///< follows a link, belongs to the user
     kMove,  ///< takes what is there itself, keeps the owner, is on the disk when done
   };
-  struct Copied {
-    FileIdentity source;
-    FileIdentity made;
-  };
 
   FileCopy(const Syscalls& calls, RenameNoReplace& rename)
       : calls_(calls), rename_(rename), data_(calls) {}
 
   /// 0; EEXIST when anything stands at `to`; ECANCELED when `go_on` asked to stop; ESTALE when the
   /// source changed meanwhile; or another errno. But for 0 nothing is left of it.
-  int Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on, Copied& copied);
+  int Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
+           CopyIdentities& copied);
 
  private:
   /// A file being written has no name at all, so that nothing can be left of it; or, where that

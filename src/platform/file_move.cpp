@@ -79,7 +79,7 @@ int FileMove::ToOtherDevice(const Place& from, const Place& to, const GoOn& go_o
 }
 
 int FileMove::FileToOtherDevice(const Place& from, const Place& to, const GoOn& go_on) {
-  FileCopy::Copied copied;
+  CopyIdentities copied;
   if (const int error = copy_.Copy(from, to, FileCopy::Purpose::kMove, go_on, copied)) return error;
   const int error = RemoveSource(from, copied.source);
   if (error == 0) return 0;

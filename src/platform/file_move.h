@@ -15,8 +15,10 @@ class FileMove {
   /// and symbolic links only.
   int Move(const Place& from, const Place& to, const GoOn& go_on);
 
- private:
+  /// Whether two names in one folder are one directory entry.
   bool IsSameEntry(const Place& from, const Place& to);
+
+ private:
   bool KeptItsName(const Place& from, const Place& to);
   int InTwoSteps(const Place& from, const Place& to);
   int ToOtherDevice(const Place& from, const Place& to, const GoOn& go_on);

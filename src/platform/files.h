@@ -24,7 +24,35 @@ struct FileIdentity {
   std::uint64_t inode = 0;
   std::uint64_t size = 0;
   std::int64_t modified_ns = 0;
+  std::int64_t born_ns = 0;  ///< when it was made; 0 where the file system doesn't keep that
   bool operator==(const FileIdentity&) const = default;
+};
+
+/// Tells one folder from every other, whatever is in it.
+struct FolderIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  std::int64_t born_ns = 0;  ///< as above: an inode number is given out again soon
+  bool operator==(const FolderIdentity&) const = default;
+};
+
+/// A copy and the file that it was made of, as both stood when the copy was done.
+struct CopyIdentities {
+  FileIdentity source;
+  FileIdentity made;
+};
+
+/// Why an operation was not done: an errno value, 0 when that isn't known, or one of these.
+enum FileProblem : int {
+  kFolderReplaced = -1,  ///< its path leads to another folder than expected
+  kSourceChanged = -2,   ///< the file was written to, or replaced, meanwhile
+  kEmptyName = -3,
+  kNameHoldsSeparator = -4,  ///< or NUL
+  kFolderNotAbsolute = -5,   ///< the path would lead to wherever the program was started
+  kNoSuchMode = -6,          ///< the row holds an output mode that isn't one
+  kFolderInTheWay = -7,      ///< a folder there would keep undo from bringing a file back
+  kOriginalGone = -8,        ///< the file that a copy was made of isn't there any more
+  kNotTheCopy = -9,          ///< not the very file that was made
 };
 
 /// The entries of one folder in the order in which the system delivers them, without "." and "..".
@@ -44,7 +72,7 @@ using GoOn = std::function<bool()>;
 /// All that the system's files are asked and told. Paths are raw bytes, taken as they stand; no
 /// path is followed through a symbolic link in its last name. Operations tell only done (true) or
 /// not done (false); what is not done has changed nothing. Nothing here ever replaces or deletes a
-/// file that the operation did not make itself, but for DeleteFile, whose purpose it is.
+/// file that the program did not make itself.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -57,6 +85,28 @@ class FileSystem {
   /// The facts of the entry at `path`, with a closing separator those of the folder; nothing when
   /// it can't be looked at.
   virtual std::optional<FileFacts> Look(std::string_view path) = 0;
+
+  /// Which folder `path` (with or without a closing separator) leads to, links followed; nothing
+  /// when it leads to none.
+  virtual std::optional<FolderIdentity> IdentifyFolder(std::string_view path) = 0;
+
+  /// From now on, until LetFoldersGo, whatever lies in `folder` or below it is taken as missing,
+  /// and no operation on it is done (kFolderReplaced), while that path leads to another folder than
+  /// `identity`.
+  virtual void ExpectFolder(std::string_view folder, const FolderIdentity& identity) = 0;
+
+  /// `path` with the folder before its last separator as the system resolves it: from the root,
+  /// without links, "." and "..". What stands behind the last separator stays. `path` itself where
+  /// there is no such folder.
+  virtual std::string ResolveFolder(std::string_view path) = 0;
+
+  /// Whether both paths lead to one directory entry that is there: one folder, however its path is
+  /// written, and one name, or two that the file system takes for one, as under another letter
+  /// case. Two hard links are two.
+  virtual bool IsSameEntry(std::string_view a, std::string_view b) = 0;
+
+  /// Whether the file at `path`, or that a link there points to, is `file`, not written to since.
+  virtual bool IsVeryFile(std::string_view path, const FileIdentity& file) = 0;
 
   /// Reads the whole folder `path` (with or without a closing separator) into `entries`; "" is the
   /// root. The temporary files of an unfinished CopyFile are passed over. False when the folder
@@ -71,12 +121,9 @@ class FileSystem {
 
   /// Copies what `from` is, or points to, if that is a regular file; never onto an existing entry.
   /// The target appears whole, with times, mode, attributes and access list, or not at all. When
-  /// done and `made` is given, it takes the identity of the file that was made.
+  /// done and `copied` is given, it takes the identities of both files.
   virtual bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
-                        FileIdentity* made) = 0;
-
-  /// Deletes one entry that is no folder.
-  virtual bool DeleteFile(std::string_view path) = 0;
+                        CopyIdentities* copied) = 0;
 
   /// Deletes the file at `path` only if it is still the very file `made`; anything else is not
   /// done.
@@ -85,8 +132,14 @@ class FileSystem {
   /// Makes one folder level.
   virtual bool CreateDirectory(std::string_view path) = 0;
 
-  /// Lets go of what is kept open for speed between calls. Good at the end of a pass: a medium
-  /// with an open folder can't be unmounted.
+  /// Deletes the folder at `path` only if it is empty and still the very folder `made`.
+  virtual bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) = 0;
+
+  /// Why the last operation that was not done was not: errno or a FileProblem.
+  virtual int Problem() const { return 0; }
+
+  /// Lets go of what is kept open for speed between calls, and of what was expected. Good at the
+  /// end of a pass: a medium with an open folder can't be unmounted.
   virtual void LetFoldersGo() {}
 };
 

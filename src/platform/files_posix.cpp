@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 
+#include <cstdlib>
 #include <utility>
 
 #include "platform/file_copy.h"
@@ -50,6 +51,41 @@ class PosixFileSystem final : public FileSystem {
                      identity.modified_ns};
   }
 
+  std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
+    const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
+    if (!folder) return std::nullopt;
+    return FolderIdentity{folder->device, folder->inode, 0};
+  }
+
+  void ExpectFolder(std::string_view, const FolderIdentity&) override {}
+
+  std::string ResolveFolder(std::string_view path) override {
+    const std::size_t name = path.rfind('/') + 1;
+    const std::string folder(path.substr(0, name));
+    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.c_str(), nullptr),
+                                                               &std::free);
+    if (!resolved) return std::string(path);
+    std::string text = resolved.get();
+    if (!text.ends_with('/')) text += '/';
+    return text.append(path.substr(name));
+  }
+
+  bool IsSameEntry(std::string_view a, std::string_view b) override {
+    const Place first = folders_.ForChange(a);
+    const Place second = folders_.ForChange(b);
+    struct stat facts;
+    if (!first || !second || !first.folder->IsSameAs(*second.folder)) return false;
+    if (first.name == second.name) return LStat(first, facts);
+    return move_.IsSameEntry(first, second);
+  }
+
+  bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
+    const Place place = folders_.ForLook(path);
+    struct stat facts;
+    return place && calls_.fstatat(place.at(), place.c_name(), &facts, 0) == 0 &&
+           IdentityOf(facts) == file;
+  }
+
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
     const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
     if (!folder) {
@@ -68,18 +104,13 @@ class PosixFileSystem final : public FileSystem {
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
-                FileIdentity* made) override {
+                CopyIdentities* copied) override {
     const auto [source, target] = Places(from, to);
     if (!source || !target) return false;
-    FileCopy::Copied copied;
-    const int error = copy_.Copy(source, target, FileCopy::Purpose::kCopy, go_on, copied);
-    if (error == 0 && made) *made = copied.made;
+    CopyIdentities both;
+    const int error = copy_.Copy(source, target, FileCopy::Purpose::kCopy, go_on, both);
+    if (error == 0 && copied) *copied = both;
     return Done(error);
-  }
-
-  bool DeleteFile(std::string_view path) override {
-    const Place place = folders_.ForChange(path);
-    return place && Done(Unlink(place));
   }
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
@@ -93,6 +124,15 @@ class PosixFileSystem final : public FileSystem {
     const Place place = folders_.ForChange(path);
     return place && Done(ErrorOf([&] { return ::mkdirat(place.at(), place.c_name(), 0777); }));
   }
+
+  bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
+    if (IdentifyFolder(path) != made) return false;
+    const Place place = folders_.ForChange(path);
+    return place &&
+           Done(ErrorOf([&] { return calls_.unlinkat(place.at(), place.c_name(), AT_REMOVEDIR); }));
+  }
+
+  int Problem() const override { return errno; }
 
   void LetFoldersGo() override { folders_.ForgetAll(); }
 

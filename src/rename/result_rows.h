@@ -8,6 +8,7 @@ struct FailureRecord {
   std::string path;
   std::string source_name;
   std::string new_name;
+  int problem = 0;  ///< errno or a FileProblem; 0 when it isn't known
 };
 
 /// A file that got a numbered name in place of the planned one.

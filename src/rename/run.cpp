@@ -99,14 +99,15 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   return corrected;
 }
 
-bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to, FileIdentity& made) {
+bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to,
+                             CopyIdentities& copied) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
   switch (output_.cmbDestination) {
     case kUseSourceFolder:
     case kMoveTo:
       return files_.MoveFile(from, to, go_on);
     case kCopyTo:
-      return files_.CopyFile(from, to, go_on, &made);
+      return files_.CopyFile(from, to, go_on, &copied);
     default:
       return false;
   }
@@ -115,10 +116,10 @@ bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to, Fil
 bool RenameRun::DoOperation(const Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
-  FileIdentity made;
-  if (!CopyMoveFile(turn.source, target, made)) return false;
+  CopyIdentities copied;
+  if (!CopyMoveFile(turn.source, target, copied)) return false;
   if (output_.cmbDestination == kCopyTo) {
-    records_.SetMadeCopy(row, made);
+    records_.SetMadeCopy(row, copied);
   } else if (turn.source != target) {
     numbering_.Freed(turn.source);
   }

@@ -43,7 +43,7 @@ class RenameRun {
   std::string TargetFolder(const FileRow& row);
   void ResolveConflict(Turn& turn);
   std::string CorrectedName(const Turn& turn);
-  bool CopyMoveFile(const std::string& from, const std::string& to, FileIdentity& made);
+  bool CopyMoveFile(const std::string& from, const std::string& to, CopyIdentities& copied);
   bool DoOperation(const Turn& turn);
   void Fail(const Turn& turn);
   void Succeed(const Turn& turn);

@@ -64,7 +64,7 @@ bool UndoRun::TakeBackRename(const FileRow& row) {
 
 bool UndoRun::TakeBackCopy(const FileRow& row) {
   const std::string present = records_.NewPath(row) + row.newFileName;
-  if (!files_.DeleteMadeFile(present, records_.MadeCopy(row))) return false;
+  if (!files_.DeleteMadeFile(present, records_.MadeCopy(row).made)) return false;
   numbering_.Freed(present);
   return true;
 }

@@ -128,13 +128,13 @@ TEST(CopyFile, KeepsTimesModeAndAttributes) {
   const struct timespec times[2] = {{1, 0}, {1'600'000'000, 987'654'321}};
   ASSERT_EQ(::utimensat(AT_FDCWD, a.c_str(), times, 0), 0);
 
-  FileIdentity made;
-  ASSERT_TRUE(MakePosixFileSystem()->CopyFile(a, b, {}, &made));
+  CopyIdentities copied;
+  ASSERT_TRUE(MakePosixFileSystem()->CopyFile(a, b, {}, &copied));
   const struct stat facts = folder.Facts("b");
   EXPECT_EQ(facts.st_mode & 07777, 0640u);
   EXPECT_EQ(facts.st_mtim.tv_sec, 1'600'000'000);
   EXPECT_EQ(facts.st_mtim.tv_nsec, 987'654'321);
-  EXPECT_EQ(made.inode, facts.st_ino);
+  EXPECT_EQ(copied.made.inode, facts.st_ino);
   char value[128] = {};
   if (attributes) {
     EXPECT_EQ(::getxattr(b.c_str(), "user.rating", value, sizeof value), 3);

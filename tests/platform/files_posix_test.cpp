@@ -173,7 +173,7 @@ TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNow) {
   EXPECT_TRUE(files->MoveFile(folder / "one/a", folder / "one/b", {}));
   EXPECT_EQ(folder.Read("one/b"), "second");
   EXPECT_EQ(folder.Read("two/a"), "first");
-  EXPECT_TRUE(files->DeleteFile(folder / "one/b"));
+  EXPECT_TRUE(files->MoveFile(folder / "one/b", folder / "b", {}));
   // By ourselves: known at once, looking included.
   EXPECT_TRUE(files->Exists(folder / "two/a"));
   EXPECT_TRUE(files->MoveFile(folder / "two", folder / "three", {}));
@@ -200,20 +200,14 @@ TEST_F(PosixFiles, ReachBeyondTheLongestPathOfOneCall) {
 TEST_F(PosixFiles, DeleteOnlyWhatIsMeant) {
   folder.Write("file", "x");
   folder.MakeFolder("sub");
-  folder.MakeLink("link", folder / "file");
-  EXPECT_FALSE(files->DeleteFile(folder / "sub"));
-  EXPECT_FALSE(files->DeleteFile(folder / "none"));
-  EXPECT_TRUE(files->DeleteFile(folder / "link"));
-  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "sub"}));
-
-  FileIdentity made;
-  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &made));
-  EXPECT_FALSE(files->DeleteMadeFile(folder / "file", made));
+  CopyIdentities copied;
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "file", copied.made));
   folder.Write("copy", "written to since");
-  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", made));
-  ASSERT_TRUE(files->DeleteFile(folder / "copy"));
-  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &made));
-  EXPECT_TRUE(files->DeleteMadeFile(folder / "copy", made));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", copied.made));
+  ASSERT_EQ(::unlink((folder / "copy").c_str()), 0);
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
+  EXPECT_TRUE(files->DeleteMadeFile(folder / "copy", copied.made));
   EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "sub"}));
 }
 

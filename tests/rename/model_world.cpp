@@ -89,6 +89,19 @@ class FailingFiles : public FileSystem {
 
   bool Exists(std::string_view path) override { return files_.Exists(path); }
   std::optional<FileFacts> Look(std::string_view path) override { return files_.Look(path); }
+  std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
+    return files_.IdentifyFolder(path);
+  }
+  void ExpectFolder(std::string_view folder, const FolderIdentity& identity) override {
+    files_.ExpectFolder(folder, identity);
+  }
+  std::string ResolveFolder(std::string_view path) override { return files_.ResolveFolder(path); }
+  bool IsSameEntry(std::string_view a, std::string_view b) override {
+    return files_.IsSameEntry(a, b);
+  }
+  bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
+    return files_.IsVeryFile(path, file);
+  }
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
     return files_.List(path, go_on, entries);
   }
@@ -96,15 +109,17 @@ class FailingFiles : public FileSystem {
     return Works() && files_.MoveFile(from, to, go_on);
   }
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
-                FileIdentity* made) override {
-    return Works() && files_.CopyFile(from, to, go_on, made);
+                CopyIdentities* copied) override {
+    return Works() && files_.CopyFile(from, to, go_on, copied);
   }
-  bool DeleteFile(std::string_view path) override { return Works() && files_.DeleteFile(path); }
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     return Works() && files_.DeleteMadeFile(path, made);
   }
   bool CreateDirectory(std::string_view path) override {
     return Works() && files_.CreateDirectory(path);
+  }
+  bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
+    return Works() && files_.DeleteMadeFolder(path, made);
   }
 
  private:

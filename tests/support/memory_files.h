@@ -45,6 +45,18 @@ class MemoryFiles : public FileSystem {
     return FileFacts{EntryKind::kFile, found->second.size(), 1'000'000'000};
   }
 
+  std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
+    if (path.ends_with('/')) path.remove_suffix(1);
+    if (!folders.contains(std::string(path))) return std::nullopt;
+    return FolderIdentity{1, std::hash<std::string_view>()(path), 0};
+  }
+  void ExpectFolder(std::string_view, const FolderIdentity&) override {}
+  std::string ResolveFolder(std::string_view path) override { return std::string(path); }
+  bool IsSameEntry(std::string_view a, std::string_view b) override { return a == b && IsThere(a); }
+  bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
+    return contents.contains(std::string(path)) && Identity(std::string(path)) == file;
+  }
+
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
     if (!folders.contains(std::string(path.substr(0, path.size() - 1)))) return false;
     const auto add = [&](const std::string& entry, EntryKind kind) {
@@ -68,24 +80,34 @@ class MemoryFiles : public FileSystem {
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
-                FileIdentity* made) override {
+                CopyIdentities* copied) override {
     const auto source = contents.find(std::string(from));
     if (Fails("copy", from) || source == contents.end() || !Fits(to)) return false;
     if (in_copy) in_copy();
     if (!go_on()) return false;
     contents[std::string(to)] = source->second;
     inodes_[std::string(to)] = ++last_inode_;
-    if (made != nullptr) *made = Identity(std::string(to));
+    if (copied != nullptr) {
+      *copied = {Identity(std::string(from)), Identity(std::string(to))};
+    }
     return true;
   }
 
-  bool DeleteFile(std::string_view path) override { return contents.erase(std::string(path)) > 0; }
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
-    return IsThere(path) && Identity(std::string(path)) == made && DeleteFile(path);
+    return IsVeryFile(path, made) && contents.erase(std::string(path)) > 0;
   }
   bool CreateDirectory(std::string_view path) override {
     if (path.starts_with('/') && !Fits(path)) return false;
     return folders.insert(std::string(path)).second;
+  }
+  bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
+    const auto inside = [&](const std::string& entry) {
+      return entry.size() > path.size() && entry.starts_with(path) && entry[path.size()] == '/';
+    };
+    return IdentifyFolder(path) == made && std::none_of(folders.begin(), folders.end(), inside) &&
+           std::none_of(contents.begin(), contents.end(),
+                        [&](const auto& file) { return inside(file.first); }) &&
+           folders.erase(std::string(path)) > 0;
   }
 
  private:
