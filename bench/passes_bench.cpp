@@ -112,9 +112,8 @@ Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName 
         .RunRename();
   });
   Require(reports.gFailureReport.empty(), "the run");
-  times.undo = bench::Seconds([&] {
-    UndoRun(output, records, state, *world.files, world.events, *world.clock, reports).Undo();
-  });
+  times.undo = bench::Seconds(
+      [&] { UndoRun(records, state, *world.files, world.events, *world.clock, reports).Undo(); });
   Require(reports.gFailureReport.empty(), "the undo");
   return times;
 }

@@ -176,9 +176,7 @@ void Commands::bnUndo_Click() {
     state_.gCancelRequested = false;
     EnableDisable(ModeRunning);
     parts_.reports.DeleteAll();
-    const OutputOptions output = view_.ReadOutputOptions();
-    UndoRun(output, grid_.AllRecords(), state_, parts_.files, events_, parts_.clock, parts_.reports)
-        .Undo();
+    UndoRun(grid_.AllRecords(), state_, parts_.files, events_, parts_.clock, parts_.reports).Undo();
     parts_.files.LetFoldersGo();
     view_.RowsChanged();
     if (state_.gCancelRequested) {

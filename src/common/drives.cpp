@@ -16,7 +16,8 @@ bool FileExist(FileSystem& files, std::string_view FilePath) {
 
 bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style) {
   return ErrTrace::inner<"mScanCD.FolderExist(folderPath)">(ErrTrace::args(folderPath), [&] {
-    return text::Length(folderPath) == style.rootLength || files.Exists(folderPath);
+    return text::Length(folderPath) == style.rootLength ||
+           (!folderPath.ends_with(style.separator) && files.Look(folderPath).has_value());
   });
 }
 

@@ -15,8 +15,9 @@ namespace mScanCD {
 /// True when an entry of any kind, or one that the wildcards in the last name match, is there.
 bool FileExist(FileSystem& files, std::string_view FilePath);
 
-/// As FileExist, but a text of a root's length is there without asking. Pass the path without its
-/// closing separator, else it is never found.
+/// True when an entry of any kind is there; "*" and "?" are what they are. A text of a root's
+/// length is there without asking. Pass the path without its closing separator, else it is never
+/// found.
 bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style = kNative);
 
 }  // namespace mScanCD

@@ -26,6 +26,7 @@ constexpr Row kTexts[] = {
     {kFolderInTheWay, "A folder made here would stand in the way of undo."},
     {kOriginalGone, "The file that this copy was made of is no longer there."},
     {kNotTheCopy, "This is no longer the copy that was made."},
+    {kUnknownProblem, "The system gives no reason."},
     {EEXIST, "The name is taken."},
     {ENOENT, "The file or its folder is no longer there."},
     {ENOTDIR, "The file or its folder is no longer there."},

@@ -53,6 +53,14 @@ void FileRow::ShowRollbackName() {
   rollback_is_source_ = true;
 }
 
+void FileRow::ShowPlannedName() {
+  if (!PlannedName().empty()) newFileName = std::exchange(rare_->planned, {});
+}
+
+void FileRow::ShowTemp() {
+  if (!Temp().empty()) newFileName = std::exchange(rare_->temp, {});
+}
+
 FileRow::RareTexts& FileRow::Rare() {
   if (!rare_) rare_ = std::make_unique<RareTexts>();
   return *rare_;

@@ -71,10 +71,17 @@ class FileRow {
   /// Item 5 takes item 9.
   void ShowRollbackName();
 
+  /// Undo has something to take back: a done operation, or a file that was only moved aside.
+  bool TakesPartInUndo() const { return RowTag == 1 || !Rollback().empty(); }
+
   std::string_view Temp() const { return rare_ ? std::string_view(rare_->temp) : ""; }
   std::string_view PlannedName() const { return rare_ ? std::string_view(rare_->planned) : ""; }
   void SetTemp(std::string_view name) { Rare().temp = name; }
   void SetPlannedName(std::string_view name) { Rare().planned = name; }
+  /// Item 7 takes item 13, if that is set, and item 13 is emptied.
+  void ShowPlannedName();
+  /// Item 7 takes item 10, if that is set, and item 10 is emptied.
+  void ShowTemp();
 
  private:
   struct RareTexts {

@@ -29,6 +29,9 @@ void Records::DeleteAll() {
   texts_.clear();
   TextNumber("");  // number 0 is the empty text
   made_copies_.assign(1, {});
+  scanned_folders.clear();
+  used_folders.clear();
+  made_folders.clear();
 }
 
 void Records::SetMadeCopy(FileRow& row, const CopyIdentities& copied) {

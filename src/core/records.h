@@ -40,6 +40,18 @@ class Records {
   const CopyIdentities& MadeCopy(const FileRow& row) const { return made_copies_[row.madeCopy]; }
   void SetMadeCopy(FileRow& row, const CopyIdentities& copied);
 
+  /// Which folder a path, with its closing separator, led to when the scan read it.
+  std::unordered_map<std::string, FolderIdentity> scanned_folders;
+  /// And which when a run first put a file there, or made it; for as long as undo may need it.
+  std::unordered_map<std::string, FolderIdentity> used_folders;
+
+  /// The folders that runs have made, in that order; undo takes them away when they are empty.
+  struct MadeFolder {
+    std::string path;  ///< without a closing separator
+    FolderIdentity identity;
+  };
+  std::vector<MadeFolder> made_folders;
+
   std::size_t FolderCount() const { return folders_.size(); }
   std::size_t TextCount() const { return texts_.size(); }
   const std::string& FolderPath(std::uint32_t number) const { return folders_[number].path; }

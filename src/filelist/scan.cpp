@@ -44,6 +44,9 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
         const std::size_t name_start = sParentPath.rfind(kNative.separator) + 1;  // npos + 1 is 0
         const std::string folder(name_start == 0 ? "./" : sParentPath.substr(0, name_start));
         const std::string_view beginning = sParentPath.substr(name_start);
+        if (const auto identity = files_.IdentifyFolder(folder)) {
+          records_.scanned_folders.try_emplace(folder, *identity);
+        }
         FolderEntries entries;
         files_.List(
             folder, [&] { return pass_.GoOn(); }, entries);

@@ -44,8 +44,12 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
   if (row.RowTag == 1) return;
   if (row.mark == Mark::kDone) row.mark = Mark::kWaiting;
   row.newFileName.clear();
+  if (!row.PlannedName().empty()) row.SetPlannedName("");
   if (!row.checked) return;
-  row.newFileName = composer.Compose(row.sourceFileName, records.ParentName(row), row.date);
+  // A file that was moved aside bears a name that nobody gave it.
+  const std::string_view former = row.Rollback();
+  row.newFileName = composer.Compose(former.empty() ? row.sourceFileName : former,
+                                     records.ParentName(row), row.date);
 }
 
 }  // namespace

@@ -53,6 +53,7 @@ enum FileProblem : int {
   kFolderInTheWay = -7,      ///< a folder there would keep undo from bringing a file back
   kOriginalGone = -8,        ///< the file that a copy was made of isn't there any more
   kNotTheCopy = -9,          ///< not the very file that was made
+  kUnknownProblem = -10,
 };
 
 /// The entries of one folder in the order in which the system delivers them, without "." and "..".

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include "platform/utf8.h"
 
@@ -186,6 +188,17 @@ std::string ToLower(std::string_view t) {
   std::string out;
   AppendLower(t, out);
   return out;
+}
+
+std::string Folded(std::string_view t) {
+  if (IsAscii(t)) return ToLower(t);
+  utf8proc_uint8_t* folded = nullptr;
+  const utf8proc_ssize_t size = utf8proc_map(
+      reinterpret_cast<const utf8proc_uint8_t*>(t.data()), static_cast<utf8proc_ssize_t>(t.size()),
+      &folded, static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD));
+  if (size < 0) return ToLower(t);
+  const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
+  return {reinterpret_cast<const char*>(folded), static_cast<std::size_t>(size)};
 }
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {

@@ -40,6 +40,11 @@ std::string ToLower(std::string_view t);
 void AppendUpper(std::string_view t, std::string& out);
 void AppendLower(std::string_view t, std::string& out);
 
+/// The same for all texts that differ only in letter case or in Unicode's canonical forms, as a
+/// file system that ignores these takes them for one (Unicode's full case folding, Annex #15). Of
+/// bytes that are no UTF-8: the lower case.
+std::string Folded(std::string_view t);
+
 /// True when the lower case of both is the same.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
 

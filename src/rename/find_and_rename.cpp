@@ -1,76 +1,149 @@
 #include "rename/find_and_rename.h"
 
-#include "platform/text.h"
+#include <functional>
+#include <utility>
+
 #include "trace/err_trace.h"
 
-namespace {
-
-bool StillToRename(const FileRow& row) {
-  return row.checked && row.RowTag != 1;
+std::string NameFreer::MoveAside(const RowPlace& place) {
+  const NumberTexts users{state_.gNumberLeft, state_.gNumberRight};
+  std::string aside = MoveAside(place, users);
+  return aside.empty() && users != kSafeNumberTexts ? MoveAside(place, kSafeNumberTexts) : aside;
 }
 
-}  // namespace
+std::string NameFreer::MoveAside(const RowPlace& place, const NumberTexts& texts) {
+  std::string candidate = numbering_.FreeAsideName(place.folder, place.name, texts);
+  if (candidate.empty()) return {};
+  const std::string from = place.Path();
+  if (!files_.MoveFile(from, std::string(place.folder).append(candidate), {})) return {};
+  numbering_.Freed(from);
+  return candidate;
+}
 
-NameFreer::NameFreer(Pass pass, Records& records, FileSystem& files, Numbering& numbering)
-    : pass_(pass),
-      records_(records),
-      files_(files),
-      numbering_(numbering),
-      holders_(
-          records, [this](const FileRow& row) { return Key(records_.Path(row), HeldName(row)); },
-          [pass](const FileRow& row) {
-            return pass == Pass::kRun ? !StillToRename(row) : row.RowTag != 1;
-          }) {}
+// The run.
 
-void NameFreer::FindAndRename(std::string_view pPath, std::string_view pName,
-                              std::string& CorrectedNewName) {
-  const bool pRollback = pass_ != Pass::kRun;
-  ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
+std::optional<std::size_t> RunNameFreer::FindAndRename(std::string_view pPath,
+                                                       std::string_view pName,
+                                                       std::string& CorrectedNewName) {
+  const bool pRollback = false;
+  return ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
       ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
-        const std::string candidate = numbering_.FreeNumberedName(pPath, pName);
-        if (candidate.empty()) return;  // the user cancelled
-        if (const std::optional<std::size_t> holder = Holder(pPath, pName)) {
-          MoveAside(*holder, pPath, candidate);
-        } else if (!pRollback) {
-          CorrectedNewName = candidate;
-        }
+        std::optional<std::size_t> holder = Holder(pPath, pName);
+        if (holder && MakeWay(*holder)) return holder;
+        CorrectedNewName = numbering_.FreeNumberedName(pPath, pName);
+        return std::optional<std::size_t>();
       });
 }
 
-std::string_view NameFreer::HeldName(const FileRow& row) const {
-  return pass_ == Pass::kRun ? row.sourceFileName : row.newFileName;
+std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) const {
+  return HolderKey(std::hash<std::string_view>()(path), name);
 }
 
-std::size_t NameFreer::Key(std::string_view path, std::string_view name) const {
-  return HolderKey(pass_ == Pass::kUndoAnyPath ? "" : path, name);
+void RunNameFreer::SourceNameChanged(std::size_t record) {
+  if (!holders_) return;  // it will be made from the rows as they then stand
+  const FileRow& row = records_[record];
+  holders_->Add(Key(records_.Path(row), row.sourceFileName), record);
 }
 
-std::optional<std::size_t> NameFreer::Holder(std::string_view pPath, std::string_view pName) {
-  return holders_.FirstWith(Key(pPath, pName),
-                            [&](const FileRow& row) { return IsHolder(row, pPath, pName); });
+std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::string_view pName) {
+  const auto still_to_rename = [](const FileRow& row) { return row.checked && row.RowTag != 1; };
+  if (!holders_) {
+    holders_.emplace();
+    for (std::size_t i = 0; i < records_.Count(); ++i) {
+      const FileRow& row = records_[i];
+      if (still_to_rename(row)) {
+        holders_->AddFirst(Key(records_.Path(row), row.sourceFileName), i);
+      }
+    }
+    holders_->EndOfFirst();
+  }
+  const std::string wanted = std::string(pPath).append(pName);
+  const auto first = [&](auto&& is_held_by) {
+    return holders_->First(Key(pPath, pName), [&](std::size_t record) {
+      const FileRow& row = records_[record];
+      return still_to_rename(row) && records_.Path(row) == pPath &&
+             is_held_by(row.sourceFileName) && WantsAnotherName(row);
+    });
+  };
+  const auto exact = first([&](const std::string& name) { return name == pName; });
+  if (exact) return exact;
+  return first([&](const std::string& name) {
+    return IsOneEntry(files_, wanted, std::string(pPath).append(name));
+  });
 }
 
-bool NameFreer::IsHolder(const FileRow& row, std::string_view pPath, std::string_view pName) const {
-  if (pass_ != Pass::kUndoAnyPath && records_.Path(row) != pPath) return false;
-  if (!text::EqualIgnoringCase(pName, HeldName(row))) return false;
-  if (pass_ != Pass::kRun) return row.RowTag == 1;
-  return StillToRename(row) && !text::EqualIgnoringCase(row.sourceFileName, row.newFileName);
+bool RunNameFreer::WantsAnotherName(const FileRow& row) {
+  const std::string& path = records_.Path(row);
+  return !IsOneEntry(files_, path + row.sourceFileName, path + row.newFileName);
 }
 
-void NameFreer::MoveAside(std::size_t record, std::string_view folder,
-                          const std::string& candidate) {
+bool RunNameFreer::MakeWay(std::size_t record) {
   FileRow& row = records_[record];
-  const std::string from = std::string(folder).append(HeldName(row));
-  const std::string to = std::string(folder).append(candidate);
-  if (StaysInItsFolder(candidate) && files_.MoveFile(from, to, [] { return true; })) {
-    numbering_.Freed(from);
+  std::string aside = MoveAside({records_.Path(row), row.sourceFileName});
+  if (aside.empty()) return false;
+  row.KeepRollback();
+  row.MoveAside(std::move(aside));
+  SourceNameChanged(record);
+  return true;
+}
+
+// The undo.
+
+void UndoNameFreer::FindAndRename(std::size_t asker) {
+  const RowPlace wanted = FormerPlace(records_, records_[asker]);
+  const std::string_view pPath = wanted.folder, pName = wanted.name, CorrectedNewName;
+  const bool pRollback = true;
+  ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
+      ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
+        if (!made_) MakeIndex();
+        if (!MoveHolderAside(asker, wanted, true)) MoveHolderAside(asker, wanted, false);
+      });
+}
+
+void UndoNameFreer::MakeIndex() {
+  made_ = true;
+  for (std::size_t i = 0; i < records_.Count(); ++i) {
+    for (const RowFile file : {RowFile::kResult, RowFile::kSource}) {
+      if (const auto place = PlaceOf(records_, records_[i], file)) {
+        holders_.AddFirst(keys_(*place), i);
+      }
+    }
   }
-  if (pass_ == Pass::kRun) {
-    row.KeepRollback();
-    row.MoveAside(candidate);
+  holders_.EndOfFirst();
+}
+
+/// Answers whether there is such a holder.
+bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted, bool by_exact_name) {
+  RowFile held = RowFile::kResult;
+  const auto holds = [&](std::size_t record) {
+    if (record == asker) return false;
+    for (const RowFile file : {RowFile::kResult, RowFile::kSource}) {
+      const auto place = PlaceOf(records_, records_[record], file);
+      if (!place) continue;
+      held = file;
+      if (by_exact_name ? keys_.AreEqual(*place, wanted)
+                        : IsOneEntry(files_, place->Path(), wanted.Path())) {
+        return true;
+      }
+    }
+    return false;
+  };
+  const auto holder = holders_.First(keys_(wanted), holds);
+  if (!holder) return false;
+  holds(*holder);  // a later record may have been asked since
+  MakeWay(*holder, held);
+  return true;
+}
+
+void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
+  FileRow& row = records_[record];
+  std::string aside = MoveAside(*PlaceOf(records_, row, file));
+  if (aside.empty()) return;
+  if (file == RowFile::kSource) {
+    row.MoveAside(std::move(aside));
   } else {
-    row.SetTemp(row.newFileName);
-    row.newFileName = candidate;
+    if (row.Temp().empty()) row.SetTemp(row.newFileName);
+    row.newFileName = std::move(aside);
   }
-  HeldNameChanged(record);
+  holders_.Add(keys_(*PlaceOf(records_, row, file)), record);
 }

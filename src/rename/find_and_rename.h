@@ -1,48 +1,82 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/records.h"
+#include "core/run_state.h"
 #include "platform/files.h"
 #include "rename/holders.h"
 #include "rename/numbering.h"
+#include "rename/row_places.h"
 
 /// Frees a name that a pass needs, by moving its holder aside under a free numbered name, from
 /// where it goes on when its own turn comes. This serves chains (a to b, b to c) and swaps without
-/// planning the whole pass.
+/// planning the whole pass. A holder's row is written only when its file was moved.
 class NameFreer {
  public:
-  enum class Pass : std::uint8_t {
-    kRun,          ///< holders are files of checked rows that are still to be renamed
-    kUndo,         ///< holders are files of done rows, in the same folder
-    kUndoAnyPath,  ///< the same, whatever their folder; so it is while "Move to" is chosen
-  };
-
   /// All for the length of one pass.
-  NameFreer(Pass pass, Records& records, FileSystem& files, Numbering& numbering);
+  NameFreer(const RunState& state, Records& records, FileSystem& files, Numbering& numbering)
+      : state_(state), records_(records), files_(files), numbering_(numbering) {}
+  NameFreer(const NameFreer&) = delete;
+  NameFreer& operator=(const NameFreer&) = delete;
 
-  /// `pName` is taken in the folder `pPath` (with closing separator). When its holder is a row
-  /// that will go away, moves that file aside and notes it in its row; whether the move was done
-  /// is not told, the caller's own operation shows it. Else, in a run, `CorrectedNewName` takes a
-  /// free numbered name; in an undo nothing happens.
-  void FindAndRename(std::string_view pPath, std::string_view pName, std::string& CorrectedNewName);
-
-  /// The name by which a row holds a name, its source name in a run, was written.
-  void HeldNameChanged(std::size_t record) { holders_.KeyChanged(record); }
+ protected:
+  /// Moves the file at `place` to a free numbered name in its folder, by the user's texts around
+  /// the number or, where these can't be had, by safe ones. Answers the name, "" when it is where
+  /// it was.
+  std::string MoveAside(const RowPlace& place);
 
  private:
-  std::string_view HeldName(const FileRow& row) const;
-  std::size_t Key(std::string_view path, std::string_view name) const;
-  std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);
-  bool IsHolder(const FileRow& row, std::string_view pPath, std::string_view pName) const;
-  void MoveAside(std::size_t record, std::string_view folder, const std::string& candidate);
+  std::string MoveAside(const RowPlace& place, const NumberTexts& texts);
 
-  const Pass pass_;
+ protected:
+  const RunState& state_;
   Records& records_;
   FileSystem& files_;
   Numbering& numbering_;
+};
+
+/// In a run the holders are files of ticked rows that are still to get another name.
+class RunNameFreer : public NameFreer {
+ public:
+  using NameFreer::NameFreer;
+
+  /// `pName` is taken in the folder `pPath` (with closing separator). When its holder is a row that
+  /// will go away, moves that file aside and answers the row. Else, or when it can't be moved,
+  /// `CorrectedNewName` takes a free numbered name.
+  std::optional<std::size_t> FindAndRename(std::string_view pPath, std::string_view pName,
+                                           std::string& CorrectedNewName);
+
+  /// The source name of a row was written.
+  void SourceNameChanged(std::size_t record);
+
+ private:
+  std::size_t Key(std::string_view path, std::string_view name) const;
+  std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);
+  bool WantsAnotherName(const FileRow& row);
+  bool MakeWay(std::size_t record);
+
+  std::optional<HolderIndex> holders_;  ///< made at the first question; most runs ask none
+};
+
+/// In an undo the holders are all files of rows that take part in it.
+class UndoNameFreer : public NameFreer {
+ public:
+  using NameFreer::NameFreer;
+
+  /// Something stands where the file of the row `asker` is to go back to. If it is the file of
+  /// another row that takes part, moves it aside.
+  void FindAndRename(std::size_t asker);
+
+ private:
+  void MakeIndex();
+  void Add(std::size_t record, RowFile file);
+  bool MoveHolderAside(std::size_t asker, const RowPlace& wanted, bool by_exact_name);
+  void MakeWay(std::size_t record, RowFile file);
+
+  EntryKeys keys_{files_};
   HolderIndex holders_;
+  bool made_ = false;
 };

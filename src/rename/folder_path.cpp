@@ -6,7 +6,8 @@
 #include "platform/text.h"
 #include "trace/err_trace.h"
 
-std::string_view CreateFolderPath(FileSystem& files, std::string_view path, PathStyle style) {
+std::string_view CreateFolderPath(FileSystem& files, std::string_view path, const MakeFolder& make,
+                                  PathStyle style) {
   return ErrTrace::inner<"mScanCD.CreateFolderPath(path)">(
       ErrTrace::args(path), [&]() -> std::string_view {
         std::string level;
@@ -17,7 +18,7 @@ std::string_view CreateFolderPath(FileSystem& files, std::string_view path, Path
           if (is_root) level += style.separator;
           const std::string_view refusal = mDrive::FileManager3(files, path, false, false, style);
           if (!refusal.empty()) return refusal;
-          if (!mScanCD::FolderExist(files, level, style)) files.CreateDirectory(level);
+          if (!mScanCD::FolderExist(files, level, style) && !make(level)) return "";
         }
         return "";
       });

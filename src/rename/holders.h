@@ -2,50 +2,51 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "core/records.h"
-
-/// Finds the row that holds a name, for the length of one pass: the answer is the one that looking
-/// through all rows from the first gives, in time that does not grow with them.
+/// Finds rows by a key, for the length of one pass: the answer is the one that looking through all
+/// rows from the first gives, in time that does not grow with them.
 ///
-/// Rows are kept by the hash of a key that the pass chooses; what is found is always checked
-/// against the row itself. Made at the first question, since most runs ask none.
+/// A row whose key changes is added again; that its former key leads to it still is no harm, for
+/// what is found is always checked against the row itself.
 class HolderIndex {
  public:
-  using KeyOf = std::function<std::size_t(const FileRow&)>;
-  using Test = std::function<bool(const FileRow&)>;
+  void Add(std::size_t key, std::size_t record) {
+    later_.emplace(key, static_cast<std::uint32_t>(record));
+  }
 
-  /// `gone` tells the rows that no question of this pass will be answered by again.
-  HolderIndex(Records& records, KeyOf key_of, Test gone);
+  /// What is added from the first row on, before the first question, belongs in here: it takes a
+  /// third of the room.
+  void AddFirst(std::size_t key, std::size_t record) {
+    first_.push_back({key, static_cast<std::uint32_t>(record)});
+  }
+  void EndOfFirst();
 
   /// The lowest number of a record under `key` that `holds` says yes to.
-  std::optional<std::size_t> FirstWith(std::size_t key, const Test& holds);
-
-  /// The key of the record has changed.
-  void KeyChanged(std::size_t record);
+  template <class Holds>
+  std::optional<std::size_t> First(std::size_t key, Holds&& holds) const {
+    std::optional<std::size_t> found;
+    for (auto i = FirstOf(key); i != first_.end() && i->first == key && !found; ++i) {
+      if (holds(i->second)) found = i->second;
+    }
+    const auto [begin, end] = later_.equal_range(key);
+    for (auto i = begin; i != end; ++i) {
+      if ((!found || i->second < *found) && holds(i->second)) found = i->second;
+    }
+    return found;
+  }
 
  private:
-  struct Entry {
-    std::size_t key;
-    std::uint32_t record;
-    auto operator<=>(const Entry&) const = default;
-  };
-  void Make();
-  std::size_t NextAlive(std::size_t entry);
+  using Entry = std::pair<std::size_t, std::uint32_t>;
+  std::vector<Entry>::const_iterator FirstOf(std::size_t key) const;
 
-  Records& records_;
-  KeyOf key_of_;
-  Test gone_;
-  bool made_ = false;
-  std::vector<Entry> entries_;        ///< as the rows stood when it was made, in order
-  std::vector<std::uint32_t> alive_;  ///< per entry the next one that may still answer
-  std::unordered_multimap<std::size_t, std::uint32_t> later_;  ///< keys changed since
+  std::vector<Entry> first_;  ///< in order
+  std::unordered_multimap<std::size_t, std::uint32_t> later_;
 };
 
-/// A key of a folder's path and a name without regard to letter case.
-std::size_t HolderKey(std::string_view path, std::string_view name);
+/// A key of a folder and a name; the same for all names that some file system takes for one.
+std::size_t HolderKey(std::size_t folder, std::string_view name);

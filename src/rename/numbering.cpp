@@ -1,6 +1,7 @@
 #include "rename/numbering.h"
 
 #include <charconv>
+#include <optional>
 #include <utility>
 
 #include "common/drives.h"
@@ -17,6 +18,43 @@ bool IsDigit(char c) {
 }
 
 constexpr std::size_t kMostDigits = 19;  // what std::uint64_t surely holds
+constexpr std::uint64_t kHighest = 9'999'999'999'999'999'999u;
+constexpr std::size_t kLongestName = 255;  // bytes
+
+/// What stands before and behind the number of a name.
+struct NameParts {
+  std::string head;
+  std::string tail;
+  bool operator==(const NameParts&) const = default;
+};
+
+/// `base` without as many characters at its end as it takes to fit into `room` bytes.
+std::string_view Shortened(std::string_view base, std::size_t room) {
+  std::size_t end = 0;
+  while (end < base.size()) {
+    const std::size_t next = text::NextCharacter(base, end);
+    if (next > room) break;
+    end = next;
+  }
+  return base.substr(0, end);
+}
+
+/// The parts of a name that leaves room for `reserved` bytes; nothing when the texts alone are too
+/// long.
+std::optional<NameParts> AsideParts(std::string_view name, const NumberTexts& texts,
+                                    std::size_t reserved) {
+  const auto parts = [&](std::string_view base,
+                         const std::string& extension) -> std::optional<NameParts> {
+    const std::size_t fixed = texts.left.size() + texts.right.size() + extension.size() + reserved;
+    if (fixed > kLongestName) return std::nullopt;
+    return NameParts{std::string(Shortened(base, kLongestName - fixed)) + texts.left,
+                     texts.right + extension};
+  };
+  const std::string_view extension = mMain::GetFileExt(name, ".");
+  if (extension.empty()) return parts(mMain::GetFileName(name), "");
+  const auto found = parts(mMain::GetFileName(name), std::string(".").append(extension));
+  return found ? found : parts(name, "");
+}
 
 std::string SeriesKey(std::string_view lower_head, std::string_view lower_tail) {
   std::string key(lower_head);
@@ -36,26 +74,51 @@ std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) 
 
 std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view pName) {
   const std::string_view extension = mMain::GetFileExt(pName, ".");
-  std::string head(pPath);
-  head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
-  std::string tail = state_.gNumberRight;
-  if (!extension.empty()) tail.append(".").append(extension);
+  Series series{std::string(pPath), state_.gNumberRight};
+  series.head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
+  if (!extension.empty()) series.tail.append(".").append(extension);
+  series.last = kHighest;
+  return FreeIn(std::move(series), pPath.size());
+}
+
+std::string Numbering::FreeAsideName(std::string_view pPath, std::string_view pName,
+                                     const NumberTexts& texts) {
+  if (!StaysInItsFolder(texts.left + texts.right)) return {};
+  const std::size_t beginning = pPath.size() - (pPath.rfind(kNative.separator) + 1);
+  std::uint64_t first = 1;
+  for (std::size_t digits = 1; digits <= kMostDigits; ++digits, first *= 10) {
+    const auto number = AsideParts(pName, texts, beginning + digits);
+    if (!number) return {};
+    Series series{std::string(pPath).append(number->head), number->tail, first};
+    // Where there is room for every number, one series serves them all.
+    const bool roomy = digits == 1 && number == AsideParts(pName, texts, beginning + kMostDigits);
+    series.last = roomy ? kHighest : first * 10 - 1;
+    std::string free = FreeIn(std::move(series), pPath.size());
+    if (!free.empty() || roomy || !go_on_()) return free;
+  }
+  return {};
+}
+
+/// The first free name of the series without its folder; "" when there is none, or the search gave
+/// up.
+std::string Numbering::FreeIn(Series wanted, std::size_t folder_size) {
   // A candidate with wildcards is taken by any file that it matches, so any that goes may free it.
-  const bool matches_many = HasWildcards(head.substr(pPath.size())) || HasWildcards(tail);
-  Series& series = SeriesOf(std::move(head), std::move(tail));
+  const bool matches_many =
+      HasWildcards(std::string_view(wanted.head).substr(folder_size)) || HasWildcards(wanted.tail);
+  Series& series = SeriesOf(std::move(wanted));
   if (matches_many) {
-    series.untried = 1;
+    series.untried = series.first;
     series.freed.clear();
   }
   const std::string free = FirstFree(series);
-  return free.empty() ? free : free.substr(pPath.size());
+  return free.empty() ? free : free.substr(folder_size);
 }
 
-/// The path with the lowest free number; "" when the search gave up.
 std::string Numbering::FirstFree(Series& series) {
   while (go_on_()) {
     const bool again = !series.freed.empty();
     const std::uint64_t number = again ? *series.freed.begin() : series.untried;
+    if (number > series.last) break;
     std::string candidate = series.head + std::to_string(number) + series.tail;
     if (!mScanCD::FileExist(files_, candidate)) return candidate;
     if (again) {
@@ -80,10 +143,13 @@ void Numbering::Freed(std::string_view path) {
   if (series_.empty()) return;
   const std::string lower = text::ToLower(path);
   const std::string left = text::ToLower(state_.gNumberLeft);
+  const auto behind_left_text = [&](std::string_view head) {
+    return head.ends_with(left) || head.ends_with(kSafeNumberTexts.left);
+  };
   // Any digits of the name may be the number, since head and tail may hold digits of their own.
   for (std::size_t begin = lower.size(); begin-- > 0 && lower[begin] != kNative.separator;) {
     const std::string_view head = std::string_view(lower).substr(0, begin);
-    if (!IsDigit(lower[begin]) || lower[begin] == '0' || !head.ends_with(left)) continue;
+    if (!IsDigit(lower[begin]) || lower[begin] == '0' || !behind_left_text(head)) continue;
     for (std::size_t end = begin + 1; end - begin <= kMostDigits; ++end) {
       Open(head, std::string_view(lower).substr(end), lower.data() + begin, lower.data() + end);
       if (end >= lower.size() || !IsDigit(lower[end])) break;
@@ -98,16 +164,21 @@ void Numbering::Open(std::string_view lower_head, std::string_view lower_tail, c
   std::uint64_t number = 0;
   std::from_chars(digits, digits_end, number);
   for (Series& series : found->second) {
-    if (number < series.untried) series.freed.insert(number);
+    if (series.first <= number && number < series.untried) series.freed.insert(number);
   }
 }
 
-Numbering::Series& Numbering::SeriesOf(std::string head, std::string tail) {
-  std::vector<Series>& same = series_[SeriesKey(text::ToLower(head), text::ToLower(tail))];
+Numbering::Series& Numbering::SeriesOf(Series wanted) {
+  wanted.untried = wanted.first;
+  std::vector<Series>& same =
+      series_[SeriesKey(text::ToLower(wanted.head), text::ToLower(wanted.tail))];
   for (Series& series : same) {
-    if (series.head == head && series.tail == tail) return series;
+    if (series.head == wanted.head && series.tail == wanted.tail && series.first == wanted.first &&
+        series.last == wanted.last) {
+      return series;
+    }
   }
-  return same.emplace_back(Series{std::move(head), std::move(tail), 1, {}});
+  return same.emplace_back(std::move(wanted));
 }
 
 bool StaysInItsFolder(std::string_view name) {

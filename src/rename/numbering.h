@@ -10,6 +10,15 @@
 #include "core/run_state.h"
 #include "platform/files.h"
 
+/// What stands around the number of a numbered name.
+struct NumberTexts {
+  std::string left;
+  std::string right;
+  bool operator==(const NumberTexts&) const = default;
+};
+/// What can be told nothing against; in place of texts that no name can hold.
+inline const NumberTexts kSafeNumberTexts{"_{", "}"};
+
 /// Finds free numbered names, for the length of one pass.
 ///
 /// The answer is the one that trying 1, 2, 3 ... against the file system gives. To spare the
@@ -29,6 +38,13 @@ class Numbering {
   /// As FreeName for a `pName` that is known to be taken; spares the test.
   std::string FreeNumberedName(std::string_view pPath, std::string_view pName);
 
+  /// The first free numbered name that surely fits: 255 bytes are the most that file systems take
+  /// (NAME_MAX, limits.h(0p)). The base is shortened by whole characters to make room for the
+  /// number; where extension and number alone leave none, the whole name is the base. "" when the
+  /// texts can't stand in a name, and when the search gave up.
+  std::string FreeAsideName(std::string_view pPath, std::string_view pName,
+                            const NumberTexts& texts);
+
   /// `CorrectedNewName` takes a free numbered name when `pName` is taken, else it stays.
   void CreateUniqueName(std::string_view pPath, std::string_view pName,
                         std::string& CorrectedNewName);
@@ -41,11 +57,14 @@ class Numbering {
   struct Series {
     std::string head;
     std::string tail;
-    std::uint64_t untried = 1;      ///< every number below it was found taken at some time
-    std::set<std::uint64_t> freed;  ///< of these, what may be open again
+    std::uint64_t first = 1;  ///< the numbers that it is for
+    std::uint64_t last = 0;
+    std::uint64_t untried = 1;           ///< every number below it was found taken at some time
+    std::set<std::uint64_t> freed = {};  ///< of these, what may be open again
   };
+  std::string FreeIn(Series series, std::size_t folder_size);
   std::string FirstFree(Series& series);
-  Series& SeriesOf(std::string head, std::string tail);
+  Series& SeriesOf(Series series);
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 

@@ -1,10 +1,19 @@
 #include "rename/run.h"
 
 #include "common/drives.h"
-#include "common/path_text.h"
 #include "platform/text.h"
-#include "rename/folder_path.h"
+#include "rename/row_places.h"
 #include "trace/err_trace.h"
+
+namespace {
+
+/// Why no file may get that name, whatever the file system says; else 0.
+int ProblemOfName(std::string_view name) {
+  if (name.empty()) return kEmptyName;
+  return StaysInItsFolder(name) ? 0 : kNameHoldsSeparator;
+}
+
+}  // namespace
 
 RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& state,
                      FileSystem& files, EventPump& events, Clock& clock, RunReports& reports)
@@ -15,10 +24,12 @@ RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& st
       reports_(reports),
       pass_(records.Count(), state, events, clock),
       numbering_(state, files, [this] { return pass_.GoOn(); }),
-      freer_(NameFreer::Pass::kRun, records, files, numbering_) {}
+      freer_(state, records, files, numbering_),
+      folders_(output, records, files) {}
 
 void RenameRun::RunRename() {
   ErrTrace::inner<"Form1.RunRename">(ErrTrace::args(), [&] {
+    ExpectKnownFolders(files_, records_);
     for (std::size_t i = 0; i < records_.Count(); ++i) {
       if (!pass_.GoOnAt(i)) return;
       Count(i);
@@ -37,43 +48,37 @@ void RenameRun::Count(std::size_t record) {
 
 void RenameRun::ProcessRow(std::size_t record) {
   FileRow& row = records_[record];
-  Turn turn{record, records_.Path(row) + row.sourceFileName, TargetFolder(row), row.newFileName};
-  const std::string planned_before(row.PlannedName());
-  if (HasUsableTarget(turn)) ResolveConflict(turn);
-  if (!state_.gCancelRequested && HasUsableTarget(turn) && DoOperation(turn)) {
-    Succeed(turn);
-  } else if (state_.gCancelRequested) {
-    row.newFileName = turn.planned;
-    if (turn.resolved) row.SetPlannedName(planned_before);
-  } else {
-    Fail(turn);
+  Turn turn{record, records_.Path(row) + row.sourceFileName, {}, row.newFileName};
+  const int problem = Process(turn);
+  row.problem = static_cast<std::int16_t>(problem);
+  if (problem == 0) return Succeed(turn);
+  if (!state_.gCancelRequested) return Fail(turn, problem);
+  row.problem = 0;
+  row.ShowPlannedName();
+}
+
+/// 0 when the row's operation was done.
+int RenameRun::Process(Turn& turn) {
+  FileRow& row = records_[turn.record];
+  if (const int problem = ProblemOfName(row.newFileName)) return problem;
+  if (output_.cmbDestination < kUseSourceFolder || output_.cmbDestination > kMoveTo) {
+    return kNoSuchMode;
   }
-}
-
-/// A name with a separator would lead into another folder; a relative output folder would lead to
-/// wherever the program happens to have been started.
-bool RenameRun::HasUsableTarget(const Turn& turn) const {
-  return StaysInItsFolder(records_[turn.record].newFileName) &&
-         (output_.cmbDestination == kUseSourceFolder || mMain::IsAbsolutePath(turn.target_folder));
-}
-
-std::string RenameRun::TargetFolder(const FileRow& row) {
-  const std::string& path = records_.Path(row);
-  if (output_.cmbDestination == kUseSourceFolder) return path;
-  std::string folder =
-      output_.chDestinationSubfolders
-          ? mMain::ReplacePathText(path, output_.fdSourceFolder, output_.fdDestination)
-          : output_.fdDestination;
-  const std::string_view bare = mMain::GetPathWithNoSlash(folder);
-  if (!mScanCD::FolderExist(files_, bare)) CreateFolderPath(files_, bare);
-  return folder;
+  const OutputFolders::Folder& folder = folders_.Of(row);
+  if (folder.problem != 0) return folder.problem;
+  turn.target_folder = folder.path;
+  ResolveConflict(turn);
+  if (state_.gCancelRequested) return ECANCELED;
+  if (const int problem = ProblemOfName(row.newFileName)) return problem;
+  return DoOperation(turn);
 }
 
 void RenameRun::ResolveConflict(Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
-  if (output_.cmbDestination != kCopyTo && text::EqualIgnoringCase(turn.source, target)) return;
-  if (!mScanCD::FileExist(files_, target)) return;
+  const bool may_stay = output_.cmbDestination != kCopyTo;
+  if ((may_stay && turn.source == target) || !mScanCD::FileExist(files_, target)) return;
+  if (may_stay && IsOneEntry(files_, turn.source, target)) return;
   const std::string corrected = CorrectedName(turn);
   if (corrected.empty() || state_.gConflictAddNumber != 1) return;
   row.SetPlannedName(turn.planned);
@@ -91,8 +96,9 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   if (output_.cmbDestination == kUseSourceFolder || to_itself) {
     const bool own_folder =
         output_.cmbDestination == kUseSourceFolder || output_.chDestinationSubfolders;
-    freer_.FindAndRename(own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination,
-                         name, corrected);
+    const auto made_way = freer_.FindAndRename(
+        own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination, name, corrected);
+    if (made_way) folders_.RowChanged(*made_way);
   } else if (state_.gConflictAddNumber == 1) {
     numbering_.CreateUniqueName(turn.target_folder, name, corrected);
   }
@@ -102,43 +108,42 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
 bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to,
                              CopyIdentities& copied) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
-  switch (output_.cmbDestination) {
-    case kUseSourceFolder:
-    case kMoveTo:
-      return files_.MoveFile(from, to, go_on);
-    case kCopyTo:
-      return files_.CopyFile(from, to, go_on, &copied);
-    default:
-      return false;
-  }
+  return output_.cmbDestination == kCopyTo ? files_.CopyFile(from, to, go_on, &copied)
+                                           : files_.MoveFile(from, to, go_on);
 }
 
-bool RenameRun::DoOperation(const Turn& turn) {
+int RenameRun::DoOperation(const Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
   CopyIdentities copied;
-  if (!CopyMoveFile(turn.source, target, copied)) return false;
+  if (!CopyMoveFile(turn.source, target, copied)) {
+    const int problem = files_.Problem();
+    return problem != 0 ? problem : kUnknownProblem;
+  }
   if (output_.cmbDestination == kCopyTo) {
     records_.SetMadeCopy(row, copied);
   } else if (turn.source != target) {
     numbering_.Freed(turn.source);
   }
-  return true;
+  return 0;
 }
 
-void RenameRun::Fail(const Turn& turn) {
+/// The row plans what it planned, so that it can be tried again.
+void RenameRun::Fail(const Turn& turn, int problem) {
   FileRow& row = records_[turn.record];
-  reports_.gFailureReport.push_back({records_.Path(row), row.sourceFileName, row.newFileName});
+  reports_.gFailureReport.push_back(
+      {records_.Path(row), row.sourceFileName, row.newFileName, problem});
   row.mark = Mark::kFailed;
+  row.ShowPlannedName();
 }
 
 void RenameRun::Succeed(const Turn& turn) {
   FileRow& row = records_[turn.record];
   if (row.Rollback().empty()) {
     row.KeepRollback();
-  } else {
+  } else if (output_.cmbDestination != kCopyTo) {
     row.ShowRollbackName();
-    freer_.HeldNameChanged(turn.record);
+    freer_.SourceNameChanged(turn.record);
   }
   row.RowTag = 1;
   row.mark = Mark::kDone;
@@ -148,4 +153,5 @@ void RenameRun::Succeed(const Turn& turn) {
                                         row.sourceFileName, row.newFileName, turn.planned});
   }
   row.mode = static_cast<std::int8_t>(output_.cmbDestination);
+  folders_.RowChanged(turn.record);
 }

@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "rename/find_and_rename.h"
 #include "rename/numbering.h"
+#include "rename/output_folders.h"
 #include "rename/output_options.h"
 #include "rename/result_rows.h"
 
@@ -18,7 +19,8 @@
 ///
 /// Before a file takes a name, it looks whether the name is held. A holder that is itself still to
 /// be renamed is moved aside (see NameFreer); a name that stays taken is numbered, or the row
-/// fails. Every row ends as "Done" or "Failed"; a cancel leaves the rest as they stand.
+/// fails. Every row ends as "Done" or "Failed", the latter with its reason; a cancel leaves the
+/// rest as they stand.
 class RenameRun {
  public:
   RenameRun(const OutputOptions& output, Records& records, RunState& state, FileSystem& files,
@@ -39,13 +41,12 @@ class RenameRun {
   };
   void Count(std::size_t record);
   void ProcessRow(std::size_t record);
-  bool HasUsableTarget(const Turn& turn) const;
-  std::string TargetFolder(const FileRow& row);
+  int Process(Turn& turn);
   void ResolveConflict(Turn& turn);
   std::string CorrectedName(const Turn& turn);
   bool CopyMoveFile(const std::string& from, const std::string& to, CopyIdentities& copied);
-  bool DoOperation(const Turn& turn);
-  void Fail(const Turn& turn);
+  int DoOperation(const Turn& turn);
+  void Fail(const Turn& turn, int problem);
   void Succeed(const Turn& turn);
 
   const OutputOptions& output_;
@@ -55,5 +56,6 @@ class RenameRun {
   RunReports& reports_;
   LongPass pass_;
   Numbering numbering_;
-  NameFreer freer_;
+  RunNameFreer freer_;
+  OutputFolders folders_;
 };

@@ -1,31 +1,37 @@
 #include "rename/undo.h"
 
-#include "common/drives.h"
-#include "platform/text.h"
+#include <utility>
+#include <vector>
+
+#include "common/path_text.h"
+#include "rename/output_folders.h"
+#include "rename/output_options.h"
 #include "trace/err_trace.h"
 
-UndoRun::UndoRun(const OutputOptions& output, Records& records, RunState& state, FileSystem& files,
-                 EventPump& events, Clock& clock, RunReports& reports)
+UndoRun::UndoRun(Records& records, RunState& state, FileSystem& files, EventPump& events,
+                 Clock& clock, RunReports& reports)
     : records_(records),
       state_(state),
       files_(files),
       reports_(reports),
       pass_(records.Count(), state, events, clock),
       numbering_(state, files, [this] { return pass_.GoOn(); }),
-      freer_(
-          output.cmbDestination == kMoveTo ? NameFreer::Pass::kUndoAnyPath : NameFreer::Pass::kUndo,
-          records, files, numbering_) {}
+      freer_(state, records, files, numbering_) {}
 
 void UndoRun::Undo() {
+  ExpectKnownFolders(files_, records_);
   for (std::size_t i = 0; i < records_.Count(); ++i) {
     if (!pass_.GoOnAt(i)) return;
     CountDown(i);
-    if (records_[i].RowTag == 1 || !records_[i].Rollback().empty()) {
+    if (records_[i].TakesPartInUndo()) {
       UndoRow(i);
       if (state_.gCancelRequested) return;
     }
     if (records_[i].mark == Mark::kFailed) records_[i].mark = Mark::kWaiting;
   }
+  RemoveMadeFolders();
+  // The next run may use other folders of these names.
+  if (reports_.gFailureReport.empty()) records_.used_folders.clear();
 }
 
 void UndoRun::CountDown(std::size_t record) {
@@ -37,80 +43,78 @@ void UndoRun::CountDown(std::size_t record) {
 void UndoRun::UndoRow(std::size_t record) {
   const FileRow& row = records_[record];
   if (row.RowTag == 1 && (row.mode < kUseSourceFolder || row.mode > kMoveTo)) return;
-  if (TakeBack(row)) {
-    Restore(record);
-  } else if (!state_.gCancelRequested) {
-    reports_.gFailureReport.push_back(
-        {records_.Path(row), row.sourceFileName, std::string(row.Rollback())});
+  if (TakeBack(record) || state_.gCancelRequested) return;
+  reports_.gFailureReport.push_back(
+      {records_.Path(row), row.sourceFileName, std::string(row.Rollback()), problem_});
+}
+
+/// A done operation first, then a file that was moved aside; a copy of such a file needs both.
+bool UndoRun::TakeBack(std::size_t record) {
+  FileRow& row = records_[record];
+  if (row.RowTag == 1 && !TakeBackDone(record)) return false;
+  if (row.sourceFileName != row.Rollback() && !MoveBack(record, RowFile::kSource)) return false;
+  row.ShowRollbackName();
+  row.ClearRollback();
+  row.mark = Mark::kWaiting;
+  return true;
+}
+
+/// Afterwards the row is as after a preview, but for the name of a file that was moved aside.
+bool UndoRun::TakeBackDone(std::size_t record) {
+  FileRow& row = records_[record];
+  const bool copied = row.mode == kCopyTo;
+  if (!(copied ? DeleteCopy(row) : MoveBack(record, RowFile::kResult))) return false;
+  row.ShowTemp();
+  row.ShowPlannedName();
+  if (!copied) row.ShowRollbackName();
+  row.RowTag = 0;
+  records_.SetNewPath(row, "");
+  row.mode = -1;
+  row.mark = Mark::kWaiting;
+  return true;
+}
+
+/// Not while the copy is all that is left of its file.
+bool UndoRun::DeleteCopy(const FileRow& row) {
+  const CopyIdentities& copied = records_.MadeCopy(row);
+  if (!files_.IsVeryFile(records_.Path(row) + row.sourceFileName, copied.source)) {
+    problem_ = kOriginalGone;
+    return false;
   }
-}
-
-bool UndoRun::TakeBack(const FileRow& row) {
-  if (row.RowTag != 1) return TakeBackAside(row);
-  if (row.mode == kCopyTo) return TakeBackCopy(row);
-  return row.mode == kMoveTo ? TakeBackMove(row) : TakeBackRename(row);
-}
-
-/// The file was moved aside and its own turn failed or never came.
-bool UndoRun::TakeBackAside(const FileRow& row) {
-  const std::string& folder = records_.Path(row);
-  return Move(folder + row.sourceFileName, folder + std::string(row.Rollback()));
-}
-
-bool UndoRun::TakeBackRename(const FileRow& row) {
-  const std::string& folder = records_.Path(row);
-  return MoveBack(folder, folder + row.newFileName, true, row);
-}
-
-bool UndoRun::TakeBackCopy(const FileRow& row) {
-  const std::string present = records_.NewPath(row) + row.newFileName;
-  if (!files_.DeleteMadeFile(present, records_.MadeCopy(row).made)) return false;
+  const std::string present = PlaceOf(records_, row, RowFile::kResult)->Path();
+  if (!files_.DeleteMadeFile(present, copied.made)) {
+    problem_ = files_.Problem();
+    return false;
+  }
   numbering_.Freed(present);
   return true;
 }
 
-bool UndoRun::TakeBackMove(const FileRow& row) {
-  const std::string& folder = records_.Path(row);
-  const std::string& output = records_.NewPath(row);
-  return MoveBack(folder, output + row.newFileName, text::EqualIgnoringCase(folder, output), row);
-}
-
-bool UndoRun::MoveBack(const std::string& folder, const std::string& present, bool free_former,
-                       const FileRow& row) {
-  const std::string former_name(row.Rollback());
-  const std::string former = folder + former_name;
-  if (free_former && !text::EqualIgnoringCase(former, present) &&
-      mScanCD::FileExist(files_, former)) {
-    std::string unused;
-    freer_.FindAndRename(folder, former_name, unused);
+bool UndoRun::MoveBack(std::size_t record, RowFile file) {
+  const FileRow& row = records_[record];
+  const std::string present = PlaceOf(records_, row, file)->Path();
+  const std::string former = FormerPlace(records_, row).Path();
+  if (present != former && files_.Look(former) && !IsOneEntry(files_, present, former)) {
+    freer_.FindAndRename(record);
     if (state_.gCancelRequested) return false;
   }
-  return Move(present, former);
-}
-
-bool UndoRun::Move(const std::string& from, const std::string& to) {
-  if (!files_.MoveFile(from, to, [this] { return pass_.GoOn(); })) return false;
-  if (from != to) numbering_.Freed(from);
+  if (!files_.MoveFile(present, former, [this] { return pass_.GoOn(); })) {
+    problem_ = files_.Problem();
+    return false;
+  }
+  if (present != former) numbering_.Freed(present);
   return true;
 }
 
-/// The row is as after a preview again.
-void UndoRun::Restore(std::size_t record) {
-  FileRow& row = records_[record];
-  if (!row.Temp().empty()) {
-    row.newFileName = row.Temp();
-    row.SetTemp("");
+/// The last made first, since it may lie in one made before it. What can't go now is tried again by
+/// the next undo.
+void UndoRun::RemoveMadeFolders() {
+  std::vector<Records::MadeFolder>& made = records_.made_folders;
+  for (std::size_t i = made.size(); i-- > 0;) {
+    if (!files_.DeleteMadeFolder(made[i].path, made[i].identity)) continue;
+    records_.used_folders.erase(made[i].path + kNative.separator);
+    made.erase(made.begin() + static_cast<std::ptrdiff_t>(i));
   }
-  if (!row.PlannedName().empty()) {
-    row.newFileName = row.PlannedName();
-    row.SetPlannedName("");
-  }
-  if (row.RowTag != 1) row.ShowRollbackName();
-  row.RowTag = 0;
-  row.ClearRollback();
-  records_.SetNewPath(row, "");
-  row.mode = -1;
-  row.mark = Mark::kWaiting;
 }
 
 void EmptyRollback(Records& records) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 
 #include "core/long_pass.h"
@@ -12,20 +11,21 @@
 #include "platform/files.h"
 #include "rename/find_and_rename.h"
 #include "rename/numbering.h"
-#include "rename/output_options.h"
 #include "rename/result_rows.h"
+#include "rename/row_places.h"
 
-/// The pass that takes a run back, row by row in the order of the run, each by the output mode that
-/// the row itself holds: a renamed or moved file goes back under its former name, a copy is
-/// deleted if it is still the very file that the run made.
+/// The pass that takes runs back, row by row in the order of the run, each by what the row itself
+/// holds: a renamed or moved file goes back under its former name; a copy is deleted if it is still
+/// the very file that the run made, and its original still there. Folders that the runs made go
+/// when they are empty.
 ///
-/// Collisions are solved as in the run: the holder of a former name, when it is a done row's file,
-/// is moved aside first. A row whose operation fails keeps its state and is told in the reports.
+/// Collisions are solved as in the run: whichever file of another row stands under a former name is
+/// moved aside first. A row whose operation fails keeps its state and is told in the reports. After
+/// runs without failures an undo brings everything back.
 class UndoRun {
  public:
-  /// Of `output` only the choice itself is read, not where the files went.
-  UndoRun(const OutputOptions& output, Records& records, RunState& state, FileSystem& files,
-          EventPump& events, Clock& clock, RunReports& reports);
+  UndoRun(Records& records, RunState& state, FileSystem& files, EventPump& events, Clock& clock,
+          RunReports& reports);
 
   /// Walks all rows. Ends early with `gCancelRequested` set when the user cancels; called again
   /// after that, it goes on with the rows still done.
@@ -34,15 +34,11 @@ class UndoRun {
  private:
   void CountDown(std::size_t record);
   void UndoRow(std::size_t record);
-  bool TakeBack(const FileRow& row);
-  bool TakeBackAside(const FileRow& row);
-  bool TakeBackRename(const FileRow& row);
-  bool TakeBackCopy(const FileRow& row);
-  bool TakeBackMove(const FileRow& row);
-  bool MoveBack(const std::string& folder, const std::string& present, bool free_former,
-                const FileRow& row);
-  bool Move(const std::string& from, const std::string& to);
-  void Restore(std::size_t record);
+  bool TakeBack(std::size_t record);
+  bool TakeBackDone(std::size_t record);
+  bool DeleteCopy(const FileRow& row);
+  bool MoveBack(std::size_t record, RowFile file);
+  void RemoveMadeFolders();
 
   Records& records_;
   RunState& state_;
@@ -50,7 +46,8 @@ class UndoRun {
   RunReports& reports_;
   LongPass pass_;
   Numbering numbering_;
-  NameFreer freer_;
+  UndoNameFreer freer_;
+  int problem_ = 0;  ///< of the last row that could not be taken back
 };
 
 /// Drops what undo needs from every row, without touching a file: the run can't be taken back.

@@ -158,6 +158,16 @@ TEST_F(PreviewTest, EndsEmptyWhereNothingIsLeft) {
   EXPECT_EQ(NameOf("abc.x"), "") << "a dot alone";
 }
 
+TEST_F(PreviewTest, NamesAFileThatARunMovedAsideByItsFormerName) {
+  AddFile("a.txt");
+  records[0].KeepRollback();
+  records[0].MoveAside("a_{1}.txt");
+  records[0].SetPlannedName("x");
+  Preview();
+  EXPECT_THAT(NewNames(), ElementsAre("a.txt"));
+  EXPECT_EQ(records[0].PlannedName(), "");
+}
+
 TEST_F(PreviewTest, CountsCheckedRowsOnly) {
   constructor.ArrConstr.clear();
   AddCounter(1, true);

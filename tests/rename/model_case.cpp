@@ -17,6 +17,18 @@ const std::vector<std::string> kAwkwardNames = {
     "A_{1}",    "bad\xFF.x", "BAD\xFF.x", "two\nlines", "a*",
     "?",        "[a]",       "*.txt",     "..a",        "\xE2\x80\xAE.txt",
     "e\xCC\x81"};
+/// Around the most bytes that a name may have, in characters of one to four bytes.
+std::string LongName(Draw& draw) {
+  const std::vector<std::string> kinds = {"x", "\xC3\xA9", "\xE6\x97\xA5", "e\xCC\x81"};
+  const std::string kind = draw.From(kinds);
+  const std::string ends[] = {"", ".txt", "1", "2.txt", "." + std::string(240, 'y')};
+  const std::string end = ends[draw.Below(5)];
+  std::string name = draw.OneIn(2) ? "" : "a";
+  const std::size_t wanted = static_cast<std::size_t>(250 + draw.Below(6));
+  while (name.size() + kind.size() + end.size() <= wanted) name += kind;
+  return name + end;
+}
+
 const std::vector<std::string> kImpossibleNames = {"", "b/c", "../b", "a\0b"s};
 
 std::string Name(const std::string& path) {
@@ -29,8 +41,8 @@ std::string Folder(const std::string& path) {
 
 }  // namespace
 
-ModelCase::ModelCase(std::uint32_t seed, ModelDisk& disk, bool real)
-    : disk_(disk), worlds_(disk), draw_(seed), real_(real) {
+ModelCase::ModelCase(std::uint32_t seed, ModelDisk& disk, const CaseKind& kind)
+    : disk_(disk), worlds_(disk, kind.case_blind), draw_(seed), kind_(kind) {
   ChooseNames();
   MakeTree();
   ListFiles();
@@ -41,29 +53,48 @@ ModelCase::ModelCase(std::uint32_t seed, ModelDisk& disk, bool real)
 // The tree and the plan.
 
 void ModelCase::ChooseNames() {
-  const bool awkward = draw_.OneIn(2);
+  const bool awkward = draw_.OneIn(2), lengthy = draw_.OneIn(5);
   const int count = 3 + draw_.Below(9);
   for (int i = 0; i < count; ++i) {
-    names_.push_back(awkward && draw_.OneIn(2) ? draw_.From(kAwkwardNames)
-                                               : draw_.From(kPlainNames));
+    if (lengthy && draw_.OneIn(2)) {
+      names_.push_back(LongName(draw_));
+    } else {
+      names_.push_back(draw_.From(awkward && draw_.OneIn(2) ? kAwkwardNames : kPlainNames));
+    }
   }
 }
 
+/// The output folders lie beside the source, in it, above it, or lead there by other ways.
 void ModelCase::MakeTree() {
-  const std::string in = disk_.root + "/in";
+  const std::string in = disk_.root + "/in", out = disk_.out_root + "/out";
   folders_ = {in + "/"};
   if (!draw_.OneIn(3)) folders_.push_back(in + "/sub/");
   if (draw_.OneIn(3)) folders_.push_back(in + "/" + draw_.From(names_) + "/");
-  if (draw_.OneIn(3)) folders_.push_back(disk_.out_root + "/out/");
+  if (draw_.OneIn(3)) folders_.push_back(out + "/");
   if (folders_.size() > 1 && draw_.OneIn(4)) folders_.push_back(folders_[1] + "sub/");
   for (const std::string& folder : folders_) {
     const std::string path = folder.substr(0, folder.size() - 1);
-    if (!worlds_.model.disk.contains(path)) worlds_.MakeFolder(path);
+    if (!worlds_.Has(path)) worlds_.MakeFolder(path);
   }
-  const int most = real_ ? 8 : draw_.OneIn(40) ? 40 : 8;
+  const int most = kind_.real ? 8 : draw_.OneIn(40) ? 40 : 8;
   for (const std::string& folder : folders_) FillFolder(folder, most);
-  if (!real_ && draw_.OneIn(1000)) {
+  if (!kind_.real && draw_.OneIn(1000)) {
     for (int i = 0; i < 650; ++i) worlds_.Write(in + "/f" + std::to_string(i), std::to_string(i));
+  }
+  outputs_ = {out + "/",        out + "/",
+              in + "/",         in + "/sub/",
+              out + "/new/x/",  in + "/new/",
+              disk_.root + "/", in + "/../in/",
+              in + "/./sub/",   disk_.root + "/in",
+              out + "/pre",     "out/",
+              out + "/new/../", in + "/" + draw_.From(names_) + "/"};
+  const std::string link = in + "/link";
+  if (draw_.OneIn(4) && !worlds_.Has(link)) {
+    worlds_.MakeLink(link,
+                     draw_.OneIn(2) ? in : folders_.back().substr(0, folders_.back().size() - 1));
+    names_.push_back("link");
+    outputs_.push_back(link + "/");
+    outputs_.push_back(link + "/sub/new/");
   }
 }
 
@@ -72,11 +103,11 @@ void ModelCase::FillFolder(const std::string& folder, int most) {
   for (int i = 0; i < count; ++i) {
     std::string path = folder + draw_.From(names_);
     if (most > 8 && draw_.OneIn(2)) path += std::to_string(draw_.Below(30));
-    if (worlds_.model.disk.contains(path)) continue;
+    if (worlds_.Has(path) || Name(path).size() > 255) continue;
     if (draw_.OneIn(25)) {
       worlds_.MakeFolder(path);
     } else if (draw_.OneIn(25)) {
-      worlds_.MakeDanglingLink(path);
+      worlds_.MakeLink(path, "nowhere");
     } else {
       worlds_.Write(path, "first at " + path);
     }
@@ -86,9 +117,10 @@ void ModelCase::FillFolder(const std::string& folder, int most) {
 /// Most files in any order, folder by folder or through each other.
 void ModelCase::ListFiles() {
   std::vector<std::string> listed;
-  for (const auto& [path, entry] : worlds_.model.disk) {
-    const bool in = path.starts_with(disk_.root + "/in/") && entry.kind != PlainEntry::kFolder;
+  for (const auto& [path, content] : worlds_.Everything()) {
+    const bool in = path.starts_with(disk_.root + "/in/") && content != kFolderContent;
     if (in && !draw_.OneIn(8)) listed.push_back(path);
+    Tell("  " + path + (content == kFolderContent ? "/" : content[0] == '-' ? " " + content : ""));
   }
   for (std::size_t i = listed.size(); i > 1; --i) {
     std::swap(listed[i - 1], listed[static_cast<std::size_t>(draw_.Below(static_cast<int>(i)))]);
@@ -100,11 +132,6 @@ void ModelCase::ListFiles() {
   }
   for (const std::string& path : listed) {
     worlds_.AddRow(Folder(path), Name(path), !draw_.OneIn(8));
-  }
-  for (const auto& [path, entry] : worlds_.model.disk) {
-    if (!path.starts_with(disk_.root + "/") && !path.starts_with(disk_.out_root + "/")) continue;
-    Tell("  " + path + (entry.kind == PlainEntry::kFolder ? "/" : "") +
-         (entry.kind == PlainEntry::kLink ? " " + kLinkContent : ""));
   }
 }
 
@@ -125,7 +152,7 @@ std::string ModelCase::PlannedName(int kind, std::size_t row) {
     case 5:
       return draw_.OneIn(3) ? "n" + std::to_string(draw_.Below(4)) : own + ".x";
     case 6:
-      if (real_ && draw_.OneIn(3)) return draw_.OneIn(2) ? ".." : std::string(255, 'w');
+      if (draw_.OneIn(3)) return draw_.OneIn(2) ? ".." : std::string(256, 'w');
       return draw_.From(kImpossibleNames);
     default:
       return draw_.From(names_);
@@ -149,12 +176,10 @@ void ModelCase::MakePlan() {
 }
 
 void ModelCase::ChooseOptions() {
-  const std::string in = disk_.root + "/in/", out = disk_.out_root + "/out/";
-  const std::vector<std::string> outputs = {
-      out, out, out, in, in, in + "sub/", disk_.out_root + "/new/x/", disk_.root + "/in", "out/"};
+  const std::string in = disk_.root + "/in/";
   PlainOptions options = worlds_.model.options;
   options.destination = draw_.OneIn(2) ? 0 : 1 + draw_.Below(2);
-  options.fdDestination = draw_.From(outputs);
+  options.fdDestination = draw_.From(outputs_);
   options.fdSourceFolder = in;
   options.subfolders = draw_.OneIn(2);
   if (options.destination == 2 && draw_.OneIn(3)) options.fdDestination = in;
@@ -165,9 +190,21 @@ void ModelCase::ChooseOptions() {
 }
 
 void ModelCase::ChooseNumbering() {
-  const std::vector<std::pair<std::string, std::string>> templates = {
-      {"_{", "}"}, {"_{", "}"}, {"_{", "}"}, {"", ""},    {" ", ""},  {"1", "2"},
-      {".", "."},  {"_", "/"},  {"/", ""},   {"", "\0"s}, {"*", "?"}, {"_{1}_{", "}"}};
+  const std::vector<std::pair<std::string, std::string>> templates = {{"_{", "}"},
+                                                                      {"_{", "}"},
+                                                                      {"_{", "}"},
+                                                                      {"", ""},
+                                                                      {" ", ""},
+                                                                      {"1", "2"},
+                                                                      {".", "."},
+                                                                      {"_", "/"},
+                                                                      {"/", ""},
+                                                                      {"", "\0"s},
+                                                                      {"*", "?"},
+                                                                      {"_{1}_{", "}"},
+                                                                      {std::string(250, 'l'), ""},
+                                                                      {"", std::string(252, 'r')},
+                                                                      {std::string(300, 'l'), "r"}};
   PlainOptions options = worlds_.model.options;
   options.add_number = draw_.OneIn(4) ? 0 : 1;
   std::tie(options.left, options.right) = draw_.From(templates);
@@ -181,38 +218,60 @@ bool ModelCase::Play() {
   const int steps = 2 + draw_.Below(5);
   for (int i = 0; i < steps; ++i) {
     TakeAStep();
-    const std::string differences = worlds_.Differences();
-    if (!differences.empty()) {
-      Tell(differences);
-      return false;
-    }
+    if (!Agree() || (stage_ == kUndone && !kind_.faults && !IsWhole())) return false;
   }
-  return true;
+  if (worlds_.meddled || stage_ == kPlanned) return true;
+  Undo({});
+  return Agree() && IsWhole();
+}
+
+bool ModelCase::Agree() {
+  const std::string differences = worlds_.Differences();
+  Tell(differences);
+  return differences.empty();
+}
+
+/// All is as before the first run.
+bool ModelCase::IsWhole() {
+  const std::map<std::string, std::string> files = worlds_.Everything();
+  const std::vector<std::string> rows = worlds_.Rows();
+  for (const auto& [path, content] : files_before_) {
+    if (!files.contains(path) || files.at(path) != content) Tell("not back: " + path);
+  }
+  for (const auto& [path, content] : files) {
+    if (!files_before_.contains(path)) Tell("instead: " + path + " = " + content);
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i] != rows_before_[i]) Tell("row was " + rows_before_[i] + "\n  is now " + rows[i]);
+  }
+  for (const std::string& failure : worlds_.model.failures) Tell("not undone: " + failure);
+  ++undone;
+  return files == files_before_ && rows == rows_before_ && worlds_.model.failures.empty();
 }
 
 void ModelCase::TakeAStep() {
-  if (draw_.OneIn(10)) ChooseOptions(), undisturbed_ = false;
-  if (draw_.OneIn(8)) Meddle(), meddled_ = true;
+  if (draw_.OneIn(8)) ChooseOptions();
+  if (kind_.faults && draw_.OneIn(8)) Meddle();
   switch (stage_) {
     case kPlanned:
       return Run();
     case kRunDone:
-      return Undo();
+      return Undo(ChooseTrouble(true));
     case kRunCancelled:
     case kUndoCancelled:
-      return draw_.OneIn(2) ? Run() : Undo();
+      return draw_.OneIn(2) ? Run() : Undo(ChooseTrouble(true));
     case kUndone:
-      if (draw_.OneIn(2)) MakePlan();
+      if (!worlds_.model.AnyTakesPart() && draw_.OneIn(2)) MakePlan();
       return Run();
   }
 }
 
-PlainTrouble ModelCase::ChooseTrouble() {
+PlainTrouble ModelCase::ChooseTrouble(bool more_faults) {
   PlainTrouble trouble;
   const int rows = static_cast<int>(worlds_.model.rows.size());
-  trouble.slow_copies = !real_ && draw_.OneIn(3);
+  trouble.slow_copies = !kind_.real && draw_.OneIn(3);
   if (draw_.OneIn(3)) trouble.cancel_at = 1 + draw_.Below(2 * rows + 1);
-  if (draw_.OneIn(4)) {
+  if (kind_.faults && more_faults && draw_.OneIn(2)) {
     for (int i = draw_.Below(3); i >= 0; --i) trouble.failing.insert(1 + draw_.Below(2 * rows + 1));
   }
   return trouble;
@@ -221,47 +280,35 @@ PlainTrouble ModelCase::ChooseTrouble() {
 void ModelCase::TellPass(const std::string& pass, const PlainTrouble& trouble) {
   std::string line = pass;
   if (worlds_.model.gCancelRequested) line += ", cancelled at " + std::to_string(trouble.cancel_at);
-  for (const int failing : trouble.failing) {
-    if (failing <= worlds_.model.operations) line += ", failing call " + std::to_string(failing);
-  }
+  for (const int failing : trouble.failing) line += ", failing call " + std::to_string(failing);
   Tell(line + ", " + std::to_string(worlds_.model.failures.size()) + " failures");
 }
 
 void ModelCase::Run() {
-  const auto takes_part = [](const PlainRow& row) {
-    return row.RowTag == 1 || !row.rollback.empty();
-  };
-  const std::vector<PlainRow>& rows = worlds_.model.rows;
-  if (std::none_of(rows.begin(), rows.end(), takes_part)) {
-    before_ = Files();
-    planned_.clear();
-    for (const PlainRow& row : rows) planned_.push_back(row.new_name);
-    undisturbed_ = true;
+  if ((stage_ == kPlanned || stage_ == kUndone) && !worlds_.model.AnyTakesPart()) {
+    files_before_ = worlds_.Everything();
+    rows_before_ = worlds_.Rows();
   }
-  const PlainTrouble trouble = ChooseTrouble();
+  const PlainTrouble trouble = ChooseTrouble(true);
   worlds_.Run(trouble);
   TellPass("run", trouble);
-  if (!worlds_.model.failures.empty() || !trouble.failing.empty()) undisturbed_ = false;
   stage_ = worlds_.model.gCancelRequested ? kRunCancelled : kRunDone;
 }
 
-void ModelCase::Undo() {
-  const PlainTrouble trouble = ChooseTrouble();
+void ModelCase::Undo(const PlainTrouble& trouble) {
   worlds_.Undo(trouble);
   TellPass("undo", trouble);
-  if (!trouble.failing.empty()) undisturbed_ = false;
   stage_ = worlds_.model.gCancelRequested ? kUndoCancelled : kUndone;
-  if (stage_ == kUndone && undisturbed_ && !meddled_) NoteRoundTrip();
 }
 
 void ModelCase::Meddle() {
+  worlds_.meddled = true;
   if (draw_.OneIn(2)) return SpoilACopy();
   const std::string path = draw_.From(folders_) + draw_.From(names_);
-  const auto found = worlds_.model.disk.find(path);
-  if (found == worlds_.model.disk.end()) {
+  if (!worlds_.Has(path)) {
     worlds_.Write(path, "a stranger at " + path + std::to_string(++strangers_));
     Tell("a stranger comes as " + path);
-  } else if (found->second.kind != PlainEntry::kFolder && !IsAFoldersName(Name(path))) {
+  } else if (worlds_.IsFile(path) && !IsAFoldersName(Name(path))) {
     worlds_.Remove(path);
     Tell("somebody removes " + path);
   }
@@ -269,68 +316,19 @@ void ModelCase::Meddle() {
 
 /// Then a folder made by a run could take the place of a row's file that was removed.
 bool ModelCase::IsAFoldersName(const std::string& name) const {
-  return std::any_of(folders_.begin(), folders_.end(),
-                     [&](const std::string& folder) { return folder.ends_with("/" + name + "/"); });
+  return std::any_of(outputs_.begin(), outputs_.end(), [&](const std::string& folder) {
+    return folder.find("/" + name) != folder.npos;
+  });
 }
 
 /// Writes to a copy that a run made, puts another file in its place, or takes it away.
 void ModelCase::SpoilACopy() {
   for (const PlainRow& row : worlds_.model.rows) {
     const std::string path = row.new_path + row.new_name;
-    if (row.mode != 1 || !worlds_.model.disk.contains(path) || draw_.OneIn(2)) continue;
+    if (row.mode != 1 || !worlds_.IsFile(path) || draw_.OneIn(2)) continue;
     const int how = draw_.Below(3);
     if (how != 0) worlds_.Remove(path);
     if (how != 1) worlds_.Write(path, "no longer the copy " + std::to_string(++strangers_));
     Tell((how == 0 ? "writes to " : how == 1 ? "removes " : "replaces ") + path);
   }
-}
-
-// What stays after a run and its undo.
-
-ModelCase::Contents ModelCase::Files() const {
-  Contents files;
-  for (const auto& [path, entry] : worlds_.model.disk) {
-    if (entry.kind != PlainEntry::kFolder) files[path] = entry.content;
-  }
-  return files;
-}
-
-void ModelCase::NoteRoundTrip() {
-  const bool exact = Files() == before_ && worlds_.model.failures.empty();
-  round_trips.push_back({worlds_.model.options.destination, exact, exact ? "" : KindOfRest()});
-  if (exact) return;
-  Tell("rest: " + round_trips.back().kind);
-  const Contents after = Files();
-  for (const auto& [path, content] : before_) {
-    if (!after.contains(path) || after.at(path) != content) Tell("  not back: " + path);
-  }
-  for (const auto& [path, content] : after) {
-    if (!before_.contains(path)) Tell("  instead: " + path + " = " + content);
-  }
-}
-
-bool ModelCase::HasTwins() const {
-  std::map<std::string, std::string> seen;
-  std::vector<std::string> names = planned_;
-  for (const auto& [path, content] : before_) names.push_back(Name(path));
-  for (const std::string& name : names) {
-    const auto [place, added] = seen.try_emplace(text::ToLower(name), name);
-    if (place->second != name) return true;
-  }
-  return false;
-}
-
-std::string ModelCase::KindOfRest() const {
-  const PlainOptions& options = worlds_.model.options;
-  if (options.destination == 1) return "";
-  if ((options.left + options.right).find_first_of("/\0"s) != std::string::npos) {
-    return "failed move aside";
-  }
-  if (HasTwins()) return "letter-case twins";
-  if (options.destination != 2) return "";
-  const bool inside = options.fdDestination.size() > options.fdSourceFolder.size() &&
-                      options.fdDestination.starts_with(options.fdSourceFolder);
-  if (inside) return "output folder inside the source folder";
-  // Only where files come back to a folder that other files of the run went to.
-  return text::EqualIgnoringCase(options.fdDestination, options.fdSourceFolder) ? "path test" : "";
 }

@@ -24,29 +24,30 @@ class Draw {
   std::mt19937 random_;
 };
 
-/// How a run and its undo ended, both without a failing operation, a change of the output choice
-/// or a hand from outside.
-struct RoundTrip {
-  int mode = 0;
-  bool exact = false;
-  std::string kind;  ///< why a rest may stay; empty when nothing explains one
+/// What may happen in a case.
+struct CaseKind {
+  bool real = false;        ///< on a real disk
+  bool case_blind = false;  ///< in memory only
+  bool faults = false;      ///< operations fail, and somebody else changes files
 };
 
 /// One random tree, a plan for its files, and what a user does then: runs, cancels, goes on, takes
-/// back, chooses another output, meddles. The two worlds are compared after every step.
+/// back, chooses another output or numbering. The two worlds are compared after every step. Without
+/// faults every undo that ran to its end must have brought back all files, folders and rows; with
+/// faults an undo without further ones must.
 class ModelCase {
  public:
-  ModelCase(std::uint32_t seed, ModelDisk& disk, bool real);
+  ModelCase(std::uint32_t seed, ModelDisk& disk, const CaseKind& kind);
 
-  /// False when the worlds differ or a file was lost; `story` then ends with how.
+  /// False when the worlds differ, a file was lost or an undo left something; `story` then ends
+  /// with how.
   bool Play();
 
   std::string story;  ///< readable, one line a step
-  std::vector<RoundTrip> round_trips;
+  int undone = 0;     ///< runs that were taken back whole
 
  private:
   enum Stage { kPlanned, kRunDone, kRunCancelled, kUndone, kUndoCancelled };
-  using Contents = std::map<std::string, std::string>;
 
   void ChooseNames();
   void MakeTree();
@@ -56,30 +57,27 @@ class ModelCase {
   std::string PlannedName(int kind, std::size_t row);
   void ChooseOptions();
   void ChooseNumbering();
-  PlainTrouble ChooseTrouble();
+  PlainTrouble ChooseTrouble(bool more_faults);
   void Run();
-  void Undo();
+  void Undo(const PlainTrouble& trouble);
   void TakeAStep();
+  bool Agree();
+  bool IsWhole();
   void Meddle();
   bool IsAFoldersName(const std::string& name) const;
   void SpoilACopy();
-  void NoteRoundTrip();
-  std::string KindOfRest() const;
-  bool HasTwins() const;
-  Contents Files() const;
   void Tell(const std::string& line) { story += line + "\n"; }
   void TellPass(const std::string& pass, const PlainTrouble& trouble);
 
   ModelDisk& disk_;
   TwoWorlds worlds_;
   Draw draw_;
-  const bool real_;
+  const CaseKind kind_;
   std::vector<std::string> names_;    ///< for files and plans
   std::vector<std::string> folders_;  ///< of the tree, with closing separators
+  std::vector<std::string> outputs_;  ///< to choose from
   Stage stage_ = kPlanned;
   int strangers_ = 0;
-  bool undisturbed_ = true;  ///< no failure and no other choice since `before_`
-  bool meddled_ = false;     ///< rows may stand for files that are gone
-  Contents before_;
-  std::vector<std::string> planned_;  ///< the new names of `before_`
+  std::map<std::string, std::string> files_before_;  ///< as it all stood before the first run
+  std::vector<std::string> rows_before_;
 };

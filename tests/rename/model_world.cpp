@@ -10,33 +10,43 @@
 
 namespace {
 
+void LinkIn(MemoryFiles& files, const std::string& path, const std::string& leads_to) {
+  files.contents[path] = "-> " + leads_to;
+  if (files.folders.contains(leads_to)) files.folder_links[path] = leads_to;
+}
+
+std::map<std::string, std::string> AllOf(const MemoryFiles& files, const ModelDisk& disk) {
+  std::map<std::string, std::string> all = files.contents;
+  for (const std::string& folder : files.folders) {
+    const bool inside =
+        folder.starts_with(disk.root + "/") || folder.starts_with(disk.out_root + "/");
+    if (inside) all[folder] = kFolderContent;
+  }
+  return all;
+}
+
 class MemoryDisk : public ModelDisk {
  public:
-  MemoryDisk() {
+  explicit MemoryDisk(bool case_blind) {
     root = "/m";
     out_root = "/m/o";
+    files_.case_blind = case_blind;
     files_.folders = {"", root, out_root};
-    files_.fails = [this](std::string_view operation, std::string_view path) {
-      const auto source = files_.contents.find(std::string(path));
-      return operation == "copy" && source != files_.contents.end() &&
-             source->second == kLinkContent;
-    };
   }
   FileSystem& Files() override { return files_; }
   void MakeFolder(const std::string& path) override { files_.folders.insert(path); }
   void Write(const std::string& path, const std::string& content) override {
     files_.contents[path] = content;
   }
-  void MakeDanglingLink(const std::string& path) override { Write(path, kLinkContent); }
-  void Remove(const std::string& path) override { files_.contents.erase(path); }
-  void OnCopy(std::function<void()> between) override { files_.in_copy = std::move(between); }
-  std::map<std::string, std::string> Everything() override {
-    std::map<std::string, std::string> all = files_.contents;
-    for (const std::string& folder : files_.folders) {
-      if (folder.starts_with(root + "/")) all[folder] = kFolderContent;
-    }
-    return all;
+  void MakeLink(const std::string& path, const std::string& leads_to) override {
+    LinkIn(files_, path, leads_to);
   }
+  void Remove(const std::string& path) override {
+    files_.contents.erase(path);
+    files_.folder_links.erase(path);
+  }
+  void OnCopy(std::function<void()> between) override { files_.in_copy = std::move(between); }
+  std::map<std::string, std::string> Everything() override { return AllOf(files_, *this); }
 
  private:
   MemoryFiles files_;
@@ -53,8 +63,8 @@ class RealDisk : public ModelDisk {
   void Write(const std::string& path, const std::string& content) override {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
   }
-  void MakeDanglingLink(const std::string& path) override {
-    std::filesystem::create_symlink("nowhere", path);
+  void MakeLink(const std::string& path, const std::string& leads_to) override {
+    std::filesystem::create_symlink(leads_to, path);
   }
   void Remove(const std::string& path) override { std::filesystem::remove(path); }
   void OnCopy(std::function<void()>) override {}
@@ -63,7 +73,8 @@ class RealDisk : public ModelDisk {
     for (const TempFolder* folder : {&in_, &out_}) {
       for (const auto& entry :
            std::filesystem::recursive_directory_iterator(folder->path() + "/")) {
-        all[entry.path()] = entry.is_symlink()     ? kLinkContent
+        all[entry.path()] = entry.is_symlink()
+                                ? "-> " + std::filesystem::read_symlink(entry).string()
                             : entry.is_directory() ? kFolderContent
                                                    : Content(entry.path());
       }
@@ -144,7 +155,7 @@ PlainRow AsPlain(const Records& records, const FileRow& row) {
           row.mode,
           std::string(row.PlannedName()),
           row.RowTag,
-          0};
+          {}};
 }
 
 std::string Items(const PlainRow& row) {
@@ -156,44 +167,46 @@ std::string Items(const PlainRow& row) {
 
 }  // namespace
 
-std::unique_ptr<ModelDisk> MakeMemoryDisk() {
-  return std::make_unique<MemoryDisk>();
+std::unique_ptr<ModelDisk> MakeMemoryDisk(bool case_blind) {
+  return std::make_unique<MemoryDisk>(case_blind);
 }
 
 std::unique_ptr<ModelDisk> MakeRealDisk(bool two_devices) {
   return std::make_unique<RealDisk>(two_devices);
 }
 
-TwoWorlds::TwoWorlds(ModelDisk& disk) : disk_(disk) {
+TwoWorlds::TwoWorlds(ModelDisk& disk, bool case_blind) : disk_(disk) {
+  plain_files_.case_blind = case_blind;
   for (const std::string& folder : {disk.root, disk.out_root}) {
     for (std::size_t end = 0; end != folder.npos; end = folder.find('/', end + 1)) {
-      model.disk[folder.substr(0, end)] = {PlainEntry::kFolder, "", 0};
+      plain_files_.folders.insert(folder.substr(0, end));
     }
-    model.disk[folder] = {PlainEntry::kFolder, "", 0};
+    plain_files_.folders.insert(folder);
   }
 }
 
 void TwoWorlds::MakeFolder(const std::string& path) {
-  model.disk[path] = {PlainEntry::kFolder, "", 0};
+  plain_files_.folders.insert(path);
   disk_.MakeFolder(path);
 }
 
 void TwoWorlds::Write(const std::string& path, const std::string& content) {
-  owned.erase(model.disk[path].serial);
-  model.disk[path] = {PlainEntry::kFile, content, ++model.last_serial};
-  owned.insert(model.last_serial);
+  if (IsFile(path)) --owned[plain_files_.contents[path]];
+  ++owned[content];
+  plain_files_.contents[path] = content;
   disk_.Write(path, content);
 }
 
-void TwoWorlds::MakeDanglingLink(const std::string& path) {
-  model.disk[path] = {PlainEntry::kLink, kLinkContent, ++model.last_serial};
-  owned.insert(model.last_serial);
-  disk_.MakeDanglingLink(path);
+void TwoWorlds::MakeLink(const std::string& path, const std::string& leads_to) {
+  ++owned["-> " + leads_to];
+  LinkIn(plain_files_, path, leads_to);
+  disk_.MakeLink(path, leads_to);
 }
 
 void TwoWorlds::Remove(const std::string& path) {
-  owned.erase(model.disk[path].serial);
-  model.disk.erase(path);
+  --owned[plain_files_.contents[path]];
+  plain_files_.contents.erase(path);
+  plain_files_.folder_links.erase(path);
   disk_.Remove(path);
 }
 
@@ -243,24 +256,55 @@ void TwoWorlds::Do(const PlainTrouble& trouble, Pass&& pass) {
 }
 
 void TwoWorlds::Run(const PlainTrouble& trouble) {
-  model.Run(trouble);
+  FailingFiles plain(plain_files_, trouble.failing);
+  model.Run(plain, trouble);
   Do(trouble, [&](FileSystem& files) {
     RenameRun(output_, records_, state_, files, events_, clock_, reports_).RunRename();
   });
 }
 
 void TwoWorlds::Undo(const PlainTrouble& trouble) {
-  model.Undo(trouble);
+  FailingFiles plain(plain_files_, trouble.failing);
+  model.Undo(plain, trouble);
   Do(trouble, [&](FileSystem& files) {
-    UndoRun(output_, records_, state_, files, events_, clock_, reports_).Undo();
+    UndoRun(records_, state_, files, events_, clock_, reports_).Undo();
   });
 }
 
 std::string TwoWorlds::Differences() {
-  std::set<int> lost = owned;
-  for (const auto& [path, entry] : model.disk) lost.erase(entry.serial);
-  return (lost.empty() ? "" : "the model itself has lost a file\n") + RowDifferences() +
-         DiskDifferences();
+  return RowDifferences() + DiskDifferences() + Losses() + FalseMarks();
+}
+
+/// Each content that was written stands somewhere, a copy of it does not count for another.
+std::string TwoWorlds::Losses() const {
+  std::map<std::string, int> there;
+  for (const auto& [path, content] : plain_files_.contents) ++there[content];
+  std::string losses;
+  for (const auto& [content, count] : owned) {
+    if (there[content] < count) losses += "lost: " + content + "\n";
+  }
+  return losses;
+}
+
+std::string TwoWorlds::FalseMarks() {
+  std::string lies;
+  for (const PlainRow& row : model.rows) {
+    const std::string path = (row.new_path.empty() ? row.path : row.new_path) + row.new_name;
+    if (row.RowTag == 1 && !meddled && !plain_files_.Look(path)) {
+      lies += "done, but not there: " + path + "\n";
+    }
+  }
+  return lies;
+}
+
+std::map<std::string, std::string> TwoWorlds::Everything() {
+  return AllOf(plain_files_, disk_);
+}
+
+std::vector<std::string> TwoWorlds::Rows() const {
+  std::vector<std::string> rows;
+  for (const PlainRow& row : model.rows) rows.push_back(Items(row));
+  return rows;
 }
 
 std::string TwoWorlds::RowDifferences() const {
@@ -298,15 +342,8 @@ std::string TwoWorlds::RowDifferences() const {
 }
 
 std::string TwoWorlds::DiskDifferences() {
-  std::map<std::string, std::string> expected;
-  for (const auto& [path, entry] : model.disk) {
-    const bool inside =
-        path.starts_with(disk_.root + "/") || path.starts_with(disk_.out_root + "/");
-    if (!inside) continue;
-    expected[path] = entry.kind == PlainEntry::kFolder ? kFolderContent : entry.content;
-  }
+  const std::map<std::string, std::string> expected = Everything();
   std::map<std::string, std::string> actual = disk_.Everything();
-  if (disk_.out_root.starts_with(disk_.root)) expected[disk_.out_root] = kFolderContent;
   if (actual == expected) return "";
   std::string differences;
   for (const auto& [path, content] : expected) {

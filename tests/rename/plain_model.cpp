@@ -1,41 +1,15 @@
 #include "rename/plain_model.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 namespace {
 
-std::string Lower(const std::string& t) {
-  return text::ToLower(t);
-}
+using namespace std::string_literals;
 
-std::string LastName(const std::string& path) {
-  return path.substr(path.rfind('/') + 1);
-}
-
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.rfind('/'));
-}
-
-bool LeadsElsewhere(const std::string& name) {
-  return name.find('/') != name.npos || name.find('\0') != name.npos;
-}
-
-/// Where the character at `name` ends: "?" stands for a whole one.
-const char* Next(const char* name) {
-  do {
-    ++name;
-  } while ((*name & 0xC0) == 0x80);
-  return name;
-}
-
-bool Matches(const char* name, const char* pattern) {
-  if (*pattern == '\0') return *name == '\0';
-  if (*pattern == '*') {
-    return Matches(name, pattern + 1) || (*name != '\0' && Matches(Next(name), pattern));
-  }
-  if (*name == '\0') return false;
-  if (*pattern == '?') return Matches(Next(name), pattern + 1);
-  return *pattern == *name && Matches(name + 1, pattern + 1);
+bool CanBeAName(const std::string& name) {
+  return !name.empty() && name.find_first_of("/\0"s) == name.npos;
 }
 
 }  // namespace
@@ -46,117 +20,22 @@ std::string PlainModel::Joined(const std::vector<std::string>& parts) {
   return joined;
 }
 
-// Files.
-
-bool PlainModel::FileExist(const std::string& path) const {
-  const std::string name = LastName(path);
-  if (name.empty() || name.find('\0') != name.npos) return false;
-  if (name == "." || name == "..") return true;
-  if (name.find_first_of("*?") == name.npos) return disk.contains(path);
-  for (const auto& [other, entry] : disk) {
-    if (FolderOf(other) == FolderOf(path) && Matches(LastName(other).c_str(), name.c_str())) {
-      return true;
-    }
-  }
-  return false;
+bool PlainModel::AnyTakesPart() const {
+  const auto takes_part = [](const PlainRow& row) { return row.TakesPart(); };
+  return !made_folders_.empty() || std::any_of(rows.begin(), rows.end(), takes_part);
 }
 
-bool PlainModel::TargetIsFree(const std::string& to) const {
-  const std::string name = LastName(to);
-  if (name.empty() || name == "." || name == ".." || disk.contains(to)) return false;
-  if (longest_name != 0 && name.size() > longest_name) return false;
-  const auto folder = disk.find(FolderOf(to));
-  return folder != disk.end() && folder->second.kind == PlainEntry::kFolder;
-}
-
-bool PlainModel::Move(const std::string& from, const std::string& to) {
-  if (!OperationWorks()) return false;
-  const auto source = disk.find(from);
-  if (source == disk.end()) return false;
-  if (from == to) return true;
-  if (!TargetIsFree(to)) return false;
-  disk[to] = source->second;
-  disk.erase(from);
-  return true;
-}
-
-bool PlainModel::Copy(const std::string& from, const std::string& to, int& made) {
-  if (!OperationWorks()) return false;
-  const auto source = disk.find(from);
-  if (source == disk.end() || source->second.kind != PlainEntry::kFile) return false;
-  if (!TargetIsFree(to)) return false;
-  if (trouble_.slow_copies) LetEventsRun();
-  if (gCancelRequested) return false;
-  disk[to] = source->second;
-  made = disk[to].serial = ++last_serial;
-  return true;
-}
-
-/// Only the very file that was made.
-bool PlainModel::Delete(const std::string& path, int made) {
-  if (!OperationWorks()) return false;
-  const auto found = disk.find(path);
-  if (found == disk.end() || found->second.serial != made) return false;
-  disk.erase(found);
-  return true;
-}
-
-void PlainModel::CreateFolderPath(const std::string& path) {
-  if (!path.starts_with('/')) return;
-  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
-    const std::string level = path.substr(0, end);
-    if (!FileExist(level) && OperationWorks() && TargetIsFree(level)) {
-      disk[level] = {PlainEntry::kFolder, "", 0};
-    }
-    if (end == path.npos) return;
-  }
-}
-
-// Names.
-
-std::string PlainModel::NumberedName(const std::string& path, const std::string& name) const {
-  const std::size_t dot = name.rfind('.');
-  const std::string base = name.substr(0, dot);
-  const std::string extension = dot == name.npos ? "" : name.substr(dot + 1);
-  std::string candidate = name;
-  for (int number = 1; FileExist(path + candidate); ++number) {
-    candidate = base + options.left + std::to_string(number) + options.right;
-    if (!extension.empty()) candidate += "." + extension;
-  }
-  return candidate;
-}
-
-void PlainModel::FindAndRename(const std::string& path, const std::string& name, bool undo,
-                               std::string& corrected) {
-  const std::string candidate = NumberedName(path, name);
-  const auto move = [&](const std::string& folder, const std::string& from) {
-    if (!LeadsElsewhere(candidate)) Move(folder + from, folder + candidate);
-  };
-  const std::string wanted = Lower(name);
-  for (PlainRow& row : rows) {
-    if (undo) {
-      if (row.RowTag != 1 || Lower(row.new_name) != wanted) continue;
-      if (options.destination != 2 && row.path != path) continue;
-      move(options.destination == 2 ? path : row.path, row.new_name);
-      row.temp = row.new_name;
-      row.new_name = candidate;
-      return;
-    }
-    if (!row.checked || row.RowTag == 1 || row.path != path) continue;
-    if (Lower(row.source) != wanted || wanted == Lower(row.new_name)) continue;
-    move(row.path, row.source);
-    if (row.rollback.empty()) row.rollback = row.source;
-    row.source = candidate;
-    return;
-  }
-  if (!undo) corrected = candidate;
+/// One directory entry, be it under two names that differ in letter case.
+bool PlainModel::AreOneName(const std::string& a, const std::string& b) {
+  return a == b || files_->IsSameEntry(a, b);
 }
 
 // Both passes.
 
-void PlainModel::Begin(const PlainTrouble& trouble) {
+void PlainModel::Begin(FileSystem& files, const PlainTrouble& trouble) {
+  files_ = &files;
   trouble_ = trouble;
-  operations = events_ = 0;
+  events_ = 0;
   gCancelRequested = false;
   failures.clear();
   conflicts.clear();
@@ -172,83 +51,175 @@ bool PlainModel::GoesOn(std::size_t i) {
   return !gCancelRequested;
 }
 
+// Names.
+
+std::string PlainModel::NumberedName(const std::string& path, const std::string& name) {
+  const std::size_t dot = name.rfind('.');
+  const std::string extension = dot == name.npos ? "" : name.substr(dot + 1);
+  std::string candidate = name;
+  for (int number = 1; files_->Exists(path + candidate); ++number) {
+    candidate = name.substr(0, dot) + options.left + std::to_string(number) + options.right;
+    if (!extension.empty()) candidate += "." + extension;
+  }
+  return candidate;
+}
+
+/// At most 255 bytes with what `path` holds of the name already; "" where that can't be.
+std::string PlainModel::AsideName(const std::string& path, const std::string& name,
+                                  const Texts& texts) {
+  if (!CanBeAName("x" + texts.first + texts.second)) return "";
+  const std::size_t most = 255 - path.substr(path.rfind('/') + 1).size();
+  const std::size_t dot = name.rfind('.');
+  for (int number = 1;; ++number) {
+    const std::string middle = texts.first + std::to_string(number) + texts.second;
+    std::string stem = name.substr(0, dot);
+    std::string extension = dot == name.npos || dot + 1 == name.size() ? "" : name.substr(dot);
+    if (middle.size() + extension.size() > most) stem = name, extension = "";
+    if (middle.size() > most) return "";
+    while (stem.size() + middle.size() + extension.size() > most) {
+      stem = text::Left(stem, text::Length(stem) - 1);
+    }
+    const std::string candidate = stem + middle + extension;
+    if (!files_->Exists(path + candidate)) return candidate;
+  }
+}
+
+/// Answers the new name, "" when the file is where it was.
+std::string PlainModel::MoveAside(const std::string& path, const std::string& name) {
+  const Texts users{options.left, options.right}, safe{"_{", "}"};
+  for (const Texts& texts : {users, safe}) {
+    const std::string aside = AsideName(path, name, texts);
+    if (!aside.empty() && files_->MoveFile(path + name, path + aside, {})) return aside;
+    if (texts == safe) break;
+  }
+  return "";
+}
+
+/// False where a folder would take the place of a file that undo is to bring back.
+bool PlainModel::CreateFolderPath(const std::string& path) {
+  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
+    const std::string level = path.substr(0, end);
+    if (!files_->Look(level)) {
+      const auto in_the_way = [&] {
+        for (const PlainRow& row : rows) {
+          if (!row.TakesPart()) continue;
+          const std::string former = row.path + row.rollback;
+          if (files_->ResolveFolder(former) == files_->ResolveFolder(level)) return true;
+          if (files_->IsSameEntry(former, level)) return true;
+        }
+        return false;
+      };
+      if (in_the_way()) return false;
+      if (files_->CreateDirectory(level)) {
+        const std::string made = files_->ResolveFolder(level);
+        const FolderIdentity identity = *files_->IdentifyFolder(made);
+        if (in_the_way() && files_->DeleteMadeFolder(made, identity)) return false;
+        made_folders_.emplace_back(made, identity);
+        if (in_the_way()) return false;
+      }
+    }
+    if (end == path.npos) return true;
+  }
+}
+
 // The run.
 
-void PlainModel::Run(const PlainTrouble& trouble) {
-  Begin(trouble);
+void PlainModel::Run(FileSystem& files, const PlainTrouble& trouble) {
+  Begin(files, trouble);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (!GoesOn(i)) return;
     if (counted[i] == 0) {
       counted[i] = 1;
       ++progress;
     }
-    if (!rows[i].checked || rows[i].RowTag == 1) continue;
-    RunRow(rows[i]);
+    PlainRow& row = rows[i];
+    if (!row.checked || row.RowTag == 1) continue;
+    if (!RunRow(row)) {
+      if (!gCancelRequested) {
+        failures.push_back(Joined({row.path, row.source, row.new_name}));
+        row.mark = "Failed";
+      }
+      if (!row.planned_name.empty()) row.new_name = row.planned_name;
+      row.planned_name.clear();
+    }
     if (gCancelRequested) return;
   }
 }
 
-std::string PlainModel::TargetFolder(const PlainRow& row) const {
-  if (options.destination == 0) return row.path;
-  if (!options.subfolders) return options.fdDestination;
-  if (!row.path.starts_with(options.fdSourceFolder)) return row.path;
-  return options.fdDestination + row.path.substr(options.fdSourceFolder.size());
-}
-
-void PlainModel::RunRow(PlainRow& row) {
-  const std::string source = row.path + row.source;
-  const std::string planned = row.new_name;
-  const std::string planned_before = row.planned_name;
-  const std::string folder = TargetFolder(row);
+bool PlainModel::RunRow(PlainRow& row) {
+  if (!CanBeAName(row.new_name)) return false;
+  std::string folder = row.path;
   if (options.destination != 0) {
-    const std::string bare = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
-    if (!FileExist(bare)) CreateFolderPath(bare);
-  }
-  bool resolved = false, done = false;
-  if (folder.starts_with('/') && !LeadsElsewhere(row.new_name)) {
-    ResolveConflict(row, folder, resolved);
-    const std::string target = folder + row.new_name;
-    if (!LeadsElsewhere(row.new_name)) {
-      done = options.destination == 1 ? Copy(source, target, row.made) : Move(source, target);
+    if (!options.subfolders) {
+      folder = options.fdDestination;
+    } else if (row.path.starts_with(options.fdSourceFolder)) {
+      folder = options.fdDestination + row.path.substr(options.fdSourceFolder.size());
     }
+    if (!folder.starts_with('/')) return false;
+    const std::string bare = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
+    if (!files_->Look(bare) && !CreateFolderPath(bare)) return false;
+    folder = files_->ResolveFolder(folder);
   }
-  if (done) {
-    Succeed(row, folder, resolved, planned);
-  } else if (gCancelRequested) {
-    row.new_name = planned;
-    row.planned_name = planned_before;
-  } else {
-    failures.push_back(Joined({row.path, row.source, row.new_name}));
-    row.mark = "Failed";
+  const std::string planned = row.new_name;
+  const bool resolved = ResolveConflict(row, folder);
+  if (!CanBeAName(row.new_name)) return false;
+  const auto go_on = [this] {
+    if (trouble_.slow_copies) LetEventsRun();
+    return !gCancelRequested;
+  };
+  const std::string source = row.path + row.source, target = folder + row.new_name;
+  if (options.destination == 1 ? !files_->CopyFile(source, target, go_on, &row.copied)
+                               : !files_->MoveFile(source, target, {})) {
+    return false;
   }
+  Succeed(row, folder, resolved, planned);
+  return true;
 }
 
-void PlainModel::ResolveConflict(PlainRow& row, const std::string& folder, bool& resolved) {
+/// Whether a numbered name took the place of the planned one.
+bool PlainModel::ResolveConflict(PlainRow& row, const std::string& folder) {
   const std::string target = folder + row.new_name;
-  if (Lower(row.path + row.source) == Lower(target) && options.destination != 1) return;
-  if (!FileExist(target)) return;
+  if (options.destination != 1 && AreOneName(row.path + row.source, target)) return false;
+  if (!files_->Exists(target)) return false;
   const bool onto_itself =
       options.destination == 2 && options.fdSourceFolder == options.fdDestination;
-  std::string corrected;
-  if (options.destination == 0) {
-    FindAndRename(row.path, row.new_name, false, corrected);
-  } else if (onto_itself) {
-    FindAndRename(options.subfolders ? row.path : options.fdDestination, row.new_name, false,
-                  corrected);
-  } else if (options.add_number == 1) {
-    corrected = NumberedName(folder, row.new_name);
+  std::string where = folder;
+  if (options.destination == 0 || onto_itself) {
+    where = options.destination == 0 || options.subfolders ? row.path : options.fdDestination;
+    if (MoveHolderAside(where, row.new_name)) return false;
   }
-  if (corrected.empty() || options.add_number != 1) return;
+  if (options.add_number != 1) return false;
   row.planned_name = row.new_name;
-  row.new_name = corrected;
-  resolved = true;
+  row.new_name = NumberedName(where, row.new_name);
+  return true;
+}
+
+/// The holder is a file that is itself still to get another name.
+bool PlainModel::MoveHolderAside(const std::string& path, const std::string& name) {
+  const auto first = [&](bool exact) -> PlainRow* {
+    for (PlainRow& row : rows) {
+      const std::string held = row.path + row.source;
+      if (!row.checked || row.RowTag == 1 || row.path != path) continue;
+      if (exact ? row.source != name : !AreOneName(held, path + name)) continue;
+      if (!AreOneName(held, row.path + row.new_name)) return &row;
+    }
+    return nullptr;
+  };
+  PlainRow* holder = first(true);
+  if (holder == nullptr) holder = first(false);
+  if (holder == nullptr) return false;
+  const std::string aside = MoveAside(holder->path, holder->source);
+  if (aside.empty()) return false;
+  if (holder->rollback.empty()) holder->rollback = holder->source;
+  holder->source = aside;
+  return true;
 }
 
 void PlainModel::Succeed(PlainRow& row, const std::string& folder, bool resolved,
                          const std::string& planned) {
   if (row.rollback.empty()) {
     row.rollback = row.source;
-  } else {
+  } else if (options.destination != 1) {
     row.source = row.rollback;
   }
   row.RowTag = 1;
@@ -262,8 +233,8 @@ void PlainModel::Succeed(PlainRow& row, const std::string& folder, bool resolved
 
 // The undo.
 
-void PlainModel::Undo(const PlainTrouble& trouble) {
-  Begin(trouble);
+void PlainModel::Undo(FileSystem& files, const PlainTrouble& trouble) {
+  Begin(files, trouble);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (!GoesOn(i)) return;
     PlainRow& row = rows[i];
@@ -271,44 +242,80 @@ void PlainModel::Undo(const PlainTrouble& trouble) {
       counted[i] = 0;
       --progress;
     }
-    if (row.RowTag == 1 || !row.rollback.empty()) {
-      if (UndoOperation(row)) {
-        Restore(row);
-      } else if (row.RowTag != 1 || (row.mode >= 0 && row.mode <= 2)) {
-        failures.push_back(Joined({row.path, row.source, row.rollback}));
-      }
+    if (row.TakesPart() && !UndoRow(row)) {
+      failures.push_back(Joined({row.path, row.source, row.rollback}));
     }
     if (row.mark == "Failed") row.mark = ">>";
   }
-}
-
-bool PlainModel::UndoOperation(const PlainRow& row) {
-  if (row.RowTag != 1) return Move(row.path + row.source, row.path + row.rollback);
-  if (row.mode == 0) return MoveBack(row, row.path, true);
-  if (row.mode == 1) return Delete(row.new_path + row.new_name, row.made);
-  if (row.mode == 2) return MoveBack(row, row.new_path, Lower(row.path) == Lower(row.new_path));
-  return false;
-}
-
-bool PlainModel::MoveBack(const PlainRow& row, const std::string& folder, bool in_place) {
-  const std::string former = row.path + row.rollback;
-  const std::string present = folder + row.new_name;
-  if (in_place && Lower(former) != Lower(present) && FileExist(former)) {
-    std::string ignored;
-    FindAndRename(row.path, row.rollback, true, ignored);
+  for (std::size_t i = made_folders_.size(); i-- > 0;) {
+    if (files.DeleteMadeFolder(made_folders_[i].first, made_folders_[i].second)) {
+      made_folders_.erase(made_folders_.begin() + static_cast<std::ptrdiff_t>(i));
+    }
   }
-  return Move(present, former);
 }
 
-void PlainModel::Restore(PlainRow& row) {
+bool PlainModel::UndoRow(PlainRow& row) {
+  if (row.RowTag == 1 && !UndoDone(row)) return false;
+  if (row.source != row.rollback && !MoveBack(row, row.path + row.source)) return false;
+  row.source = row.rollback;
+  row.rollback.clear();
+  row.mark = ">>";
+  return true;
+}
+
+bool PlainModel::UndoDone(PlainRow& row) {
+  const std::string present = (row.mode == 0 ? row.path : row.new_path) + row.new_name;
+  if (row.mode == 1) {
+    if (!files_->IsVeryFile(row.path + row.source, row.copied.source)) return false;
+    if (!files_->DeleteMadeFile(present, row.copied.made)) return false;
+  } else if (!MoveBack(row, present)) {
+    return false;
+  }
   if (!row.temp.empty()) row.new_name = row.temp;
   row.temp.clear();
   if (!row.planned_name.empty()) row.new_name = row.planned_name;
   row.planned_name.clear();
-  if (row.RowTag != 1) row.source = row.rollback;
+  if (row.mode != 1) row.source = row.rollback;
   row.RowTag = 0;
-  row.rollback.clear();
   row.new_path.clear();
   row.mode = -1;
   row.mark = ">>";
+  return true;
+}
+
+std::vector<PlainModel::Held> PlainModel::FilesOf(const PlainRow& row) {
+  std::vector<Held> held;
+  if (row.RowTag == 1) {
+    held.push_back({row.new_path.empty() ? row.path : row.new_path, &PlainRow::new_name});
+  }
+  const bool aside = row.RowTag != 1 && !row.rollback.empty();
+  const bool original = row.RowTag == 1 && row.mode == 1 && row.source != row.rollback;
+  if (aside || original) held.push_back({row.path, &PlainRow::source});
+  return held;
+}
+
+/// Whatever file of another row stands under the former name is moved aside first.
+bool PlainModel::MoveBack(PlainRow& row, const std::string& present) {
+  const std::string former = row.path + row.rollback;
+  const auto free_former = [&] {
+    for (const bool exact : {true, false}) {
+      for (PlainRow& other : rows) {
+        if (&other == &row) continue;
+        for (const Held& held : FilesOf(other)) {
+          const std::string path = held.folder + other.*held.name;
+          if (exact ? files_->ResolveFolder(path) != files_->ResolveFolder(former)
+                    : !AreOneName(path, former)) {
+            continue;
+          }
+          const std::string aside = MoveAside(held.folder, other.*held.name);
+          if (aside.empty()) return;
+          if (held.name == &PlainRow::new_name && other.temp.empty()) other.temp = other.new_name;
+          other.*held.name = aside;
+          return;
+        }
+      }
+    }
+  };
+  if (!AreOneName(present, former) && files_->Look(former)) free_former();
+  return files_->MoveFile(present, former, {});
 }

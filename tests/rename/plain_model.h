@@ -1,21 +1,16 @@
 #pragma once
 
-#include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
-/// Run and undo once more, in the plainest way: files are a map of paths, every search goes through
-/// all rows or all names from the first. Slow, short and without any index, so that it can be read
-/// beside the rules and believed; the passes are held against it. Shares only the letter case of
-/// text with the program.
+#include "platform/files.h"
 
-struct PlainEntry {
-  enum Kind { kFolder, kFile, kLink };
-  Kind kind = kFile;
-  std::string content;
-  int serial = 0;  ///< tells one file from every other, for as long as nobody writes to it
-};
+/// Run and undo once more, in the plainest way: every search goes through all rows or all names
+/// from the first, on a disk of its own. Slow, short and without any index, so that it can be read
+/// beside the rules and believed; the passes are held against it. Shares only texts (letter case,
+/// characters) with the program.
 
 /// The items of a row that take part.
 struct PlainRow {
@@ -30,7 +25,9 @@ struct PlainRow {
   int mode = -1;             ///< 12, -1 is empty
   std::string planned_name;  ///< 13
   int RowTag = 0;            ///< 0 is empty
-  int made = 0;              ///< serial of the copy that the run made
+  CopyIdentities copied;
+
+  bool TakesPart() const { return RowTag == 1 || !rollback.empty(); }
 };
 
 struct PlainOptions {
@@ -45,14 +42,13 @@ struct PlainOptions {
 
 /// What goes wrong during one pass; all counted from 1.
 struct PlainTrouble {
-  std::set<int> failing;     ///< which of its moves, copies, deletions and new folders fail
+  std::set<int> failing;     ///< which of its operations fail
   int cancel_at = 0;         ///< at which letting of events the user cancels; 0 is never
   bool slow_copies = false;  ///< events run inside each copy too
 };
 
 class PlainModel {
  public:
-  std::map<std::string, PlainEntry> disk;  ///< by path, folders without a closing separator
   std::vector<PlainRow> rows;
   PlainOptions options;
   std::vector<int> counted;  ///< per row
@@ -60,44 +56,47 @@ class PlainModel {
   bool gCancelRequested = false;
   std::vector<std::string> failures;   ///< path, source name, new name
   std::vector<std::string> conflicts;  ///< path, new path, source, final and planned name
-  int operations = 0;                  ///< of the last pass
-  int last_serial = 0;
-  std::size_t longest_name = 0;  ///< bytes that a name may have; 0 is any number
 
-  void Run(const PlainTrouble& trouble);
-  void Undo(const PlainTrouble& trouble);
+  void Run(FileSystem& files, const PlainTrouble& trouble);
+  void Undo(FileSystem& files, const PlainTrouble& trouble);
 
-  /// True when an entry of that name is there; "*" and "?" in the last name match.
-  bool FileExist(const std::string& path) const;
+  /// Whether undo has anything to do.
+  bool AnyTakesPart() const;
 
   /// One text a record, each part in brackets.
   static std::string Joined(const std::vector<std::string>& parts);
 
  private:
-  void Begin(const PlainTrouble& trouble);
+  /// The two texts around a number.
+  using Texts = std::pair<std::string, std::string>;
+  /// A name in a row, and the folder before it.
+  struct Held {
+    std::string folder;
+    std::string PlainRow::*name;
+  };
+
+  void Begin(FileSystem& files, const PlainTrouble& trouble);
   bool GoesOn(std::size_t i);
   void LetEventsRun();
-  bool OperationWorks() { return !trouble_.failing.contains(++operations); }
 
-  bool TargetIsFree(const std::string& to) const;
-  bool Move(const std::string& from, const std::string& to);
-  bool Copy(const std::string& from, const std::string& to, int& made);
-  bool Delete(const std::string& path, int made);
-  void CreateFolderPath(const std::string& path);
+  bool AreOneName(const std::string& a, const std::string& b);
+  bool CreateFolderPath(const std::string& path);
+  std::string NumberedName(const std::string& path, const std::string& name);
+  std::string AsideName(const std::string& path, const std::string& name, const Texts& texts);
+  std::string MoveAside(const std::string& path, const std::string& name);
 
-  std::string NumberedName(const std::string& path, const std::string& name) const;
-  void FindAndRename(const std::string& path, const std::string& name, bool undo,
-                     std::string& corrected);
-
-  void RunRow(PlainRow& row);
-  std::string TargetFolder(const PlainRow& row) const;
-  void ResolveConflict(PlainRow& row, const std::string& folder, bool& resolved);
+  bool RunRow(PlainRow& row);
+  bool ResolveConflict(PlainRow& row, const std::string& folder);
+  bool MoveHolderAside(const std::string& path, const std::string& name);
   void Succeed(PlainRow& row, const std::string& folder, bool resolved, const std::string& planned);
 
-  bool UndoOperation(const PlainRow& row);
-  bool MoveBack(const PlainRow& row, const std::string& folder, bool in_place);
-  void Restore(PlainRow& row);
+  static std::vector<Held> FilesOf(const PlainRow& row);
+  bool UndoRow(PlainRow& row);
+  bool UndoDone(PlainRow& row);
+  bool MoveBack(PlainRow& row, const std::string& present);
 
   PlainTrouble trouble_;
+  FileSystem* files_ = nullptr;
   int events_ = 0;
+  std::vector<std::pair<std::string, FolderIdentity>> made_folders_;
 };

@@ -43,9 +43,9 @@ class RunOnDisk : public testing::Test {
     RenameRun(output, records, state, *files, events, clock, reports).RunRename();
   }
 
-  std::size_t Undo(const OutputOptions& output = {}) {
+  std::size_t Undo() {
     RunReports reports;
-    UndoRun(output, records, state, *files, events, clock, reports).Undo();
+    UndoRun(records, state, *files, events, clock, reports).Undo();
     return reports.gFailureReport.size();
   }
 
@@ -66,24 +66,7 @@ class RunOnDisk : public testing::Test {
   FileTypes types{type_names};
 };
 
-constexpr int kMany = 1000;
-
 }  // namespace
-
-TEST_F(RunOnDisk, TurnsThousandFilesRound) {
-  std::map<std::string, std::string> names;
-  const auto name = [](int i) { return "f" + std::to_string(i) + ".jpg"; };
-  for (int i = 0; i < kMany; ++i) {
-    Add(name(i));
-    const int pair = i ^ 1;
-    names[name(i)] = i < 200 ? name(pair) : i + 1 < kMany ? name(i + 1) : name(200);
-  }
-  Scan();
-  Plan(names);
-  Run();
-  EXPECT_EQ(folder.List().size(), static_cast<std::size_t>(kMany));
-  for (const auto& [from, to] : names) EXPECT_EQ(folder.Read(to), from);
-}
 
 TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   const std::string bad("bad\xFF\xFE"), line("two\nlines"), gone("gone");
@@ -126,18 +109,6 @@ TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   EXPECT_EQ(folder.List().size(), 14u) << "no file more and none less";
 }
 
-TEST_F(RunOnDisk, NumbersPastWhatStandsInTheWay) {
-  Add("a");
-  folder.MakeLink("b", "/nowhere/at all");
-  folder.MakeFolder("b_{1}");
-  Scan();
-  Plan({{"a", "b"}});
-  Run();
-  EXPECT_EQ(MarkOf("a"), 'D');
-  EXPECT_EQ(folder.Read("b_{2}"), "a");
-  EXPECT_TRUE(folder.Has("b"));
-}
-
 TEST_F(RunOnDisk, FailsWhereNumberingMakesANameTooLong) {
   const std::string longest(255, 'x');
   Add("a");
@@ -177,34 +148,6 @@ TEST_F(RunOnDisk, CopiesNoFifoAndDoesNotWaitForIt) {
   EXPECT_TRUE(out.List().empty());
 }
 
-TEST_F(RunOnDisk, MovesAWholeTreeUnderTheOutputFolder) {
-  Add("a");
-  folder.MakeFolder("sub");
-  Add("sub/b");
-  Scan();
-  TempFolder out(std::string("/dev/shm"));
-  Run({kMoveTo, out.path() + "/new/", true, folder.path() + "/"});
-  EXPECT_EQ(out.Read("new/a"), "a");
-  EXPECT_EQ(out.Read("new/sub/b"), "sub/b");
-  EXPECT_FALSE(folder.Has("a"));
-}
-
-TEST_F(RunOnDisk, UndoBringsEveryNameBack) {
-  for (const char* name : {"a", "b", "c", "d", "e"}) Add(name);
-  Scan();
-  Plan({{"a", "b"}, {"b", "a"}, {"c", "d"}, {"d", "x"}, {"e", "x"}});
-  const std::vector<std::string> before = folder.List();
-  Run();
-  EXPECT_EQ(folder.List().size(), 5u);
-  EXPECT_NE(folder.List(), before);
-  EXPECT_EQ(Undo(), 0u);
-  EXPECT_EQ(folder.List(), before);
-  for (const std::string& name : before) EXPECT_EQ(folder.Read(name), name);
-  Run();
-  EXPECT_EQ(Undo(), 0u) << "the rows are as after a preview again";
-  EXPECT_EQ(folder.List(), before);
-}
-
 TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
   for (const char* name : {"kept", "edited", "replaced", "gone"}) Add(name);
   Scan();
@@ -218,16 +161,4 @@ TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
   EXPECT_EQ(Undo(), 3u) << "and whatever the output choice is by now";
   EXPECT_EQ(out.List(), (std::vector<std::string>{"edited", "replaced"}));
   EXPECT_EQ(folder.List().size(), 4u);
-}
-
-TEST_F(RunOnDisk, UndoMovesBackWhateverTheOutputChoiceIsByThen) {
-  Add("a");
-  Scan();
-  Plan({{"a", "b"}});
-  TempFolder out;
-  Run({kMoveTo, out.path() + "/", false, folder.path() + "/"});
-  EXPECT_EQ(out.Read("b"), "a");
-  EXPECT_EQ(Undo(), 0u);
-  EXPECT_EQ(folder.Read("a"), "a");
-  EXPECT_TRUE(out.List().empty());
 }

@@ -35,6 +35,11 @@ class RunTest : public testing::Test {
     RenameRun(output, records, state, files, events, clock, reports).RunRename();
   }
 
+  void Undo() {
+    reports.DeleteAll();
+    UndoRun(records, state, files, events, clock, reports).Undo();
+  }
+
   /// A letter a row: "d"one, "F"ailed, or ">".
   std::string Marks() const {
     std::string marks;
@@ -102,21 +107,6 @@ TEST_F(RunTest, RenamesInPlace) {
   }
 }
 
-TEST_F(RunTest, NotesInTheRowsWhatUndoNeeds) {
-  Plan({{"a", "b"}, {"b", "a"}, {"c", "a"}});
-  Run();
-  EXPECT_EQ(records[0].Rollback(), "a");
-  EXPECT_EQ(records[1].Rollback(), "b");
-  EXPECT_EQ(records[1].sourceFileName, "b") << "the name before it was moved aside shows again";
-  EXPECT_EQ(records[2].newFileName, "a_{1}");
-  EXPECT_EQ(records[2].PlannedName(), "a");
-  EXPECT_EQ(records[2].RowTag, 1);
-  EXPECT_EQ(records[2].mode, kUseSourceFolder);
-  EXPECT_EQ(records.NewPath(records[2]), "");
-  ASSERT_EQ(reports.gConflictReport.size(), 1u);
-  EXPECT_EQ(reports.gConflictReport[0].final_name, "a_{1}");
-}
-
 TEST_F(RunTest, CopiesAndMovesIntoTheOutputFolder) {
   const struct {
     const char* what;
@@ -182,13 +172,38 @@ TEST_F(RunTest, GoesOnAfterAFailureAndTriesAgain) {
   EXPECT_EQ(Files(), "x=a y=b z=c ");
 }
 
-TEST_F(RunTest, LosesNothingWhenAHolderCanNotBeMovedAside) {
+TEST_F(RunTest, NumbersTheNameOfAHolderThatCanNotBeMovedAside) {
   files.fails = [](std::string_view, std::string_view path) { return path == "/in/b"; };
   Plan({{"a", "b"}, {"b", "a"}});
   Run();
-  EXPECT_EQ(Marks(), "FF");
-  EXPECT_EQ(Files(), "a_{1}=a b=b ") << "the second row had its own holder moved aside";
-  EXPECT_EQ(records[0].sourceFileName, "a_{1}");
+  EXPECT_EQ(Marks(), "dF");
+  EXPECT_EQ(Files(), "b=b b_{1}=a ");
+  EXPECT_EQ(records[1].Rollback(), "") << "the holder's row tells where its file is";
+  EXPECT_EQ(records[1].problem, EIO);
+  EXPECT_EQ(reports.gFailureReport[0].problem, EIO);
+}
+
+TEST_F(RunTest, MovesTheFilesOfASwapInThisOrder) {
+  Plan({{"a", "b"}, {"b", "a"}});
+  Run();
+  Undo();
+  EXPECT_EQ(files.log, (std::vector<std::string>{"move /in/b /in/b_{1}", "move /in/a /in/b",
+                                                 "move /in/b_{1} /in/a", "move /in/a /in/a_{1}",
+                                                 "move /in/b /in/a", "move /in/a_{1} /in/b"}));
+}
+
+TEST_F(RunTest, MakesNoFolderWhereUndoNeedsAName) {
+  Plan({{"a", "b"}, {"c", "c"}});
+  records[1].checked = false;
+  Run();
+  output = {kMoveTo, "/in/a/", false, "/in/"};
+  records[1].checked = true;
+  Run();
+  EXPECT_EQ(Marks(), "dF");
+  EXPECT_EQ(records[1].problem, kFolderInTheWay);
+  Undo();
+  EXPECT_EQ(Files(), "a=a c=c ");
+  EXPECT_EQ(files.folders, (std::set<std::string>{"/in", "/in/sub", "/out"}));
 }
 
 TEST_F(RunTest, LeavesTheRestWhenCancelledAndGoesOnLater) {
@@ -219,32 +234,13 @@ TEST_F(RunTest, LeavesTheRowAsItWasWhenCancelledInsideACopy) {
   EXPECT_TRUE(reports.gFailureReport.empty());
 }
 
-TEST_F(RunTest, NeverMovesAHolderOutOfItsFolder) {
-  state.gNumberLeft = "/sub/";
-  Plan({{"a", "b"}, {"b", "a"}});
-  Run();
-  EXPECT_EQ(Files(), "a=a b=b ");
-}
-
-TEST_F(RunTest, MovesAThousandFilesRoundACycle) {
-  std::vector<std::string> names(1001);
-  for (std::size_t i = 0; i < names.size(); ++i) names[i] = "f" + std::to_string(i % 1000);
-  std::vector<PlannedRow> rows;
-  for (std::size_t i = 0; i < 1000; ++i) rows.push_back({names[i].c_str(), names[i + 1].c_str()});
-  Plan(rows);
-  Run();
-  EXPECT_EQ(Marks(), std::string(1000, 'd'));
-  EXPECT_EQ(files.contents.size(), 1000u);
-  for (std::size_t i = 0; i < 1000; ++i) EXPECT_EQ(files.contents["/in/" + names[i + 1]], names[i]);
-}
-
 TEST_F(RunTest, CanNotBeTakenBackOnceRollbackIsEmptied) {
   Plan({{"a", "b"}});
   Run();
   EmptyRollback(records);
   EXPECT_EQ(records[0].RowTag, 0);
   EXPECT_EQ(MarkText(records[0].mark), ">>");
-  UndoRun(output, records, state, files, events, clock, reports).Undo();
+  Undo();
   EXPECT_EQ(Files(), "b=a ");
   EXPECT_TRUE(reports.gFailureReport.empty());
 }

@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
   std::fflush(stdout);
   while (reports.gFailureReport.empty()) {
     RenameRun(output, records, state, *files, events, *clock, reports).RunRename();
-    UndoRun(output, records, state, *files, events, *clock, reports).Undo();
+    UndoRun(records, state, *files, events, *clock, reports).Undo();
   }
   return 1;
 }

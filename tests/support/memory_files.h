@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -12,23 +13,39 @@
 
 #include "platform/files.h"
 #include "platform/name_pattern.h"
+#include "platform/text.h"
 
-/// A file system in memory: paths and their contents. Refuses what the real one refuses, counts
-/// its calls, and fails those that a test names. A copy that was written to, or another file in its
-/// place, is told from the one that was made by its content.
+/// A file system in memory: paths and their contents. Refuses what the real one refuses, logs what
+/// it does, and fails what a test names. A file that was written to, or another in its place, is
+/// told by its content.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::string> contents;
   std::set<std::string> folders;
+  std::map<std::string, std::string> folder_links;  ///< entries that lead to a folder, and which
+  bool case_blind = false;                          ///< takes "a" and "A" for one name
   std::function<bool(std::string_view operation, std::string_view path)> fails;
   std::function<void()> in_copy;  ///< what happens between the pieces of a copy
+  std::vector<std::string> log;   ///< "move /a /b": what was done
   int exists_calls = 0;
+
+  /// `path` with its folder as it is stored, and its name too if something is there.
+  std::string Real(std::string_view path) const {
+    const bool plain = folder_links.empty() && !case_blind && path.find("/.") == path.npos;
+    if (plain) return std::string(path);
+    const std::size_t name = path.rfind('/') + 1;
+    if (path.ends_with("/.") || path.ends_with("/..")) return RealFolder(path);
+    return name == 0 ? std::string(path)
+                     : Stored(RealFolder(path.substr(0, name)) + "/", path.substr(name));
+  }
 
   bool Exists(std::string_view path) override {
     ++exists_calls;
-    const std::string_view folder = path.substr(0, path.rfind('/') + 1);
-    const std::string_view name = path.substr(folder.size());
-    if (!HasWildcards(name)) return IsThere(path);
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    if (name == "." || name == "..") return true;
+    if (IsThere(Real(path))) return true;
+    if (!HasWildcards(name)) return false;
+    const std::string folder = RealFolder(path.substr(0, path.size() - name.size())) + "/";
     const auto fits = [&](std::string_view other) {
       return other.starts_with(folder) && other.rfind('/') + 1 == folder.size() &&
              FitsPattern(other.substr(folder.size()), name);
@@ -39,22 +56,31 @@ class MemoryFiles : public FileSystem {
   }
 
   std::optional<FileFacts> Look(std::string_view path) override {
-    if (path == "/") return FileFacts{EntryKind::kFolder, 0, 0};
-    const auto found = contents.find(std::string(path));
+    const std::string real = Real(path);
+    if (path == "/" || folders.contains(real)) return FileFacts{EntryKind::kFolder, 0, 0};
+    const auto found = contents.find(real);
     if (found == contents.end()) return std::nullopt;
     return FileFacts{EntryKind::kFile, found->second.size(), 1'000'000'000};
   }
 
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
-    if (path.ends_with('/')) path.remove_suffix(1);
-    if (!folders.contains(std::string(path))) return std::nullopt;
-    return FolderIdentity{1, std::hash<std::string_view>()(path), 0};
+    const std::string real = RealFolder(path);
+    if (!folders.contains(real)) return std::nullopt;
+    return FolderIdentity{1, std::hash<std::string>()(real), made_[real]};
   }
   void ExpectFolder(std::string_view, const FolderIdentity&) override {}
-  std::string ResolveFolder(std::string_view path) override { return std::string(path); }
-  bool IsSameEntry(std::string_view a, std::string_view b) override { return a == b && IsThere(a); }
+  std::string ResolveFolder(std::string_view path) override {
+    const std::size_t name = path.rfind('/') + 1;
+    const std::string real = RealFolder(path.substr(0, name));
+    return folders.contains(real) ? (real + "/").append(path.substr(name)) : std::string(path);
+  }
+  bool IsSameEntry(std::string_view a, std::string_view b) override {
+    const std::string real = Real(a);
+    return real == Real(b) && IsThere(real);
+  }
   bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
-    return contents.contains(std::string(path)) && Identity(std::string(path)) == file;
+    const std::string real = Real(path);
+    return contents.contains(real) && Identity(real) == file;
   }
 
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
@@ -69,64 +95,137 @@ class MemoryFiles : public FileSystem {
   }
 
   bool MoveFile(std::string_view from, std::string_view to, const GoOn&) override {
-    const auto source = contents.find(std::string(from));
-    if (Fails("move", from) || source == contents.end()) return false;
-    if (from == to) return true;
-    if (!Fits(to)) return false;
-    contents[std::string(to)] = source->second;
-    inodes_[std::string(to)] = std::exchange(inodes_[source->first], 0);
-    contents.erase(source);
+    const auto source = contents.find(Real(from));
+    if (Fails("move", from)) return No(EIO);
+    if (source == contents.end()) return No(ENOENT);
+    const std::string target = Target(to);
+    if (source->first == target) return true;
+    if (!IsSameEntry(from, to) && !Fits(target)) return false;
+    Log("move", from, to);
+    const std::string old = source->first;
+    Rekey(contents, old, target);
+    Rekey(inodes_, old, target);
+    Rekey(folder_links, old, target);
     return true;
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                 CopyIdentities* copied) override {
-    const auto source = contents.find(std::string(from));
-    if (Fails("copy", from) || source == contents.end() || !Fits(to)) return false;
+    const std::string source = Real(from);
+    const std::string target = Target(to);
+    if (Fails("copy", from)) return No(EIO);
+    if (!contents.contains(source) || contents[source].starts_with("-> ")) return No(ENOENT);
+    if (!Fits(target)) return false;
     if (in_copy) in_copy();
-    if (!go_on()) return false;
-    contents[std::string(to)] = source->second;
-    inodes_[std::string(to)] = ++last_inode_;
-    if (copied != nullptr) {
-      *copied = {Identity(std::string(from)), Identity(std::string(to))};
-    }
+    if (go_on && !go_on()) return No(ECANCELED);
+    Log("copy", from, to);
+    contents[target] = contents[source];
+    inodes_[target] = ++last_inode_;
+    if (copied != nullptr) *copied = {Identity(source), Identity(target)};
     return true;
   }
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
-    return IsVeryFile(path, made) && contents.erase(std::string(path)) > 0;
+    if (Fails("delete", path) || !IsVeryFile(path, made)) return No(kNotTheCopy);
+    Log("delete", path, "");
+    inodes_.erase(Real(path));
+    return contents.erase(Real(path)) > 0;
   }
   bool CreateDirectory(std::string_view path) override {
-    if (path.starts_with('/') && !Fits(path)) return false;
-    return folders.insert(std::string(path)).second;
+    const std::string target = Target(path);
+    if (path.starts_with('/') && !Fits(target)) return false;
+    made_[target] = ++last_inode_;
+    return folders.insert(target).second;
   }
   bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
+    const std::string real = Real(path);
     const auto inside = [&](const std::string& entry) {
-      return entry.size() > path.size() && entry.starts_with(path) && entry[path.size()] == '/';
+      return entry.size() > real.size() && entry.starts_with(real) && entry[real.size()] == '/';
     };
     return IdentifyFolder(path) == made && std::none_of(folders.begin(), folders.end(), inside) &&
            std::none_of(contents.begin(), contents.end(),
                         [&](const auto& file) { return inside(file.first); }) &&
-           folders.erase(std::string(path)) > 0;
+           folders.erase(real) > 0;
   }
+  int Problem() const override { return problem_; }
 
  private:
+  template <class Map>
+  static void Rekey(Map& map, const std::string& from, const std::string& to) {
+    auto node = map.extract(from);
+    if (node.empty()) return;
+    node.key() = to;
+    map.insert(std::move(node));
+  }
+  bool No(int problem) {
+    problem_ = problem;
+    return false;
+  }
   bool Fails(std::string_view operation, std::string_view path) {
     return fails && fails(operation, path);
   }
-  bool IsThere(std::string_view path) const {
-    return contents.contains(std::string(path)) || folders.contains(std::string(path));
+  void Log(std::string_view operation, std::string_view from, std::string_view to) {
+    if (log.size() < 1000) {
+      log.push_back(std::string(operation).append(" ").append(from).append(" ").append(to));
+    }
   }
-  bool Fits(std::string_view to) const {
-    return !to.ends_with('/') && !IsThere(to) &&
-           folders.contains(std::string(to.substr(0, to.rfind('/'))));
+  bool IsThere(const std::string& real) const {
+    return contents.contains(real) || folders.contains(real);
   }
-  FileIdentity Identity(const std::string& path) {
-    const std::string& content = contents[path];
-    return {1, inodes_[path], content.size(),
-            static_cast<std::int64_t>(std::hash<std::string>()(content))};
+  /// The entry of that name as it is stored; the name as given when there is none.
+  std::string Stored(const std::string& folder, std::string_view name) const {
+    std::string path = folder + std::string(name);
+    if (!case_blind || IsThere(path)) return path;
+    for (const auto& [file, content] : contents) {
+      if (text::EqualIgnoringCase(file, path)) return file;
+    }
+    for (const std::string& other : folders) {
+      if (text::EqualIgnoringCase(other, path)) return other;
+    }
+    return path;
+  }
+  /// A folder's path, with or without its closing separator, as it is stored; without it.
+  std::string RealFolder(std::string_view path) const {
+    std::string real;
+    for (const std::string_view name : text::Split(path, "/")) {
+      if (name.empty() || name == ".") continue;
+      if (name == ".." && folders.contains(real)) {
+        real.resize(std::min(real.rfind('/'), real.size()));
+        continue;
+      }
+      real = Stored(real + "/", name);
+      const auto link = folder_links.find(real);
+      if (link != folder_links.end()) real = link->second;
+    }
+    return real;
+  }
+  /// Where something new of that name would stand.
+  std::string Target(std::string_view path) const {
+    const bool plain = folder_links.empty() && !case_blind && path.find("/.") == path.npos;
+    const std::size_t name = path.rfind('/') + 1;
+    if (plain || name == 0) return std::string(path);
+    return (RealFolder(path.substr(0, name)) + "/").append(path.substr(name));
+  }
+  bool Fits(const std::string& target) {
+    using namespace std::string_view_literals;
+    const std::size_t end = target.rfind('/');
+    const std::string_view name = std::string_view(target).substr(end + 1);
+    if (name == "" || name == "." || name == ".." || name.find('\0') != name.npos)
+      return No(EINVAL);
+    if (name.size() > 255) return No(ENAMETOOLONG);
+    if (IsThere(Stored(target.substr(0, end + 1), name))) return No(EEXIST);
+    return folders.contains(target.substr(0, end)) || No(ENOENT);
+  }
+  FileIdentity Identity(const std::string& real) {
+    const std::string& content = contents[real];
+    std::uint64_t& inode = inodes_[real];
+    if (inode == 0) inode = ++last_inode_;
+    return {1, inode, content.size(), static_cast<std::int64_t>(std::hash<std::string>()(content)),
+            0};
   }
 
-  std::map<std::string, std::uint64_t> inodes_;  ///< of the copies, 0 for every other file
+  std::map<std::string, std::uint64_t> inodes_;
+  std::map<std::string, std::int64_t> made_;  ///< serials of the folders made by CreateDirectory
   std::uint64_t last_inode_ = 0;
+  int problem_ = 0;
 };

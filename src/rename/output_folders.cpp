@@ -1,0 +1,112 @@
+#include "rename/output_folders.h"
+
+#include "common/drives.h"
+#include "common/path_text.h"
+#include "rename/folder_path.h"
+
+namespace {
+
+/// What a path holds up to its last separator.
+std::string_view FolderPart(std::string_view path) {
+  return path.substr(0, path.rfind(kNative.separator) + 1);
+}
+
+}  // namespace
+
+void ExpectKnownFolders(FileSystem& files, const Records& records) {
+  for (const auto& [path, identity] : records.used_folders) files.ExpectFolder(path, identity);
+  for (const auto& [path, identity] : records.scanned_folders) files.ExpectFolder(path, identity);
+}
+
+const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
+  if (output_.cmbDestination == kUseSourceFolder) {
+    latest_ = {records_.Path(row)};
+    return latest_;
+  }
+  const std::string text = Text(row);
+  const auto found = prepared_.find(text);
+  if (found != prepared_.end() && LeadsThere(text, found->second)) return found->second;
+  latest_ = Prepare(text);
+  const bool made = latest_.problem == 0 &&
+                    mScanCD::FolderExist(files_, mMain::GetPathWithNoSlash(text));
+  return made ? prepared_[text] = latest_ : latest_;  // what is missing is tried again
+}
+
+/// Where the way there leads over a link that is itself in the list, the run may have moved it.
+bool OutputFolders::LeadsThere(const std::string& text, const Folder& folder) {
+  return text == folder.path || files_.ResolveFolder(text) == folder.path;
+}
+
+std::string OutputFolders::Text(const FileRow& row) const {
+  if (!output_.chDestinationSubfolders) return output_.fdDestination;
+  return mMain::ReplacePathText(records_.Path(row), output_.fdSourceFolder, output_.fdDestination);
+}
+
+/// A relative folder would lead to wherever the program happens to have been started.
+OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
+  if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute};
+  in_the_way_ = false;
+  const std::string_view bare = mMain::GetPathWithNoSlash(text);
+  if (!mScanCD::FolderExist(files_, bare)) {
+    CreateFolderPath(files_, bare, [this](const std::string& level) { return Make(level); });
+  }
+  // All that the run puts below the folder that was chosen belongs into that very one.
+  if (text.starts_with(output_.fdDestination)) Know(files_.ResolveFolder(output_.fdDestination));
+  Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0};
+  Know(folder.path);
+  return folder;
+}
+
+/// Makes no folder where undo needs the name: where a row had the file that undo brings back. A
+/// file system may take two names for one, which shows only once the folder is there.
+bool OutputFolders::Make(const std::string& level) {
+  if (!former_) MakeIndex();
+  in_the_way_ = StandsInTheWay(level, true);
+  if (in_the_way_ || !files_.CreateDirectory(level)) return !in_the_way_;
+  const std::string path = files_.ResolveFolder(level);
+  const auto identity = files_.IdentifyFolder(path);
+  if (!identity) return true;
+  in_the_way_ = StandsInTheWay(level, false);
+  if (in_the_way_ && files_.DeleteMadeFolder(path, *identity)) return false;
+  records_.made_folders.push_back({path, *identity});
+  records_.used_folders.erase(path + kNative.separator);
+  Know(path + kNative.separator);
+  return true;
+}
+
+bool OutputFolders::StandsInTheWay(const std::string& level, bool by_exact_name) {
+  const std::string_view folder = FolderPart(level);
+  const RowPlace wanted{folder, std::string_view(level).substr(folder.size())};
+  return former_
+      ->First(keys_(wanted),
+              [&](std::size_t record) {
+                const FileRow& row = records_[record];
+                const RowPlace former = FormerPlace(records_, row);
+                if (former.name.empty()) return false;
+                return by_exact_name ? keys_.AreEqual(former, wanted)
+                                     : IsOneEntry(files_, former.Path(), level);
+              })
+      .has_value();
+}
+
+void OutputFolders::MakeIndex() {
+  former_.emplace();
+  for (std::size_t i = 0; i < records_.Count(); ++i) {
+    if (!records_[i].TakesPartInUndo()) continue;
+    former_->AddFirst(keys_(FormerPlace(records_, records_[i])), i);
+  }
+  former_->EndOfFirst();
+}
+
+void OutputFolders::RowChanged(std::size_t record) {
+  if (former_) former_->Add(keys_(FormerPlace(records_, records_[record])), record);
+}
+
+void OutputFolders::Know(std::string_view path) {
+  const std::string folder(FolderPart(path));
+  if (records_.scanned_folders.contains(folder) || records_.used_folders.contains(folder)) return;
+  const auto identity = files_.IdentifyFolder(folder);
+  if (!identity) return;
+  records_.used_folders[folder] = *identity;
+  files_.ExpectFolder(folder, *identity);
+}

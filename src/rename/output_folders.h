@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "core/records.h"
+#include "platform/files.h"
+#include "rename/holders.h"
+#include "rename/output_options.h"
+#include "rename/row_places.h"
+
+/// Expects of every folder that the rows name that it is still the one that was scanned, or used by
+/// a run; see FileSystem::ExpectFolder.
+void ExpectKnownFolders(FileSystem& files, const Records& records);
+
+/// The folders that a run puts files into: makes them where they are missing, notes which they are
+/// and which of them it has made.
+class OutputFolders {
+ public:
+  /// All for the length of one run.
+  OutputFolders(const OutputOptions& output, Records& records, FileSystem& files)
+      : output_(output), records_(records), files_(files), keys_(files) {}
+  OutputFolders(const OutputFolders&) = delete;
+  OutputFolders& operator=(const OutputFolders&) = delete;
+
+  struct Folder {
+    std::string path;  ///< as the system resolves it; what stands behind the last separator stays
+    int problem = 0;   ///< why nothing may be put there, else 0
+  };
+
+  /// Where the run puts the row's file: its own folder when renaming in place, else the output
+  /// folder or what corresponds to the row's below it. Made when the run asks for it first. Valid
+  /// until the next call.
+  const Folder& Of(const FileRow& row);
+
+  /// The row takes part in undo from now on.
+  void RowChanged(std::size_t record);
+
+ private:
+  std::string Text(const FileRow& row) const;
+  bool LeadsThere(const std::string& text, const Folder& folder);
+  Folder Prepare(const std::string& text);
+  bool Make(const std::string& level);
+  bool StandsInTheWay(const std::string& level, bool by_exact_name);
+  void MakeIndex();
+  void Know(std::string_view path);
+
+  const OutputOptions& output_;
+  Records& records_;
+  FileSystem& files_;
+  EntryKeys keys_;
+  std::unordered_map<std::string, Folder> prepared_;  ///< by text
+  Folder latest_;
+  std::optional<HolderIndex> former_;  ///< rows by the names that undo gives back
+  bool in_the_way_ = false;
+};
