@@ -102,10 +102,11 @@ std::string Numbering::FreeAsideName(std::string_view pPath, std::string_view pN
 /// The first free name of the series without its folder; "" when there is none, or the search gave
 /// up.
 std::string Numbering::FreeIn(Series wanted, std::size_t folder_size) {
-  // A candidate with wildcards is taken by any file that it matches, so any that goes may free it.
-  const bool matches_many =
-      HasWildcards(std::string_view(wanted.head).substr(folder_size)) || HasWildcards(wanted.tail);
-  Series& series = SeriesOf(std::move(wanted));
+  // A candidate with wildcards is taken by any file that it matches, so any that goes may free it;
+  // with a separator it may lie in any folder.
+  const std::string around = wanted.head.substr(folder_size) + wanted.tail;
+  const bool matches_many = HasWildcards(around) || !StaysInItsFolder(around);
+  Series& series = SeriesOf(std::move(wanted), folder_size);
   if (matches_many) {
     series.untried = series.first;
     series.freed.clear();
@@ -141,7 +142,8 @@ void Numbering::CreateUniqueName(std::string_view pPath, std::string_view pName,
 
 void Numbering::Freed(std::string_view path) {
   if (series_.empty()) return;
-  const std::string lower = text::ToLower(path);
+  const std::size_t folder_size = path.rfind(kNative.separator) + 1;
+  const std::string lower = text::ToLower(Resolved(path, folder_size));
   const std::string left = text::ToLower(state_.gNumberLeft);
   const auto behind_left_text = [&](std::string_view head) {
     return head.ends_with(left) || head.ends_with(kSafeNumberTexts.left);
@@ -168,10 +170,21 @@ void Numbering::Open(std::string_view lower_head, std::string_view lower_tail, c
   }
 }
 
-Numbering::Series& Numbering::SeriesOf(Series wanted) {
+/// `path` with the folder of its first `folder_size` bytes as the system resolves it: one folder
+/// may have several paths.
+std::string Numbering::Resolved(std::string_view path, std::size_t folder_size) {
+  const std::string_view folder = path.substr(0, folder_size);
+  if (folder != last_folder_ || last_resolved_.empty()) {
+    last_folder_ = folder;
+    last_resolved_ = files_.ResolveFolder(folder);
+  }
+  return last_resolved_ + std::string(path.substr(folder_size));
+}
+
+Numbering::Series& Numbering::SeriesOf(Series wanted, std::size_t folder_size) {
   wanted.untried = wanted.first;
-  std::vector<Series>& same =
-      series_[SeriesKey(text::ToLower(wanted.head), text::ToLower(wanted.tail))];
+  const std::string head = Resolved(wanted.head, folder_size);
+  std::vector<Series>& same = series_[SeriesKey(text::ToLower(head), text::ToLower(wanted.tail))];
   for (Series& series : same) {
     if (series.head == wanted.head && series.tail == wanted.tail && series.first == wanted.first &&
         series.last == wanted.last) {

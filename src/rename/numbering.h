@@ -64,7 +64,8 @@ class Numbering {
   };
   std::string FreeIn(Series series, std::size_t folder_size);
   std::string FirstFree(Series& series);
-  Series& SeriesOf(Series series);
+  std::string Resolved(std::string_view path, std::size_t folder_size);
+  Series& SeriesOf(Series series, std::size_t folder_size);
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 
@@ -73,6 +74,8 @@ class Numbering {
   GoOn go_on_;
   /// By the lower case of head and tail, because a file system may take two cases for one name.
   std::unordered_map<std::string, std::vector<Series>> series_;
+  std::string last_folder_;
+  std::string last_resolved_;
 };
 
 /// Whether a name can stand in a path without leading elsewhere: no separator, no NUL.

@@ -27,8 +27,8 @@ const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
   const auto found = prepared_.find(text);
   if (found != prepared_.end() && LeadsThere(text, found->second)) return found->second;
   latest_ = Prepare(text);
-  const bool made = latest_.problem == 0 &&
-                    mScanCD::FolderExist(files_, mMain::GetPathWithNoSlash(text));
+  const bool made =
+      latest_.problem == 0 && mScanCD::FolderExist(files_, mMain::GetPathWithNoSlash(text));
   return made ? prepared_[text] = latest_ : latest_;  // what is missing is tried again
 }
 

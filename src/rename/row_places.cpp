@@ -29,7 +29,8 @@ std::optional<RowPlace> PlaceOf(const Records& records, const FileRow& row, RowF
     return RowPlace{output.empty() ? path : output, row.newFileName};
   }
   const bool aside = row.RowTag != 1 && !row.Rollback().empty();
-  const bool copied = row.RowTag == 1 && row.mode == kCopyTo && row.sourceFileName != row.Rollback();
+  const bool copied =
+      row.RowTag == 1 && row.mode == kCopyTo && row.sourceFileName != row.Rollback();
   if (!aside && !copied) return std::nullopt;
   return RowPlace{path, row.sourceFileName};
 }
