@@ -120,7 +120,8 @@ void AppendMapped(std::string_view t, std::string& out, const ByteTable& bytes, 
 }
 
 int MarkClass(char32_t point) {
-  if (point >= utf8::kBadByte) return 0;
+  constexpr char32_t kFirstMark = 0x300;
+  if (point < kFirstMark || point >= utf8::kBadByte) return 0;
   return utf8proc_get_property(static_cast<utf8proc_int32_t>(point))->combining_class;
 }
 
