@@ -36,7 +36,7 @@ TEST(Masks, MatchOneOfTheirListIgnoringCase) {
       {"*.*", {".profile", "a.b"}, {"README"}},
       {"thumb*", {"Thumb1.png"}, {}},
       {"README", {"readme"}, {"readme.txt"}},
-      {"AZ", {"az"}, {}},
+      {"az", {"AZ"}, {}},
       {"?.txt", {"a.txt"}, {".txt"}},
       {"a##", {"a12", "A09"}, {"a1x", "a1/", "a1:", "a\u06631"}},
       {"[abc]x", {"Bx"}, {"dx"}},

@@ -30,7 +30,7 @@ TEST(Counter, HasAsManyZerosAsDigits) {
 }
 
 TEST(Counter, ShowsASampleOfWhatIsTyped) {
-  const char* const table[][3] = {{"7", "0000", "0007"}, {"000007", "0000", "0007"},
+  const char* const table[][3] = {{"8", "0000", "0008"}, {"000007", "0000", "0007"},
                                   {"000", "0", "0"},     {"1234567890", "000", "1234567890"},
                                   {"", "0000", ""},      {"x7", "0000", "x7"}};
   for (const auto& [typed, pattern, shown] : table) EXPECT_EQ(CounterSample(typed, pattern), shown);
