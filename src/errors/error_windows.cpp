@@ -205,7 +205,7 @@ frmShowError::frmShowError(QWidget* parent)
 
 void frmShowError::ShowError(const std::string& report) {
   ErrTrace::inner<"frmShowError.ShowError(report)">(ErrTrace::args(report), [&] {
-    txtError->setPlainText(text::ToQt(report));
+    txtError->setPlainText(text::ShownLines(report));
     if (isVisible()) return;
     const bool blocked = QApplication::activeModalWidget() != nullptr;
     setWindowModality(blocked ? Qt::ApplicationModal : Qt::NonModal);

@@ -31,21 +31,21 @@ std::string Parted(std::string_view list) {
   return t;
 }
 
-/// A name in lower case; short ASCII names, that is nearly all, need no memory of the heap.
-class LowerName {
+/// A name as it is compared; short ASCII names, that is nearly all, need no memory of the heap.
+class FoldedName {
  public:
-  explicit LowerName(std::string_view name) : bytewise_(text::IsBytewise(name)) {
+  explicit FoldedName(std::string_view name) : bytewise_(text::IsBytewise(name)) {
     if (bytewise_ && name.size() <= short_.size()) {
       std::transform(name.begin(), name.end(), short_.begin(),
                      [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
       view_ = std::string_view(short_.data(), name.size());
     } else {
-      text::AppendLower(name, long_);
+      text::AppendFolded(name, long_);
       view_ = long_;
     }
   }
-  LowerName(const LowerName&) = delete;
-  LowerName& operator=(const LowerName&) = delete;
+  FoldedName(const FoldedName&) = delete;
+  FoldedName& operator=(const FoldedName&) = delete;
 
   std::string_view View() const { return view_; }
   bool Bytewise() const { return bytewise_; }
@@ -66,7 +66,7 @@ MaskList::MaskList(std::string_view str) : text_(str) {
 
 bool MaskList::Matches(std::string_view Filename) const {
   return ErrTrace::inner<"mCommon.LikeFilter(str,Filename)">(ErrTrace::args(text_, Filename), [&] {
-    const LowerName name(Filename);
+    const FoldedName name(Filename);
     return std::any_of(masks_.begin(), masks_.end(), [&](const Mask& mask) {
       return MaskMatches(mask, name.View(), name.Bytewise());
     });
@@ -93,7 +93,7 @@ MaskList::Mask MaskList::Parse(std::string_view mask) {
       at = ParseList(mask, at, elements.back());
       parsed.bad = at == mask.npos;
     } else {
-      elements.push_back({Element::kLiteral, text::ToLower(character), {}});
+      elements.push_back({Element::kLiteral, text::Folded(character), {}});
     }
   }
   return parsed;
@@ -117,7 +117,7 @@ std::size_t MaskList::ParseList(std::string_view mask, std::size_t at, Element& 
     while (i < characters.size()) {
       const bool range = i + 2 < characters.size() && characters[i + 1] == "-";
       const std::size_t last = range ? i + 2 : i;
-      element.ranges.push_back({text::ToLower(characters[i]), text::ToLower(characters[last])});
+      element.ranges.push_back({text::Folded(characters[i]), text::Folded(characters[last])});
       i = last + 1;
     }
     return at;
@@ -147,17 +147,17 @@ bool MaskList::Fits(const Element& element, std::string_view character) {
 
 /// Where nothing fits, only the last run grows by a character: what an earlier run could take, the
 /// last one can too. So the time is at most the product of both lengths.
-bool MaskList::MaskMatches(const Mask& mask, std::string_view lower, bool bytewise) {
+bool MaskList::MaskMatches(const Mask& mask, std::string_view name, bool bytewise) {
   if (mask.bad) throw Failure(kBadPattern, "Invalid pattern string");
   const auto next = [&](std::size_t at) {
-    return bytewise ? at + 1 : text::NextCharacter(lower, at);
+    return bytewise ? at + 1 : text::NextCharacter(name, at);
   };
   const auto& elements = mask.elements;
   std::size_t at = 0;
   std::size_t i = 0;
   std::size_t run = elements.size();  // the last run seen; the count while there is none
   std::size_t run_end = 0;            // where that run ends in the name
-  while (at < lower.size()) {
+  while (at < name.size()) {
     if (i < elements.size() && elements[i].kind == Element::kAnyRun) {
       run = i++;
       run_end = at;
@@ -165,7 +165,7 @@ bool MaskList::MaskMatches(const Mask& mask, std::string_view lower, bool bytewi
       continue;
     }
     const std::size_t behind = next(at);
-    if (i < elements.size() && Fits(elements[i], lower.substr(at, behind - at))) {
+    if (i < elements.size() && Fits(elements[i], name.substr(at, behind - at))) {
       at = behind;
       ++i;
     } else if (run < elements.size()) {

@@ -9,7 +9,9 @@
 /// Masks are parted by blanks and by "|"; double quotes, or ":", keep blanks inside one mask. In a
 /// mask "*" is any run of characters, "?" one character, "#" one digit 0 to 9, "[abc]", "[a-z]" and
 /// "[!abc]" one character of a list, of a range, or not of a list; all else is itself. A dot has no
-/// special meaning. Letter case is ignored; the whole name must match.
+/// special meaning. Letter case is ignored, and so is whether a letter and its accent are one code
+/// point or two; a range goes by the letter first, then by its accent (`text::Folded`), so "[a-e]"
+/// leaves out an e with an accent and "[a-z]" takes it. The whole name must match.
 class MaskList {
  public:
   /// Never fails; a mask that can't be understood does when it is reached.
@@ -26,8 +28,8 @@ class MaskList {
   };
   struct Element {
     enum Kind { kLiteral, kAnyRun, kAnyOne, kDigit, kOneOf, kNoneOf } kind;
-    std::string literal;        ///< characters side by side, in lower case
-    std::vector<Range> ranges;  ///< of a list, in lower case; a single character is both ends
+    std::string literal;        ///< one character, folded
+    std::vector<Range> ranges;  ///< of a list, folded; a single character is both ends
   };
   struct Mask {
     std::vector<Element> elements;
@@ -37,7 +39,7 @@ class MaskList {
   static Mask Parse(std::string_view mask);
   static std::size_t ParseList(std::string_view mask, std::size_t at, Element& element);
   static bool Fits(const Element& element, std::string_view character);
-  static bool MaskMatches(const Mask& mask, std::string_view lower, bool bytewise);
+  static bool MaskMatches(const Mask& mask, std::string_view name, bool bytewise);
 
   std::string text_;  ///< as given, for the trace
   std::vector<Mask> masks_;

@@ -11,8 +11,14 @@ constexpr QChar kEllipsis(0x2026);
 
 NamePieces Cut(std::string_view name, const std::vector<TextRange>& marked) {
   NamePieces pieces;
+  // Shown as a whole: whether a sign is seen depends on its neighbours too.
+  const QString shown = text::Shown(name);
+  qsizetype from = 0;
   const auto add = [&](std::size_t begin, std::size_t end, bool mark) {
-    if (begin < end) pieces.push_back({text::Shown(name.substr(begin, end - begin)), mark});
+    if (begin == end) return;
+    const qsizetype length = text::ToQt(name.substr(begin, end - begin)).size();
+    pieces.push_back({shown.mid(from, length), mark});
+    from += length;
   };
   std::size_t at = 0;
   for (const TextRange& range : marked) {

@@ -11,7 +11,7 @@ void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
   box.setWindowTitle(QStringLiteral("Quorvane"));
   box.setIcon(icon == PromptIcon::kCritical ? QMessageBox::Critical : QMessageBox::Warning);
   box.setTextFormat(Qt::PlainText);
-  box.setText(text::ToQt(message));
+  box.setText(text::ShownLines(message));
   box.setStandardButtons(QMessageBox::Ok);
   box.exec();
 }

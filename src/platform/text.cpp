@@ -121,6 +121,36 @@ void AppendMapped(std::string_view t, std::string& out, const ByteTable& bytes, 
   for (std::size_t at = 0; at < t.size();) utf8::Append(map(utf8::Read(t, at)), out);
 }
 
+int MarkClass(char32_t point) {
+  constexpr char32_t kFirstMark = 0x300;
+  if (point < kFirstMark || point >= utf8::kBadByte) return 0;
+  return utf8proc_get_property(static_cast<utf8proc_int32_t>(point))->combining_class;
+}
+
+void AppendDecomposed(char32_t point, std::u32string& out) {
+  constexpr char32_t kFirstDecomposable = 0xC0;
+  if (point < kFirstDecomposable || point >= utf8::kBadByte) {
+    out += point;
+    return;
+  }
+  utf8proc_int32_t parts[4];  // the most that a code point has, by the annex
+  int boundary = 0;
+  const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(point), parts,
+                                             std::size(parts), UTF8PROC_DECOMPOSE, &boundary);
+  for (utf8proc_ssize_t i = 0; i < count; ++i) out += static_cast<char32_t>(parts[i]);
+}
+
+/// Marks on one letter that don't touch each other may come in any order; puts them in one.
+void SortMarks(std::u32string& points) {
+  const auto is_mark = [](char32_t point) { return MarkClass(point) != 0; };
+  const auto before = [](char32_t a, char32_t b) { return MarkClass(a) < MarkClass(b); };
+  for (auto at = points.begin(); at != points.end();) {
+    const auto marks = std::find_if(at, points.end(), is_mark);
+    at = std::find_if_not(marks, points.end(), is_mark);
+    std::stable_sort(marks, at, before);
+  }
+}
+
 }  // namespace
 
 bool IsAscii(std::string_view t) {
@@ -190,7 +220,21 @@ std::string ToLower(std::string_view t) {
   return out;
 }
 
+void AppendFolded(std::string_view t, std::string& out) {
+  if (IsAscii(t)) return AppendLower(t, out);
+  std::u32string points;
+  for (std::size_t at = 0; at < t.size();) AppendDecomposed(utf8::Read(t, at), points);
+  SortMarks(points);
+  for (const char32_t point : points) utf8::Append(LowerOf(point), out);
+}
+
 std::string Folded(std::string_view t) {
+  std::string out;
+  AppendFolded(t, out);
+  return out;
+}
+
+std::string NameKey(std::string_view t) {
   if (IsAscii(t)) return ToLower(t);
   utf8proc_uint8_t* folded = nullptr;
   const utf8proc_ssize_t size = utf8proc_map(

@@ -40,10 +40,16 @@ std::string ToLower(std::string_view t);
 void AppendUpper(std::string_view t, std::string& out);
 void AppendLower(std::string_view t, std::string& out);
 
+/// The form in which what a reader sees as the same but for letter case has the same bytes: in
+/// lower case, each mark apart from its letter (canonical decomposition, Unicode Standard Annex
+/// #15). It has as many characters as `t`. Appended to `out`, which must not hold `t`.
+void AppendFolded(std::string_view t, std::string& out);
+std::string Folded(std::string_view t);
+
 /// The same for all texts that differ only in letter case or in Unicode's canonical forms, as a
 /// file system that ignores these takes them for one (Unicode's full case folding, Annex #15). Of
 /// bytes that are no UTF-8: the lower case.
-std::string Folded(std::string_view t);
+std::string NameKey(std::string_view t);
 
 /// True when the lower case of both is the same.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);

@@ -1,5 +1,9 @@
 #include "platform/text_qt.h"
 
+#include <QStringList>
+
+#include "platform/shown_signs.h"
+#include "platform/text.h"
 #include "platform/utf8.h"
 
 namespace text {
@@ -15,14 +19,6 @@ void Append(QString& out, char32_t point) {
     out += QChar(QChar::highSurrogate(point));
     out += QChar(QChar::lowSurrogate(point));
   }
-}
-
-char32_t Visible(char32_t point) {
-  // Line and paragraph separators, and the marks that turn the reading direction of what follows.
-  const bool format = (point >= 0x2028 && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);
-  // Control characters of ASCII and of Latin-1; few fonts have the pictures of them.
-  const bool control = point < 0x20 || (point >= 0x7F && point < 0xA0);
-  return format || control || point >= utf8::kBadByte ? kReplacement : point;
 }
 
 }  // namespace
@@ -58,8 +54,24 @@ std::string FromQt(const QString& t) {
 QString Shown(std::string_view t) {
   QString out;
   out.reserve(static_cast<qsizetype>(t.size()));
-  for (std::size_t at = 0; at < t.size();) Append(out, Visible(utf8::Read(t, at)));
+  char32_t before = 0;
+  for (std::size_t at = 0; at < t.size();) {
+    const char32_t point = utf8::Read(t, at);
+    std::size_t next = at;
+    const char32_t behind = at < t.size() ? utf8::Read(t, next) : 0;
+    Append(out, IsShown(before, point, behind) ? point : kReplacement);
+    before = point;
+  }
   return out;
+}
+
+QString ShownLines(std::string_view t) {
+  QStringList lines;
+  for (std::string_view line : Split(t, "\n")) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.append(Shown(line));
+  }
+  return lines.join(u'\n');
 }
 
 }  // namespace text

@@ -15,8 +15,12 @@ QString ToQt(std::string_view t);
 /// The bytes again; any other lone surrogate becomes U+FFFD.
 std::string FromQt(const QString& t);
 
-/// For showing: each bad byte, line break or other control character is U+FFFD, so that one name
-/// stays one line of characters that fonts have.
+/// For showing: what a reader could not see (`IsShown`) is U+FFFD, so that one name stays one line
+/// of characters that fonts have, and turns nothing around it. As long as `ToQt(t)`, with each sign
+/// in its place.
 QString Shown(std::string_view t);
+
+/// The same for a text of several lines, which end in LF or CR LF.
+QString ShownLines(std::string_view t);
 
 }  // namespace text

@@ -15,5 +15,5 @@ std::vector<HolderIndex::Entry>::const_iterator HolderIndex::FirstOf(std::size_t
 }
 
 std::size_t HolderKey(std::size_t folder, std::string_view name) {
-  return folder * 0x9E3779B97F4A7C15u + std::hash<std::string>()(text::Folded(name));
+  return folder * 0x9E3779B97F4A7C15u + std::hash<std::string>()(text::NameKey(name));
 }

@@ -44,7 +44,7 @@ bool IsOneEntry(FileSystem& files, std::string_view a, std::string_view b) {
   const auto name = [](std::string_view path) {
     return path.substr(path.rfind(kNative.separator) + 1);
   };
-  return text::Folded(name(a)) == text::Folded(name(b)) && files.IsSameEntry(a, b);
+  return text::NameKey(name(a)) == text::NameKey(name(b)) && files.IsSameEntry(a, b);
 }
 
 std::size_t EntryKeys::operator()(const RowPlace& place) {

@@ -15,42 +15,35 @@ TEST(Drives, TellWhyAPathCanNotBeReached) {
     bool is_file;
     bool check_path;
     const char* refusal;
-  } table[] = {
-      {"/in/a.txt", true, true, ""},
-      {"/in", false, true, ""},
-      {"/in/b.txt", true, true, "The specified file was not found."},
-      {"/out", false, true, "The specified folder was not found."},
-      {"/out", false, false, ""},
-      {"relative", true, true, "The drive is not present."},
-      {"", true, true, "The drive is not present."},
-      {"/", false, true, ""},
-  };
+    PathStyle style = kPosix;
+  } table[] = {{"/in/a.txt", true, true, ""},
+               {"/in", false, true, ""},
+               {"/in/b.txt", true, true, "The specified file was not found."},
+               {"/out", false, true, "The specified folder was not found."},
+               {"/out", false, false, ""},
+               {"relative", true, true, "The drive is not present."},
+               {"", true, true, "The drive is not present."},
+               {"/", false, true, ""},
+               {"c:\\x", true, true, "The drive is not present.", kDrive}};
   for (const auto& row : table) {
-    EXPECT_EQ(mDrive::FileManager3(files, row.path, row.is_file, row.check_path, kPosix),
+    EXPECT_EQ(mDrive::FileManager3(files, row.path, row.is_file, row.check_path, row.style),
               row.refusal)
         << row.path;
   }
-  EXPECT_EQ(mDrive::FileManager3(files, "c:\\x", true, true, kDrive), "The drive is not present.");
-
   FakePrompts prompts;
   EXPECT_TRUE(mMain::FileManager(files, prompts, "/in/a.txt", kPosix));
   EXPECT_FALSE(mMain::FileManager(files, prompts, "/in/b.txt", kPosix));
   EXPECT_EQ(prompts.told, std::vector<std::string>{"The specified file was not found."});
-}
-
-TEST(Drives, TakeATextOfARootsLengthForAFolder) {
-  MemoryFiles files;
-  EXPECT_TRUE(mScanCD::FolderExist(files, "Q:\\", kDrive));
-  EXPECT_TRUE(mScanCD::FolderExist(files, "abc", kDrive));
+  EXPECT_TRUE(mScanCD::FolderExist(files, "abc", kDrive)) << "of a root's length";
   EXPECT_FALSE(mScanCD::FolderExist(files, "abc", kPosix));
 }
 
 TEST(Drives, TellFactsOfAVolumeByType) {
   MemoryFiles files;
   FakeSystemFacts facts;
-  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 1, &facts), "00AB-12CD");
-  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 2, &facts), "");
-  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 3, &facts), "ext4");
-  EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", 4, &facts), std::nullopt);
+  const std::optional<std::string> table[] = {"00AB-12CD", "", "ext4", std::nullopt};
+  for (int type = 1; type <= 4; ++type) {
+    EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", type, &facts), table[type - 1]) << type;
+  }
   EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/gone", 2, &facts), std::nullopt);
 }

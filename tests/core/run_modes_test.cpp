@@ -22,19 +22,17 @@ class FakeWindow : public ModeView {
   int shown = 0;
 };
 
-struct Expected {
-  int mode;
-  bool elements;
-  char pointer;
-  const char* buttons;  ///< list, preview, rename, undo, cancel; "-" is left alone
-  const char* status;
-  std::int64_t value;
-};
-
 }  // namespace
 
 TEST(RunModes, SetButtonsPointerAndPanes) {
-  const Expected table[] = {
+  const struct {
+    int mode;
+    bool elements;
+    char pointer;
+    const char* buttons;  ///< list, preview, rename, undo, cancel; "-" is left alone
+    const char* status;
+    std::int64_t value;
+  } table[] = {
       {0, true, '-', "0000-", "", 0},          {1, true, '-', "1000-", "", 0},
       {2, false, 'w', "00001", "", 0},         {3, true, 'n', "11000", "", 0},
       {4, true, 'n', "10000", "", 0},          {5, true, 'n', "11100", "", 0},
@@ -43,7 +41,7 @@ TEST(RunModes, SetButtonsPointerAndPanes) {
       {10, true, 'n', "11100", "", 0},         {11, true, 'n', "10110", "before ", 7},
       {12, false, '-', "-----", "before ", 7}, {-1, false, '-', "-----", "before ", 7},
   };
-  for (const Expected& row : table) {
+  for (const auto& row : table) {
     SCOPED_TRACE(row.mode);
     RunState state;
     state.panes.paneStatus = "before ";

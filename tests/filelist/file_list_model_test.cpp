@@ -14,6 +14,7 @@
 #include "filelist/file_list_panel.h"
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
+#include "platform/text_qt.h"
 
 namespace {
 
@@ -213,6 +214,14 @@ TEST_F(FileListTest, TheWideButtonTurnsAndKeepsItsKey) {
   panel.bnWideFileList->click();
   EXPECT_EQ(panel.bnWideFileList->text(), QStringLiteral("<"));
   EXPECT_THAT(told, ElementsAre(true, false));
+}
+
+TEST(NamePieces, AreTheShownNameWhateverStandsBesideTheirBorders) {
+  const std::string old_name = "\U0001F468\xFF-a\u200D1\u200C.x";
+  const std::string new_name = "\U0001F468\xFF-a\u200D23\n\u200C.x";
+  EXPECT_EQ(Join(MarkGone(old_name, new_name)), text::Shown(old_name));
+  EXPECT_EQ(Join(MarkNew(old_name, new_name)), text::Shown(new_name));
+  EXPECT_GT(MarkNew(old_name, new_name).size(), 1U);
 }
 
 TEST(NamePieces, AnElidedMiddleTakesTheMarkThatItHidesAndIsOneRunWithIt) {

@@ -38,21 +38,19 @@ TEST_F(GridTest, GroupsAndSorts) {
     int sort_column;
     bool ascending;
     const char* shown;
-  } table[] = {
-      {GroupBy::kNone, -1, true, "n2 N1 n3 n1 "},
-      {GroupBy::kPath, -1, true, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 "},
-      {GroupBy::kType, -1, true, "[Image 1] N1 [Text 2] n2 n1 [text 1] n3 "},
-      {GroupBy::kNone, kColumnSourceName, true, "N1 n1 n2 n3 "},
-      {GroupBy::kNone, kColumnSourceName, false, "n3 n2 N1 n1 "},
-      {GroupBy::kNone, kColumnSize, true, "N1 n1 n2 n3 "},
-      {GroupBy::kNone, kColumnSize, false, "n3 n2 N1 n1 "},
-      {GroupBy::kNone, kColumnDate, true, "n3 N1 n2 n1 "},
-      {GroupBy::kNone, kColumnPath, true, "n3 n2 N1 n1 "},
-      {GroupBy::kNone, kColumnType, true, "N1 n2 n3 n1 "},
-      {GroupBy::kPath, kColumnSize, true, "[/A/ 1] n3 [/b/ 3] N1 n1 n2 "},
-      {GroupBy::kPath, kColumnSourceName, false, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 "},
-      {GroupBy::kNone, kColumnCheck, true, "n2 N1 n3 n1 "},
-  };
+  } table[] = {{GroupBy::kNone, -1, true, "n2 N1 n3 n1 "},
+               {GroupBy::kPath, -1, true, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 "},
+               {GroupBy::kType, -1, true, "[Image 1] N1 [Text 2] n2 n1 [text 1] n3 "},
+               {GroupBy::kNone, kColumnSourceName, true, "N1 n1 n2 n3 "},
+               {GroupBy::kNone, kColumnSourceName, false, "n3 n2 N1 n1 "},
+               {GroupBy::kNone, kColumnSize, true, "N1 n1 n2 n3 "},
+               {GroupBy::kNone, kColumnSize, false, "n3 n2 N1 n1 "},
+               {GroupBy::kNone, kColumnDate, true, "n3 N1 n2 n1 "},
+               {GroupBy::kNone, kColumnPath, true, "n3 n2 N1 n1 "},
+               {GroupBy::kNone, kColumnType, true, "N1 n2 n3 n1 "},
+               {GroupBy::kPath, kColumnSize, true, "[/A/ 1] n3 [/b/ 3] N1 n1 n2 "},
+               {GroupBy::kPath, kColumnSourceName, false, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 "},
+               {GroupBy::kNone, kColumnCheck, true, "n2 N1 n3 n1 "}};
   for (const auto& row : table) {
     grid.SetGroupsOrder(row.group_by);
     grid.SetSortOrder(row.sort_column, row.ascending);
@@ -61,15 +59,11 @@ TEST_F(GridTest, GroupsAndSorts) {
   }
 }
 
-TEST_F(GridTest, KnowsTheGroupOfEveryRow) {
+TEST_F(GridTest, KnowsTheGroupOfEveryRowAndShowsNewRecordsOnlyWhenPopulated) {
   grid.Populate();
   EXPECT_EQ(grid.GroupOf(1).text, "/A/");
   EXPECT_EQ(grid.GroupOf(2).text, "/b/");
   EXPECT_EQ(grid.GroupOf(5).text, "/b/");
-}
-
-TEST_F(GridTest, ShowsNewRecordsOnlyWhenPopulated) {
-  grid.Populate();
   records.AddRecord("c", "/c/", "n9", FileDate(), 1, "");
   EXPECT_EQ(grid.RowCount(), 6u);
   grid.Populate();

@@ -3,21 +3,19 @@
 #include <gtest/gtest.h>
 
 TEST(Counter, PadsButNeverCuts) {
-  struct Row {
+  const struct {
     std::int32_t value;
     const char* pattern;
     const char* shown;
-  };
-  const Row table[] = {
-      {1, "0000", "0001"},
-      {0, "0000", "0000"},
-      {12345, "000", "12345"},
-      {7, "", "7"},
-      {1, "0000000000", "0000000001"},
-      {2147483647, "0", "2147483647"},
-      {-5, "000", "-005"},
-  };
-  for (const Row& row : table) {
+  } table[] = {{1, "0000", "0001"},
+               {0, "0000", "0000"},
+               {0, "", "0"},
+               {12345, "000", "12345"},
+               {7, "", "7"},
+               {1, "0000000000", "0000000001"},
+               {2147483647, "0", "2147483647"},
+               {-5, "000", "-005"}};
+  for (const auto& row : table) {
     std::string out = "x";
     AppendCounter(row.value, row.pattern, out);
     EXPECT_EQ(out, std::string("x") + row.shown);
@@ -25,17 +23,15 @@ TEST(Counter, PadsButNeverCuts) {
 }
 
 TEST(Counter, HasAsManyZerosAsDigits) {
-  EXPECT_EQ(CounterFormatOfRange(0), "0");
-  EXPECT_EQ(CounterFormatOfRange(3), "0000");
-  EXPECT_EQ(CounterFormatOfRange(9), "0000000000");
-  EXPECT_EQ(CounterFormatOfRange(-1), "0") << "a box without a selection";
+  const std::pair<std::int32_t, std::size_t> table[] = {{0, 1}, {3, 4}, {9, 10}, {10, 10}, {-1, 1}};
+  for (const auto& [range, digits] : table) {
+    EXPECT_EQ(CounterFormatOfRange(range), std::string(digits, '0'));
+  }
 }
 
 TEST(Counter, ShowsASampleOfWhatIsTyped) {
-  EXPECT_EQ(CounterSample("7", "0000"), "0007");
-  EXPECT_EQ(CounterSample("000007", "0000"), "0007");
-  EXPECT_EQ(CounterSample("000", "0"), "0");
-  EXPECT_EQ(CounterSample("99999999999", "000"), "99999999999");
-  EXPECT_EQ(CounterSample("", "0000"), "");
-  EXPECT_EQ(CounterSample("x7", "0000"), "x7");
+  const char* const table[][3] = {{"8", "0000", "0008"}, {"000007", "0000", "0007"},
+                                  {"000", "0", "0"},     {"1234567890", "000", "1234567890"},
+                                  {"", "0000", ""},      {"x7", "0000", "x7"}};
+  for (const auto& [typed, pattern, shown] : table) EXPECT_EQ(CounterSample(typed, pattern), shown);
 }

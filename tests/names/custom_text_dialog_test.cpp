@@ -8,17 +8,15 @@
 #include "support/fakes.h"
 #include "support/memory_settings.h"
 
-TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
+TEST(CustomTextDialog, AcceptsWhatANameCanHoldUnlessCancelled) {
   const struct {
     QString typed;
     std::string text;
     std::string told;  ///< the beginning of the message; empty: none
-  } table[] = {
-      {QStringLiteral("summer"), "summer", ""},
-      {QStringLiteral("   "), "   ", ""},
-      {QString(), "", "The text field is empty."},
-      {QStringLiteral("a:b"), "", "A filename cannot contain"},
-  };
+  } table[] = {{QStringLiteral("summer"), "summer", ""},
+               {QStringLiteral("   "), "   ", ""},
+               {QString(), "", "The text field is empty."},
+               {QStringLiteral("a:b"), "", "A filename cannot contain"}};
   for (const auto& row : table) {
     SCOPED_TRACE(row.typed.toStdString());
     FakePrompts prompts;
@@ -33,16 +31,12 @@ TEST(CustomTextDialog, AcceptsWhatANameCanHold) {
     const std::string told = prompts.told.empty() ? "" : prompts.told[0];
     EXPECT_EQ(told.substr(0, row.told.size()), row.told);
     EXPECT_EQ(told.empty(), row.told.empty());
-  }
-}
 
-TEST(CustomTextDialog, HoldsNothingAfterACancel) {
-  FakePrompts prompts;
-  MemorySettings settings;
-  Form5 dialog(prompts, settings, nullptr);
-  dialog.show();
-  dialog.fdText->setText(QStringLiteral("summer"));
-  dialog.bnCancel->click();
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(dialog.Text(), "");
+    Form5 other(prompts, settings, nullptr);
+    other.show();
+    other.fdText->setText(row.typed);
+    other.bnCancel->click();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_EQ(other.Text(), "");
+  }
 }

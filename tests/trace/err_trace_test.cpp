@@ -15,6 +15,8 @@
 
 namespace {
 
+using testing::AllOf;
+using testing::AnyOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -76,30 +78,26 @@ TEST_F(ErrTraceTest, ACallStackLineIsFilledToAHundredCharactersAndNeverCut) {
 }
 
 TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKind) {
-  const struct Point { int x; } point{1};
   const std::string text = "it's";
-  EXPECT_THAT(ArgumentLine(text), HasSubstr("(a='it's')"));
-  EXPECT_THAT(ArgumentLine(true), HasSubstr("(a=True)"));
-  EXPECT_THAT(ArgumentLine(-5L), HasSubstr("(a=-5)"));
-  EXPECT_THAT(ArgumentLine(0.5), HasSubstr("(a=0.5)"));
-  EXPECT_THAT(ArgumentLine(std::vector<int>{1}), HasSubstr("(a={Array})"));
-  EXPECT_THAT(ArgumentLine(std::optional<int>()), HasSubstr("(a={Empty})"));
-  EXPECT_THAT(ArgumentLine(std::optional<int>(4)), HasSubstr("(a=4)"));
-  EXPECT_THAT(ArgumentLine(nullptr), HasSubstr("(a={Null})"));
-  EXPECT_THAT(ArgumentLine(static_cast<const char*>(nullptr)), HasSubstr("(a={Null})"));
-  EXPECT_THAT(ArgumentLine(facts_), HasSubstr("(a={FakeSystemFacts})"));
+  const int number = 1;
+  const std::string report = FailureReport([&] {
+    ErrTrace::inner<"m.F(a,b,c,d,e,f,g,h,i,j,k)">(
+        ErrTrace::args(text, true, -5L, 0.5, std::vector<int>{1}, std::optional<int>(),
+                       std::optional<int>(4), nullptr, static_cast<const char*>(nullptr), facts_,
+                       &number),
+        [] { throw Failure(1, "x"); });
+  });
+  EXPECT_THAT(report, HasSubstr("m.F(a='it's', b=True, c=-5, d=0.5, e={Array}, f={Empty}, g=4, "
+                                "h={Null}, i={Null}, j={FakeSystemFacts}, k={?})"));
   EXPECT_THAT(ArgumentLine(&facts_), HasSubstr("(a={FakeSystemFacts})"));
-  EXPECT_THAT(ArgumentLine(&point.x), HasSubstr("(a={?})"));
 }
 
 TEST_F(ErrTraceTest, LongTextsStandBelowTheLine) {
   const struct {
     std::string text;
     bool below;
-  } table[] = {
-      {"one\ntwo", true}, {"one\r\ntwo", true}, {"<a/>", true},
-      {"xml", true},      {"a <b>", false},     {"", false},
-  };
+  } table[] = {{"one\ntwo", true}, {"one\r\ntwo", true}, {"<a/>", true},
+               {"xml", true},      {"a <b>", false},     {"", false}};
   for (const auto& row : table) {
     const std::string report = ArgumentLine(row.text);
     const std::string block = "    Value Of a:\r\n" + row.text + "\r\n  Call Stack: Test()";
@@ -112,37 +110,32 @@ TEST_F(ErrTraceTest, ExceptionsOfOthersBecomeFailures) {
   const struct {
     void (*raise)();
     const char* head;
-  } table[] = {
-      {[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
-      {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
-      {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
-       "copy: No space left on device \r\n"},
-      {[] { throw 5; }, "Internal error \r\n"},
-  };
+  } table[] = {{[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
+               {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
+               {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
+                "copy: No space left on device \r\n"},
+               {[] { throw 5; }, "Internal error \r\n"}};
   for (const auto& row : table) EXPECT_THAT(FailureReport(row.raise), StartsWith(row.head));
   EXPECT_THAT(FailureReport(table[1].raise), HasSubstr("Source: std::out_of_range \r\n"));
   EXPECT_THAT(FailureReport(table[2].raise), HasSubstr("API Error: (28) No space left on device"));
 }
 
-TEST_F(ErrTraceTest, AUserErrorPassesSilently) {
-  const struct {
-    std::uint32_t number;
-    bool silent;
-  } table[] = {{0x80041064, false}, {0x80041065, true}, {0x8004144D, true}, {0x8004144E, false}};
-  for (const auto& row : table) {
-    const auto number = static_cast<std::int32_t>(row.number);
-    const std::string report = FailureReport([&] {
-      ErrTrace::inner<"m.F">(ErrTrace::args(), [&] { throw Failure(number, "no such name"); });
+TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
+  const std::pair<std::uint32_t, bool> table[] = {
+      {0x80041064, false}, {0x80041065, true}, {0x8004144D, true}, {0x8004144E, false}};
+  for (const auto& [number, silent] : table) {
+    std::string climbed;
+    const std::string report = FailureReport([&, n = number] {
+      try {
+        ErrTrace::inner<"m.F">(
+            ErrTrace::args(), [&] { throw Failure(static_cast<std::int32_t>(n), "no such name"); });
+      } catch (const Failure& failure) {
+        climbed = failure.Description();
+        throw;
+      }
     });
-    EXPECT_EQ(report.empty(), row.silent) << std::hex << row.number;
-  }
-  try {
-    ErrTrace::inner<"m.F">(ErrTrace::args(), [] {
-      throw Failure(static_cast<std::int32_t>(0x80041065), "no such name");
-    });
-    ADD_FAILURE() << "it must climb on";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.Description(), "no such name");
+    EXPECT_EQ(report.empty(), silent) << std::hex << number;
+    EXPECT_EQ(climbed == "no such name", silent);
   }
 }
 
@@ -164,15 +157,14 @@ TEST_F(ErrTraceTest, APreservedFailureOutlivesItsHandler) {
 }
 
 TEST_F(ErrTraceTest, SectionsStandAtTheirPlaces) {
-  ErrTrace::SetSections({.database = [](std::string& report, int) { report += "  ADO Info: \r\n"; },
-                         .web = [](std::string& report, int) { report += "  Web Info: \r\n"; },
+  ErrTrace::SetSections({.database = [](std::string& report, int) { report += "  ADO \r\n"; },
+                         .web = [](std::string& report, int) { report += "  Web \r\n"; },
                          .transaction =
                              [](std::string& report, int actions) {
                                report += "    Transaction: " + std::to_string(actions) + "\r\n";
                              }});
   const std::string report = ArgumentLine(1);
-  EXPECT_THAT(report,
-              HasSubstr("Description: x\r\n  ADO Info: \r\n  Web Info: \r\n  Call Stack: "));
+  EXPECT_THAT(report, HasSubstr("Description: x\r\n  ADO \r\n  Web \r\n  Call Stack: "));
   EXPECT_THAT(report, HasSubstr("-\r\n    Transaction: 35\r\n  Call Stack: Test() -"));
   EXPECT_THAT(report, EndsWith("-\r\n    Transaction: 42\r\n"));
 }
@@ -186,19 +178,14 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
   }});
   const std::string report = FailureReport([] { Middle("/home/q"); });
   EXPECT_THAT(report, StartsWith("100% wrong type \r\n  Time='?' App='quorvane:1.2.3'"));
-  EXPECT_THAT(report, Not(HasSubstr("nested")));
-  EXPECT_THAT(report, Not(HasSubstr("half")));
+  EXPECT_THAT(report, Not(AnyOf(HasSubstr("nested"), HasSubstr("half"))));
   EXPECT_THAT(report, HasSubstr("Call Stack: mMiddle.Middle(path='/home/q')"));
 }
 
 TEST_F(ErrTraceTest, AFailureThatIsCaughtLeavesNothingBehind) {
-  try {
-    Middle("/first");
-  } catch (const Failure&) {
-  }
-  const std::string report = FailureReport([] { Middle("/second"); });
-  EXPECT_THAT(report, Not(HasSubstr("/first")));
-  EXPECT_THAT(report, HasSubstr("/second"));
+  EXPECT_THROW(Middle("/first"), Failure);
+  EXPECT_THAT(FailureReport([] { Middle("/second"); }),
+              AllOf(Not(HasSubstr("/first")), HasSubstr("/second")));
 }
 
 TEST(ErrTrace, KnowsNothingOfTheMachineBeforeItIsTold) {
