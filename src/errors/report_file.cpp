@@ -1,5 +1,6 @@
 #include "errors/report_file.h"
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <optional>
@@ -59,9 +60,14 @@ std::string Surroundings(const ReportSources& sources) {
          });
 }
 
+/// What goes by when the other program has written; some shares answer so for a lock.
+bool IsHeldByAnother(int error) {
+  return error == EWOULDBLOCK || error == EBUSY || error == ETXTBSY;
+}
+
 std::optional<AppendFile> OpenPatiently(const std::string& path, const Wait& wait) {
   std::optional<AppendFile> file = AppendFile::Open(path);
-  for (int waited = 0; !file && waited < kPatienceMs; waited += kWaitMs) {
+  for (int waited = 0; !file && IsHeldByAnother(errno) && waited < kPatienceMs; waited += kWaitMs) {
     wait(kWaitMs);
     file = AppendFile::Open(path);
   }

@@ -38,8 +38,9 @@ std::string ReportFolder(Folders& folders);
 std::string ReportPath(Folders& folders);
 
 /// Appends `report`, with facts of program and system, to the file `pFileName`: a path, or a name
-/// in the report folder, which is made when it isn't there. A file that can't be opened is tried
-/// again for a second. Whatever fails then is silent. Nothing happens for an empty report.
+/// in the report folder, which is made when it isn't there. A file that another program holds is
+/// tried again for a second. Whatever else fails is silent at once: what AppendFile doesn't take,
+/// too. Nothing happens for an empty report.
 void SaveErrorReport(std::string_view pFileName, std::string_view report,
                      const ReportSources& sources) noexcept;
 

@@ -10,8 +10,12 @@
 /// programs don't mix.
 class AppendFile {
  public:
-  /// Opens the file at `path`, or makes it. Nothing when that fails and when another program holds
-  /// the file's lock (flock(2)); where a file system knows no locks, none is needed. Never waits.
+  /// Opens the file at `path`, or makes it. Only a regular file of the user's own, with no second
+  /// name, in a folder of the user's own, and neither may be a link: what stands there by
+  /// another's hand isn't written to. The folders above are the user's choice, links included.
+  ///
+  /// Nothing when that fails; errno says why, EWOULDBLOCK that another program holds the file's
+  /// lock (flock(2)). Where a file system knows no locks, none is needed. Never waits.
   static std::optional<AppendFile> Open(const std::string& path);
 
   /// Whether the file was there before.

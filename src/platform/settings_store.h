@@ -3,6 +3,14 @@
 #include <string>
 #include <string_view>
 
+/// What stands between the store and its file.
+struct StoreProblem {
+  std::string text = {};  ///< says what is wrong with which path; "" is no problem
+  int error = 0;          ///< errno of the call that failed, 0 if none did
+
+  explicit operator bool() const { return !text.empty(); }
+};
+
 /// All that the program remembers between two runs: sections of keys, each with a text.
 ///
 /// A section is a path whose levels are parted by one backslash, as in "Settings\Folders". Letter
@@ -31,9 +39,11 @@ class SettingsStore {
   [[nodiscard]] virtual bool DeleteSetting(std::string_view section) = 0;
 
   /// Brings all changes to disk, whole or not at all, over what other programs have written since;
-  /// their other keys stay. Answers "" when done, else what stood in the way.
-  [[nodiscard]] virtual std::string Flush() = 0;
+  /// their other keys stay. What can't be brought is kept and tried again the next time. Answers
+  /// no problem when done, else what stood in the way; a problem that one of these two calls
+  /// answered last is not answered again before a write has succeeded or another has come up.
+  [[nodiscard]] virtual StoreProblem Flush() = 0;
 
-  /// Answers "" when all that is stored can be read, else what can't be.
-  [[nodiscard]] virtual std::string ReadProblem() = 0;
+  /// Answers no problem when all that is stored can be read, else what can't be.
+  [[nodiscard]] virtual StoreProblem ReadProblem() = 0;
 };

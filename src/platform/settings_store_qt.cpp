@@ -1,10 +1,13 @@
 #include "platform/settings_store_qt.h"
 
 #include <fcntl.h>
+#include <stdlib.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <utility>
+#include <QStandardPaths>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/settings_names_qt.h"
 #include "platform/syscalls.h"
@@ -19,8 +22,56 @@
 
 namespace {
 
-QString Program() {
-  return QStringLiteral("Quorvane");
+namespace fs = std::filesystem;
+
+StoreProblem Problem(std::string_view what, const QString& path, int error) {
+  return {std::string(what) + ": " + text::FromQt(path), error};
+}
+
+/// What open(2) answers to a writer; a device could be opened, so there is no error to tell.
+int ErrorOfKind(mode_t mode) {
+  if (S_ISDIR(mode)) return EISDIR;
+  return S_ISFIFO(mode) || S_ISSOCK(mode) ? ENXIO : 0;
+}
+
+/// Whether a file can be made where nothing is: not by a link into a folder that isn't there.
+bool LeadsSomewhere(const fs::path& path) {
+  std::error_code error;
+  const fs::path target = fs::read_symlink(path, error);
+  return error || fs::is_directory((path.parent_path() / target).parent_path(), error);
+}
+
+/// No problem when `path` leads to a file or to nothing. Only looks: opening a fifo can wait for
+/// ever, and opening a device can do anything.
+StoreProblem ExaminePlace(const QString& path) {
+  const QByteArray name = QFile::encodeName(path);
+  struct stat facts;
+  const int error = ErrorOf([&] { return ::stat(name.constData(), &facts); });
+  if (error == ENOENT && LeadsSomewhere(name.toStdString())) return {};
+  if (error != 0) return Problem("The settings file can't be reached", path, error);
+  if (S_ISREG(facts.st_mode)) return {};
+  return Problem("In the place of the settings is no file", path, ErrorOfKind(facts.st_mode));
+}
+
+/// QSettings makes a lock file for a write, and waits for ever where that can't be.
+StoreProblem ExamineLock(const QString& path) {
+  const QString lock = path + QStringLiteral(".lock");
+  struct stat facts;
+  if (::lstat(QFile::encodeName(lock).constData(), &facts) != 0 || S_ISREG(facts.st_mode)) {
+    return {};
+  }
+  return Problem("In the place of the lock of the settings is no file", lock, EEXIST);
+}
+
+StoreProblem Read(const QString& path, QByteArray& content) {
+  if (StoreProblem problem = ExaminePlace(path)) return problem;
+  const QByteArray name = QFile::encodeName(path);
+  const FileHandle handle(::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  if (!handle && errno == ENOENT) return {};
+  QFile file;
+  if (handle && file.open(handle.get(), QIODevice::ReadOnly)) content = file.readAll();
+  if (handle && file.error() == QFileDevice::NoError) return {};
+  return Problem("The settings file can't be read", path, errno);
 }
 
 /// Whether every line is a comment, a section or a setting, and the last one is whole. That is how
@@ -36,16 +87,6 @@ bool IsSound(const QByteArray& content) {
   return true;
 }
 
-enum class Condition { kSound, kDamaged, kUnreadable };
-
-Condition Examine(const QString& path) {
-  const QFileInfo facts(path);
-  if (!facts.exists() && !facts.isSymLink()) return Condition::kSound;
-  QFile file(path);
-  if (!facts.isFile() || !file.open(QIODevice::ReadOnly)) return Condition::kUnreadable;
-  return IsSound(file.readAll()) ? Condition::kSound : Condition::kDamaged;
-}
-
 bool KeepCopy(const QString& path) {
   constexpr int kMostCopies = 1000;
   const QString first = path + QStringLiteral(".damaged");
@@ -57,6 +98,29 @@ bool KeepCopy(const QString& path) {
   return false;
 }
 
+/// Qt tells only that a write beside `path` failed. Why: the errno of the same steps, done once
+/// more with `size` bytes; 0 if they succeed now.
+int ErrorOfWriting(const QString& path, std::size_t size) {
+  std::error_code error;
+  const fs::path file = fs::weakly_canonical(QFile::encodeName(path).toStdString(), error);
+  if (!error) fs::create_directories(file.parent_path(), error);
+  if (error) return error.value();
+  const FileHandle old(::open(file.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  if (!old && errno != ENOENT) return errno;
+  std::string name = file.string() + ".XXXXXX";
+  const FileHandle trial(::mkostemp(name.data(), O_CLOEXEC));
+  if (!trial) return errno;
+  ::unlink(name.c_str());
+  const std::string bytes(size, ' ');
+  for (std::size_t at = 0; at < size;) {
+    const ssize_t done =
+        Uninterrupted([&] { return ::write(trial.get(), bytes.data() + at, size - at); });
+    if (done <= 0) return errno;
+    at += static_cast<std::size_t>(done);
+  }
+  return ErrorOf([&] { return ::fsync(trial.get()); });
+}
+
 /// The new name is on disk only when its folder is (fsync(2), second paragraph of the notes).
 void SyncFolderOf(const QString& path) {
   const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
@@ -66,79 +130,101 @@ void SyncFolderOf(const QString& path) {
 
 }  // namespace
 
-QtSettingsStore::QtSettingsStore()
-    : settings_(QSettings::NativeFormat, QSettings::UserScope, Program(), Program()) {
-  // What an administrator keeps in /etc/xdg can't be deleted by the user, so it isn't looked at.
-  settings_.setFallbacksEnabled(false);
+QString SettingsPath() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+         QStringLiteral("/Quorvane/Quorvane.conf");
+}
+
+QtSettingsStore::QtSettingsStore(const QString& path) : path_(path) {
+  if (!ExaminePlace(path_)) file_.emplace(path_, QSettings::NativeFormat);
+}
+
+bool QtSettingsStore::Holds(const QString& name) const {
+  const auto change = changes_.find(name);
+  return change != changes_.end() ? change->second.has_value() : file_ && file_->contains(name);
 }
 
 std::string QtSettingsStore::GetSetting(std::string_view section, std::string_view key,
                                         std::string_view default_text) {
   const QString name = settings_names::Key(section, key);
-  if (!settings_.contains(name)) return std::string(default_text);
+  if (!Holds(name)) return std::string(default_text);
+  const auto change = changes_.find(name);
+  if (change != changes_.end()) return settings_names::Restored(*change->second);
   // A bare comma that somebody typed into the file makes a list of a text.
-  return settings_names::Restored(settings_.value(name).toStringList().join(QStringLiteral(", ")));
+  return settings_names::Restored(file_->value(name).toStringList().join(QStringLiteral(", ")));
 }
 
 void QtSettingsStore::SaveSetting(std::string_view section, std::string_view key,
                                   std::string_view value) {
-  if (!MayChange()) return;
-  settings_.setValue(settings_names::Key(section, key), settings_names::Stored(value));
+  changes_[settings_names::Key(section, key)] = settings_names::Stored(value);
 }
 
 bool QtSettingsStore::DeleteSetting(std::string_view section, std::string_view key) {
   const QString name = settings_names::Key(section, key);
-  if (!settings_.contains(name)) return false;
-  if (MayChange()) settings_.remove(name);
+  if (!Holds(name)) return false;
+  changes_[name] = std::nullopt;
   return true;
 }
 
 bool QtSettingsStore::DeleteSetting(std::string_view section) {
   const QString group = settings_names::Group(section);
-  const QString below = group + QLatin1Char('.');
+  QStringList names = file_ ? file_->allKeys() : QStringList();
+  for (const auto& change : changes_) names += change.first;
   bool found = false;
-  for (const QString& one : settings_.childGroups()) {
-    if (one != group && !one.startsWith(below)) continue;
+  for (const QString& name : names) {
+    const bool in = name.startsWith(group + u'/') || name.startsWith(group + u'.');
+    if (!in || !Holds(name)) continue;
     found = true;
-    if (MayChange()) settings_.remove(one);
+    changes_[name] = std::nullopt;
   }
   return found;
 }
 
-bool QtSettingsStore::MayChange() {
-  if (!refused_.empty()) return false;
-  if (looked_at_) return true;
-  const QString path = settings_.fileName();
-  if (Examine(path) == Condition::kDamaged && !KeepCopy(path)) {
-    refused_ = "The settings file is damaged, and no copy of it can be kept: " + text::FromQt(path);
-    return false;
-  }
-  return looked_at_ = true;
-}
-
-std::string QtSettingsStore::Flush() {
-  looked_at_ = false;
-  if (!refused_.empty()) return std::exchange(refused_, {});
-  // The status of `settings_` stays bad for ever; that of a second object over the same changes
-  // tells of this write alone.
-  QSettings writer(QSettings::NativeFormat, QSettings::UserScope, Program(), Program());
-  writer.sync();
-  if (writer.status() == QSettings::AccessError) {
-    return "The settings file can't be written: " + text::FromQt(settings_.fileName());
-  }
-  SyncFolderOf(settings_.fileName());
+StoreProblem QtSettingsStore::Flush() {
+  if (changes_.empty()) return {};
+  if (const StoreProblem problem = Write()) return News(problem);
+  changes_.clear();
+  told_ = {};
   return {};
 }
 
-std::string QtSettingsStore::ReadProblem() {
-  const QString path = settings_.fileName();
-  switch (Examine(path)) {
-    case Condition::kSound:
-      return {};
-    case Condition::kDamaged:
-      return "The settings file is damaged: " + text::FromQt(path);
-    case Condition::kUnreadable:
-      break;
+StoreProblem QtSettingsStore::Write() {
+  QByteArray content;
+  if (StoreProblem problem = Read(path_, content)) return problem;
+  if (StoreProblem problem = ExamineLock(path_)) return problem;
+  std::size_t size = static_cast<std::size_t>(content.size());
+  if (!IsSound(content) && !KeepCopy(path_)) {
+    return Problem("The settings file is damaged, and no copy of it can be kept", path_,
+                   ErrorOfWriting(path_, size));
   }
-  return "The settings file can't be read: " + text::FromQt(path);
+  file_.emplace(path_, QSettings::NativeFormat);
+  // The status of an object stays bad for ever, and a damaged file that it reads makes it so; that
+  // of a second object over the same file tells of this write alone.
+  QSettings writer(path_, QSettings::NativeFormat);
+  for (const auto& [name, value] : changes_) {
+    value ? writer.setValue(name, *value) : writer.remove(name);
+    constexpr std::size_t kMostBytes = 12;  // of one unit in the file: "%EF%BB%BF"
+    size += kMostBytes * static_cast<std::size_t>(name.size() + (value ? value->size() : 0));
+  }
+  writer.sync();
+  if (writer.status() == QSettings::AccessError) {
+    return Problem("The settings file can't be written", path_, ErrorOfWriting(path_, size));
+  }
+  SyncFolderOf(path_);
+  return {};
+}
+
+StoreProblem QtSettingsStore::ReadProblem() {
+  QByteArray content;
+  if (const StoreProblem problem = Read(path_, content)) return News(problem);
+  return IsSound(content) ? StoreProblem()
+                          : News(Problem("The settings file is damaged", path_, 0));
+}
+
+/// One cause is one errno, whatever it stood in the way of.
+StoreProblem QtSettingsStore::News(const StoreProblem& problem) {
+  const bool known =
+      told_.error == problem.error && (told_.error != 0 || told_.text == problem.text);
+  if (known) return {};
+  return told_ = problem;
 }

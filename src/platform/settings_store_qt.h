@@ -1,34 +1,43 @@
 #pragma once
 
 #include <QSettings>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/settings_store.h"
 
-/// The store over the platform's own: on freedesktop systems the file
-/// `$XDG_CONFIG_HOME/Quorvane/Quorvane.conf` (~/.config when that isn't set), elsewhere what
-/// QSettings takes as native.
+/// The file of the settings: `$XDG_CONFIG_HOME/Quorvane/Quorvane.conf`, in ~/.config when that
+/// isn't set to an absolute path.
+QString SettingsPath();
+
+/// The store over one file; a link that leads to it stays a link.
 ///
 /// A file with lines that aren't settings, or whose last line is cut, is damaged: what can be read
 /// is used, and the first change keeps a copy beside the file, "Quorvane.conf.damaged" (with a
 /// number behind it when that name is taken). Where no copy can be made the file isn't written.
+/// What is no file (a folder, a fifo, a device) is neither opened nor written.
 class QtSettingsStore : public SettingsStore {
  public:
-  QtSettingsStore();
+  explicit QtSettingsStore(const QString& path = SettingsPath());
 
   std::string GetSetting(std::string_view section, std::string_view key,
                          std::string_view default_text = {}) override;
   void SaveSetting(std::string_view section, std::string_view key, std::string_view value) override;
   [[nodiscard]] bool DeleteSetting(std::string_view section, std::string_view key) override;
   [[nodiscard]] bool DeleteSetting(std::string_view section) override;
-  [[nodiscard]] std::string Flush() override;
-  [[nodiscard]] std::string ReadProblem() override;
+  [[nodiscard]] StoreProblem Flush() override;
+  [[nodiscard]] StoreProblem ReadProblem() override;
 
  private:
-  bool MayChange();
+  bool Holds(const QString& name) const;
+  StoreProblem Write();
+  StoreProblem News(const StoreProblem& problem);
 
-  QSettings settings_;
-  bool looked_at_ = false;  ///< since the last Flush the file was seen to be sound or copied
-  std::string refused_;     ///< why a change since then was not taken
+  QString path_;
+  std::optional<QSettings> file_;  ///< for reading; none while there is nothing to open
+  /// What the file does not hold yet, by the full name; nothing for a deleted key.
+  std::map<QString, std::optional<QString>> changes_;
+  StoreProblem told_;
 };

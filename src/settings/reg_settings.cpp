@@ -18,7 +18,14 @@ std::int32_t ToInteger(std::string_view text) {
 }
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
-  return store.GetSetting(setting.section, setting.key, setting.default_text);
+  return ErrTrace::inner<"mRegSettings.ReadText(section,key)">(
+      ErrTrace::args(setting.section, setting.key), [&] {
+        std::string value = store.GetSetting(setting.section, setting.key, setting.default_text);
+        if (value.size() > kLongestText) {
+          throw Failure(kInvalidPropertyValue, "Invalid property value");
+        }
+        return value;
+      });
 }
 
 std::int32_t ReadInteger(SettingsStore& store, const Setting& setting) {
@@ -69,15 +76,15 @@ void DeleteSetting(SettingsStore& store, std::string_view section) {
 
 void Flush(SettingsStore& store) {
   ErrTrace::inner<"mRegSettings.Flush">(ErrTrace::args(), [&] {
-    const std::string problem = store.Flush();
-    if (!problem.empty()) throw Failure(kPathFileAccess, problem);
+    const StoreProblem problem = store.Flush();
+    if (problem) throw Failure(kPathFileAccess, problem.text, problem.error);
   });
 }
 
 void CheckReadable(SettingsStore& store) {
   ErrTrace::inner<"mRegSettings.CheckReadable">(ErrTrace::args(), [&] {
-    const std::string problem = store.ReadProblem();
-    if (!problem.empty()) throw Failure(kPathFileAccess, problem);
+    const StoreProblem problem = store.ReadProblem();
+    if (problem) throw Failure(kPathFileAccess, problem.text, problem.error);
   });
 }
 

@@ -70,6 +70,10 @@ inline constexpr Setting kAppPath{"Path", "AppPath", ""};
 /// kTypeMismatch when it is none, kOverflow when it needs more than 32 bits.
 std::int32_t ToInteger(std::string_view text);
 
+/// In bytes. No control takes as much; a damaged file can hold any length.
+inline constexpr std::size_t kLongestText = 64 * 1024;
+
+/// Raises Failure kInvalidPropertyValue for a text above kLongestText, and so do all that read.
 std::string ReadText(SettingsStore& store, const Setting& setting);
 
 /// As ToInteger; the report of a failure names the key.
@@ -90,8 +94,8 @@ void DeleteSetting(SettingsStore& store, std::string_view section, std::string_v
 void DeleteSetting(SettingsStore& store, std::string_view section);
 
 /// Brings all changes to disk. Whoever writes settings calls it at the end of the command. Raises
-/// Failure kPathFileAccess when the store can't be written; the values stand until the program
-/// ends.
+/// Failure kPathFileAccess when the store can't be written, once for each cause; the values stand
+/// until the program ends, and the next call tries again.
 void Flush(SettingsStore& store);
 
 /// Raises Failure kPathFileAccess when something that is stored can't be read. Once, at the start:

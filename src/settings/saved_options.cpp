@@ -1,101 +1,121 @@
 #include "settings/saved_options.h"
 
+#include <variant>
+
 #include "settings/reg_settings.h"
 #include "trace/failure.h"
 
-namespace setting = mRegSettings::setting;
-using mRegSettings::ReadCheck;
-using mRegSettings::ReadInteger;
-using mRegSettings::ReadText;
-using mRegSettings::WriteInteger;
-using mRegSettings::WriteText;
-
 namespace {
 
-// Last positions of the lists: "Move to" of cmbDestination, "Type" of cmbGroupBy.
-constexpr int kLastDestination = 2;
-constexpr int kLastGroupBy = 2;
+namespace setting = mRegSettings::setting;
+using mRegSettings::Setting;
 
-void ReadSourcePage(SettingsStore& store, SavedOptions& options) {
-  if (!options.chSaveSourceFolderOptions) {
-    options.chSubfolders = true;
-    return;
-  }
-  options.fdSourceFolder = ReadText(store, setting::kSourceFolderPath);
-  options.chSubfolders = ReadCheck(store, setting::kSourceFolderSubfolders);
-  options.fdIncludeMask = ReadText(store, setting::kIncludeMask);
-  options.fdExcludeMask = ReadText(store, setting::kExcludeMask);
+using Box = bool SavedOptions::*;
+using Choice = int SavedOptions::*;
+using Number = std::int16_t SavedOptions::*;
+using Text = std::string SavedOptions::*;
+
+struct Option {
+  const Setting& stored;
+  std::variant<Box, Choice, Number, Text> held;
+  Box save = nullptr;       ///< the box that says whether it is remembered; null: always
+  bool reset = false;       ///< takes its default while that box is off
+  bool own_dialog = false;  ///< written by the dialog that changes it
+};
+
+constexpr Box kSource = &SavedOptions::chSaveSourceFolderOptions;
+constexpr Box kOutput = &SavedOptions::chSaveOutputFolderOptions;
+constexpr Box kList = &SavedOptions::chSaveFileListOptions;
+
+/// In the order of the reading and of the writing; the save boxes stand before their groups.
+constexpr Option kOptions[] = {
+    {setting::kSaveSourceFolderOptions, kSource},
+    {setting::kSaveOutputFolderOptions, kOutput},
+    {setting::kSaveFileListOptions, kList},
+    {setting::kSourceFolderPath, &SavedOptions::fdSourceFolder, kSource},
+    {setting::kSourceFolderSubfolders, &SavedOptions::chSubfolders, kSource, true},
+    {setting::kIncludeMask, &SavedOptions::fdIncludeMask, kSource},
+    {setting::kExcludeMask, &SavedOptions::fdExcludeMask, kSource},
+    {setting::kOutputFolderMode, &SavedOptions::cmbDestination, kOutput, true},
+    {setting::kOutputFolderPath, &SavedOptions::fdDestination, kOutput},
+    {setting::kOutputFolderSubfolders, &SavedOptions::chDestinationSubfolders, kOutput, true},
+    {setting::kColumnPath, &SavedOptions::chColumnPath, kList},
+    {setting::kColumnSize, &SavedOptions::chColumnSize, kList},
+    {setting::kColumnType, &SavedOptions::chColumnType, kList},
+    {setting::kColumnDate, &SavedOptions::chColumnDate, kList},
+    {setting::kGroupBy, &SavedOptions::cmbGroupBy, kList, true},
+    {setting::kAddNumber, &SavedOptions::gConflictAddNumber, nullptr, false, true},
+    {setting::kNumberLeft, &SavedOptions::gNumberLeft, nullptr, false, true},
+    {setting::kNumberRight, &SavedOptions::gNumberRight, nullptr, false, true},
+};
+
+/// The last position of either list: "Move to" of cmbDestination, "Type" of cmbGroupBy.
+constexpr int kLastChoice = 2;
+
+std::int16_t ToShort(std::int32_t number) {
+  if (number != static_cast<std::int16_t>(number)) throw Failure(kOverflow, "Overflow");
+  return static_cast<std::int16_t>(number);
 }
 
-void ReadOutputPage(SettingsStore& store, SavedOptions& options) {
-  if (!options.chSaveOutputFolderOptions) {
-    options.cmbDestination = 0;
-    options.chDestinationSubfolders = true;
-    return;
+struct Reader {
+  void operator()(Box held) { options.*held = mRegSettings::ReadCheck(store, stored); }
+  void operator()(Choice held) {
+    options.*held = mRegSettings::ReadInteger(store, stored, 0, kLastChoice);
   }
-  options.cmbDestination = ReadInteger(store, setting::kOutputFolderMode, 0, kLastDestination);
-  options.fdDestination = ReadText(store, setting::kOutputFolderPath);
-  options.chDestinationSubfolders = ReadCheck(store, setting::kOutputFolderSubfolders);
+  void operator()(Number held) {
+    options.*held = ToShort(mRegSettings::ReadInteger(store, stored));
+  }
+  void operator()(Text held) { options.*held = mRegSettings::ReadText(store, stored); }
+
+  SettingsStore& store;
+  const Setting& stored;
+  SavedOptions& options;
+};
+
+/// Its value as it is stored.
+std::string TextOf(const Option& option, const SavedOptions& options) {
+  struct {
+    std::string operator()(const std::string& text) const { return text; }
+    std::string operator()(int number) const { return std::to_string(number); }
+  } as_text;
+  return std::visit([&](auto held) { return as_text(options.*held); }, option.held);
 }
 
-void ReadFileList(SettingsStore& store, SavedOptions& options) {
-  if (!options.chSaveFileListOptions) {
-    options.cmbGroupBy = 1;
-    return;
-  }
-  options.chColumnPath = ReadCheck(store, setting::kColumnPath);
-  options.chColumnSize = ReadCheck(store, setting::kColumnSize);
-  options.chColumnType = ReadCheck(store, setting::kColumnType);
-  options.chColumnDate = ReadCheck(store, setting::kColumnDate);
-  options.cmbGroupBy = ReadInteger(store, setting::kGroupBy, 0, kLastGroupBy);
+void Write(SettingsStore& store, const Option& option, const SavedOptions& options) {
+  mRegSettings::WriteText(store, option.stored, TextOf(option, options));
 }
 
-void ReadConflicts(SettingsStore& store, SavedOptions& options) {
-  const std::int32_t add_number = ReadInteger(store, setting::kAddNumber);
-  if (add_number != static_cast<std::int16_t>(add_number)) throw Failure(kOverflow, "Overflow");
-  options.gConflictAddNumber = static_cast<std::int16_t>(add_number);
-  options.gNumberLeft = ReadText(store, setting::kNumberLeft);
-  options.gNumberRight = ReadText(store, setting::kNumberRight);
+bool IsSaved(const Option& option, const SavedOptions& options) {
+  return option.save == nullptr || options.*option.save;
 }
 
 }  // namespace
 
-void ReadSavedOptions(SettingsStore& store, SavedOptions& options) {
-  options.chSaveSourceFolderOptions = ReadCheck(store, setting::kSaveSourceFolderOptions);
-  options.chSaveOutputFolderOptions = ReadCheck(store, setting::kSaveOutputFolderOptions);
-  options.chSaveFileListOptions = ReadCheck(store, setting::kSaveFileListOptions);
-  ReadSourcePage(store, options);
-  ReadOutputPage(store, options);
-  ReadFileList(store, options);
-  ReadConflicts(store, options);
+void ReadSavedOptions(SettingsStore& store, SavedOptions& options, std::size_t& read) {
+  const SavedOptions first_start;
+  for (read = 0; read < std::size(kOptions); ++read) {
+    const Option& option = kOptions[read];
+    if (IsSaved(option, options)) {
+      std::visit(Reader{store, option.stored, options}, option.held);
+    } else if (option.reset) {
+      std::visit([&](auto held) { options.*held = first_start.*held; }, option.held);
+    }
+  }
 }
 
-void WriteSavedOptions(SettingsStore& store, const SavedOptions& options) {
-  WriteInteger(store, setting::kSaveSourceFolderOptions, options.chSaveSourceFolderOptions);
-  WriteInteger(store, setting::kSaveOutputFolderOptions, options.chSaveOutputFolderOptions);
-  WriteInteger(store, setting::kSaveFileListOptions, options.chSaveFileListOptions);
-  if (options.chSaveSourceFolderOptions) {
-    WriteText(store, setting::kSourceFolderPath, options.fdSourceFolder);
-    WriteInteger(store, setting::kSourceFolderSubfolders, options.chSubfolders);
-    WriteText(store, setting::kIncludeMask, options.fdIncludeMask);
-    WriteText(store, setting::kExcludeMask, options.fdExcludeMask);
-  }
-  if (options.chSaveOutputFolderOptions) {
-    WriteInteger(store, setting::kOutputFolderMode, options.cmbDestination);
-    WriteText(store, setting::kOutputFolderPath, options.fdDestination);
-    WriteInteger(store, setting::kOutputFolderSubfolders, options.chDestinationSubfolders);
-  }
-  if (options.chSaveFileListOptions) {
-    WriteInteger(store, setting::kColumnPath, options.chColumnPath);
-    WriteInteger(store, setting::kColumnSize, options.chColumnSize);
-    WriteInteger(store, setting::kColumnType, options.chColumnType);
-    WriteInteger(store, setting::kColumnDate, options.chColumnDate);
-    WriteInteger(store, setting::kGroupBy, options.cmbGroupBy);
+void WriteSavedOptions(SettingsStore& store, const SavedOptions& options,
+                       const OptionsAtStart& start) {
+  for (std::size_t i = 0; i < std::size(kOptions); ++i) {
+    const Option& option = kOptions[i];
+    const bool unread = i > start.read && IsSaved(option, start.shown);
+    const bool changed = TextOf(option, options) != TextOf(option, start.shown);
+    const bool due = option.own_dialog ? i == start.read : changed || !unread;
+    if (due && IsSaved(option, options)) Write(store, option, options);
   }
 }
 
 void WriteConflictOptions(SettingsStore& store, const SavedOptions& options) {
-  WriteInteger(store, setting::kAddNumber, options.gConflictAddNumber);
-  WriteText(store, setting::kNumberLeft, options.gNumberLeft);
-  WriteText(store, setting::kNumberRight, options.gNumberRight);
+  for (const Option& option : kOptions) {
+    if (option.own_dialog) Write(store, option, options);
+  }
 }

@@ -30,7 +30,7 @@ const PlacedWindow* Find(std::string_view frm) {
 
 float ReadSingle(SettingsStore& store, std::string_view section, std::string_view key,
                  std::string_view default_text = {}) {
-  const std::string value = store.GetSetting(section, key, default_text);
+  const std::string value = mRegSettings::ReadText(store, {section, key, default_text});
   return ErrTrace::inner<"mRegSettings.ReadSingle(section,key,value)">(
       ErrTrace::args(section, key, value), [&] { return ToSingle(value); });
 }

@@ -59,7 +59,10 @@ FailureFacts FactsOf(const std::exception_ptr& in_flight) {
   } catch (const std::bad_alloc&) {
     return {.number = kOutOfMemory, .description = "Out of memory"};
   } catch (const std::system_error& other) {
-    return FactsOf(other, other.code().value());
+    // The codes of other categories (streams, futures) are no numbers of the system.
+    const bool is_errno = other.code().category() == std::generic_category() ||
+                          other.code().category() == std::system_category();
+    return FactsOf(other, is_errno ? other.code().value() : 0);
   } catch (const std::exception& other) {
     return FactsOf(other, 0);
   } catch (...) {

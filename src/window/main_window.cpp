@@ -114,14 +114,14 @@ void Form1::IniSettings(const std::string& pTemplateName) {
     const auto show = qScopeGuard([&] {
       ErrTrace::top<"Form1.IniSettings">(ErrTrace::args(), [&] { ShowOptions(options, Saved()); });
     });
-    ReadSavedOptions(settings_, options);
+    ReadSavedOptions(settings_, options, at_start_.read);
     folder_pages_->chEnableSkin->setChecked(true);
   });
 }
 
 void Form1::Form_Load() {
-  options_read_ = ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
-  options_at_start_ = OptionsOf(Saved());
+  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
+  at_start_.shown = OptionsOf(Saved());
   ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] {
     const bool no_folder = folder_pages_->SourceFolder().empty();
     commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
@@ -131,10 +131,7 @@ void Form1::Form_Load() {
 void Form1::Form_Unload() {
   ErrTrace::top<"Form1.Form_Unload">(ErrTrace::args(), [&] {
     folder_pages_->CommitFocusedField();
-    const SavedOptions options = OptionsOf(Saved());
-    // One value that can't be read hides those behind it: what was never shown must not be lost.
-    if (!options_read_ && options == options_at_start_) return;
-    WriteSavedOptions(settings_, options);
+    WriteSavedOptions(settings_, OptionsOf(Saved()), at_start_);
   });
 }
 

@@ -42,8 +42,7 @@ class Form1 : public QWidget, private CommandView {
   void LayOut();
   void ConnectPanels();
   void Form_Load();
-  /// Stores the options; the placement, stored next, brings both to disk. Options that could not
-  /// be read at the start are left as they stand when the user has changed none.
+  /// Stores the options; the placement, stored next, brings both to disk.
   void Form_Unload();
   SavedControls Saved() const;
   /// Runs a command with the focused field's value handed over first.
@@ -78,8 +77,7 @@ class Form1 : public QWidget, private CommandView {
   StatusBar* status_bar_;
   ResultWindow* gFailureReport;
   ResultWindow* gConflictReport;
-  bool options_read_ = false;
-  SavedOptions options_at_start_;
+  OptionsAtStart at_start_;
   bool cancelled_ = false;  ///< "Cancel" was pressed during the running command
   bool waiting_ = false;
   bool close_wanted_ = false;

@@ -13,15 +13,13 @@ namespace {
 
 constexpr char kFile[] = "Quorvane/Quorvane.conf";
 
-void UseConfigFolder(const std::string& path) {
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QString::fromStdString(path));
+QString FileIn(const TempFolder& folder) {
+  return QString::fromStdString(folder / kFile);
 }
 
 /// Each test has a config folder of its own.
 class SettingsStoreQt : public testing::Test {
  protected:
-  SettingsStoreQt() { UseConfigFolder(folder.path()); }
-
   const TempFolder folder;
 };
 
@@ -32,9 +30,7 @@ class OnDisk {
   explicit OnDisk(const TempFolder& folder) {
     copy_.MakeFolder("Quorvane");
     copy_.Write(kFile, folder.Read(kFile).value_or(""));
-    UseConfigFolder(copy_.path());
-    store_.emplace();
-    UseConfigFolder(folder.path());
+    store_.emplace(FileIn(copy_));
   }
   std::string operator()(std::string_view section, std::string_view key) {
     return store_->GetSetting(section, key, "(none)");
@@ -83,12 +79,12 @@ const std::string kHardTexts[] = {
 };
 
 TEST_F(SettingsStoreQt, TextsOfEveryKindComeBackFromDiskUnchanged) {
-  QtSettingsStore store;
+  QtSettingsStore store(FileIn(folder));
   for (const std::string& text : kHardTexts) {
     store.SaveSetting("Texts", text, text);
     store.SaveSetting("Sections\\" + text, "Key", text);
   }
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
   for (const std::string& text : kHardTexts) {
     EXPECT_EQ(on_disk("Texts", text), text);
@@ -103,15 +99,15 @@ TEST_F(SettingsStoreQt, SectionsAndKeysAreTheirNamesAndNothingElse) {
       {"", "A"},     {"A", ""},           {"\\A", "B"},   {"General", "A"}, {"general", "A"},
       {"-", "A"},    {"A\\General", "A"}, {"A%2FB", "C"}, {"A-2DB", "C"},
   };
-  QtSettingsStore store;
+  QtSettingsStore store(FileIn(folder));
   for (const auto& [section, key] : names) store.SaveSetting(section, key, section + "|" + key);
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
   for (const auto& [section, key] : names) EXPECT_EQ(on_disk(section, key), section + "|" + key);
 }
 
 TEST_F(SettingsStoreQt, AKeyAndASectionOfOneNameLiveSideBySide) {
-  QtSettingsStore store;
+  QtSettingsStore store(FileIn(folder));
   const auto fill = [&] {
     store.SaveSetting("Templates", "1", "Report");
     store.SaveSetting("Templates\\1", "Start", "5");
@@ -125,7 +121,7 @@ TEST_F(SettingsStoreQt, AKeyAndASectionOfOneNameLiveSideBySide) {
   fill();
   EXPECT_TRUE(store.DeleteSetting("Templates\\1"));
   EXPECT_FALSE(store.DeleteSetting("Templates\\1"));
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
   EXPECT_EQ(on_disk("Templates", "1"), "Report");
   EXPECT_EQ(on_disk("Templates\\1", "Start"), "(none)");
@@ -136,15 +132,15 @@ TEST_F(SettingsStoreQt, AKeyAndASectionOfOneNameLiveSideBySide) {
 }
 
 TEST_F(SettingsStoreQt, TwoWritersKeepEachOthersKeys) {
-  QtSettingsStore store;
+  QtSettingsStore store(FileIn(folder));
   store.SaveSetting("Shared", "Mine", "before");
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   constexpr int kWrites = 25;
   const auto write = [&](const std::string& who) {
-    QtSettingsStore own;
+    QtSettingsStore own(FileIn(folder));
     for (int i = 0; i < kWrites; ++i) {
       own.SaveSetting("Shared", who + std::to_string(i), who);
-      if (!own.Flush().empty()) ::_exit(1);
+      if (own.Flush()) ::_exit(1);
     }
   };
   const pid_t other = InProcess([&] { write("Other"); });
@@ -152,7 +148,7 @@ TEST_F(SettingsStoreQt, TwoWritersKeepEachOthersKeys) {
   int status = -1;
   ::waitpid(other, &status, 0);
   ASSERT_EQ(status, 0);
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
   for (int i = 0; i < kWrites; ++i) {
     EXPECT_EQ(on_disk("Shared", "Mine" + std::to_string(i)), "Mine") << i;
@@ -164,7 +160,7 @@ TEST_F(SettingsStoreQt, AWriterKilledAtWorkLeavesAWholeFileAndNoLock) {
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
   const pid_t writer = InProcess([&] {
-    QtSettingsStore store;
+    QtSettingsStore store(FileIn(folder));
     for (int i = 0;; ++i) {
       store.SaveSetting("Texts", "Long", std::string(10000, static_cast<char>('a' + i % 26)));
       (void)store.Flush();
@@ -179,13 +175,13 @@ TEST_F(SettingsStoreQt, AWriterKilledAtWorkLeavesAWholeFileAndNoLock) {
   ::close(ends[0]);
   ::close(ends[1]);
 
-  QtSettingsStore store;
-  EXPECT_EQ(store.ReadProblem(), "");
+  QtSettingsStore store(FileIn(folder));
+  EXPECT_EQ(store.ReadProblem().text, "");
   const std::string text = store.GetSetting("Texts", "Long");
   ASSERT_EQ(text.size(), 10000U);
   EXPECT_EQ(text, std::string(10000, text[0]));
   store.SaveSetting("Texts", "Next", "1");
-  EXPECT_EQ(store.Flush(), "");
+  EXPECT_EQ(store.Flush().text, "");
 }
 
 TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritten) {
@@ -205,17 +201,16 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
   };
   for (const auto& row : table) {
     const TempFolder config;
-    UseConfigFolder(config.path());
     config.MakeFolder("Quorvane");
     config.Write(kFile, row.content);
-    QtSettingsStore store;
-    EXPECT_EQ(store.ReadProblem().empty(), !row.damaged) << row.content;
+    QtSettingsStore store(FileIn(config));
+    EXPECT_EQ(static_cast<bool>(store.ReadProblem()), row.damaged) << row.content;
     EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
     EXPECT_EQ(config.Read(kFile), row.content) << "reading changes nothing";
 
     store.SaveSetting("Conflicts", "NumberLeft", "(");
-    EXPECT_EQ(store.Flush(), "");
-    EXPECT_EQ(store.ReadProblem(), "");
+    EXPECT_EQ(store.Flush().text, "");
+    EXPECT_EQ(store.ReadProblem().text, "");
     EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
     EXPECT_EQ(store.GetSetting("Conflicts", "NumberLeft"), "(");
     const std::string copy = std::string(kFile) + ".damaged";
@@ -224,48 +219,113 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
 }
 
 TEST_F(SettingsStoreQt, ASecondDamageKeepsTheFirstCopy) {
-  QtSettingsStore store;
+  QtSettingsStore store(FileIn(folder));
   for (const std::string content : {"first", "second"}) {
     store.SaveSetting("A", "B", content);
-    ASSERT_EQ(store.Flush(), "");
+    ASSERT_EQ(store.Flush().text, "");
     folder.Write(kFile, content);
   }
   store.SaveSetting("A", "B", "third");
-  ASSERT_EQ(store.Flush(), "");
+  ASSERT_EQ(store.Flush().text, "");
   EXPECT_EQ(folder.Read(std::string(kFile) + ".damaged"), "first");
   EXPECT_EQ(folder.Read(std::string(kFile) + ".damaged2"), "second");
 }
 
-TEST_F(SettingsStoreQt, WhereNothingCanBeWrittenTheProgramGoesOnAndFlushTells) {
-  const TempFolder blocked;
-  blocked.Write("file", "");
-  blocked.MakeFolder("taken");
-  blocked.MakeFolder("taken/Quorvane");
-  blocked.MakeFolder(std::string("taken/") + kFile);
-  for (const char* config : {"file", "file/below", "taken"}) {
-    UseConfigFolder(blocked / config);
-    QtSettingsStore store;
-    EXPECT_EQ(store.GetSetting("A", "B", "default"), "default");
-    store.SaveSetting("A", "B", "new");
-    EXPECT_NE(store.Flush().find("can't be written"), std::string::npos) << config;
-    EXPECT_EQ(store.GetSetting("A", "B"), "new");
+/// What can stand in the place of the file: at `path`, below the folder of the test.
+struct Place {
+  std::string path;
+  std::function<void(const TempFolder&, const std::string& path)> make;
+  int read_error;  ///< what ReadProblem tells; 0: nothing is wrong at the start
+  int error;       ///< what the first Flush tells behind it; 0: nothing new
+};
+
+const Place kPlaces[] = {
+    {"fifo", [](auto& in, auto& path) { ::mkfifo((in / path).c_str(), 0600); }, ENXIO, 0},
+    {"folder", [](auto& in, auto& path) { in.MakeFolder(path); }, EISDIR, 0},
+    {"fifo_far", [](auto& in, auto& path) { in.MakeLink(path, "fifo"); }, ENXIO, 0},
+    {"loop", [](auto& in, auto& path) { in.MakeLink(path, "loop"); }, ELOOP, 0},
+    {"nowhere", [](auto& in, auto& path) { in.MakeLink(path, "none/file"); }, ENOENT, 0},
+    {"file/below", [](auto& in, auto&) { in.Write("file", ""); }, ENOTDIR, 0},
+    {"locked", [](auto& in, auto& path) { in.MakeFolder(path + ".lock"); }, 0, EEXIST},
+};
+
+TEST_F(SettingsStoreQt, WhatIsNoFileIsToldOnceAndItsChangesAreKeptUntilItIsGone) {
+  for (const Place& place : kPlaces) {
+    place.make(folder, place.path);
+    const std::string path = folder / place.path;
+    const mode_t kind = folder.Facts(place.path).st_mode;
+    QtSettingsStore store(QString::fromStdString(path));
+    const StoreProblem read = store.ReadProblem();
+    EXPECT_EQ(read.error, place.read_error) << path;
+    EXPECT_EQ(read.text.find(path) != read.text.npos, place.read_error != 0) << read.text;
+    for (const int error : {place.error, 0}) {
+      store.SaveSetting("A", "B", "new");
+      EXPECT_EQ(store.Flush().error, error) << path;
+      EXPECT_EQ(store.GetSetting("A", "B"), "new");
+      EXPECT_EQ(folder.Facts(place.path).st_mode, kind) << path;
+    }
+    EXPECT_TRUE(store.DeleteSetting("A"));
+    EXPECT_FALSE(store.DeleteSetting("A", "B"));
   }
-  UseConfigFolder(blocked / "taken");
-  EXPECT_NE(QtSettingsStore().ReadProblem(), "");
 }
 
-TEST_F(SettingsStoreQt, AWriteAfterAFailedOneSucceedsOnceTheCauseIsGone) {
+TEST_F(SettingsStoreQt, AnotherCauseIsToldAgainAndSoIsAnyAfterAWrite) {
   folder.MakeFolder("Quorvane");
-  folder.MakeFolder(kFile);
-  QtSettingsStore store;
-  store.SaveSetting("A", "B", "first");
-  ASSERT_NE(store.Flush(), "");
-  std::filesystem::remove(folder / kFile);
-  store.SaveSetting("A", "C", "second");
-  EXPECT_EQ(store.Flush(), "");
-  OnDisk on_disk(folder);
-  EXPECT_EQ(on_disk("A", "B"), "first");
-  EXPECT_EQ(on_disk("A", "C"), "second");
+  QtSettingsStore store(FileIn(folder));
+  const struct {
+    std::function<void()> make;
+    int error;
+  } steps[] = {
+      {[&] { folder.MakeFolder(kFile); }, EISDIR},
+      {[] {}, 0},
+      {[&] { ::rmdir((folder / kFile).c_str()), ::mkfifo((folder / kFile).c_str(), 0600); }, ENXIO},
+      {[&] { ::unlink((folder / kFile).c_str()); }, 0},
+      {[&] { ::unlink((folder / kFile).c_str()), ::mkfifo((folder / kFile).c_str(), 0600); },
+       ENXIO},
+  };
+  for (const auto& step : steps) {
+    step.make();
+    const std::string key = std::to_string(&step - steps);
+    store.SaveSetting("A", key, key);
+    EXPECT_EQ(store.Flush().error, step.error) << key;
+    if (&step - steps != 3) continue;
+    OnDisk on_disk(folder);
+    for (const char* kept : {"0", "1", "2", "3"}) EXPECT_EQ(on_disk("A", kept), kept);
+  }
+}
+
+TEST_F(SettingsStoreQt, ALinkToAFileStaysALink) {
+  folder.MakeFolder("Quorvane");
+  for (const char* content : {"", "[A]\nB=old\n"}) {
+    folder.Write("far", content);
+    if (*content == 0) ::unlink((folder / "far").c_str());
+    ::unlink((folder / kFile).c_str());
+    folder.MakeLink(kFile, folder / "far");
+    QtSettingsStore store(FileIn(folder));
+    EXPECT_EQ(store.ReadProblem().text, "");
+    store.SaveSetting("A", "B", "new");
+    EXPECT_EQ(store.Flush().text, "");
+    EXPECT_TRUE(S_ISLNK(folder.Facts(kFile).st_mode)) << content;
+    EXPECT_EQ(folder.Read("far"), "[A]\nB=new\n");
+  }
+}
+
+/// Runs in a process of its own, since it gives up the superuser's rights and its room for files.
+TEST_F(SettingsStoreQt, AFailedWriteTellsTheErrnoOfWhatFailed) {
+  folder.MakeFolder("Quorvane");
+  ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
+  ASSERT_EQ(::chmod((folder / "Quorvane").c_str(), 0555), 0);
+  int status = -1;
+  ::waitpid(InProcess([&] {
+              if (::geteuid() == 0 && ::setuid(65534) != 0) ::_exit(1);
+              QtSettingsStore store(FileIn(folder));
+              store.SaveSetting("A", "B", "new");
+              const int error = store.Flush().error;
+              ::_exit(error == EACCES && store.GetSetting("A", "B") == "new" ? 0 : 2);
+            }),
+            &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(folder.List("Quorvane").empty());
 }
 
 }  // namespace

@@ -38,22 +38,18 @@ TEST(RegSettings, NumbersAreReadStrictly) {
       {"99999999999999999999x", "Type mismatch"},
       {"True", "Type mismatch"},
       {std::string("1\0", 2), "Type mismatch"},
+      {std::string(65536, '1'), "Overflow"},
+      {std::string(65537, '1'), "Invalid property value"},
   };
   for (const auto& row : table) EXPECT_EQ(ReadBack(row.text), row.answer) << row.text;
 }
 
-TEST(RegSettings, AnAbsentNumberIsItsDefault) {
+TEST(RegSettings, AnAbsentNumberIsItsDefaultAndAReportNamesTheKeyOfABadOne) {
   MemorySettings store;
   EXPECT_EQ(mRegSettings::ReadInteger(store, kNumber), 7);
-}
-
-TEST(RegSettings, AReportNamesTheKeyOfABadNumber) {
-  MemorySettings store;
   store.values[{"S", "N"}] = "many";
   const std::string report = FailureReport([&] { mRegSettings::ReadInteger(store, kNumber); });
-  EXPECT_THAT(report, HasSubstr("'S'"));
-  EXPECT_THAT(report, HasSubstr("'N'"));
-  EXPECT_THAT(report, HasSubstr("'many'"));
+  for (const char* part : {"'S'", "'N'", "'many'"}) EXPECT_THAT(report, HasSubstr(part));
 }
 
 TEST(RegSettings, DeletingWhatIsNotThereIsAFailure) {
@@ -72,11 +68,11 @@ TEST(RegSettings, TheVersionIsOnDiskWhenItIsSaved) {
   EXPECT_THAT(store.written,
               testing::ElementsAre("Major=1", "Minor=20", "Revision=3", "AppPath=/usr/bin"));
   EXPECT_EQ(store.flushes, 1);
-  store.problem = "The disk is full";
-  EXPECT_THAT(FailureReport([&] {
-                mRegSettings::SaveVersion(store, {1, 20, 3}, "/usr/bin");
-              }),
-              HasSubstr("The disk is full"));
+  store.problem = {"can't be written: /conf", ENOSPC};
+  const auto save = [&] { mRegSettings::SaveVersion(store, {1, 20, 3}, "/usr/bin"); };
+  EXPECT_THAT(FailureReport(save), HasSubstr("API Error: (28) No space left on device"));
+  const auto check = [&] { mRegSettings::CheckReadable(store); };
+  EXPECT_THAT(FailureReport(check), AllOf(HasSubstr("/conf"), HasSubstr("API Error: (28)")));
 }
 
 }  // namespace

@@ -7,10 +7,8 @@
 
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 /// Every option unlike the one of a first start.
 SavedOptions Unusual() {
@@ -31,6 +29,13 @@ SavedOptions Unusual() {
   return options;
 }
 
+/// How many options were dealt with.
+std::size_t Read(SettingsStore& store, SavedOptions& options) {
+  std::size_t read = 0;
+  ReadSavedOptions(store, options, read);
+  return read;
+}
+
 void ExpectSame(const SavedOptions& a, const SavedOptions& b) {
   MemorySettings left, right;
   for (auto [store, options] : {std::pair{&left, &a}, std::pair{&right, &b}}) {
@@ -40,19 +45,10 @@ void ExpectSame(const SavedOptions& a, const SavedOptions& b) {
   EXPECT_EQ(left.written, right.written);
 }
 
-TEST(SavedOptions, WhatIsWrittenIsReadAgain) {
-  MemorySettings store;
-  WriteSavedOptions(store, Unusual());
-  WriteConflictOptions(store, Unusual());
-  SavedOptions read;
-  ReadSavedOptions(store, read);
-  ExpectSame(read, Unusual());
-}
-
 TEST(SavedOptions, AnEmptyStoreIsAFirstStart) {
   MemorySettings store;
   SavedOptions read = Unusual();
-  ReadSavedOptions(store, read);
+  Read(store, read);
   ExpectSame(read, SavedOptions());
 }
 
@@ -82,7 +78,7 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
   // The controls keep what they hold, but for the three that fall back.
   store.read.clear();
   SavedOptions read = Unusual();
-  ReadSavedOptions(store, read);
+  Read(store, read);
   EXPECT_THAT(store.read,
               ElementsAre("SaveSourceFolderOptions", "SaveOutputFolderOptions",
                           "SaveFileListOptions", "AddNumber", "NumberLeft", "NumberRight"));
@@ -95,37 +91,56 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
   EXPECT_EQ(read.cmbGroupBy, 1);
 }
 
-TEST(SavedOptions, ABadValueEndsTheReadingWhereItStands) {
+TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
+  MemorySettings good;
+  SavedOptions any;
+  Read(good, any);
+  const std::vector<std::string>& order = good.read;
+  constexpr std::size_t kConflicts = 15;  // from here on their own dialog writes
   const struct {
-    std::string section, key, text, failure, next;
+    std::string section, key, text, failure, mended;
   } table[] = {
-      {"Settings\\Save", "SaveFileListOptions", "yes", "Type mismatch", "SourceFolderPath"},
-      {"Settings\\Folders", "SourceFolderSubfolders", "2", "Invalid property", "IncludeMask"},
-      {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "OutputFolderPath"},
-      {"Settings\\FileList", "GroupBy", "-1", "Invalid property", "AddNumber"},
-      {"Conflicts", "AddNumber", "32768", "Overflow", "NumberLeft"},
+      {"Settings\\Save", "SaveFileListOptions", "yes", "Type mismatch", "1"},
+      {"Settings\\Folders", "SourceFolderPath", std::string(65537, '/'), "Invalid property", ""},
+      {"Settings\\Folders", "SourceFolderSubfolders", "2", "Invalid property", "1"},
+      {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "0"},
+      {"Settings\\FileList", "GroupBy", "-1", "Invalid property", "1"},
+      {"Conflicts", "AddNumber", "32768", "Overflow", "1"},
   };
   for (const auto& row : table) {
     MemorySettings store;
     WriteSavedOptions(store, Unusual());
     store.values[{row.section, row.key}] = row.text;
-    SavedOptions read;
-    EXPECT_THAT(FailureReport([&] { ReadSavedOptions(store, read); }), HasSubstr(row.failure));
+    store.written.clear();
+    SavedOptions options;
+    OptionsAtStart start;
+    const auto read = [&] { ReadSavedOptions(store, options, start.read); };
+    EXPECT_THAT(FailureReport(read), HasSubstr(row.failure));
     EXPECT_EQ(store.read.back(), row.key);
-    EXPECT_THAT(store.read, Not(Contains(row.next)));
+    EXPECT_EQ(order[start.read], row.key);
+
+    start.shown = options;
+    options.fdIncludeMask = "*.raw";
+    WriteSavedOptions(store, options, start);
+    std::vector<std::string> written, expected;
+    for (const std::string& one : store.written) written.push_back(one.substr(0, one.find('=')));
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      const bool shown = i < start.read || order[i] == "IncludeMask";
+      if (i == start.read || (i < kConflicts && shown)) expected.push_back(order[i]);
+    }
+    EXPECT_EQ(written, expected) << row.key;
+    EXPECT_EQ((store.values[{row.section, row.key}]), row.mended);
   }
 }
 
-TEST(SavedOptions, WhatWasReadBeforeABadValueStands) {
+TEST(SavedOptions, AGroupTurnedOnBehindABadValueIsWritten) {
   MemorySettings store;
-  WriteSavedOptions(store, Unusual());
-  store.values[{"Settings\\Folders", "OutputFolderMode"}] = "";
-  SavedOptions read;
-  EXPECT_NE(FailureReport([&] { ReadSavedOptions(store, read); }), "");
-  EXPECT_EQ(read.fdIncludeMask, "*.jpg;*.png");
-  EXPECT_EQ(read.cmbDestination, 0);
-  EXPECT_EQ(read.fdDestination, "");
-  EXPECT_EQ(read.cmbGroupBy, 1);
+  OptionsAtStart start{.read = 0, .shown = {}};
+  start.shown.chSaveFileListOptions = false;
+  WriteSavedOptions(store, SavedOptions(), start);
+  EXPECT_THAT(store.written,
+              ElementsAre("SaveSourceFolderOptions=1", "SaveFileListOptions=1", "ColumnPath=0",
+                          "ColumnSize=0", "ColumnType=0", "ColumnDate=0", "GroupBy=1"));
 }
 
 }  // namespace

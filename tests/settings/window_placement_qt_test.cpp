@@ -112,7 +112,7 @@ TEST(WindowPlacementQt, BadValuesAndAFullDiskAreReportedAndTheWindowWorks) {
   EXPECT_THAT(FailureReport([&] { window.show(); }), HasSubstr("'tall'"));
   EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(window.size(), QSize(400, 100));
-  store.problem = "The disk is full";
+  store.problem = {"The disk is full"};
   EXPECT_THAT(FailureReport([&] { window.close(); }), HasSubstr("The disk is full"));
   EXPECT_FALSE(window.isVisible());
 }

@@ -36,16 +36,16 @@ class MemorySettings : public SettingsStore {
            }) > 0;
   }
 
-  [[nodiscard]] std::string Flush() override {
+  [[nodiscard]] StoreProblem Flush() override {
     ++flushes;
     return problem;
   }
 
-  [[nodiscard]] std::string ReadProblem() override { return problem; }
+  [[nodiscard]] StoreProblem ReadProblem() override { return problem; }
 
   std::map<std::pair<std::string, std::string>, std::string> values;
   std::vector<std::string> read;     ///< keys, in the order of the reads
   std::vector<std::string> written;  ///< "key=text", in the order of the writes
   int flushes = 0;
-  std::string problem;
+  StoreProblem problem;
 };

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <ios>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
@@ -110,14 +111,18 @@ TEST_F(ErrTraceTest, ExceptionsOfOthersBecomeFailures) {
   const struct {
     void (*raise)();
     const char* head;
-  } table[] = {{[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
-               {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
-               {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
-                "copy: No space left on device \r\n"},
-               {[] { throw 5; }, "Internal error \r\n"}};
+  } table[] = {
+      {[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
+      {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
+      {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
+       "copy: No space left on device \r\n"},
+      {[] { throw 5; }, "Internal error \r\n"},
+      {[] { throw std::ios_base::failure("cut"); }, "cut: iostream error \r\n"},
+  };
   for (const auto& row : table) EXPECT_THAT(FailureReport(row.raise), StartsWith(row.head));
   EXPECT_THAT(FailureReport(table[1].raise), HasSubstr("Source: std::out_of_range \r\n"));
   EXPECT_THAT(FailureReport(table[2].raise), HasSubstr("API Error: (28) No space left on device"));
+  EXPECT_THAT(FailureReport(table[4].raise), Not(HasSubstr("API Error")));
 }
 
 TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
