@@ -28,7 +28,7 @@ const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
   if (found != prepared_.end() && LeadsThere(text, found->second)) return found->second;
   latest_ = Prepare(text);
   const bool made =
-      latest_.problem == 0 && mScanCD::FolderExist(files_, mMain::GetPathWithNoSlash(text));
+      latest_.problem == 0 && files_.IdentifyFolder(mMain::GetPathWithNoSlash(text)).has_value();
   return made ? prepared_[text] = latest_ : latest_;  // what is missing is tried again
 }
 
