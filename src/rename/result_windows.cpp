@@ -11,6 +11,7 @@
 #include "common/look_qt.h"
 #include "common/shell_actions.h"
 #include "filelist/list_view.h"
+#include "platform/ordinary_pointer_qt.h"
 #include "platform/text_qt.h"
 #include "rename/result_model.h"
 #include "settings/window_placement_qt.h"
@@ -137,7 +138,10 @@ void ResultWindow::ShowReport() {
   lbFilesCount->setText(text::ToQt(kind_.count_words) + QString::number(kind_.count(reports_)));
   ReportControl1->scrollToTop();
   bnOK->setFocus();
-  exec();
+  {
+    const OrdinaryPointer pointer;
+    exec();
+  }
   // The next run deletes the records, and who reads the hidden list must not meet their rows then.
   model_->Clear();
 }

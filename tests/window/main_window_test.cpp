@@ -5,12 +5,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -146,6 +148,47 @@ TEST_F(MainWindowTest, ClosesAfterThePassThatItEnds) {
   ListFiles();
   EXPECT_FALSE(closed_at_once) << "the pass was running";
   EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
+  const auto after = [this](int ms, std::function<void()> act) {
+    QTimer::singleShot(ms, &program->MainWindow(), std::move(act));
+  };
+  struct Moment {
+    const char* what;
+    std::function<void()> act;  ///< lets the signal come and waits
+  };
+  const Moment table[] = {
+      {"idle", [] { std::raise(SIGTERM); }},
+      {"during a run",
+       [&] {
+         after(0, [] { std::raise(SIGINT); });
+         Button("bnRename")->click();  // and in the message that it is not completed
+       }},
+      {"in a dialog",
+       [&] {
+         after(50, [] {
+           for (const int signal : {SIGHUP, SIGTERM}) std::raise(signal);
+         });
+         Button("Command4")->click();
+       }},
+  };
+  for (const Moment& moment : table) {
+    SCOPED_TRACE(moment.what);
+    StartAnew();
+    Preview(false);
+    Find<QCheckBox>("chColumnSize")->click();
+    const bool column = Find<QCheckBox>("chColumnSize")->isChecked();
+    moment.act();
+    const QDeadlineTimer deadline(5000);
+    while (program->MainWindow().isVisible() && !deadline.hasExpired()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    EXPECT_FALSE(program->MainWindow().isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    StartAnew();
+    EXPECT_EQ(Find<QCheckBox>("chColumnSize")->isChecked(), column) << "stored";
+  }
 }
 
 TEST_F(MainWindowTest, FitsItsToldLeastSize) {
