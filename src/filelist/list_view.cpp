@@ -164,7 +164,9 @@ void ListView::LayOutColumns() {
 
 void ListView::ShowEmptyText() {
   const bool no_rows = model() == nullptr || model()->rowCount() == 0;
-  empty_->setVisible(no_rows && !empty_title_->text().isEmpty());
+  const bool shown = no_rows && !empty_title_->text().isEmpty();
+  empty_->setVisible(shown);
+  setAccessibleDescription(shown ? empty_title_->text() + u' ' + empty_note_->text() : QString());
 }
 
 void ListView::changeEvent(QEvent* event) {

@@ -11,7 +11,6 @@
 
 #include "commands/command_buttons.h"
 #include "common/look_qt.h"
-#include "common/path_text.h"
 #include "filelist/file_list_panel.h"
 #include "filelist/folder_pages.h"
 #include "names/constructor_editor.h"
@@ -245,12 +244,7 @@ void Form1::SetSourceFolder(const std::string& folder) {
 }
 
 void Form1::ListRepopulated(EmptyList reason) {
-  const std::string folder = folder_pages_->SourceFolder();
-  const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
-  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kListing
-                      : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
-                      : separator_missing                 ? FileListPanel::kSeparatorMissing
-                                                          : FileListPanel::kNoneFound);
+  list_->SetEmptyText(reason);
   list_->ListRepopulated();
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text.h"
 #include "support/fakes.h"
 #include "support/memory_files.h"
 #include "support/plain_locale.h"
@@ -123,14 +124,39 @@ TEST_F(CommandsTest, KeepEveryNameWithTheStartItems) {
 }
 
 TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
-  view.source.fdSourceFolder = "  /nowhere/ ";
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(view.source.fdSourceFolder, "/nowhere/");
-  EXPECT_EQ(view.buttons, "10000");
-  EXPECT_EQ(view.empty, EmptyList::kNoneFound);
-  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  files.folders.insert(
+      {"", "/locked", "/bare", "/bare/.git", "/up", "/up/sub", "/shut", "/shut/a"});
+  files.contents["/up/sub/file"] = "";
+  files.locked = {"/locked", "/shut/a"};
+  const struct {
+    SourceOptions source;
+    EmptyList reason;
+  } table[] = {
+      {{"  /nowhere/ ", "", "", true}, EmptyList::kFolderMissing},
+      {{"/nowhere", "", "", true}, EmptyList::kFolderMissing},
+      {{"/up", "", "", false}, EmptyList::kSeparatorMissing},
+      {{"/locked/", "", "", true}, EmptyList::kFolderUnreadable},
+      {{"/bare/", "*.jpg;*.png", "", false}, EmptyList::kNoFile},
+      {{"/up/", "", "", false}, EmptyList::kOnlySubfolders},
+      {{"/up/", "*.jpg", "", true}, EmptyList::kNoMatch},
+      {{"/shut/", "", "", true}, EmptyList::kSubfolderUnreadable},
+      {{"/in/", "", "*", true}, EmptyList::kNoMatch},
+      {{"/in/", "*.jpg;*.png", "", true}, EmptyList::kMasksNotParted},
+      {{"/in/", "", "*.txt *,", true}, EmptyList::kMasksNotParted},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.source.fdSourceFolder + row.source.fdIncludeMask);
+    view.source = row.source;
+    state.panes.paneTotal = "";
+    commands.bnLoadFileList_Click();
+    EXPECT_EQ(view.source.fdSourceFolder, text::Trim(row.source.fdSourceFolder));
+    EXPECT_EQ(view.buttons, "10000");
+    EXPECT_EQ(view.empty, row.reason);
+    EXPECT_FALSE(TextsOf(row.reason).note.empty());
+    EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  }
 
-  view.source.fdSourceFolder = "/in/";
+  view.source = {"/in/", "", "", false};
   clock.step_ms = 50;
   CancelAt(3);
   commands.bnLoadFileList_Click();
@@ -171,13 +197,20 @@ TEST_F(CommandsTest, KeepThePreviewStaleWhenItIsCancelled) {
   EXPECT_EQ(commands.Mode(), ModePreviewReady);
 }
 
-TEST_F(CommandsTest, AskForAnOutputFolder) {
+TEST_F(CommandsTest, AskForAWholeOutputFolder) {
   commands.bnLoadFileList_Click();
   commands.bnPreview_Click();
   view.output = {kCopyTo, "", true, "/in/"};
   commands.bnRename_Click();
-  EXPECT_EQ(prompts.told, std::vector<std::string>{"Please select output folder"});
+  view.output = {kMoveTo, "pictures/", true, "/in/"};
+  commands.bnRename_Click();
+  EXPECT_EQ(prompts.told, (std::vector<std::string>{
+                              "Please select output folder",
+                              "The output folder must be a full path, as in /home/me/pictures/."}));
   EXPECT_EQ(commands.Mode(), ModePreviewReady);
+  view.output = {kUseSourceFolder, "pictures/", true, "/in/"};
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunFinished) << "the folder isn't used";
 }
 
 TEST_F(CommandsTest, GoOnAfterACancelledRun) {

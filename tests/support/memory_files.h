@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -23,6 +24,8 @@ class MemoryFiles : public FileSystem {
   std::function<bool(std::string_view operation, std::string_view path)> fails;
   std::function<void()> in_copy;  ///< what happens between the pieces of a copy
   int exists_calls = 0;
+  int problem = 0;  ///< of the last List; those of the folders in `locked` are EACCES
+  std::set<std::string> locked;
 
   bool Exists(std::string_view path) override {
     ++exists_calls;
@@ -58,7 +61,9 @@ class MemoryFiles : public FileSystem {
   }
 
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
-    if (!folders.contains(std::string(path.substr(0, path.size() - 1)))) return false;
+    const std::string listed(path.substr(0, path.size() - 1));
+    problem = locked.contains(listed) ? EACCES : folders.contains(listed) ? 0 : ENOENT;
+    if (problem != 0) return false;
     const auto add = [&](const std::string& entry, EntryKind kind) {
       if (!entry.starts_with(path) || entry.find('/', path.size()) != entry.npos) return;
       entries.entries.push_back({std::string_view(entry).substr(path.size()), kind});
@@ -96,6 +101,7 @@ class MemoryFiles : public FileSystem {
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     return IsVeryFile(path, made) && contents.erase(std::string(path)) > 0;
   }
+  int Problem() const override { return problem; }
   bool CreateDirectory(std::string_view path) override {
     if (path.starts_with('/') && !Fits(path)) return false;
     return folders.insert(std::string(path)).second;
