@@ -141,8 +141,9 @@ void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   folder_pages_->CommitFocusedField();
-  const bool numbers_taken = editor_->CommitFocusedField();
-  if (!numbers_taken && button != CommandButton::bnUndo) return;
+  editor_->CommitFocusedField();
+  const bool by_numbers = button == CommandButton::bnPreview || button == CommandButton::bnRename;
+  if (by_numbers && editor_->TellRefusedNumber()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -20,6 +22,7 @@
 
 #include "names/chip_bar.h"
 #include "names/constructor_strip.h"
+#include "names/custom_text_dialog.h"
 #include "names/transform_pane.h"
 #include "platform/text_qt.h"
 #include "support/fakes.h"
@@ -48,7 +51,10 @@ class KeptReports : public ErrTrace::Reporter {
 class ConstructorEditorTest : public testing::Test {
  protected:
   ConstructorEditorTest() {
-    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] { ++changes; });
+    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
+      ++changes;
+      if (on_change) on_change();
+    });
   }
 
   std::vector<ConstrItem>& Items() { return constructor.ArrConstr; }
@@ -105,25 +111,49 @@ class ConstructorEditorTest : public testing::Test {
   MemorySettings settings;
   ConstructorEditor editor{constructor, {prompts, clock, months, settings}};
   int changes = 0;
+  std::function<void()> on_change;
 };
 
-TEST_F(ConstructorEditorTest, StartsWithTheThreeStartElements) {
+TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementAndSelectsTheNewOne) {
   EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
   EXPECT_EQ(Pane(), "pbFileName");
-}
-
-TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementAndSelectsTheNewOne) {
-  Choose(editor.strip->vbInsertLeft, "<Counter>");
-  EXPECT_EQ(Strip(), "[<Counter>]<Source file name> .<Extension>");
-  EXPECT_EQ(Pane(), "pbCounter");
-  EXPECT_GT(std::exchange(changes, 0), 0);
-
-  Choose(editor.strip->bnInsertRight, "_ (underscore)");
-  EXPECT_EQ(Strip(), "<Counter>[_]<Source file name> .<Extension>");
-  EXPECT_EQ(Pane(), "pbDot");
-  Select(4);
-  Choose(editor.strip->bnInsertRight, "  (space)");
-  EXPECT_EQ(Strip(), "<Counter>_<Source file name> .<Extension>[ ]");
+  const struct {
+    const char* command;
+    const char* chip;
+    const char* pane;
+  } table[] = {
+      {"<Source file name>", "<Source file name>", "pbFileName"},
+      {"<Extension>", "<Extension>", "pbExt"},
+      {"<Counter>", "<Counter>", "pbCounter"},
+      {"<File date>", "<File date>", "pbFileDate"},
+      {"<Today's date>", "<Today's date>", "pbTodayDate"},
+      {"<Parent folder name>", "<Parent folder name>", "pbParentFolderName"},
+      {". (dot)", ".", "pbDot"},
+      {"- (dash)", "-", "pbDot"},
+      {"_ (underscore)", "_", "pbDot"},
+      {"  (space)", " ", "pbDot"},
+      {"Custom text", "own", "pbDot"},
+  };
+  for (const bool left : {true, false}) {
+    for (const auto& row : table) {
+      SCOPED_TRACE(row.command);
+      Select(1);
+      if (row.command == std::string("Custom text")) {
+        QTimer::singleShot(0, [] {
+          auto* dialog = qobject_cast<Form5*>(QApplication::activeModalWidget());
+          dialog->fdText->setText(QStringLiteral("own"));
+          dialog->bnOK->click();
+        });
+      }
+      changes = 0;
+      Choose(left ? editor.strip->vbInsertLeft : editor.strip->bnInsertRight, row.command);
+      const std::string chip = '[' + std::string(row.chip) + ']';
+      EXPECT_EQ(Strip(), "<Source file name> " + (left ? chip + '.' : '.' + chip) + "<Extension>");
+      EXPECT_EQ(Pane(), row.pane);
+      EXPECT_GT(changes, 0);
+      editor.strip->bnDeletePattern->click();
+    }
+  }
 }
 
 TEST_F(ConstructorEditorTest, DeletesDownToNothingAndBeginsAnew) {
@@ -164,94 +194,55 @@ TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) 
 
 TEST_F(ConstructorEditorTest, ShowsTheFieldsOfTheMode) {
   const struct {
-    const char* combo;
-    int mode;
+    std::string combo;  ///< but for the end that tells the kind of element
     std::vector<std::string> fields;
-    const char* text1_caption;
+    std::vector<std::string> shown;     ///< by mode, in the order of the fields
+    std::vector<std::string> captions;  ///< of the first text field; "" as it was
   } table[] = {
-      {"cmbCutFile", 0, {}, ""},
-      {"cmbCutFile", 1, {"fdCutFileText"}, ""},
-      {"cmbCutFile", 2, {"fdCutFileN"}, ""},
-      {"cmbCutFile", 4, {"fdCutFileN", "fdCutFileX"}, ""},
-      {"cmbCutFile", 6, {"fdCutFileN", "fdCutFileX"}, ""},
-      {"cmbCutFile", 8, {"fdCutFileN"}, ""},
-      {"cmbCutFile", 9, {"fdCutFileN", "fdCutFileX"}, ""},
-      {"cmbAddFile", 0, {}, "&Text1:"},
-      {"cmbAddFile", 2, {"fdAddFileText1"}, "&Text:"},
-      {"cmbAddFile", 3, {"fdAddFileText1", "fdAddFileText2"}, "&Text1:"},
-      {"cmbAddFile", 5, {"fdAddFileText1", "fdAddFileN"}, "&Text:"},
-      {"cmbAddFile", 0, {}, "&Text:"},
+      {"cmbCut",
+       {"fdCut%N", "fdCut%X", "fdCut%Text"},
+       {"", "Text", "N", "N", "N X", "N X", "N X", "N", "N", "N X"},
+       {}},
+      {"cmbAdd",
+       {"fdAdd%Text1", "fdAdd%Text2", "fdAdd%N"},
+       {"", "Text1", "Text1", "Text1 Text2", "Text1 N", "Text1 N"},
+       {"", "&Text:", "&Text:", "&Text1:", "&Text:", "&Text:"}},
   };
-  const char* const cut[] = {"fdCutFileN", "fdCutFileX", "fdCutFileText"};
-  const char* const add[] = {"fdAddFileText1", "fdAddFileText2", "fdAddFileN"};
-  for (const auto& row : table) {
-    SCOPED_TRACE(std::string(row.combo) + ' ' + std::to_string(row.mode));
-    Pick(row.combo)->setCurrentIndex(row.mode);
-    std::vector<std::string> shown;
-    for (const char* name : row.combo == std::string("cmbCutFile") ? cut : add) {
-      const QString label = QStringLiteral("lb") + QLatin1String(name + 2);
-      const bool visible = !Field(name)->isHidden();
-      EXPECT_EQ(!Find<QLabel>(label.toLatin1().constData())->isHidden(), visible) << name;
-      if (visible) shown.emplace_back(name);
-    }
-    EXPECT_EQ(shown, row.fields);
-    if (*row.text1_caption != '\0') {
-      EXPECT_EQ(Find<QLabel>("lbAddFileText1")->text(), QLatin1String(row.text1_caption));
+  for (const std::string kind : {"File", "Ext", "ParentFolder"}) {
+    for (const auto& row : table) {
+      for (std::size_t mode = 0; mode < row.shown.size(); ++mode) {
+        SCOPED_TRACE(row.combo + kind + ' ' + std::to_string(mode));
+        Pick((row.combo + kind).c_str())->setCurrentIndex(static_cast<int>(mode));
+        std::string shown;
+        for (const std::string& field : row.fields) {
+          const std::string end = field.substr(field.find('%') + 1);
+          const std::string name = field.substr(2, field.find('%') - 2) + kind + end;
+          const bool visible = !Field(("fd" + name).c_str())->isHidden();
+          EXPECT_EQ(!Find<QLabel>(("lb" + name).c_str())->isHidden(), visible) << name;
+          if (visible) shown += (shown.empty() ? "" : " ") + end;
+        }
+        EXPECT_EQ(shown, row.shown[mode]);
+        if (row.captions.empty() || row.captions[mode].empty()) continue;
+        EXPECT_EQ(Find<QLabel>(("lbAdd" + kind + "Text1").c_str())->text().toStdString(),
+                  row.captions[mode]);
+      }
     }
   }
 }
 
-TEST_F(ConstructorEditorTest, KeepsTheValuesOfFieldsThatAModeHides) {
+TEST_F(ConstructorEditorTest, AsksForAPreviewWhereASelectionShowsOtherValues) {
+  Choose(editor.strip->bnInsertRight, "<Source file name>");
   Pick("cmbCutFile")->setCurrentIndex(4);
-  Type(Field("fdCutFileX"), QStringLiteral("3"));
+  Field("fdCutFileX")->setText(QStringLiteral("3"));
   Leave(Field("fdCutFileX"));
   Find<QPushButton>("Command1")->click();
-  EXPECT_EQ(Items()[0].CutFile, 0);
-  Pick("cmbCutFile")->setCurrentIndex(9);
-  EXPECT_EQ(Items()[0].CutFileX, 3);
-  EXPECT_EQ(Field("fdCutFileX")->text(), QStringLiteral("3"));
-}
-
-TEST_F(ConstructorEditorTest, SwapsValuesAndPageBetweenTwoElementsOfOneKind) {
-  Choose(editor.strip->bnInsertRight, "<Source file name>");
-  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
-  Type(Field("fdReplace1"), QStringLiteral("a/b"));
-  Pick("cmbCutFile")->setCurrentIndex(2);
-  changes = 0;
-
-  Select(0);
-  EXPECT_GT(std::exchange(changes, 0), 0) << "the controls held other values";
-  EXPECT_EQ(Field("fdReplace1")->text(), QString());
-  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0);
-  EXPECT_TRUE(Field("fdCutFileN")->isHidden());
-  EXPECT_EQ(Items()[0].Replace1, "");
-  EXPECT_EQ(Items()[1].Replace1, "a/b");
-
-  Select(1);
-  EXPECT_EQ(Field("fdReplace1")->text(), QStringLiteral("a/b"));
-  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 1);
-  EXPECT_FALSE(Field("fdCutFileN")->isHidden());
-
-  Select(2);
-  changes = 0;
-  Select(1);
-  EXPECT_EQ(changes, 0) << "the controls hold these values already";
-}
-
-TEST_F(ConstructorEditorTest, EditsTheFieldsOfItsKindOnly) {
-  Select(2);
-  EXPECT_EQ(Pane(), "pbExt");
-  Pick("cmbCaseExt")->setCurrentIndex(2);
-  Type(Field("fdReplaceExt2"), QStringLiteral("x"));
-  Choose(editor.strip->bnInsertRight, "<Parent folder name>");
-  EXPECT_EQ(Pane(), "pbParentFolderName");
-  Pick("cmbAddParentFolder")->setCurrentIndex(1);
-  Type(Field("fdAddParentFolderText1"), QStringLiteral("y"));
-  EXPECT_EQ(Items()[2].CaseExt, 2);
-  EXPECT_EQ(Items()[2].ReplaceExt2, "x");
-  EXPECT_EQ(Items()[3].AddParentFolder, 1);
-  EXPECT_EQ(Items()[3].AddParentFolderText1, "y");
-  EXPECT_EQ(Items()[3].CaseExt, 0);
+  EXPECT_EQ(Items()[1].CutFile, 0);
+  EXPECT_EQ(Items()[1].CutFileX, 3) << "kept for the day its mode returns";
+  for (const auto& [index, asks] : {std::pair{0, true}, {2, false}, {0, false}, {1, true}}) {
+    changes = 0;
+    Select(index);
+    EXPECT_EQ(changes > 0, asks) << index;
+  }
 }
 
 TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
@@ -268,13 +259,42 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
   Leave(n);
   EXPECT_EQ(Items()[0].CutFileN, 7);
   EXPECT_EQ(n->text(), QStringLiteral("7"));
-  n->setText(QStringLiteral("12"));
-  Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-  EXPECT_EQ(Items()[0].CutFileN, 12);
   n->clear();
   editor.CommitFocusedField();
   EXPECT_EQ(Items()[0].CutFileN, 0);
   EXPECT_EQ(n->text(), QStringLiteral("0"));
+}
+
+TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
+  QLineEdit* n = Field("fdCutFileN");
+  const auto commit = [n](const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(n, &event);
+  };
+  const std::function<void(const QString&)> ways[] = {
+      [n](const QString& text) { n->insert(text); },  // as paste and drop do
+      commit,
+      [n](const QString& text) {  // as the accessibility bus does
+        QAccessible::queryAccessibleInterface(n)->editableTextInterface()->replaceText(0, 2, text);
+      },
+  };
+  for (const auto& way : ways) {
+    for (const auto& [put_in, taken] : {std::pair{"7", "7"}, {" 7\n", "7"}, {"+7", "7"}}) {
+      n->setText(QStringLiteral("12"));
+      n->selectAll();
+      way(QLatin1String(put_in));
+      EXPECT_EQ(n->text(), QLatin1String(taken));
+      Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+      EXPECT_EQ(Items()[0].CutFileN, 7) << "Enter hands over";
+    }
+    for (const char* put_in : {"-5", "1,000", "5 files", "1E2", "+"}) {
+      n->setText(QStringLiteral("12"));
+      way(QLatin1String(put_in));
+      const bool no_digit = put_in == std::string("+");
+      EXPECT_TRUE(n->text() == QStringLiteral("12") || no_digit) << put_in;
+    }
+  }
 }
 
 TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) {
@@ -313,8 +333,39 @@ TEST_F(ConstructorEditorTest, ReportsANumberBeyond32BitsAndKeepsTheElements) {
   EXPECT_EQ(Items()[0].CutFileN, 5);
   EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
   editor.CommitFocusedField();
-  Select(1);
   EXPECT_EQ(kept.reports.size(), 1u) << "told once for what was typed";
+  Press(n, Qt::Key_Backspace);
+  Leave(n);
+  EXPECT_EQ(Items()[0].CutFileN, 100) << "the form that it was given can be edited";
+}
+
+TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
+  const KeptReports kept;
+  const auto refuse = [this](const char* field) {
+    Field(field)->setText(QStringLiteral("2147483648"));
+    Leave(Field(field));
+  };
+  Pick("cmbCutFile")->setCurrentIndex(4);
+  refuse("fdCutFileX");
+  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
+  EXPECT_TRUE(editor.TellRefusedNumber());
+  EXPECT_TRUE(editor.TellRefusedNumber());
+  EXPECT_EQ(prompts.told, std::vector<std::string>(2,
+                                                   "The number “K” on the page “Remove” is too "
+                                                   "large.\nThe largest that can be used is "
+                                                   "2147483647."));
+  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
+  Pick("cmbCutFile")->setCurrentIndex(2);
+  EXPECT_FALSE(editor.TellRefusedNumber()) << "its mode is off";
+  Pick("cmbCutFile")->setCurrentIndex(4);
+  Choose(editor.strip->bnInsertRight, "<Counter>");
+  EXPECT_FALSE(editor.TellRefusedNumber()) << "another element is shown";
+  refuse("fdStartValue");
+  EXPECT_TRUE(editor.TellRefusedNumber());
+  EXPECT_EQ(prompts.told.back().find("The number “Start with” in “Counter options” is"), 0u);
+  Select(0);
+  EXPECT_EQ(Field("fdCutFileX")->text(), QStringLiteral("0"));
+  EXPECT_FALSE(editor.TellRefusedNumber());
 }
 
 TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNames) {
@@ -341,96 +392,122 @@ TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNa
     EXPECT_TRUE(prompts.told.empty());
   }
   Type(Field("fdReplace2"), QStringLiteral("/"));
-  ASSERT_EQ(prompts.told.size(), 1u);
-  EXPECT_EQ(prompts.told[0],
-            "A filename cannot contain any of the following characters:\n"
-            "\\ / : * ? \" < > |");
+  EXPECT_EQ(prompts.told,
+            std::vector<std::string>{"A filename cannot contain any of the following characters:\n"
+                                     "\\ / : * ? \" < > |"});
+  EXPECT_EQ(prompts.icons.find('x'), std::string::npos);
 }
 
-TEST_F(ConstructorEditorTest, DerivesFormatsAndSamplesOfDatesAndCounters) {
-  Choose(editor.strip->bnInsertRight, "<File date>");
-  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024-01-01"));
-  Pick("cmbDate(1)")->setCurrentIndex(6);
-  Field("fdDateSeparator")->setText(QStringLiteral(" "));
-  EXPECT_EQ(Items()[1].DateFormat, "yyyy mmmm dd");
-  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024 January 01"));
-  for (const char* box : {"cmbDate(0)", "cmbDate(1)", "cmbDate(2)"}) Pick(box)->setCurrentIndex(0);
-  EXPECT_EQ(Items()[1].DateFormat, "");
-  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: "));
+TEST_F(ConstructorEditorTest, ShowsEachDateItsOwnPartsFormatAndSample) {
+  const struct {
+    const char* command;
+    std::string combo;
+    const char* separator;
+    const char* sample;
+    std::string ConstrItem::*format;
+  } table[] = {
+      {"<File date>", "cmbDate", "fdDateSeparator", "lbDateSample", &ConstrItem::DateFormat},
+      {"<Today's date>", "cmbTDate", "fdTDateSeparator", "lbTDateSample", &ConstrItem::TDateFormat},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.command);
+    const auto box = [&](int i) { return Pick((row.combo + "(" + char('0' + i) + ")").c_str()); };
+    const auto expect = [&](std::size_t item, const char* format, const QString& sample) {
+      EXPECT_EQ(Items()[item].*row.format, format);
+      EXPECT_EQ(Find<QLabel>(row.sample)->text(), QStringLiteral("Example: ") + sample);
+    };
+    Select(0);
+    Choose(editor.strip->bnInsertRight, row.command);
+    Choose(editor.strip->bnInsertRight, row.command);
+    expect(2, "yyyy-mm-dd", QStringLiteral("2024-01-01"));
+    box(0)->setCurrentIndex(2);
+    box(1)->setCurrentIndex(6);
+    Field(row.separator)->setText(QStringLiteral("\u5E74"));
+    expect(2, "dd\u5E74mmmm\u5E74dd", QStringLiteral("01\u5E74January\u5E7401"));
+    Select(1);
+    EXPECT_EQ(box(0)->currentIndex(), 8);
+    expect(1, "yyyy-mm-dd", QStringLiteral("2024-01-01"));
+    for (int i = 0; i < 3; ++i) box(i)->setCurrentIndex(0);
+    expect(1, "", QString());
+    Select(2);
+    expect(2, "dd\u5E74mmmm\u5E74dd", QStringLiteral("01\u5E74January\u5E7401"));
+  }
+}
 
+TEST_F(ConstructorEditorTest, ShowsEachCounterItsOwnValues) {
+  const auto sample = [this] { return Find<QLabel>("lbRangeSample")->text().toStdString(); };
   Choose(editor.strip->bnInsertRight, "<Counter>");
-  EXPECT_EQ(Items()[2].CounterFormat, "0000");
+  EXPECT_EQ(Items()[1].CounterFormat, "0000");
   Field("fdStartValue")->setText(QStringLiteral("12"));
-  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: 0012"));
-  EXPECT_EQ(Items()[2].CounterStart, 1);
-  Pick("cmbRange")->setCurrentIndex(0);
-  EXPECT_EQ(Items()[2].CounterFormat, "0");
-  Leave(Field("fdStartValue"));
-  EXPECT_EQ(Items()[2].CounterStart, 12);
-}
-
-TEST_F(ConstructorEditorTest, ShowsEachDateAndCounterItsOwnValues) {
-  Choose(editor.strip->bnInsertRight, "<File date>");
-  Choose(editor.strip->bnInsertRight, "<File date>");
-  Pick("cmbDate(0)")->setCurrentIndex(2);
-  Type(Field("fdDateSeparator"), QStringLiteral("\u5E74"));
-  Select(1);
-  EXPECT_EQ(Pick("cmbDate(0)")->currentIndex(), 8);
-  EXPECT_EQ(Find<QLabel>("lbDateSample")->text(), QStringLiteral("Example: 2024-01-01"));
-  EXPECT_EQ(Items()[1].DateFormat, "yyyy-mm-dd");
-  EXPECT_EQ(Items()[2].DateFormat, "dd-\u5E74mm-\u5E74dd");
-
+  EXPECT_EQ(sample(), "Example: 0012");
+  EXPECT_EQ(Items()[1].CounterStart, 1);
   Choose(editor.strip->bnInsertRight, "<Counter>");
-  Choose(editor.strip->bnInsertRight, "<Counter>");
+  EXPECT_EQ(Items()[1].CounterStart, 12);
   Field("fdStartValue")->clear();
-  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: "));
+  EXPECT_EQ(sample(), "Example: ");
   Pick("cmbRange")->setCurrentIndex(9);
   Find<QCheckBox>("chResetCounter")->setChecked(false);
-  Select(2);
-  EXPECT_EQ(Find<QLabel>("lbRangeSample")->text(), QStringLiteral("Example: 0001"));
+  Select(1);
+  EXPECT_EQ(sample(), "Example: 0012");
   EXPECT_TRUE(Find<QCheckBox>("chResetCounter")->isChecked());
-  EXPECT_EQ(Items()[3].CounterStart, 0);
-  EXPECT_EQ(Items()[3].CounterFormat, "0000000000");
-  EXPECT_EQ(Items()[3].ResetCounter, 0);
-  EXPECT_EQ(Items()[2].CounterStart, 1);
+  EXPECT_EQ(Items()[2].CounterStart, 0);
+  EXPECT_EQ(Items()[2].CounterFormat, "0000000000");
+  EXPECT_EQ(Items()[2].ResetCounter, 0);
 }
 
-TEST_F(ConstructorEditorTest, AsksForAPreviewAfterAnyChangeOfAnyOption) {
-  for (const char* kind : {"<Parent folder name>", "<File date>", "<Today's date>", "<Counter>"}) {
-    Choose(editor.strip->bnInsertRight, kind);
-  }
-  int combos = 0;
-  int fields = 0;
-  int pages = 0;
-  for (int item = 0; item < Chips()->count(); ++item) {
-    Select(item);
+TEST_F(ConstructorEditorTest, AsksForAPreviewAndKeepsEachOptionInItsElement) {
+  bool is_first = true;
+  on_change = [&] { is_first = is_first && Items()[0].Replace1.empty(); };
+  Field("fdReplace1")->insert(QStringLiteral("9"));
+  EXPECT_TRUE(is_first) << "the mark comes before all else";
+  std::string seen;
+  for (const char* kind : {"<Source file name>", "<Extension>", "<Parent folder name>",
+                           "<File date>", "<Today's date>", "<Counter>"}) {
+    SCOPED_TRACE(kind);
+    Select(0);
+    Choose(editor.strip->vbInsertLeft, kind);
     QWidget* pane = Find<QWidget>(Pane().c_str());
-    for (QComboBox* combo : pane->findChildren<QComboBox*>()) {
+    const auto values = [pane] {
+      QStringList all;
+      for (auto* combo : pane->findChildren<QComboBox*>()) all += combo->currentText();
+      for (auto* field : pane->findChildren<QLineEdit*>()) all += field->text();
+      for (auto* box : pane->findChildren<QCheckBox*>())
+        all += box->isChecked() ? u"x"_qs : u"-"_qs;
+      for (auto* tabs : pane->findChildren<QTabWidget*>())
+        all += tabs->tabText(tabs->currentIndex());
+      return all;
+    };
+    int number = 0;
+    for (auto* combo : pane->findChildren<QComboBox*>()) {
       changes = 0;
-      combo->setCurrentIndex(combo->currentIndex() == 0 ? 1 : 0);
+      combo->setCurrentIndex((combo->currentIndex() + 1 + number++ % 2) % combo->count());
       EXPECT_EQ(changes, 1) << combo->objectName().toStdString();
-      ++combos;
+      seen += 'c';
     }
-    for (QLineEdit* field : pane->findChildren<QLineEdit*>()) {
+    for (auto* field : pane->findChildren<QLineEdit*>()) {
       changes = 0;
-      field->insert(QStringLiteral("9"));
+      field->setText(QString::number(++number));
       EXPECT_EQ(changes, 1) << field->objectName().toStdString();
-      ++fields;
+      seen += 'f';
     }
-    for (QTabWidget* tabs : pane->findChildren<QTabWidget*>()) {
+    for (auto* box : pane->findChildren<QCheckBox*>()) {
+      changes = 0;
+      box->toggle();
+      EXPECT_EQ(changes, 1);
+      seen += 'b';
+    }
+    for (auto* tabs : pane->findChildren<QTabWidget*>()) {
       changes = 0;
       tabs->setCurrentIndex(2);
       EXPECT_EQ(changes, 0) << "which page is shown changes no name";
-      ++pages;
     }
+    const QStringList set = values();
+    Choose(editor.strip->vbInsertLeft, kind);
+    EXPECT_NE(values(), set);
+    Select(1);
+    EXPECT_EQ(values(), set);
   }
-  Select(Chips()->count() - 4);
-  changes = 0;
-  Find<QCheckBox>("chResetCounter")->toggle();
-  EXPECT_EQ(changes, 1);
-  EXPECT_EQ(combos, 3 * 3 + 2 * 3 + 1);
-  EXPECT_EQ(fields, 3 * 8 + 2 + 1);
-  EXPECT_EQ(pages, 3);
+  EXPECT_EQ(seen, "cccffffffffcccffffffffcccffffffffcccfcccfcfb");
 }
 
 TEST_F(ConstructorEditorTest, HoldsPastedTextAsItShowsIt) {
@@ -453,12 +530,14 @@ TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
   Field("fdStartValue")->insert(QString(10'000, u'9'));
   Leave(Field("fdStartValue"));
   constructor.InsertArrConstrItem(0, kText, std::string(10'000, 'x'));
+  constructor.InsertArrConstrItem(1, kText, "R&D \xFF");
   const ConstructorEditor other(constructor, {prompts, clock, months, settings});
   EXPECT_EQ(editor.minimumSizeHint().width(), narrow);
   EXPECT_EQ(other.minimumSizeHint().width(), narrow);
   const ChipBar* chips = other.strip->tabConstructor;
   EXPECT_LT(chips->tabRect(0).width(), 300);
   EXPECT_LT(chips->tabToolTip(0).size(), 1'000);
+  EXPECT_EQ(chips->tabText(1), QStringLiteral("R&&D \uFFFD"));
 }
 
 TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
@@ -492,27 +571,6 @@ TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
   EXPECT_EQ(marked(), "-x-");
 }
 
-TEST_F(ConstructorEditorTest, HoldsBackACommandForARefusedNumberThatIsSeen) {
-  KeptReports kept;
-  const auto refuse = [this] {
-    Pick("cmbCutFile")->setCurrentIndex(2);
-    Field("fdCutFileN")->setText(QStringLiteral("2147483648"));
-    Leave(Field("fdCutFileN"));
-  };
-  refuse();
-  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
-  EXPECT_FALSE(editor.CommitFocusedField());
-  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
-  Pick("cmbCutFile")->setCurrentIndex(0);
-  EXPECT_TRUE(editor.CommitFocusedField()) << "its mode is off";
-  refuse();
-  Select(1);
-  EXPECT_TRUE(editor.CommitFocusedField()) << "another element is shown";
-  Select(0);
-  EXPECT_EQ(Field("fdCutFileN")->text(), QStringLiteral("0"));
-  EXPECT_TRUE(editor.CommitFocusedField());
-}
-
 TEST_F(ConstructorEditorTest, IsWorkedByKeysOnItsStrip) {
   editor.show();
   Press(Chips(), Qt::Key_Right);
@@ -540,14 +598,6 @@ TEST_F(ConstructorEditorTest, IsWorkedByKeysOnItsStrip) {
   Press(Chips(), Qt::Key_Delete);
   EXPECT_EQ(Strip(), "[<Source file name> ]") << "the left neighbour when none stands right";
   EXPECT_EQ(Pane(), "pbFileName");
-}
-
-TEST_F(ConstructorEditorTest, ShowsTextsAsTheyAreInChips) {
-  constructor.InsertArrConstrItem(0, kText, "R&D \xFF");
-  const ConstructorEditor other(constructor, {prompts, clock, months, settings});
-  const ChipBar* chips = other.strip->tabConstructor;
-  EXPECT_EQ(chips->tabText(0), QStringLiteral("R&&D \uFFFD"));
-  EXPECT_EQ(chips->tabText(1), QStringLiteral("<Source file name> "));
 }
 
 TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
