@@ -7,10 +7,14 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cerrno>
 
 #include "common/look_qt.h"
+#include "common/problem_text.h"
 #include "common/shell_actions.h"
 #include "filelist/list_view.h"
+#include "filelist/row_painter.h"
 #include "platform/ordinary_pointer_qt.h"
 #include "platform/text_qt.h"
 #include "rename/result_model.h"
@@ -71,6 +75,16 @@ void ResultWindow::Form_Load() {
   Connect();
 }
 
+/// Room for most of the reasons.
+int ResultWindow::ReasonWidth() const {
+  int widest = 0;
+  for (const int usual : {EACCES, ENOENT, ENAMETOOLONG}) {
+    const QString words = text::ToQt(mCommon::ProblemText(usual));
+    widest = std::max(widest, ReportControl1->fontMetrics().horizontalAdvance(words));
+  }
+  return widest + 2 * kCellInset;
+}
+
 void ResultWindow::MakeList() {
   ReportControl1 = new ListView(this);
   ReportControl1->setObjectName(QStringLiteral("ReportControl1"));
@@ -90,6 +104,7 @@ void ResultWindow::MakeList() {
     if (cell == ResultCell::kMark) {
       widths.push_back({column, WidthRule::kFixed, ReportControl1->MarkWidth()});
     }
+    if (cell == ResultCell::kReason) widths.push_back({column, WidthRule::kFree, ReasonWidth()});
     ReportControl1->setColumnHidden(column, cell == ResultCell::kHidden);
   }
   ReportControl1->SetColumnWidths(widths);
