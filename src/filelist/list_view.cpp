@@ -166,7 +166,12 @@ void ListView::ShowEmptyText() {
   const bool no_rows = model() == nullptr || model()->rowCount() == 0;
   const bool shown = no_rows && !empty_title_->text().isEmpty();
   empty_->setVisible(shown);
-  setAccessibleDescription(shown ? empty_title_->text() + u' ' + empty_note_->text() : QString());
+  // A table tells screen readers of its cells only. What others added to the description stays.
+  QString words = accessibleDescription();
+  if (words.startsWith(described_)) words.remove(0, described_.size());
+  described_ =
+      shown ? empty_title_->text() + QStringLiteral(". ") + empty_note_->text() : QString();
+  setAccessibleDescription(described_ + words);
 }
 
 void ListView::changeEvent(QEvent* event) {

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cerrno>
@@ -27,6 +28,8 @@ constexpr int kMargin = 12;
 constexpr int kListGap = 10;
 constexpr int kButtonWidth = 88;
 constexpr int kLeastNameWidth = 140;
+constexpr int kMostLeastWidth = 900;  ///< with a large font, so that no column is out of sight
+constexpr int kRounding = 2;          ///< a width is told in whole pixels
 
 struct PopupCommand {
   int ID;
@@ -82,7 +85,7 @@ int ResultWindow::ReasonWidth() const {
     const QString words = text::ToQt(mCommon::ProblemText(usual));
     widest = std::max(widest, ReportControl1->fontMetrics().horizontalAdvance(words));
   }
-  return widest + 2 * kCellInset;
+  return widest + 2 * kCellInset + kRounding;
 }
 
 void ResultWindow::MakeList() {
@@ -108,6 +111,10 @@ void ResultWindow::MakeList() {
     ReportControl1->setColumnHidden(column, cell == ResultCell::kHidden);
   }
   ReportControl1->SetColumnWidths(widths);
+  int least = 2 * kMargin + 2 * ReportControl1->frameWidth() +
+              style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  for (const ColumnWidth& width : widths) least += width.width;
+  setMinimumWidth(std::min(least, kMostLeastWidth));
 }
 
 void ResultWindow::LayOut() {
