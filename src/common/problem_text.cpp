@@ -18,22 +18,20 @@ struct Row {
 
 constexpr std::string_view kGone = "The file or its folder no longer exists.";
 constexpr std::string_view kNoPermission = "You don't have permission to do this.";
-constexpr std::string_view kBadName = "The disk doesn't accept this name or kind of file.";
+constexpr std::string_view kBadName = "The disk doesn't accept this file name.";
 constexpr std::string_view kInUse = "The file is in use.";
 constexpr std::string_view kTooManyOpen = "Too many files are open.";
 constexpr std::string_view kSilent = "The disk isn't responding.";
-constexpr std::string_view kNotThatKind =
-    "This kind of file can't be moved or copied to another disk.";
 
 constexpr Row kTexts[] = {
-    {kFolderReplaced, "Another folder has taken this folder's place."},
+    {kFolderReplaced, "The folder was replaced by another."},
     {kSourceChanged, "The file was changed in the meantime."},
     {kEmptyName, "The new name is empty."},
-    {kNameHoldsSeparator, "The new name contains a character that isn't allowed."},
+    {kNameHoldsSeparator, "The new name has a forbidden character."},
     {kFolderNotAbsolute, "The output folder isn't a full path."},
     {kNoSuchMode, "It isn't known how this file was renamed."},
-    {kFolderInTheWay, "A new folder here would keep Undo from working."},
-    {kOriginalGone, "The original of this copy no longer exists."},
+    {kFolderInTheWay, "A new folder here would block Undo."},
+    {kOriginalGone, "The original file no longer exists."},
     {kNotTheCopy, "The copy was changed or replaced."},
     {EEXIST, "The name is already taken."},
     {ENOENT, kGone},
@@ -50,8 +48,8 @@ constexpr Row kTexts[] = {
     {EILSEQ, kBadName},
     {EISDIR, "A folder is in the way."},
     {ENOTEMPTY, "The folder isn't empty."},
-    {EXDEV, kNotThatKind},
-    {ENXIO, kNotThatKind},
+    {EXDEV, "This file can't be moved to another disk."},
+    {ENXIO, "This kind of file can't be copied."},
     {EOPNOTSUPP, "The disk doesn't support this."},
     {ENOSYS, "The disk doesn't support this."},
     {EMLINK, "The file has too many links."},

@@ -15,6 +15,7 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 
 #include "platform/text_qt.h"
@@ -189,6 +190,42 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
     StartAnew();
     EXPECT_EQ(Find<QCheckBox>("chColumnSize")->isChecked(), column) << "stored";
   }
+}
+
+TEST_F(MainWindowTest, OffersTheToldEntriesInAllItsLists) {
+  const std::string cases = "Unchanged|UPPERCASE|lowercase|First letter uppercase only|";
+  const std::string cuts =
+      "Do nothing|Remove Text|Remove N characters from the start|Remove N characters from the end|"
+      "Remove N characters after the first K|Remove N characters before the last K|"
+      "Remove N characters from the start and K from the end|"
+      "Remove all after the first N characters|Remove all before the last N characters|"
+      "Remove all between the first N and last K characters|";
+  const std::string adds =
+      "Do nothing|Add Text to the left|Add Text to the right|"
+      "Add Text1 to the left and Text2 to the right|Insert Text after the first N characters|"
+      "Insert Text before the last N characters|";
+  const std::string dates = "|d|dd|m|mm|mmm|mmmm|yy|yyyy|";
+  std::map<std::string, std::string> lists = {
+      {"cmbDestination", "Use source folder|Copy to|Move to|"},
+      {"cmbGroupBy", "None|Path|Type|"},
+      {"cmbRange", "1|2|3|4|5|6|7|8|9|10|"},
+      {"cmbCaseOldFile", cases},
+      {"cmbCaseExt", cases},
+      {"cmbCaseParentFolder", cases},
+  };
+  for (const std::string kind : {"File", "Ext", "ParentFolder"}) {
+    lists["cmbCut" + kind] = cuts;
+    lists["cmbAdd" + kind] = adds;
+  }
+  for (const std::string end : {"(0)", "(1)", "(2)"}) {
+    lists["cmbDate" + end] = lists["cmbTDate" + end] = dates;
+  }
+  std::map<std::string, std::string> shown;
+  for (const QComboBox* list : program->MainWindow().findChildren<QComboBox*>()) {
+    std::string& entries = shown[list->objectName().toStdString()];
+    for (int i = 0; i < list->count(); ++i) entries += list->itemText(i).toStdString() + '|';
+  }
+  EXPECT_EQ(shown, lists);
 }
 
 TEST_F(MainWindowTest, FitsItsToldLeastSize) {
