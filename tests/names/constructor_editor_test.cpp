@@ -115,30 +115,27 @@ class ConstructorEditorTest : public testing::Test {
 };
 
 TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementAndSelectsTheNewOne) {
-  EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
-  EXPECT_EQ(Pane(), "pbFileName");
-  const struct {
-    const char* command;
-    const char* chip;
-    const char* pane;
-  } table[] = {
-      {"<Source file name>", "<Source file name>", "pbFileName"},
-      {"<Extension>", "<Extension>", "pbExt"},
-      {"<Counter>", "<Counter>", "pbCounter"},
-      {"<File date>", "<File date>", "pbFileDate"},
-      {"<Today's date>", "<Today's date>", "pbTodayDate"},
-      {"<Parent folder name>", "<Parent folder name>", "pbParentFolderName"},
-      {". (dot)", ".", "pbDot"},
-      {"- (dash)", "-", "pbDot"},
-      {"_ (underscore)", "_", "pbDot"},
-      {"  (space)", " ", "pbDot"},
-      {"Custom text", "own", "pbDot"},
+  EXPECT_EQ(Strip() + Pane(), "[<Source file name> ].<Extension>pbFileName");
+  const std::pair<std::string, const char*> table[] = {
+      {"<Source file name>", "pbFileName"},
+      {"<Extension>", "pbExt"},
+      {"<Counter>", "pbCounter"},
+      {"<File date>", "pbFileDate"},
+      {"<Today's date>", "pbTodayDate"},
+      {"<Parent folder name>", "pbParentFolderName"},
+      {". (dot)", "pbDot"},
+      {"- (dash)", "pbDot"},
+      {"_ (underscore)", "pbDot"},
+      {"  (space)", "pbDot"},
+      {"Custom text", "pbDot"},
   };
-  for (const bool left : {true, false}) {
-    for (const auto& row : table) {
-      SCOPED_TRACE(row.command);
+  for (const auto& [command, pane] : table) {
+    SCOPED_TRACE(command);
+    std::string chip = command.front() == '<' ? command : command.substr(0, 1);
+    if (command == "Custom text") chip = "own";
+    for (const bool left : {true, false}) {
       Select(1);
-      if (row.command == std::string("Custom text")) {
+      if (chip == "own") {
         QTimer::singleShot(0, [] {
           auto* dialog = qobject_cast<Form5*>(QApplication::activeModalWidget());
           dialog->fdText->setText(QStringLiteral("own"));
@@ -146,10 +143,9 @@ TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementAndSelectsTheNewOne
         });
       }
       changes = 0;
-      Choose(left ? editor.strip->vbInsertLeft : editor.strip->bnInsertRight, row.command);
-      const std::string chip = '[' + std::string(row.chip) + ']';
-      EXPECT_EQ(Strip(), "<Source file name> " + (left ? chip + '.' : '.' + chip) + "<Extension>");
-      EXPECT_EQ(Pane(), row.pane);
+      Choose(left ? editor.strip->vbInsertLeft : editor.strip->bnInsertRight, command.c_str());
+      const std::string both = left ? '[' + chip + "]." : ".[" + chip + ']';
+      EXPECT_EQ(Strip() + Pane(), "<Source file name> " + both + "<Extension>" + pane);
       EXPECT_GT(changes, 0);
       editor.strip->bnDeletePattern->click();
     }
@@ -161,70 +157,59 @@ TEST_F(ConstructorEditorTest, DeletesDownToNothingAndBeginsAnew) {
   Press(Chips(), Qt::Key_Delete);
   EXPECT_EQ(Strip(), "<Source file name> [<Extension>]");
   editor.strip->bnDeletePattern->click();
+  EXPECT_EQ(Strip(), "[<Source file name> ]") << "the left neighbour when none stands right";
   editor.strip->bnDeletePattern->click();
-  EXPECT_EQ(Strip(), "");
-  EXPECT_EQ(Pane(), "pbDot");
+  EXPECT_EQ(Strip() + Pane(), "pbDot");
   EXPECT_GT(std::exchange(changes, 0), 0);
-
   editor.strip->bnDeletePattern->click();
   editor.strip->bnMoveLeft->click();
   EXPECT_EQ(changes, 0) << "nothing to delete or move";
   for (QPushButton* button : {editor.strip->vbInsertLeft, editor.strip->bnInsertRight}) {
     Choose(button, "<File date>");
-    EXPECT_EQ(Strip(), "[<File date>]");
-    EXPECT_EQ(Pane(), "pbFileDate");
-    EXPECT_EQ(Items().at(0).DateFormat, "yyyy-mm-dd");
+    EXPECT_EQ(Strip() + Pane(), "[<File date>]pbFileDate");
     editor.strip->bnDeletePattern->click();
   }
 }
 
 TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) {
-  Type(Field("fdReplace1"), QStringLiteral("a"));
+  Field("fdReplace1")->insert(QStringLiteral("a"));
   changes = 0;
   editor.strip->bnMoveLeft->click();
   EXPECT_EQ(Strip(), "[<Source file name> ].<Extension>");
-  EXPECT_EQ(std::exchange(changes, 0), 1);
+  EXPECT_EQ(changes, 1);
   Press(Chips(), Qt::Key_Right, Qt::ControlModifier);
-  editor.strip->bnMoveRight->click();
+  for (int i = 0; i < 2; ++i) editor.strip->bnMoveRight->click();
   EXPECT_EQ(Strip(), ".<Extension>[<Source file name> ]");
   EXPECT_EQ(Items()[2].Replace1, "a");
-  editor.strip->bnMoveRight->click();
-  EXPECT_EQ(Strip(), ".<Extension>[<Source file name> ]");
+  Press(Chips(), Qt::Key_Left);
+  EXPECT_EQ(Pane(), "pbExt");
 }
 
 TEST_F(ConstructorEditorTest, ShowsTheFieldsOfTheMode) {
   const struct {
-    std::string combo;  ///< but for the end that tells the kind of element
+    std::string what;
     std::vector<std::string> fields;
-    std::vector<std::string> shown;     ///< by mode, in the order of the fields
-    std::vector<std::string> captions;  ///< of the first text field; "" as it was
+    std::vector<std::string> shown;  ///< by mode
   } table[] = {
-      {"cmbCut",
-       {"fdCut%N", "fdCut%X", "fdCut%Text"},
-       {"", "Text", "N", "N", "N X", "N X", "N X", "N", "N", "N X"},
-       {}},
-      {"cmbAdd",
-       {"fdAdd%Text1", "fdAdd%Text2", "fdAdd%N"},
-       {"", "Text1", "Text1", "Text1 Text2", "Text1 N", "Text1 N"},
-       {"", "&Text:", "&Text:", "&Text1:", "&Text:", "&Text:"}},
+      {"Cut", {"N", "X", "Text"}, {"", "Text", "N", "N", "NX", "NX", "NX", "N", "N", "NX"}},
+      {"Add", {"Text1", "Text2", "N"}, {"", "Text1", "Text1", "Text1Text2", "Text1N", "Text1N"}},
   };
   for (const std::string kind : {"File", "Ext", "ParentFolder"}) {
     for (const auto& row : table) {
       for (std::size_t mode = 0; mode < row.shown.size(); ++mode) {
-        SCOPED_TRACE(row.combo + kind + ' ' + std::to_string(mode));
-        Pick((row.combo + kind).c_str())->setCurrentIndex(static_cast<int>(mode));
+        SCOPED_TRACE(row.what + kind + std::to_string(mode));
+        Pick(("cmb" + row.what + kind).c_str())->setCurrentIndex(static_cast<int>(mode));
         std::string shown;
         for (const std::string& field : row.fields) {
-          const std::string end = field.substr(field.find('%') + 1);
-          const std::string name = field.substr(2, field.find('%') - 2) + kind + end;
+          const std::string name = row.what + kind + field;
           const bool visible = !Field(("fd" + name).c_str())->isHidden();
           EXPECT_EQ(!Find<QLabel>(("lb" + name).c_str())->isHidden(), visible) << name;
-          if (visible) shown += (shown.empty() ? "" : " ") + end;
+          if (visible) shown += field;
         }
         EXPECT_EQ(shown, row.shown[mode]);
-        if (row.captions.empty() || row.captions[mode].empty()) continue;
+        if (!shown.starts_with("Text1")) continue;
         EXPECT_EQ(Find<QLabel>(("lbAdd" + kind + "Text1").c_str())->text().toStdString(),
-                  row.captions[mode]);
+                  mode == 3 ? "&Text1:" : "&Text:");
       }
     }
   }
@@ -369,23 +354,25 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
 }
 
 TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNames) {
-  const struct {
-    const char* field;
-    bool filtered;
-  } table[] = {
-      {"fdReplace1", false},      {"fdCutFileText", false},         {"fdReplace2", true},
-      {"fdAddFileText1", true},   {"fdAddFileText2", true},         {"fdReplaceExt1", false},
-      {"fdReplaceExt2", true},    {"fdAddParentFolderText1", true}, {"fdDateSeparator", true},
+  const std::pair<const char*, bool> table[] = {
+      {"fdReplace1", false},
+      {"fdCutFileText", false},
+      {"fdReplace2", true},
+      {"fdAddFileText1", true},
+      {"fdAddFileText2", true},
+      {"fdReplaceExt1", false},
+      {"fdAddParentFolderText1", true},
+      {"fdDateSeparator", true},
       {"fdTDateSeparator", true},
   };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.field);
-    QLineEdit* field = Field(row.field);
+  for (const auto& [name, filtered] : table) {
+    SCOPED_TRACE(name);
+    QLineEdit* field = Field(name);
     field->clear();
     prompts.told.clear();
     Type(field, QStringLiteral("a\\/:*?\"<>|b"));
-    EXPECT_EQ(prompts.told.size(), row.filtered ? 9u : 0u);
-    EXPECT_EQ(field->text(), row.filtered ? QStringLiteral("ab") : QStringLiteral("a\\/:*?\"<>|b"));
+    EXPECT_EQ(prompts.told.size(), filtered ? 9u : 0u);
+    EXPECT_EQ(field->text(), filtered ? QStringLiteral("ab") : QStringLiteral("a\\/:*?\"<>|b"));
     prompts.told.clear();
     field->insert(QStringLiteral("c/d"));  // as a paste does
     EXPECT_TRUE(field->text().endsWith(QStringLiteral("c/d")));
@@ -460,7 +447,7 @@ TEST_F(ConstructorEditorTest, AsksForAPreviewAndKeepsEachOptionInItsElement) {
   on_change = [&] { is_first = is_first && Items()[0].Replace1.empty(); };
   Field("fdReplace1")->insert(QStringLiteral("9"));
   EXPECT_TRUE(is_first) << "the mark comes before all else";
-  std::string seen;
+  int options = 0;
   for (const char* kind : {"<Source file name>", "<Extension>", "<Parent folder name>",
                            "<File date>", "<Today's date>", "<Counter>"}) {
     SCOPED_TRACE(kind);
@@ -471,35 +458,30 @@ TEST_F(ConstructorEditorTest, AsksForAPreviewAndKeepsEachOptionInItsElement) {
       QStringList all;
       for (auto* combo : pane->findChildren<QComboBox*>()) all += combo->currentText();
       for (auto* field : pane->findChildren<QLineEdit*>()) all += field->text();
-      for (auto* box : pane->findChildren<QCheckBox*>())
-        all += box->isChecked() ? u"x"_qs : u"-"_qs;
-      for (auto* tabs : pane->findChildren<QTabWidget*>())
-        all += tabs->tabText(tabs->currentIndex());
+      for (auto* box : pane->findChildren<QCheckBox*>()) all += QString::number(box->isChecked());
+      for (auto* tabs : pane->findChildren<QTabWidget*>()) {
+        all += QString::number(tabs->currentIndex());
+      }
       return all;
     };
     int number = 0;
-    for (auto* combo : pane->findChildren<QComboBox*>()) {
+    for (QWidget* part : pane->findChildren<QWidget*>()) {
       changes = 0;
-      combo->setCurrentIndex((combo->currentIndex() + 1 + number++ % 2) % combo->count());
-      EXPECT_EQ(changes, 1) << combo->objectName().toStdString();
-      seen += 'c';
-    }
-    for (auto* field : pane->findChildren<QLineEdit*>()) {
-      changes = 0;
-      field->setText(QString::number(++number));
-      EXPECT_EQ(changes, 1) << field->objectName().toStdString();
-      seen += 'f';
-    }
-    for (auto* box : pane->findChildren<QCheckBox*>()) {
-      changes = 0;
-      box->toggle();
-      EXPECT_EQ(changes, 1);
-      seen += 'b';
-    }
-    for (auto* tabs : pane->findChildren<QTabWidget*>()) {
-      changes = 0;
-      tabs->setCurrentIndex(2);
-      EXPECT_EQ(changes, 0) << "which page is shown changes no name";
+      if (auto* combo = qobject_cast<QComboBox*>(part)) {
+        combo->setCurrentIndex((combo->currentIndex() + 1 + number++ % 2) % combo->count());
+      } else if (auto* field = qobject_cast<QLineEdit*>(part)) {
+        field->setText(QString::number(50 + ++number));
+      } else if (auto* box = qobject_cast<QCheckBox*>(part)) {
+        box->toggle();
+      } else if (auto* tabs = qobject_cast<QTabWidget*>(part)) {
+        tabs->setCurrentIndex(2);
+        EXPECT_EQ(changes, 0) << "which page is shown changes no name";
+        continue;
+      } else {
+        continue;
+      }
+      EXPECT_EQ(changes, 1) << part->objectName().toStdString();
+      ++options;
     }
     const QStringList set = values();
     Choose(editor.strip->vbInsertLeft, kind);
@@ -507,7 +489,7 @@ TEST_F(ConstructorEditorTest, AsksForAPreviewAndKeepsEachOptionInItsElement) {
     Select(1);
     EXPECT_EQ(values(), set);
   }
-  EXPECT_EQ(seen, "cccffffffffcccffffffffcccffffffffcccfcccfcfb");
+  EXPECT_EQ(options, 3 * (3 + 8) + 2 * (3 + 1) + 3);
 }
 
 TEST_F(ConstructorEditorTest, HoldsPastedTextAsItShowsIt) {
@@ -541,63 +523,52 @@ TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
 }
 
 TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
-  const auto marked = [this] {
-    std::string pages;
+  const auto type = [this](const char* field, const char* text) {
+    Field(field)->setText(QLatin1String(text));
+    Leave(Field(field));
+  };
+  const struct {
+    std::function<void()> act;
+    const char* marked;
+  } table[] = {
+      {[] {}, "---"},
+      {[&] { Pick("cmbCutFile")->setCurrentIndex(2); }, "---"},  // N is 0
+      {[&] { type("fdCutFileN", "3"); }, "x--"},
+      {[&] { type("fdReplace2", "new"); }, "x--"},  // nothing is looked for
+      {[&] { type("fdReplace1", "old"); }, "xx-"},
+      {[&] { Pick("cmbAddFile")->setCurrentIndex(3); }, "xx-"},
+      {[&] { type("fdAddFileText2", "end"); }, "xxx"},
+      {[&] { Pick("cmbAddFile")->setCurrentIndex(2); }, "xx-"},
+      {[&] { Find<QPushButton>("Command1")->click(); }, "-x-"},
+      {[&] { Choose(editor.strip->vbInsertLeft, "<Source file name>"); }, "---"},
+      {[&] { Select(1); }, "-x-"},
+  };
+  for (const auto& row : table) {
+    row.act();
+    std::string marked;
     for (int page = 0; page < 3; ++page) {
       const QString tip = Find<QTabWidget>("TabControl1")->tabToolTip(page);
-      pages += tip.endsWith(QStringLiteral("(in use)")) ? 'x' : '-';
+      marked += tip.endsWith(QStringLiteral("(in use)")) ? 'x' : '-';
     }
-    return pages;
-  };
-  EXPECT_EQ(marked(), "---");
-  Pick("cmbCutFile")->setCurrentIndex(2);
-  EXPECT_EQ(marked(), "---") << "N is 0";
-  Type(Field("fdCutFileN"), QStringLiteral("3"));
-  Leave(Field("fdCutFileN"));
-  EXPECT_EQ(marked(), "x--");
-  Type(Field("fdReplace2"), QStringLiteral("new"));
-  EXPECT_EQ(marked(), "x--") << "nothing is looked for";
-  Type(Field("fdReplace1"), QStringLiteral("old"));
-  Pick("cmbAddFile")->setCurrentIndex(3);
-  EXPECT_EQ(marked(), "xx-");
-  Type(Field("fdAddFileText2"), QStringLiteral("end"));
-  EXPECT_EQ(marked(), "xxx");
-  Pick("cmbAddFile")->setCurrentIndex(2);
-  Find<QPushButton>("Command1")->click();
-  EXPECT_EQ(marked(), "-x-");
-  Choose(editor.strip->vbInsertLeft, "<Source file name>");
-  EXPECT_EQ(marked(), "---");
-  Select(1);
-  EXPECT_EQ(marked(), "-x-");
+    EXPECT_EQ(marked, row.marked) << &row - table;
+  }
 }
 
-TEST_F(ConstructorEditorTest, IsWorkedByKeysOnItsStrip) {
+TEST_F(ConstructorEditorTest, OpensItsMenusByKeys) {
   editor.show();
-  Press(Chips(), Qt::Key_Right);
-  Press(Chips(), Qt::Key_Right);
-  EXPECT_EQ(Pane(), "pbExt");
-  Press(Chips(), Qt::Key_Left, Qt::ControlModifier);
-  EXPECT_EQ(Strip(), "<Source file name> [<Extension>].");
-  const struct {
-    QPushButton* button;
-    Qt::KeyboardModifiers modifiers;
-  } table[] = {{editor.strip->bnInsertRight, Qt::NoModifier},
-               {editor.strip->vbInsertLeft, Qt::ShiftModifier}};
-  for (const auto& row : table) {
+  for (const auto& [button, modifiers] :
+       {std::pair(editor.strip->bnInsertRight, Qt::KeyboardModifiers()),
+        {editor.strip->vbInsertLeft, Qt::ShiftModifier}}) {
     int opened = 0;
     const QObject this_round;
-    QMenu* menu = row.button->menu();
+    QMenu* menu = button->menu();
     QObject::connect(menu, &QMenu::aboutToShow, &this_round, [menu, &opened] {
       ++opened;
       QTimer::singleShot(0, menu, &QMenu::hide);
     });
-    Press(Chips(), Qt::Key_Insert, row.modifiers);
+    Press(Chips(), Qt::Key_Insert, modifiers);
     EXPECT_EQ(opened, 1);
   }
-  Press(Chips(), Qt::Key_Delete);
-  Press(Chips(), Qt::Key_Delete);
-  EXPECT_EQ(Strip(), "[<Source file name> ]") << "the left neighbour when none stands right";
-  EXPECT_EQ(Pane(), "pbFileName");
 }
 
 TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
@@ -608,25 +579,19 @@ TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
     return Chips()->parentWidget()->rect().contains(chip);
   };
   auto* left = Find<QToolButton>("bnScrollLeft");
-  auto* right = Find<QToolButton>("bnScrollRight");
   EXPECT_FALSE(left->isVisible());
   for (int i = 0; i < 5; ++i) {
     Choose(editor.strip->bnInsertRight, "<Parent folder name>");
     EXPECT_TRUE(in_view()) << i;
   }
-  EXPECT_TRUE(left->isVisible());
   Select(Chips()->count() - 1);
   EXPECT_TRUE(in_view());
-  EXPECT_FALSE(right->isEnabled());
+  EXPECT_FALSE(Find<QToolButton>("bnScrollRight")->isEnabled());
   for (int i = 0; i < Chips()->count(); ++i) left->click();
   EXPECT_EQ(Chips()->x(), 0);
   EXPECT_FALSE(left->isEnabled());
-  for (int i = 0; i < 5; ++i) {
-    Select(1);
-    editor.strip->bnDeletePattern->click();
-  }
+  for (int i = 0; i < 6; ++i) editor.strip->bnDeletePattern->click();
   EXPECT_FALSE(left->isVisible());
-  EXPECT_EQ(Chips()->x(), 0);
 }
 
 TEST_F(ConstructorEditorTest, TellsTheStripAndItsChipsToScreenReaders) {
