@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
@@ -153,6 +154,12 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
       {"during a run",
        [&] {
          after(0, [] { std::raise(SIGINT); });
+         QTimer look;
+         QObject::connect(&look, &QTimer::timeout, [] {
+           if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) == nullptr) return;
+           EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+         });
+         look.start(0);
          Button("bnRename")->click();  // and in the message that it is not completed
        }},
       {"in a dialog",
