@@ -32,7 +32,9 @@ OrderlyEnd::OrderlyEnd(QObject* parent) : QObject(parent) {
   if (signals_.Descriptor() < 0) return;
   auto* notifier = new QSocketNotifier(signals_.Descriptor(), QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] {
-    if (signals_.Taken()) steps_.start(kBetweenStepsMs);
+    if (!signals_.Taken()) return;
+    QMetaObject::invokeMethod(this, &CloseNext, Qt::QueuedConnection);
+    steps_.start(kBetweenStepsMs);
   });
   // Queued: a timer keeps quiet in an event loop that its own handler runs, and closing a window
   // may show a message.

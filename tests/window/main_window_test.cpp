@@ -155,12 +155,15 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
        [&] {
          after(0, [] { std::raise(SIGINT); });
          QTimer look;
-         QObject::connect(&look, &QTimer::timeout, [] {
+         bool told = false;
+         QObject::connect(&look, &QTimer::timeout, [&] {
            if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) == nullptr) return;
            EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+           told = true;
          });
          look.start(0);
-         Button("bnRename")->click();  // and in the message that it is not completed
+         Button("bnRename")->click();
+         EXPECT_TRUE(told) << "that the run is not completed";
        }},
       {"in a dialog",
        [&] {
@@ -170,6 +173,7 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
          Button("Command4")->click();
        }},
   };
+  for (int i = 0; i < 500; ++i) folder.Write("f" + std::to_string(i), "");
   for (const Moment& moment : table) {
     SCOPED_TRACE(moment.what);
     StartAnew();
