@@ -1,8 +1,7 @@
-#include <QApplication>
-
+#include "window/application.h"
 #include "window/program.h"
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   return mMain::Main(application);
 }

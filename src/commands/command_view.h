@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/run_modes.h"
+#include "filelist/empty_list.h"
 #include "rename/output_options.h"
 
 /// Where to look for files, as the page "Source folder" holds it.
@@ -12,9 +13,6 @@ struct SourceOptions {
   std::string fdExcludeMask;
   bool chSubfolders = true;
 };
-
-/// Why the list shows no file.
-enum class EmptyList { kListing, kNoneFound, kNotComplete };
 
 /// What the commands need of the main window.
 class CommandView : public ModeView {

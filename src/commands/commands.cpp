@@ -14,6 +14,9 @@
 
 namespace {
 
+constexpr std::string_view kNotAbsolute =
+    "The output folder must be a full path, as in /home/me/pictures/.";
+
 /// Does `step` when a failure ends the block that it stands in.
 template <class Step>
 class OnFailure {
@@ -81,13 +84,18 @@ void Commands::RunScan(const SourceOptions& source) {
   mScanCD::Scan scan({source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders}, records,
                      state_, parts_.files, parts_.clock, types_, pass);
   scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
+  if (state_.gCancelRequested) return ShowNoList(EmptyList::kNotComplete);
+  if (records.Count() == 0) return ShowNoList(WhyNoneFound(source, scan.Findings()));
   parts_.files.LetFoldersGo();
-  if (records.Count() == 0 || state_.gCancelRequested) {
-    return ShowNoList(state_.gCancelRequested ? EmptyList::kNotComplete : EmptyList::kNoneFound);
-  }
   grid_.Populate();
-  view_.ListRepopulated(EmptyList::kNoneFound);
+  view_.ListRepopulated(EmptyList::kNotListed);
   EnableDisable(ModeListReady);
+}
+
+EmptyList Commands::WhyNoneFound(const SourceOptions& source, const ScanFindings& findings) {
+  const bool is_there = parts_.files.IdentifyFolder(source.fdSourceFolder).has_value();
+  return WhyEmpty(findings, source.fdSourceFolder, is_there, source.fdIncludeMask,
+                  source.fdExcludeMask);
 }
 
 void Commands::ShowNoList(EmptyList reason) {
@@ -138,6 +146,10 @@ void Commands::bnRename_Click() {
     const OutputOptions output = view_.ReadOutputOptions();
     if (output.cmbDestination >= kCopyTo && output.fdDestination.empty()) {
       parts_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
+      return;
+    }
+    if (output.cmbDestination >= kCopyTo && !mMain::IsAbsolutePath(output.fdDestination)) {
+      parts_.prompts.Tell(kNotAbsolute, PromptIcon::kExclamation);
       return;
     }
     const OnFailure usable([this] { LeaveUsable(ModeRunCancelled); });

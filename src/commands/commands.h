@@ -65,6 +65,7 @@ class Commands {
   };
 
   void RunScan(const SourceOptions& source);
+  EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
   /// Ends a scan with an empty list.
   void ShowNoList(EmptyList reason);
   /// After a failure: the mode from which the user can go on, the rows as far as they got.

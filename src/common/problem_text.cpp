@@ -16,42 +16,58 @@ struct Row {
   std::string_view text;
 };
 
+constexpr std::string_view kGone = "The file or its folder no longer exists.";
+constexpr std::string_view kNoPermission = "You don't have permission to do this.";
+constexpr std::string_view kBadName = "The disk doesn't accept this file name.";
+constexpr std::string_view kInUse = "The file is in use.";
+constexpr std::string_view kTooManyOpen = "Too many files are open.";
+constexpr std::string_view kSilent = "The disk isn't responding.";
+
 constexpr Row kTexts[] = {
-    {kFolderReplaced, "Another folder has taken the place of this one."},
-    {kSourceChanged, "The file was changed meanwhile."},
+    {kFolderReplaced, "The folder was replaced by another."},
+    {kSourceChanged, "The file was changed in the meantime."},
     {kEmptyName, "The new name is empty."},
-    {kNameHoldsSeparator, "The name holds a character that no name can hold."},
-    {kFolderNotAbsolute, "The output folder is not a full path."},
-    {kNoSuchMode, "Nothing is known of how this file was renamed."},
-    {kFolderInTheWay, "A folder made here would stand in the way of undo."},
-    {kOriginalGone, "The file that this copy was made of is no longer there."},
-    {kNotTheCopy, "This is no longer the copy that was made."},
-    {kUnknownProblem, "The system gives no reason."},
-    {EEXIST, "The name is taken."},
-    {ENOENT, "The file or its folder is no longer there."},
-    {ENOTDIR, "The file or its folder is no longer there."},
+    {kNameHoldsSeparator, "The new name has a forbidden character."},
+    {kFolderNotAbsolute, "The output folder isn't a full path."},
+    {kNoSuchMode, "It isn't known how this file was renamed."},
+    {kFolderInTheWay, "A new folder here would block Undo."},
+    {kOriginalGone, "The original file no longer exists."},
+    {kNotTheCopy, "The copy was changed or replaced."},
+    {kUnknownProblem, "The system gave no reason."},
+    {EEXIST, "The name is already taken."},
+    {ENOENT, kGone},
+    {ENOTDIR, kGone},
     {ENAMETOOLONG, "The name is too long."},
-    {EACCES, "You don't have the right to do this."},
-    {EPERM, "You don't have the right to do this."},
-    {EROFS, "The disk can only be read."},
+    {EACCES, kNoPermission},
+    {EPERM, kNoPermission},
+    {EROFS, "The disk is read-only."},
     {ENOSPC, "The disk is full."},
-    {EDQUOT, "Your share of the disk is full."},
+    {EDQUOT, "You have used up your share of the disk."},
     {EFBIG, "The file is too large for this disk."},
-    {EIO, "The disk reports an error."},
-    {EINVAL, "The disk refuses this name or kind of file."},
-    {EILSEQ, "The disk refuses this name or kind of file."},
-    {EISDIR, "A folder stands in the way."},
-    {EXDEV, "This kind of file can't be moved to another disk."},
-    {ELOOP, "Links lead round in a circle."},
-    {EBUSY, "The file is in use."},
-    {ETXTBSY, "The file is in use."},
-    {EMFILE, "Too many files are open."},
-    {ENFILE, "Too many files are open."},
-    {ENOMEM, "There is not enough memory."},
-    {ESTALE, "The disk has lost sight of the file."},
-    {ETIMEDOUT, "The disk does not answer."},
-    {ENOTCONN, "The disk does not answer."},
-    {EHOSTDOWN, "The disk does not answer."},
+    {EIO, "The disk reported an error."},
+    {EINVAL, kBadName},
+    {EILSEQ, kBadName},
+    {EISDIR, "A folder is in the way."},
+    {ENOTEMPTY, "The folder isn't empty."},
+    {EXDEV, "This file can't be moved to another disk."},
+    {ENXIO, "This kind of file can't be copied."},
+    {EOPNOTSUPP, "The disk doesn't support this."},
+    {ENOSYS, "The disk doesn't support this."},
+    {EMLINK, "The file has too many links."},
+    {ELOOP, "The links in the path lead in a circle."},
+    {EBUSY, kInUse},
+    {ETXTBSY, kInUse},
+    {EMFILE, kTooManyOpen},
+    {ENFILE, kTooManyOpen},
+    {ENOMEM, "There isn't enough memory."},
+    {ENODEV, "The disk was removed."},
+    {ESTALE, "The disk has lost track of the file."},
+    {ETIMEDOUT, kSilent},
+    {ENOTCONN, kSilent},
+    {EHOSTDOWN, kSilent},
+    {EHOSTUNREACH, kSilent},
+    {ENETUNREACH, kSilent},
+    {ECANCELED, "The operation was cancelled."},
 };
 
 }  // namespace
@@ -61,7 +77,7 @@ std::string ProblemText(int problem) {
   const auto row = std::find_if(std::begin(kTexts), std::end(kTexts),
                                 [&](const Row& one) { return one.problem == problem; });
   if (row != std::end(kTexts)) return std::string(row->text);
-  return std::generic_category().message(problem) + ".";
+  return "The system says: " + std::generic_category().message(problem) + ".";
 }
 
 }  // namespace mCommon

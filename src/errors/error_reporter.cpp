@@ -2,28 +2,14 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
 #include "common/language.h"
+#include "platform/ordinary_pointer_qt.h"
 
 namespace {
-
-/// An ordinary pointer while a window waits for the user, whatever a long pass had set.
-class OrdinaryPointer {
- public:
-  OrdinaryPointer() {
-    if (set_) QApplication::setOverrideCursor(Qt::ArrowCursor);
-  }
-  OrdinaryPointer(const OrdinaryPointer&) = delete;
-  OrdinaryPointer& operator=(const OrdinaryPointer&) = delete;
-  ~OrdinaryPointer() {
-    if (set_) QApplication::restoreOverrideCursor();
-  }
-
- private:
-  bool set_ = QApplication::overrideCursor() != nullptr;
-};
 
 Form11* OpenWindow() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -31,6 +17,20 @@ Form11* OpenWindow() {
     if (found != nullptr && found->isVisible()) return found;
   }
   return nullptr;
+}
+
+/// A window that opens now would let a half painted one be painted again.
+bool IsPainting() {
+  const QWidgetList widgets = QApplication::allWidgets();
+  return std::any_of(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+    return widget->testAttribute(Qt::WA_WState_InPaintEvent);
+  });
+}
+
+/// The lines of a report that tell procedure and number, and neither time nor values.
+std::string KindOf(const std::string& report) {
+  const std::size_t begin = std::min(report.find("  Method: "), report.size());
+  return report.substr(begin, report.find("  Source: ", begin) - begin);
 }
 
 }  // namespace
@@ -67,11 +67,26 @@ void ErrorReporter::WaitForWindows() {
 }
 
 void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
-  ErrTrace::SaveErrorReport(ErrTrace::kReportFileName, report, sources_);
-  if (QApplication::instance() == nullptr || making_ == 2) {
-    std::fprintf(stderr, "%s\n", report.c_str());
-    return;
+  const bool has_windows = QApplication::instance() != nullptr;
+  const bool painting = has_windows && IsPainting();
+  bool is_new = true;
+  if (painting) {
+    ErrTrace::top<"ErrTrace.ShowErrorReport">(
+        ErrTrace::args(), [&] { is_new = told_in_painting_.insert(KindOf(report)).second; });
   }
+  if (!is_new) return;
+  ErrTrace::SaveErrorReport(ErrTrace::kReportFileName, report, sources_);
+  if (!has_windows || making_ == 2) {
+    std::fprintf(stderr, "%s\n", report.c_str());
+  } else if (painting) {
+    QMetaObject::invokeMethod(
+        &later_, [this] { ShowWindow(); }, Qt::QueuedConnection);
+  } else {
+    ShowWindow();
+  }
+}
+
+void ErrorReporter::ShowWindow() noexcept {
   Form11* window = nullptr;
   ++making_;
   ErrTrace::top<"ErrTrace.ShowErrorReport">(ErrTrace::args(), [&] {

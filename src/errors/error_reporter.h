@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <set>
 #include <string>
 
 #include "errors/error_windows.h"
@@ -11,6 +12,10 @@
 /// Takes every report from the trace engine: appends it to the report file and shows the error
 /// window. Lives as long as the program; from its making to its end it is the engine's reporter,
 /// and gives the engine its facts.
+///
+/// What fails while a widget is painted fails again at each repaint, and closing the error window
+/// is one: failures of one kind (number and procedure) are then told once, and shown when the
+/// painting is over.
 class ErrorReporter : public ErrTrace::Reporter {
  public:
   /// What is handed in outlives the reporter.
@@ -37,6 +42,7 @@ class ErrorReporter : public ErrTrace::Reporter {
   void ShowErrorReport(const std::string& report) noexcept override;
 
  private:
+  void ShowWindow() noexcept;
   QWidget* Parent() const;
   void Open(Form11& window);
 
@@ -48,4 +54,6 @@ class ErrorReporter : public ErrTrace::Reporter {
   /// How many ways to tell the user are being tried: the window (1), if it can't be made a plain
   /// message (2), if that fails too standard error.
   int making_ = 0;
+  std::set<std::string> told_in_painting_;  ///< the kinds of failures
+  QObject later_;                           ///< ends what is still to be shown with the reporter
 };

@@ -1,5 +1,6 @@
 #include "filelist/file_list_model.h"
 
+#include "common/problem_text.h"
 #include "filelist/changed_part.h"
 #include "filelist/list_roles.h"
 #include "platform/text_qt.h"
@@ -22,16 +23,25 @@ constexpr ColumnFacts kColumns[kColumnCount] = {
     {"New file name", Qt::AlignLeft | Qt::AlignVCenter},
 };
 
-/// "waiting, IMG_ removed": what else only colours and marks tell.
+/// Why the file failed; empty when it didn't, or when that isn't known.
+QString ReasonOf(const FileRow& row) {
+  if (row.mark != Mark::kFailed) return {};
+  return text::Shown(mCommon::ProblemText(row.problem));
+}
+
+/// "waiting, IMG_ removed", "failed: The name is too long. IMG_ removed": what else only colours,
+/// marks and tooltips tell.
 QString DescribeRow(const FileRow& row) {
   static const QString kStates[] = {QStringLiteral("waiting"), QStringLiteral("done"),
                                     QStringLiteral("failed"), QStringLiteral("waiting")};
-  QString words = kStates[static_cast<int>(row.mark)];
-  if (!row.checked) words += QStringLiteral(", not checked");
-  if (row.newFileName.empty()) return words;
-  const QString change = text::Shown(DescribeChange(row.sourceFileName, row.newFileName));
-  return words + QStringLiteral(", ") +
-         (change.isEmpty() ? QStringLiteral("name unchanged") : change);
+  const QString state = kStates[static_cast<int>(row.mark)];
+  QStringList more;
+  if (!row.checked) more += QStringLiteral("not checked");
+  if (!row.newFileName.empty()) {
+    const QString change = text::Shown(DescribeChange(row.sourceFileName, row.newFileName));
+    more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
+  }
+  return DescribeState(state, ReasonOf(row), more.join(QStringLiteral(", ")));
 }
 
 }  // namespace
@@ -77,6 +87,8 @@ QVariant FileListModel::FileData(const FileRow& row, int column, int role) const
     case kMarkRole:
       if (column == kColumnMark) return static_cast<int>(row.mark);
       return {};
+    case kReasonRole:
+      return column >= kColumnSourceName ? QVariant(ReasonOf(row)) : QVariant();
     case kMarkedNameRole:
       return MarkedNameOf(row, column);
     default:

@@ -11,9 +11,9 @@
 #include <QVBoxLayout>
 
 #include "common/look_qt.h"
-#include "common/path_text.h"
 #include "filelist/file_list_model.h"
 #include "filelist/list_view.h"
+#include "platform/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -76,7 +76,7 @@ FileListPanel::FileListPanel(Grid& grid, QWidget* parent)
   LayOut();
   ConnectControls();
   ConnectList();
-  SetEmptyText(kNotListed);
+  SetEmptyText(EmptyList::kNotListed);
 }
 
 void FileListPanel::MakeControls() {
@@ -294,29 +294,7 @@ std::vector<int> FileListPanel::SelectedRows() const {
   return ReportControl1->SelectedRows();
 }
 
-void FileListPanel::SetEmptyText(EmptyText kind) {
-  const QString separator(QLatin1Char(kNative.separator));
-  switch (kind) {
-    case kNotListed:
-      ReportControl1->SetEmptyText(
-          QStringLiteral("No files listed"),
-          QStringLiteral("Choose a source folder, then press “Prepare file list”."));
-      break;
-    case kListing:
-      ReportControl1->SetEmptyText({}, {});
-      break;
-    case kNoneFound:
-      ReportControl1->SetEmptyText(QStringLiteral("No files found"),
-                                   QStringLiteral("No file in this folder matches the masks."));
-      break;
-    case kNotComplete:
-      ReportControl1->SetEmptyText(QStringLiteral("List not complete"),
-                                   QStringLiteral("Press “Prepare file list” to start again."));
-      break;
-    case kSeparatorMissing:
-      ReportControl1->SetEmptyText(
-          QStringLiteral("No files found"),
-          QStringLiteral("The source folder does not end in “%1”.").arg(separator));
-      break;
-  }
+void FileListPanel::SetEmptyText(EmptyList reason) {
+  const EmptyListTexts texts = TextsOf(reason);
+  ReportControl1->SetEmptyText(text::ToQt(texts.title), text::ToQt(texts.note));
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "filelist/empty_list.h"
 #include "filelist/grid.h"
 
 class FileListModel;
@@ -20,22 +21,14 @@ class FileListPanel : public QWidget {
   Q_OBJECT
 
  public:
-  /// Why the list shows no rows.
-  enum EmptyText {
-    kNotListed,
-    kListing,  ///< it is being filled: it shows nothing
-    kNoneFound,
-    kNotComplete,
-    kSeparatorMissing,  ///< the folder as typed lacks its closing separator, so it has no files
-  };
-
   explicit FileListPanel(Grid& grid, QWidget* parent = nullptr);
 
   /// The rows of the grid were made anew.
   void ListRepopulated();
   /// Names, marks or check boxes of rows were written; their number and order stand.
   void RowsChanged();
-  void SetEmptyText(EmptyText kind);
+  /// What the list tells while it has no rows.
+  void SetEmptyText(EmptyList reason);
 
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);

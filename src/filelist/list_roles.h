@@ -17,6 +17,7 @@ enum ListRole : int {
   kGroupCountRole,                    ///< QString: "12 files"
   kMarkRole,                          ///< int: the `Mark` of this cell
   kMarkedNameRole,                    ///< MarkedName: a name with its changed part
+  kReasonRole,                        ///< QString: why the file of this cell failed
 };
 
 /// A name as it is painted.
@@ -30,6 +31,15 @@ Q_DECLARE_METATYPE(MarkedName)
 /// "1 file", "12 files": what a group row tells at its right.
 inline QString FileCount(std::size_t count) {
   return count == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(count);
+}
+
+/// What a screen reader says of a file row: "failed: The name is too long. IMG_ removed", and
+/// "done, IMG_ removed" where there is no reason.
+inline QString DescribeState(const QString& state, const QString& reason, const QString& more) {
+  QString words = state;
+  if (!reason.isEmpty()) words += QStringLiteral(": ") + reason;
+  if (!more.isEmpty()) words += (reason.isEmpty() ? QStringLiteral(", ") : QString(u' ')) + more;
+  return words;
 }
 
 /// What every cell of a group row answers: the row is one heading across all columns.

@@ -164,7 +164,14 @@ void ListView::LayOutColumns() {
 
 void ListView::ShowEmptyText() {
   const bool no_rows = model() == nullptr || model()->rowCount() == 0;
-  empty_->setVisible(no_rows && !empty_title_->text().isEmpty());
+  const bool shown = no_rows && !empty_title_->text().isEmpty();
+  empty_->setVisible(shown);
+  // A table tells screen readers of its cells only. What others added to the description stays.
+  QString words = accessibleDescription();
+  if (words.startsWith(described_)) words.remove(0, described_.size());
+  described_ =
+      shown ? empty_title_->text() + QStringLiteral(". ") + empty_note_->text() : QString();
+  setAccessibleDescription(described_ + words);
 }
 
 void ListView::changeEvent(QEvent* event) {

@@ -19,8 +19,8 @@ struct ColumnWidth {
 };
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, columns that fill the width, and
-/// a text in its middle for as long as it has no rows. Its model tells by `ListRole` what the
-/// painter needs.
+/// a text in its middle, its description too, for as long as it has no rows. Its model tells by
+/// `ListRole` what the painter needs.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -67,4 +67,5 @@ class ListView : public QTableView {
   QLabel* empty_picture_ = nullptr;
   QLabel* empty_title_ = nullptr;
   QLabel* empty_note_ = nullptr;
+  QString described_;  ///< how the empty list is described to screen readers
 };

@@ -253,13 +253,14 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   if (group) font.setWeight(QFont::DemiBold);
   const int room =
       group ? StripRect(option).width() - kGroupTextLeft - 100 : TextRect(option.rect).width();
-  const bool shown_whole = QFontMetrics(font).horizontalAdvance(words) <= room;
+  const QString reason = index.data(kReasonRole).toString();
+  QStringList lines;
+  if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;
+  if (!reason.isEmpty() && reason != words) lines += reason;
   // Escaped: what looks like markup in a name must not be taken for it.
-  QToolTip::showText(
-      event->globalPos(),
-      shown_whole
-          ? QString()
-          : QStringLiteral("<span style='white-space:pre'>%1</span>").arg(words.toHtmlEscaped()),
-      view->viewport());
+  const QString shown =
+      QStringLiteral("<span style='white-space:pre'>%1</span>")
+          .arg(lines.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
+  QToolTip::showText(event->globalPos(), lines.isEmpty() ? QString() : shown, view->viewport());
   return true;
 }

@@ -1,5 +1,7 @@
 #include "filelist/scan.h"
 
+#include <cerrno>
+
 #include "common/path_text.h"
 #include "platform/text.h"
 #include "trace/err_trace.h"
@@ -39,6 +41,10 @@ Scan::Scan(const ScanOptions& options, Records& records, RunState& state, FileSy
       total_(kTotal) {}
 
 void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath) {
+  FillFrom(pParentName, sParentPath, true);
+}
+
+void Scan::FillFrom(std::string_view pParentName, std::string_view sParentPath, bool is_root) {
   ErrTrace::inner<"mScanCD.ShowDir3_FillPreview(pParentName,sParentPath)">(
       ErrTrace::args(pParentName, sParentPath), [&] {
         const std::size_t name_start = sParentPath.rfind(kNative.separator) + 1;  // npos + 1 is 0
@@ -48,25 +54,41 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
           records_.scanned_folders.try_emplace(folder, *identity);
         }
         FolderEntries entries;
-        files_.List(
+        const bool read = files_.List(
             folder, [&] { return pass_.GoOn(); }, entries);
+        if (!read) NoteUnreadable(is_root);
         for (const FolderEntries::Entry& entry : entries.entries) {
           const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
           if (!(due ? pass_.LetEventsRun() : pass_.GoOn())) return;
           if (!entry.name.starts_with(beginning)) continue;
           if (entry.kind == EntryKind::kFile) {
             LookAt(entry.name, pParentName, sParentPath, folder);
-          } else if (subfolders_ && !entry.name.starts_with('.')) {
+          } else if (entry.name.starts_with('.')) {
+            continue;
+          } else if (subfolders_) {
             std::string path(sParentPath);
             path.append(entry.name) += kNative.separator;
-            ShowDir3_FillPreview(entry.name, path);
+            FillFrom(entry.name, path, false);
+          } else {
+            findings_.subfolders_passed_over = true;
           }
         }
       });
 }
 
+void Scan::NoteUnreadable(bool is_root) {
+  const int problem = files_.Problem();
+  if (problem == ECANCELED) return;
+  if (!is_root) {
+    findings_.subfolder_unreadable = true;
+  } else {
+    findings_.root_problem = problem != 0 ? problem : EIO;
+  }
+}
+
 void Scan::LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
                   std::string_view folder) {
+  findings_.files = true;
   if (!Takes(name)) return;
   path_.assign(folder).append(name);
   const std::optional<FileFacts> facts = files_.Look(path_);

@@ -6,6 +6,7 @@
 #include "core/long_pass.h"
 #include "core/records.h"
 #include "core/run_state.h"
+#include "filelist/empty_list.h"
 #include "filelist/file_type.h"
 #include "filelist/masks.h"
 #include "platform/clock.h"
@@ -36,7 +37,12 @@ class Scan {
   /// before its last separator.
   void ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath);
 
+  /// What was met so far.
+  const ScanFindings& Findings() const { return findings_; }
+
  private:
+  void FillFrom(std::string_view pParentName, std::string_view sParentPath, bool is_root);
+  void NoteUnreadable(bool is_root);
   void LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
               std::string_view folder);
   bool Takes(std::string_view name) const;
@@ -52,6 +58,7 @@ class Scan {
   Clock& clock_;
   FileTypes& types_;
   LongPass& pass_;
+  ScanFindings findings_;
   std::string path_;   ///< of the file looked at; kept for its room, as is the next one
   std::string total_;  ///< what `paneTotal` shows
 };

@@ -6,6 +6,8 @@
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <cstdint>
+#include <limits>
 
 #include "common/card_qt.h"
 #include "common/look_qt.h"
@@ -15,6 +17,7 @@
 #include "names/custom_text_dialog.h"
 #include "names/number_field.h"
 #include "names/transform_pane.h"
+#include "platform/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -32,21 +35,33 @@ QWidget* NewEmptyPane(QWidget* parent) {
   return pane;
 }
 
-void TurnToPageOf(QWidget* control) {
+/// Brings the page of `control` to the front; answers the pages, if it stands on one.
+QTabWidget* TurnToPageOf(QWidget* control) {
   for (QWidget* part = control; part != nullptr; part = part->parentWidget()) {
     auto* pages = qobject_cast<QTabWidget*>(part);
     if (pages == nullptr) continue;
     for (int i = 0; i < pages->count(); ++i) {
       if (pages->widget(i)->isAncestorOf(control)) pages->setCurrentIndex(i);
     }
+    return pages;
   }
+  return nullptr;
+}
+
+/// What the label of `field` says, without its letter and colon.
+QString CaptionOf(const QWidget* field) {
+  QString caption;
+  for (const QLabel* label : field->parentWidget()->findChildren<QLabel*>()) {
+    if (label->buddy() == field) caption = label->text();
+  }
+  return caption.remove(u'&').remove(u':');
 }
 
 }  // namespace
 
 ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneServices& services,
                                      QWidget* parent)
-    : QWidget(parent), constructor_(constructor) {
+    : QWidget(parent), constructor_(constructor), prompts_(services.prompts) {
   BuildConstructorCard(services);
   BuildPanes(services);
   auto* column = new QVBoxLayout(this);
@@ -54,7 +69,7 @@ ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneService
   column->setSpacing(measure::kBlockGap);
   column->addWidget(fraConstructor);
   column->addWidget(panes_, 1);
-  connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::HandOverNumbers);
+  connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::CommitFocusedField);
   connect(strip, &ConstructorStrip::elementsChanged, this, &ConstructorEditor::optionChanged);
   connect(strip, &ConstructorStrip::selectedChanged, this,
           &ConstructorEditor::tabConstructor_SelectedChanged);
@@ -114,22 +129,33 @@ ConstrItem* ConstructorEditor::Shown() {
   return index < constructor_.ArrConstr.size() ? &constructor_.ArrConstr[index] : nullptr;
 }
 
-bool ConstructorEditor::CommitFocusedField() {
-  HandOverNumbers();
-  for (NumberField* field : panes_->findChildren<NumberField*>()) {
-    // A field that its mode or another pane hides has no say; its number comes back with it.
-    if (!field->Refused() || field->isHidden()) continue;
-    if (!panes_->currentWidget()->isAncestorOf(field)) continue;
-    TurnToPageOf(field);
-    field->setFocus();
-    field->selectAll();
-    return false;
-  }
-  return true;
+void ConstructorEditor::CommitFocusedField() {
+  for (NumberField* field : panes_->findChildren<NumberField*>()) field->HandOver();
 }
 
-void ConstructorEditor::HandOverNumbers() {
-  for (NumberField* field : panes_->findChildren<NumberField*>()) field->HandOver();
+NumberField* ConstructorEditor::RefusedField() const {
+  for (NumberField* field : panes_->currentWidget()->findChildren<NumberField*>()) {
+    // A field that its mode or another pane hides has no say; its number comes back with it.
+    if (field->Refused() && !field->isHidden()) return field;
+  }
+  return nullptr;
+}
+
+bool ConstructorEditor::TellRefusedNumber() {
+  NumberField* field = RefusedField();
+  if (field == nullptr) return false;
+  QString place = QStringLiteral("in “%1”").arg(panes_->currentWidget()->accessibleName());
+  if (const QTabWidget* pages = TurnToPageOf(field)) {
+    place = QStringLiteral("on the page “%1”").arg(pages->tabText(pages->currentIndex()));
+  }
+  field->setFocus();
+  field->selectAll();
+  prompts_.Tell(text::FromQt(QStringLiteral("The number “%1” %2 is too large.\n"
+                                            "The largest that can be used is %3.")
+                                 .arg(CaptionOf(field), place)
+                                 .arg(std::numeric_limits<std::int32_t>::max())),
+                PromptIcon::kExclamation);
+  return true;
 }
 
 void ConstructorEditor::ShowOptionsPane(ItemType kind) {
@@ -175,7 +201,7 @@ void ConstructorEditor::tabConstructor_SelectedChanged(int index) {
   const int Item = index;
   ErrTrace::top<"Form1.tabConstructor_SelectedChanged(Item)">(ErrTrace::args(Item), [&] {
     // What was typed belongs to the element that was shown until now.
-    HandOverNumbers();
+    CommitFocusedField();
     shown_ = index;
     const ConstrItem* item = Shown();
     const ItemType kind = item == nullptr ? kText : static_cast<ItemType>(item->ItemType);

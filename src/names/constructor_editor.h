@@ -9,6 +9,7 @@
 class Card;
 class ConstructorStrip;
 class CounterPane;
+class NumberField;
 class QPushButton;
 class QStackedWidget;
 class TransformPane;
@@ -24,9 +25,12 @@ class ConstructorEditor : public QWidget {
                     QWidget* parent = nullptr);
 
   /// Lets the number field that is being edited hand over its number. Every command does this
-  /// first. False, with the focus there, when a field shows a number that can't be taken: what the
-  /// user sees would not be what is done.
-  bool CommitFocusedField();
+  /// first.
+  void CommitFocusedField();
+
+  /// Whether a field shows a number that can't be taken; a command that goes by the numbers would
+  /// not do what the user sees. Says so, with the focus in that field.
+  bool TellRefusedNumber();
 
   Card* fraConstructor;
   ConstructorStrip* strip;
@@ -52,13 +56,14 @@ class ConstructorEditor : public QWidget {
  private:
   void BuildConstructorCard(const PaneServices& services);
   void BuildPanes(const PaneServices& services);
-  void HandOverNumbers();
+  NumberField* RefusedField() const;
   void ShowOptionsPane(ItemType kind);
   void tabConstructor_SelectedChanged(int index);
   void ShowItem(ItemType kind);
   ConstrItem* Shown();
 
   Constructor& constructor_;
+  Prompts& prompts_;
   QStackedWidget* panes_;
   int shown_ = -1;  ///< the element that the controls show
 };

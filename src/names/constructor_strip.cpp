@@ -175,6 +175,8 @@ void ConstructorStrip::Insert(int index, ItemType kind, std::string_view text) {
 void ConstructorStrip::Move(int step) {
   if (tabConstructor->count() == 0) return;
   emit aboutToChange();
+  // At the edge nothing moves, and yet the user is asked for a new preview.
+  emit elementsChanged();
   const int from = Selected();
   const int to = from + step;
   if (to >= 0 && to < tabConstructor->count()) {
@@ -187,14 +189,13 @@ void ConstructorStrip::Move(int step) {
     const QSignalBlocker quiet(tabConstructor);
     tabConstructor->moveTab(from, to);
   }
-  // At the edge nothing moved, and yet the user is asked for a new preview.
-  emit elementsChanged();
   emit selectedChanged(Selected());
 }
 
 void ConstructorStrip::bnDeletePattern_Click() {
   if (tabConstructor->count() == 0) return;
   emit aboutToChange();
+  emit elementsChanged();
   const int index = Selected();
   constructor_.DeleteArrConstrItem(static_cast<std::size_t>(index));
   {
@@ -202,5 +203,4 @@ void ConstructorStrip::bnDeletePattern_Click() {
     tabConstructor->removeTab(index);
   }
   emit selectedChanged(Selected());
-  emit elementsChanged();
 }

@@ -40,13 +40,13 @@ void CounterPane::BuildControls() {
   fdStartValue->ShowNumber(1);
   fdStartValue->setFixedWidth(kStartWidth);
   HandleChange(fdStartValue, kStart.name, kStart.change, [this] {
-    UpdateSample();
     emit optionChanged();
+    UpdateSample();
   });
 
   const auto picked = [this](int) {
-    TakeRange();
     emit optionChanged();
+    TakeRange();
   };
   cmbRange = NewPick(kPick<"cmbRange">, 0, kWidths, picked, this);
   cmbRange->setFixedWidth(kRangeWidth);
@@ -55,8 +55,8 @@ void CounterPane::BuildControls() {
   chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
   connect(chResetCounter, &QCheckBox::toggled, this, [this](bool on) {
     kPick<"chResetCounter">.click(0, [&] {
-      if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
       emit optionChanged();
+      if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
     });
   });
 }

@@ -82,9 +82,9 @@ DatePane::DatePane(ItemType kind, const PaneServices& services, ShownItem item, 
   const QString captions[] = {tr("Firs&t:"), tr("Seco&nd:"), tr("Thir&d:")};
   for (int i = 0; i < kParts; ++i) {
     const auto picked = [this, i](int index) {
+      emit optionChanged();
       UpdateSample();
       if (ConstrItem* shown = item_()) shown->*controls_.parts[i] = index;
-      emit optionChanged();
     };
     QComboBox* box = NewPick(controls_.part, i, kPartNames, picked, this);
     box->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(controls_.part.name)).arg(i));
@@ -93,11 +93,11 @@ DatePane::DatePane(ItemType kind, const PaneServices& services, ShownItem item, 
   }
   separator_ = new NameField(services_.prompts, this);
   HandleChange(separator_, controls_.separator.name, controls_.separator.change, [this] {
+    emit optionChanged();
     UpdateSample();
     if (ConstrItem* shown = item_()) {
       shown->*controls_.separator_text = text::FromQt(separator_->text());
     }
-    emit optionChanged();
   });
   AddColumn(grid, tr("Sep&arator:"), separator_);
 

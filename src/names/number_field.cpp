@@ -1,9 +1,9 @@
 #include "names/number_field.h"
 
 #include <QFocusEvent>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <algorithm>
+#include <QScopedValueRollback>
+#include <QValidator>
 #include <utility>
 
 #include "names/number_text.h"
@@ -20,18 +20,49 @@ bool IsDroppedKey(QChar sign) {
 
 }  // namespace
 
+class NumberField::Digits : public QValidator {
+ public:
+  explicit Digits(NumberField* field) : QValidator(field), field_(*field) {}
+
+  State validate(QString& text, int& position) const override {
+    if (field_.writing_) return Acceptable;
+    const auto taken = TakeDigits(text::FromQt(field_.last_text_), text::FromQt(text));
+    if (!taken) return Invalid;
+    const QString digits = text::ToQt(*taken);
+    position -= static_cast<int>(text.size() - digits.size());
+    text = digits;
+    return Acceptable;
+  }
+
+ private:
+  const NumberField& field_;
+};
+
 NumberField::NumberField(const NumberControl& control, std::function<void(std::int32_t)> store,
                          QWidget* parent)
     : QLineEdit(parent), validate_(control.validate), store_(std::move(store)) {
   setObjectName(QLatin1String(control.name));
-  setText(QStringLiteral("0"));
-  connect(this, &QLineEdit::textChanged, this, [this] { pending_ = true; });
+  setValidator(new Digits(this));
+  connect(this, &QLineEdit::textChanged, this, &NumberField::KeepDigits);
+  ShowNumber(0);
   setInputMethodHints(Qt::ImhDigitsOnly);
   connect(this, &QLineEdit::returnPressed, this, &NumberField::HandOver);
 }
 
+void NumberField::KeepDigits() {
+  // A validator doesn't bind who sets the text as a whole, as a screen reader does.
+  if (!hasAcceptableInput()) return setText(last_text_);
+  last_text_ = text();
+  pending_ = true;
+}
+
+void NumberField::Write(const QString& text) {
+  const QScopedValueRollback writing(writing_, true);
+  setText(text);
+}
+
 void NumberField::ShowNumber(std::int32_t number) {
-  setText(QString::number(number));
+  Write(QString::number(number));
   pending_ = false;
   refused_ = false;
 }
@@ -40,7 +71,7 @@ void NumberField::HandOver() {
   if (!pending_) return;
   refused_ = !validate_(false, [this] {
     const NumberText number = NormalizeNumber(text::FromQt(text()));
-    if (const QString written = text::ToQt(number.text); written != text()) setText(written);
+    if (const QString written = text::ToQt(number.text); written != text()) Write(written);
     pending_ = false;
     if (!number.value) throw Failure(kOverflow, "Overflow");
     store_(*number.value);
@@ -51,12 +82,6 @@ void NumberField::keyPressEvent(QKeyEvent* event) {
   const QString typed = event->text();
   if (typed.size() == 1 && IsDroppedKey(typed.at(0))) return;
   QLineEdit::keyPressEvent(event);
-}
-
-void NumberField::inputMethodEvent(QInputMethodEvent* event) {
-  const QString typed = event->commitString();
-  if (std::any_of(typed.begin(), typed.end(), IsDroppedKey)) return;
-  QLineEdit::inputMethodEvent(event);
 }
 
 void NumberField::focusOutEvent(QFocusEvent* event) {

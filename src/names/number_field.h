@@ -6,8 +6,9 @@
 
 #include "names/handled_control.h"
 
-/// A field for a whole number from 0 up. Keys that are no digits do nothing. The number goes to
-/// its store not with each key but when the field is left, on Enter, and when `HandOver` is called.
+/// A field for a whole number from 0 up. Keys that are no digits do nothing, and no other way puts
+/// anything but digits in; see TakeDigits. The number goes to its store not with each key but when
+/// the field is left, on Enter, and when `HandOver` is called.
 class NumberField : public QLineEdit {
   Q_OBJECT
 
@@ -29,12 +30,19 @@ class NumberField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void inputMethodEvent(QInputMethodEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  class Digits;
+  /// Puts the last text back when something came past the validator.
+  void KeepDigits();
+  /// Shows what the field itself has to say, digits or not.
+  void Write(const QString& text);
+
   HandlerFrame validate_;
   std::function<void(std::int32_t)> store_;
+  QString last_text_;
+  bool writing_ = false;
   bool pending_ = false;
   bool refused_ = false;
 };

@@ -164,7 +164,6 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
   });
   ShowCutFields();
   ShowAddFields();
-  connect(this, &TransformPane::optionChanged, this, &TransformPane::MarkPages);
   FitStyle();
 }
 
@@ -196,9 +195,10 @@ QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t C
                                       std::span<const char* const> entries,
                                       std::function<void()> show_fields) {
   const auto picked = [this, mode, show_fields = std::move(show_fields)](int index) {
+    emit optionChanged();
     if (show_fields) show_fields();
     if (ConstrItem* shown = item_()) shown->*mode = index;
-    emit optionChanged();
+    MarkPages();
   };
   return NewPick(control, 0, entries, picked, this);
 }
@@ -206,8 +206,9 @@ QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t C
 QLineEdit* TransformPane::NewTextField(const TextOption& option, bool filtered) {
   QLineEdit* field = filtered ? new NameField(prompts_, this) : new QLineEdit(this);
   const auto changed = [this, field, text = option.text] {
-    if (ConstrItem* shown = item_()) shown->*text = text::FromQt(field->text());
     emit optionChanged();
+    if (ConstrItem* shown = item_()) shown->*text = text::FromQt(field->text());
+    MarkPages();
   };
   HandleChange(field, option.control.name, option.control.change, changed);
   return field;

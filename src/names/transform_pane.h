@@ -30,6 +30,7 @@ class TransformPane : public Card {
   void ShowItem();
 
  signals:
+  /// Sent first of all that a change does.
   void optionChanged();
 
  protected:

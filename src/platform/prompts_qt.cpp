@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "platform/ordinary_pointer_qt.h"
 #include "platform/text_qt.h"
 
 void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
@@ -13,5 +14,6 @@ void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
   box.setTextFormat(Qt::PlainText);
   box.setText(text::ShownLines(message));
   box.setStandardButtons(QMessageBox::Ok);
+  const OrdinaryPointer pointer;
   box.exec();
 }

@@ -37,6 +37,8 @@ class ResultGrid {
   std::string_view Item(std::size_t row, int item) const {
     return kind_.item(reports_, RecordOf(row), item);
   }
+  /// Why the file of a file row failed.
+  std::string Reason(std::size_t row) const { return kind_.reason(reports_, RecordOf(row)); }
   /// The path of the file of a file row.
   std::string File(std::size_t row) const { return kind_.file(reports_, RecordOf(row)); }
 

@@ -1,12 +1,14 @@
 #include "rename/result_kinds.h"
 
+#include "common/problem_text.h"
+
 namespace {
 
 constexpr ResultColumn kFailureColumns[] = {
     {0, "Path", ResultCell::kHidden},        {1, "Source file name", ResultCell::kName},
     {2, "Date", ResultCell::kHidden},        {2, ">>", ResultCell::kMark},
     {3, "New file name", ResultCell::kName}, {5, "Folder", ResultCell::kHidden},
-    {6, "Rollback", ResultCell::kHidden},
+    {6, "Rollback", ResultCell::kHidden},    {7, "Reason", ResultCell::kReason},
 };
 
 constexpr ResultColumn kConflictColumns[] = {
@@ -34,6 +36,10 @@ std::string_view FailureItem(const RunReports& reports, std::size_t record, int 
     default:
       return {};
   }
+}
+
+std::string FailureReason(const RunReports& reports, std::size_t record) {
+  return mCommon::ProblemText(reports.gFailureReport[record].problem);
 }
 
 std::string FailureFile(const RunReports& reports, std::size_t record) {
@@ -66,6 +72,10 @@ std::string_view ConflictItem(const RunReports& reports, std::size_t record, int
   }
 }
 
+std::string NoReason(const RunReports&, std::size_t) {
+  return {};
+}
+
 std::string ConflictFile(const RunReports& reports, std::size_t record) {
   const ConflictRecord& row = reports.gConflictReport[record];
   return (row.new_path.empty() ? row.path : row.new_path) + row.final_name;
@@ -85,6 +95,7 @@ const ResultKind kRenamingFailure = {
     kFailureColumns,
     FailureCount,
     FailureItem,
+    FailureReason,
     FailureFile,
 };
 
@@ -100,5 +111,6 @@ const ResultKind kResolvedConflicts = {
     kConflictColumns,
     ConflictCount,
     ConflictItem,
+    NoReason,
     ConflictFile,
 };

@@ -12,6 +12,7 @@ enum class ResultCell {
   kHidden,  ///< kept among the columns, never shown
   kName,    ///< a file name, which can be sorted by
   kMark,    ///< the mark of the record, centred
+  kReason,  ///< why the file failed
 };
 
 /// A column of a result window: which item of the record it shows, and how.
@@ -36,6 +37,8 @@ struct ResultKind {
   std::size_t (*count)(const RunReports& reports);
   /// An item of a record; empty where the record has none.
   std::string_view (*item)(const RunReports& reports, std::size_t record, int item);
+  /// Why the operation failed, a sentence; empty where that isn't known.
+  std::string (*reason)(const RunReports& reports, std::size_t record);
   /// The path of the file that a record stands for, as it lies after the run.
   std::string (*file)(const RunReports& reports, std::size_t record);
 };

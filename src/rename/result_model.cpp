@@ -37,7 +37,10 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const {
 QVariant ResultModel::FileData(std::size_t row, const ResultColumn& column, int role) const {
   switch (role) {
     case Qt::DisplayRole:
+      if (column.cell == ResultCell::kReason) return text::Shown(grid_.Reason(row));
       return text::Shown(grid_.Item(row, column.item));
+    case kReasonRole:
+      return text::Shown(grid_.Reason(row));
     case Qt::AccessibleDescriptionRole:
       return Describe(row);
     case Qt::TextAlignmentRole:
@@ -69,8 +72,8 @@ QString ResultModel::Describe(std::size_t row) const {
   const ResultKind& kind = grid_.Kind();
   const std::string change =
       DescribeChange(grid_.Item(row, kind.old_item), grid_.Item(row, kind.new_item));
-  const QString words = text::Shown(kind.description) + QStringLiteral(", ");
-  return words + (change.empty() ? QStringLiteral("name unchanged") : text::Shown(change));
+  return DescribeState(text::Shown(kind.description), text::Shown(grid_.Reason(row)),
+                       change.empty() ? QStringLiteral("name unchanged") : text::Shown(change));
 }
 
 QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const {

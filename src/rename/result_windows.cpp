@@ -6,11 +6,17 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cerrno>
 
 #include "common/look_qt.h"
+#include "common/problem_text.h"
 #include "common/shell_actions.h"
 #include "filelist/list_view.h"
+#include "filelist/row_painter.h"
+#include "platform/ordinary_pointer_qt.h"
 #include "platform/text_qt.h"
 #include "rename/result_model.h"
 #include "settings/window_placement_qt.h"
@@ -22,6 +28,8 @@ constexpr int kMargin = 12;
 constexpr int kListGap = 10;
 constexpr int kButtonWidth = 88;
 constexpr int kLeastNameWidth = 140;
+constexpr int kMostLeastWidth = 900;  ///< with a large font, so that no column is out of sight
+constexpr int kRounding = 2;          ///< a width is told in whole pixels
 
 struct PopupCommand {
   int ID;
@@ -70,6 +78,16 @@ void ResultWindow::Form_Load() {
   Connect();
 }
 
+/// Room for most of the reasons.
+int ResultWindow::ReasonWidth() const {
+  int widest = 0;
+  for (const int usual : {EACCES, ENOENT, ENAMETOOLONG}) {
+    const QString words = text::ToQt(mCommon::ProblemText(usual));
+    widest = std::max(widest, ReportControl1->fontMetrics().horizontalAdvance(words));
+  }
+  return widest + 2 * kCellInset + kRounding;
+}
+
 void ResultWindow::MakeList() {
   ReportControl1 = new ListView(this);
   ReportControl1->setObjectName(QStringLiteral("ReportControl1"));
@@ -89,9 +107,14 @@ void ResultWindow::MakeList() {
     if (cell == ResultCell::kMark) {
       widths.push_back({column, WidthRule::kFixed, ReportControl1->MarkWidth()});
     }
+    if (cell == ResultCell::kReason) widths.push_back({column, WidthRule::kFree, ReasonWidth()});
     ReportControl1->setColumnHidden(column, cell == ResultCell::kHidden);
   }
   ReportControl1->SetColumnWidths(widths);
+  int least = 2 * kMargin + 2 * ReportControl1->frameWidth() +
+              style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  for (const ColumnWidth& width : widths) least += width.width;
+  setMinimumWidth(std::min(least, kMostLeastWidth));
 }
 
 void ResultWindow::LayOut() {
@@ -137,7 +160,10 @@ void ResultWindow::ShowReport() {
   lbFilesCount->setText(text::ToQt(kind_.count_words) + QString::number(kind_.count(reports_)));
   ReportControl1->scrollToTop();
   bnOK->setFocus();
-  exec();
+  {
+    const OrdinaryPointer pointer;
+    exec();
+  }
   // The next run deletes the records, and who reads the hidden list must not meet their rows then.
   model_->Clear();
 }

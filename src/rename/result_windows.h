@@ -44,6 +44,7 @@ class ResultWindow : public QDialog {
  private:
   void Form_Load();
   void MakeList();
+  int ReasonWidth() const;
   void LayOut();
   void Connect();
   void SortBy(int column, Qt::SortOrder order);

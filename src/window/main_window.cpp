@@ -11,7 +11,6 @@
 
 #include "commands/command_buttons.h"
 #include "common/look_qt.h"
-#include "common/path_text.h"
 #include "filelist/file_list_panel.h"
 #include "filelist/folder_pages.h"
 #include "names/constructor_editor.h"
@@ -139,8 +138,9 @@ void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
   folder_pages_->CommitFocusedField();
-  const bool numbers_taken = editor_->CommitFocusedField();
-  if (!numbers_taken && button != CommandButton::bnUndo) return;
+  editor_->CommitFocusedField();
+  const bool by_numbers = button == CommandButton::bnPreview || button == CommandButton::bnRename;
+  if (by_numbers && editor_->TellRefusedNumber()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
@@ -242,12 +242,7 @@ void Form1::SetSourceFolder(const std::string& folder) {
 }
 
 void Form1::ListRepopulated(EmptyList reason) {
-  const std::string folder = folder_pages_->SourceFolder();
-  const bool separator_missing = !folder.empty() && folder.back() != kNative.separator;
-  list_->SetEmptyText(reason == EmptyList::kListing       ? FileListPanel::kListing
-                      : reason == EmptyList::kNotComplete ? FileListPanel::kNotComplete
-                      : separator_missing                 ? FileListPanel::kSeparatorMissing
-                                                          : FileListPanel::kNoneFound);
+  list_->SetEmptyText(reason);
   list_->ListRepopulated();
 }
 

@@ -18,6 +18,7 @@
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
+#include "window/orderly_end.h"
 #include "window/skin.h"
 
 namespace {
@@ -36,6 +37,7 @@ void SaveVersion(SettingsStore& settings) {
 }  // namespace
 
 struct Program::Parts {
+  OrderlyEnd end;  ///< first, for a signal may come at any time
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
   std::unique_ptr<Clock> clock = MakeSystemClock();
   std::unique_ptr<SystemFacts> facts = MakeSystemFacts();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text.h"
 #include "support/fakes.h"
 #include "support/memory_files.h"
 #include "support/plain_locale.h"
@@ -101,6 +102,8 @@ TEST_F(CommandsTest, GoTheRoadFromListToRename) {
   EXPECT_EQ(view.buttons, "11000");
   EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
   EXPECT_EQ(state.panes.paneTotal, "Total 2 files");
+  commands.bnLoadFileList_Click();
+  EXPECT_EQ(state.panes.paneTotal, "Total 2 files") << "a second list counts anew";
   commands.bnPreview_Click();
   EXPECT_EQ(view.buttons, "11100");
   EXPECT_EQ(records[0].newFileName, "x a.txt");
@@ -113,6 +116,36 @@ TEST_F(CommandsTest, GoTheRoadFromListToRename) {
   EXPECT_FALSE(view.waiting);
 }
 
+TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
+  constructor.InsertArrConstrItem(0, kText, "x ");
+  const struct {
+    void (Commands::*command)();
+    std::string panes;  ///< status, bar, total stretched, greatest value
+  } table[] = {
+      {&Commands::bnLoadFileList_Click, "||stretched|0"},
+      {&Commands::bnPreview_Click, "Preview |bar||3"},
+      {&Commands::bnRename_Click, "Renaming |bar||2"},
+      {&Commands::bnUndo_Click, "Renaming |bar||2"},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.panes);
+    events.count = 0;
+    events.on_events = [&] {
+      const StatusPanes& panes = state.panes;
+      EXPECT_EQ(panes.paneStatus + (panes.progressVisible ? "|bar|" : "||") +
+                    (panes.totalStretched ? "stretched|" : "|") + std::to_string(panes.progressMax),
+                row.panes);
+      EXPECT_EQ(view.buttons, "00001");
+      EXPECT_FALSE(view.elements);
+      EXPECT_TRUE(view.waiting && commands.Busy());
+    };
+    (commands.*row.command)();
+    EXPECT_GT(events.count, 0);
+    EXPECT_TRUE(view.elements && !view.waiting && !commands.Busy());
+    EXPECT_TRUE(state.panes.totalStretched && !state.panes.progressVisible);
+  }
+}
+
 TEST_F(CommandsTest, KeepEveryNameWithTheStartItems) {
   files.contents = {{"/in/a.b.c", ""}, {"/in/noext", ""}, {"/in/.profile", ""}};
   commands.bnLoadFileList_Click();
@@ -123,14 +156,39 @@ TEST_F(CommandsTest, KeepEveryNameWithTheStartItems) {
 }
 
 TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
-  view.source.fdSourceFolder = "  /nowhere/ ";
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(view.source.fdSourceFolder, "/nowhere/");
-  EXPECT_EQ(view.buttons, "10000");
-  EXPECT_EQ(view.empty, EmptyList::kNoneFound);
-  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  files.folders.insert(
+      {"", "/locked", "/bare", "/bare/.git", "/up", "/up/sub", "/shut", "/shut/a"});
+  files.contents["/up/sub/file"] = "";
+  files.locked = {"/locked", "/shut/a"};
+  const struct {
+    SourceOptions source;
+    EmptyList reason;
+  } table[] = {
+      {{"  /nowhere/ ", "", "", true}, EmptyList::kFolderMissing},
+      {{"/nowhere", "", "", true}, EmptyList::kFolderMissing},
+      {{"/up", "", "", false}, EmptyList::kSeparatorMissing},
+      {{"/locked/", "", "", true}, EmptyList::kFolderUnreadable},
+      {{"/bare/", "*.jpg;*.png", "", false}, EmptyList::kNoFile},
+      {{"/up/", "", "", false}, EmptyList::kOnlySubfolders},
+      {{"/up/", "*.jpg", "", true}, EmptyList::kNoMatch},
+      {{"/shut/", "", "", true}, EmptyList::kSubfolderUnreadable},
+      {{"/in/", "", "*", true}, EmptyList::kNoMatch},
+      {{"/in/", "*.jpg;*.png", "", true}, EmptyList::kMasksNotParted},
+      {{"/in/", "", "*.txt *,", true}, EmptyList::kMasksNotParted},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.source.fdSourceFolder + row.source.fdIncludeMask);
+    view.source = row.source;
+    state.panes.paneTotal = "";
+    commands.bnLoadFileList_Click();
+    EXPECT_EQ(view.source.fdSourceFolder, text::Trim(row.source.fdSourceFolder));
+    EXPECT_EQ(view.buttons, "10000");
+    EXPECT_EQ(view.empty, row.reason);
+    EXPECT_FALSE(TextsOf(row.reason).note.empty());
+    EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  }
 
-  view.source.fdSourceFolder = "/in/";
+  view.source = {"/in/", "", "", false};
   clock.step_ms = 50;
   CancelAt(3);
   commands.bnLoadFileList_Click();
@@ -171,13 +229,20 @@ TEST_F(CommandsTest, KeepThePreviewStaleWhenItIsCancelled) {
   EXPECT_EQ(commands.Mode(), ModePreviewReady);
 }
 
-TEST_F(CommandsTest, AskForAnOutputFolder) {
+TEST_F(CommandsTest, AskForAWholeOutputFolder) {
   commands.bnLoadFileList_Click();
   commands.bnPreview_Click();
   view.output = {kCopyTo, "", true, "/in/"};
   commands.bnRename_Click();
-  EXPECT_EQ(prompts.told, std::vector<std::string>{"Please select output folder"});
+  view.output = {kMoveTo, "pictures/", true, "/in/"};
+  commands.bnRename_Click();
+  EXPECT_EQ(prompts.told, (std::vector<std::string>{
+                              "Please select output folder",
+                              "The output folder must be a full path, as in /home/me/pictures/."}));
   EXPECT_EQ(commands.Mode(), ModePreviewReady);
+  view.output = {kUseSourceFolder, "pictures/", true, "/in/"};
+  commands.bnRename_Click();
+  EXPECT_EQ(commands.Mode(), ModeRunFinished) << "the folder isn't used";
 }
 
 TEST_F(CommandsTest, GoOnAfterACancelledRun) {
@@ -212,10 +277,15 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   files.fails = [](std::string_view, std::string_view path) { return path == "/in/a.txt"; };
   commands.bnRename_Click();
   EXPECT_EQ(view.shown, (std::vector<std::string>{"failed 1", "numbered 1"}));
+  files.fails = nullptr;
+  commands.bnUndo_Click();
+  EXPECT_EQ(prompts.told, std::vector<std::string>()) << "what failed has nothing to take back";
+  for (const char* path : {"/in/a.txt", "/in/b.txt", "/in/c.txt"}) {
+    EXPECT_TRUE(files.contents.contains(path)) << path;
+  }
 
   constructor.ArrConstr.clear();
   constructor.InsertArrConstrItem(0, kSourceFileName, "");
-  files.fails = nullptr;
   list_and_preview();
   commands.bnRename_Click();
   EXPECT_EQ(view.shown, std::vector<std::string>()) << "a clean run";
@@ -255,6 +325,7 @@ TEST_F(CommandsTest, TakeARunBack) {
   files.contents["/in/a.txt"] = "a stranger";
   commands.bnUndo_Click();
   EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
+  EXPECT_EQ(prompts.icons, "!x");
   EXPECT_EQ(files.contents["/in/a.txt"], "a stranger");
   EXPECT_EQ(view.shown, std::vector<std::string>()) << "an undo tells its failures by number only";
 }

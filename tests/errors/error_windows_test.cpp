@@ -7,9 +7,13 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStringListModel>
 #include <QTimer>
+#include <stdexcept>
+#include <utility>
 
 #include "common/link_button_qt.h"
 #include "errors/error_reporter.h"
@@ -198,6 +202,57 @@ TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
   EXPECT_THAT(saved, StartsWith("first \r\n"));
   EXPECT_THAT(saved, HasSubstr("\r\n \r\nno desktop \r\n"));
   EXPECT_THAT(saved, HasSubstr("Call Stack: Form11.Label5_Click() -"));
+}
+
+/// Fails each time it is painted, or shows what a model that fails gives.
+class BrokenWidget : public QWidget {
+ public:
+  void paintEvent(QPaintEvent*) override { throw Failure(kInternalError, "paint " + Count()); }
+  std::string Count() { return std::to_string(++painted); }
+  int painted = 0;
+};
+
+class BrokenModel : public QStringListModel {
+ public:
+  using QStringListModel::QStringListModel;
+  QVariant data(const QModelIndex&, int) const override { throw Failure(kTypeMismatch, "model"); }
+};
+
+TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
+  ErrorReporter reporter(sources_, files_, prompts_, shell_);
+  QWidget main_window;
+  reporter.MainWindowLoaded(&main_window);
+  BrokenWidget painter;
+  BrokenModel model({QStringLiteral("a"), QStringLiteral("b")});
+  QListView list;
+  list.setModel(&model);
+  QPushButton slot;
+  QObject::connect(&slot, &QPushButton::clicked, [] { throw std::runtime_error("slot"); });
+  int closed = 0;
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    if (OpenWindows().empty()) return;
+    OpenWindows().back()->accept();
+    ++closed;
+  });
+  user.start(0);
+  const auto repaint = [&](QWidget& widget) {
+    widget.show();
+    widget.repaint();
+    QCoreApplication::processEvents();
+  };
+  for (int i = 0; i < 3; ++i) repaint(painter);
+  EXPECT_GE(painter.painted, 3);
+  EXPECT_EQ(std::exchange(closed, 0), 1) << "another number in its words is no other failure";
+  for (int i = 0; i < 3; ++i) repaint(list);
+  EXPECT_GE(std::exchange(closed, 0), 1);
+  for (int i = 0; i < 2; ++i) Press(&slot, Qt::Key_Space);
+  EXPECT_EQ(closed, 2) << "a slot fails at each press";
+  const std::string saved = documents_.Read("Quorvane/ErrorReport.txt").value_or("");
+  for (const char* words : {"paint 1 \r\n", "model \r\n", "slot \r\n"}) {
+    EXPECT_THAT(saved, HasSubstr(words));
+  }
+  EXPECT_THAT(saved, testing::Not(HasSubstr("paint 2")));
 }
 
 /// A desktop that can't even name its folders.

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <cerrno>
 
 #include "filelist/file_list_panel.h"
 #include "filelist/list_roles.h"
@@ -124,6 +125,15 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   records[0].newFileName = records[0].sourceFileName;
   EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole),
             "failed, not checked, name unchanged");
+  records[0].problem = EEXIST;
+  EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole),
+            "failed: The name is already taken. not checked, name unchanged");
+  for (int column = 0; column < kColumnCount; ++column) {
+    EXPECT_EQ(Text(1, column, kReasonRole),
+              column < kColumnSourceName ? "" : "The name is already taken.");
+  }
+  records[0].mark = Mark::kDone;
+  EXPECT_EQ(Text(1, kColumnMark, kReasonRole), "");
 }
 
 TEST_F(FileListTest, AClickAnywhereInTheCellSwitchesTheBox) {

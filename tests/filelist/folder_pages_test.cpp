@@ -84,9 +84,4 @@ TEST_F(FolderPagesTest, HidesTheOutputFolderWhereItIsNotUsed) {
   }
 }
 
-TEST_F(FolderPagesTest, KeepsTheBytesOfAFolderThatIsNoUtf8) {
-  pages.SetSourceFolder("/caf\xE9/");
-  EXPECT_EQ(pages.SourceFolder(), "/caf\xE9/");
-}
-
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <cerrno>
 #include <functional>
 
 #include "filelist/list_view.h"
@@ -25,7 +26,7 @@ class ResultWindowsTest : public testing::Test {
   ResultWindowsTest() {
     files.folders = {"/in", "/out"};
     files.contents = {{"/in/a.txt", ""}, {"/in/same_{1}", ""}, {"/out/same_{2}", ""}};
-    reports.gFailureReport = {{"/in/", "a.txt", "same"}};
+    reports.gFailureReport = {{"/in/", "a.txt", "same", ENAMETOOLONG}};
     reports.gConflictReport = {{"/out/", "", "z", "gone_{1}", "gone"},
                                {"/in/", "", "b.txt", "same_{1}", "same"},
                                {"/in/", "/out/", "c.txt", "same_{2}", "same"}};
@@ -77,7 +78,7 @@ std::string Text(const ResultWindow& window, int row, int column, int role = Qt:
 }  // namespace
 
 TEST_F(ResultWindowsTest, TellWhatTheRunCouldNotDo) {
-  EXPECT_EQ(ShownColumns(Form3), "Source file name|>>|New file name|");
+  EXPECT_EQ(ShownColumns(Form3), "Source file name|>>|New file name|Reason|");
   EXPECT_EQ(ShownColumns(Form7), "Source file name|>>|Planned file name|>>|Final file name|");
   bool seen = false;
   Show(Form3, [&] {
@@ -85,7 +86,9 @@ TEST_F(ResultWindowsTest, TellWhatTheRunCouldNotDo) {
     EXPECT_EQ(Form3.lbFilesCount->text(), QStringLiteral("Number of files failed to rename: 1"));
     EXPECT_EQ(Text(Form3, 0, 1), "/in/");
     EXPECT_EQ(Text(Form3, 1, 1) + Text(Form3, 1, 3) + Text(Form3, 1, 4), "a.txtFailedsame");
-    EXPECT_EQ(Text(Form3, 1, 1, Qt::AccessibleDescriptionRole), "failed, a.txt becomes same");
+    EXPECT_EQ(Text(Form3, 1, 7), "The name is too long.");
+    EXPECT_EQ(Text(Form3, 1, 1, Qt::AccessibleDescriptionRole),
+              "failed: The name is too long. a.txt becomes same");
     Form3.bnOK->click();
   });
   EXPECT_TRUE(seen);

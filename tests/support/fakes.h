@@ -38,9 +38,13 @@ class FakeEvents : public EventPump {
 
 class FakePrompts : public Prompts {
  public:
-  void Tell(std::string_view message, PromptIcon) override { told.emplace_back(message); }
+  void Tell(std::string_view message, PromptIcon icon) override {
+    told.emplace_back(message);
+    icons += icon == PromptIcon::kCritical ? 'x' : '!';
+  }
 
   std::vector<std::string> told;
+  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
 /// Knows text files only.

@@ -28,6 +28,7 @@ class MemoryFiles : public FileSystem {
   std::function<void()> in_copy;  ///< what happens between the pieces of a copy
   std::vector<std::string> log;   ///< "move /a /b": what was done
   int exists_calls = 0;
+  std::set<std::string> locked;  ///< folders that can't be listed
 
   /// `path` with its folder as it is stored, and its name too if something is there.
   std::string Real(std::string_view path) const {
@@ -84,7 +85,9 @@ class MemoryFiles : public FileSystem {
   }
 
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
-    if (!folders.contains(std::string(path.substr(0, path.size() - 1)))) return false;
+    const std::string listed(path.substr(0, path.size() - 1));
+    if (locked.contains(listed)) return No(EACCES);
+    if (!folders.contains(listed)) return No(ENOENT);
     const auto add = [&](const std::string& entry, EntryKind kind) {
       if (!entry.starts_with(path) || entry.find('/', path.size()) != entry.npos) return;
       entries.entries.push_back({std::string_view(entry).substr(path.size()), kind});

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include "window/application.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -5,14 +5,18 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 
 #include "platform/text_qt.h"
@@ -97,20 +101,8 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
   const auto pick = [](const char* name, int index) {
     return [=](MainWindowTest& t) { t.Find<QComboBox>(name)->setCurrentIndex(index); };
   };
-  const auto press = [](const char* name) {
-    return [=](MainWindowTest& t) { t.Button(name)->click(); };
-  };
-  const auto type = [](const char* name) {
-    return [=](MainWindowTest& t) { t.Find<QLineEdit>(name)->setText(QStringLiteral("5")); };
-  };
   const Edit table[] = {
       {"letter case", false, true, pick("cmbCaseOldFile", 2)},
-      {"cut", false, true, pick("cmbCutFile", 1)},
-      {"number", false, true, type("fdCutFileN")},
-      {"text", false, true, type("fdReplace1")},
-      {"move at the edge", false, true, press("bnMoveLeft")},
-      {"delete", false, true, press("bnDeletePattern")},
-      {"insert", false, true, [](MainWindowTest& t) { t.InsertCounter(); }},
       {"check box", false, true,
        [](MainWindowTest& t) {
          t.Model()->setData(t.Model()->index(1, 4), Qt::Unchecked, Qt::CheckStateRole);
@@ -124,7 +116,8 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
       {"column", false, false,
        [](MainWindowTest& t) { t.Find<QCheckBox>("chColumnSize")->click(); }},
       {"output choice", false, false, pick("cmbDestination", 1)},
-      {"output folder", false, false, type("fdDestination")},
+      {"output folder", false, false,
+       [](MainWindowTest& t) { t.Find<QLineEdit>("fdDestination")->setText(QStringLiteral("5")); }},
   };
   for (const Edit& edit : table) {
     SCOPED_TRACE(edit.what);
@@ -146,6 +139,93 @@ TEST_F(MainWindowTest, ClosesAfterThePassThatItEnds) {
   ListFiles();
   EXPECT_FALSE(closed_at_once) << "the pass was running";
   EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
+  const auto after = [this](int ms, std::function<void()> act) {
+    QTimer::singleShot(ms, &program->MainWindow(), std::move(act));
+  };
+  struct Moment {
+    const char* what;
+    std::function<void()> act;  ///< lets the signal come and waits
+  };
+  const Moment table[] = {
+      {"idle", [] { std::raise(SIGTERM); }},
+      {"during a run",
+       [&] {
+         after(0, [] { std::raise(SIGINT); });
+         QTimer look;
+         bool told = false;
+         QObject::connect(&look, &QTimer::timeout, [&] {
+           if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) == nullptr) return;
+           EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+           told = true;
+         });
+         look.start(0);
+         Button("bnRename")->click();
+         EXPECT_TRUE(told) << "that the run is not completed";
+       }},
+      {"in a dialog",
+       [&] {
+         after(50, [] {
+           for (const int signal : {SIGHUP, SIGTERM}) std::raise(signal);
+         });
+         Button("Command4")->click();
+       }},
+  };
+  for (int i = 0; i < 500; ++i) folder.Write("f" + std::to_string(i), "");
+  for (const Moment& moment : table) {
+    SCOPED_TRACE(moment.what);
+    StartAnew();
+    Preview(false);
+    Find<QCheckBox>("chColumnSize")->click();
+    const bool column = Find<QCheckBox>("chColumnSize")->isChecked();
+    moment.act();
+    const QDeadlineTimer deadline(5000);
+    while (program->MainWindow().isVisible() && !deadline.hasExpired()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    EXPECT_FALSE(program->MainWindow().isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    StartAnew();
+    EXPECT_EQ(Find<QCheckBox>("chColumnSize")->isChecked(), column) << "stored";
+  }
+}
+
+TEST_F(MainWindowTest, OffersTheToldEntriesInAllItsLists) {
+  const std::string cases = "Unchanged|UPPERCASE|lowercase|First letter uppercase only|";
+  const std::string cuts =
+      "Do nothing|Remove Text|Remove N characters from the start|Remove N characters from the end|"
+      "Remove N characters after the first K|Remove N characters before the last K|"
+      "Remove N characters from the start and K from the end|"
+      "Remove all after the first N characters|Remove all before the last N characters|"
+      "Remove all between the first N and last K characters|";
+  const std::string adds =
+      "Do nothing|Add Text to the left|Add Text to the right|"
+      "Add Text1 to the left and Text2 to the right|Insert Text after the first N characters|"
+      "Insert Text before the last N characters|";
+  const std::string dates = "|d|dd|m|mm|mmm|mmmm|yy|yyyy|";
+  std::map<std::string, std::string> lists = {
+      {"cmbDestination", "Use source folder|Copy to|Move to|"},
+      {"cmbGroupBy", "None|Path|Type|"},
+      {"cmbRange", "1|2|3|4|5|6|7|8|9|10|"},
+      {"cmbCaseOldFile", cases},
+      {"cmbCaseExt", cases},
+      {"cmbCaseParentFolder", cases},
+  };
+  for (const std::string kind : {"File", "Ext", "ParentFolder"}) {
+    lists["cmbCut" + kind] = cuts;
+    lists["cmbAdd" + kind] = adds;
+  }
+  for (const std::string end : {"(0)", "(1)", "(2)"}) {
+    lists["cmbDate" + end] = lists["cmbTDate" + end] = dates;
+  }
+  std::map<std::string, std::string> shown;
+  for (const QComboBox* list : program->MainWindow().findChildren<QComboBox*>()) {
+    std::string& entries = shown[list->objectName().toStdString()];
+    for (int i = 0; i < list->count(); ++i) entries += list->itemText(i).toStdString() + '|';
+  }
+  EXPECT_EQ(shown, lists);
 }
 
 TEST_F(MainWindowTest, FitsItsToldLeastSize) {
