@@ -2,6 +2,10 @@
 
 #include <cerrno>
 #include <functional>
+#include <string_view>
+#include <tuple>
+
+#include "platform/syscalls.h"
 
 /// `call` with its n-th use (from 1) answered by -1 and `error`; 0 answers every use so.
 template <class Answer, class... Args>
@@ -11,4 +15,57 @@ void Fail(std::function<Answer(Args...)>& call, int error, int nth = 0) {
     errno = error;
     return -1;
   };
+}
+
+/// What happens at the n-th use of all calls together.
+struct Fault {
+  int nth = 0;                   ///< from 1; 0 is never
+  int error = 0;                 ///< 0: the call is made as it should
+  bool carried_out = false;      ///< although it answers the error
+  bool for_good = false;         ///< so do all later uses of that call
+  std::function<void()> before;  ///< what another program does just then
+  int used = 0;
+  const char* hit = "";  ///< the name of the call
+
+  bool Hits(const char* call) {
+    if (++used != nth) return for_good && call == hit;
+    hit = call;
+    if (before) before();
+    return error != 0;
+  }
+};
+
+/// Puts `fault`, which must live as long, before every one of the calls.
+inline void Inject(Syscalls& calls, Fault& fault) {
+  // A call that is added to Syscalls and not here does not compile.
+  auto& [openat, close, dup, statx, readlinkat, getdents, renameat2, renameat, linkat, unlinkat,
+         mkdirat, symlinkat, clone, copy_file_range, lseek, pread, pwrite, ftruncate, fsync, syncfs,
+         fchown, fchmod, flistxattr, fgetxattr, fsetxattr, fremovexattr, futimens, utimensat,
+         kill] = calls;
+  const auto wrap = [&fault]<class Answer, class... Args>(const char* name,
+                                                          std::function<Answer(Args...)>& call) {
+    call = [&fault, name, real = call](Args... args) -> Answer {
+      if (!fault.Hits(name)) return real(args...);
+      const std::string_view what = name;
+      const bool opens = what == "openat" || what == "dup";
+      // What close(2) is asked to close is closed, whatever it answers.
+      const Answer answer = fault.carried_out || what == "close" ? real(args...) : -1;
+      if (opens && answer >= 0) ::close(static_cast<int>(answer));
+      errno = fault.error;
+      return -1;
+    };
+  };
+  // In the order of above.
+  const char* const names[] = {"openat",   "close",     "dup",        "statx",      "readlinkat",
+                               "getdents", "renameat2", "renameat",   "linkat",     "unlinkat",
+                               "mkdirat",  "symlinkat", "clone",      "copy_range", "lseek",
+                               "pread",    "pwrite",    "ftruncate",  "fsync",      "syncfs",
+                               "fchown",   "fchmod",    "flistxattr", "fgetxattr",  "fsetxattr",
+                               "fremove",  "futimens",  "utimensat",  "kill"};
+  const char* const* name = names;
+  std::apply([&](auto&... call) { (wrap(*name++, call), ...); },
+             std::tie(openat, close, dup, statx, readlinkat, getdents, renameat2, renameat, linkat,
+                      unlinkat, mkdirat, symlinkat, clone, copy_file_range, lseek, pread, pwrite,
+                      ftruncate, fsync, syncfs, fchown, fchmod, flistxattr, fgetxattr, fsetxattr,
+                      fremovexattr, futimens, utimensat, kill));
 }

@@ -184,37 +184,14 @@ TEST(CopyFile, ToleratesOnlyWhatTheTargetCanNotHold) {
   }
 }
 
-TEST(CopyFile, LeavesNothingBehindWhenItFails) {
-  const struct {
-    const char* what;
-    void (*apply)(Syscalls&);
-  } faults[] = {{"disk full", [](Syscalls& c) { Fail(c.pwrite, ENOSPC, 2); }},
-                {"read error", [](Syscalls& c) { Fail(c.pread, EIO, 2); }},
-                {"nothing written",
-                 [](Syscalls& c) {
-                   c.pwrite = [](int, const void*, std::size_t, off_t) { return ssize_t{0}; };
-                 }},
-                {"error at close", [](Syscalls& c) { Fail(c.close, EIO); }},
-                {"interrupted close", [](Syscalls& c) { Fail(c.close, EINTR); }},
-                {"no inode for the name", [](Syscalls& c) {
-                   Fail(c.linkat, ENOSPC);
-                   Fail(c.renameat2, ENOSPC);
-                 }}};
-  for (const auto& fault : faults) {
-    for (const bool named : {false, true}) {
-      SCOPED_TRACE(std::string(fault.what) + (named ? ", named" : ""));
-      TempFolder folder;
-      folder.Write("a", Pattern(700'001));
-      Syscalls calls = RealSyscalls();
-      Fail(calls.clone, EOPNOTSUPP);
-      Fail(calls.copy_file_range, EXDEV);
-      fault.apply(calls);
-      if (named) kWays[5].apply(calls);
-      EXPECT_FALSE(Copy(folder, calls));
-      EXPECT_EQ(folder.List(), Names{"a"});
-      EXPECT_TRUE(folder.Read("a") == Pattern(700'001));
-    }
-  }
+TEST(CopyFile, EndsWhenNothingIsWrittenAndNoReasonTold) {
+  TempFolder folder;
+  folder.Write("a", "A");
+  Syscalls calls = RealSyscalls();
+  Fail(calls.clone, EOPNOTSUPP);
+  calls.pwrite = [](int, const void*, std::size_t, off_t) { return ssize_t{0}; };
+  EXPECT_FALSE(Copy(folder, calls));
+  EXPECT_EQ(folder.List(), Names{"a"});
 }
 
 TEST(CopyFile, LeavesNothingBehindWhenCancelled) {
@@ -249,28 +226,14 @@ TEST(CopyFile, RefusesASourceThatChangesMeanwhile) {
     Syscalls calls = RealSyscalls();
     Fail(calls.clone, EOPNOTSUPP);
     Fail(calls.copy_file_range, EXDEV);
-    EXPECT_FALSE(Copy(folder, calls, [&] {
+    const auto files = MakePosixFileSystem(calls);
+    const auto go_on = [&] {
       change(folder);
       return true;
-    }));
-    EXPECT_EQ(folder.List(), Names{"a"});
-  }
-}
-
-TEST(CopyFile, RefusesATargetThatAppearsMeanwhile) {
-  for (const auto& way : kWays) {
-    SCOPED_TRACE(way.what);
-    TempFolder folder;
-    folder.Write("a", "A");
-    Syscalls calls = RealSyscalls();
-    way.apply(calls);
-    calls.futimens = [&](int, const struct timespec*) {
-      folder.Write("b", "stranger");
-      return 0;
     };
-    EXPECT_FALSE(Copy(folder, calls));
-    EXPECT_EQ(folder.Read("b"), "stranger");
-    EXPECT_EQ(folder.List(), (Names{"a", "b"}));
+    EXPECT_FALSE(files->CopyFile(folder / "a", folder / "b", go_on, nullptr));
+    EXPECT_EQ(files->Problem(), kSourceChanged);
+    EXPECT_EQ(folder.List(), Names{"a"});
   }
 }
 
