@@ -130,28 +130,6 @@ const Operation kOperations[] = {
      }},
 };
 
-struct Lack {
-  const char* what;
-  void (*apply)(Syscalls&);
-};
-
-const Lack kLacks[] = {{"nothing", [](Syscalls&) {}},
-                       {"no-replace renames", [](Syscalls& c) { Fail(c.renameat2, EINVAL); }},
-                       {"hard links too",
-                        [](Syscalls& c) {
-                          Fail(c.renameat2, EOPNOTSUPP);
-                          Fail(c.linkat, EPERM);
-                        }},
-                       {"files without a name", [](Syscalls& c) {
-                          c.openat = [real = c.openat](int at, const char* name, int flags,
-                                                       mode_t mode) {
-                            if ((flags & O_TMPFILE) != O_TMPFILE)
-                              return real(at, name, flags, mode);
-                            errno = EOPNOTSUPP;
-                            return -1;
-                          };
-                        }}};
-
 bool Perform(const Operation& operation, const Lack& lack, const World& world, Fault& fault) {
   Syscalls calls = RealSyscalls();
   lack.apply(calls);

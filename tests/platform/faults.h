@@ -1,5 +1,7 @@
 #pragma once
 
+#include <fcntl.h>
+
 #include <cerrno>
 #include <functional>
 #include <string_view>
@@ -16,6 +18,28 @@ void Fail(std::function<Answer(Args...)>& call, int error, int nth = 0) {
     return -1;
   };
 }
+
+/// What a file system, or a kernel, may not have.
+struct Lack {
+  const char* what;
+  void (*apply)(Syscalls&);
+};
+
+inline const Lack kLacks[] = {
+    {"nothing", [](Syscalls&) {}},
+    {"no-replace renames", [](Syscalls& c) { Fail(c.renameat2, EINVAL); }},
+    {"hard links too",
+     [](Syscalls& c) {
+       Fail(c.renameat2, EOPNOTSUPP);
+       Fail(c.linkat, EPERM);
+     }},
+    {"files without a name", [](Syscalls& c) {
+       c.openat = [real = c.openat](int at, const char* name, int flags, mode_t mode) {
+         if ((flags & O_TMPFILE) != O_TMPFILE) return real(at, name, flags, mode);
+         errno = EOPNOTSUPP;
+         return -1;
+       };
+     }}};
 
 /// What happens at the n-th use of all calls together.
 struct Fault {
