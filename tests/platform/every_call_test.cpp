@@ -163,6 +163,8 @@ std::string Told(const Fault& fault) {
          ::strerror(fault.error) + (fault.carried_out ? ", carried out" : "");
 }
 
+const std::set<std::string_view> kAttributes = {"fchmod", "futimens", "fsetxattr"};
+
 /// What was made, and answered as if somebody else had made it, can't be told from that; and a look
 /// that denies what is there leaves nothing to go by.
 bool IsUnknowable(const Fault& fault) {
@@ -196,7 +198,10 @@ TEST(EveryCall, TellsWhatWasDoneWhateverItAnswers) {
         const bool answer = Perform(operation, lack, world, fault);
         if (IsUnknowable(fault)) continue;
         EXPECT_TRUE(world.Now() == (answer ? after : before)) << Told(fault);
-        EXPECT_TRUE(answer || error != EINTR) << Told(fault);
+        // An interrupted call is made again; what the target can't hold, as FAT a mode, is no loss.
+        const bool attribute = kAttributes.contains(fault.hit);
+        EXPECT_TRUE(answer || (error != EINTR && !(attribute && error == EPERM))) << Told(fault);
+        EXPECT_FALSE(answer && attribute && error == EIO) << Told(fault);
       }
     }
   });

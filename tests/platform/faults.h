@@ -61,11 +61,6 @@ struct Fault {
 
 /// Puts `fault`, which must live as long, before every one of the calls.
 inline void Inject(Syscalls& calls, Fault& fault) {
-  // A call that is added to Syscalls and not here does not compile.
-  auto& [openat, close, dup, statx, readlinkat, getdents, renameat2, renameat, linkat, unlinkat,
-         mkdirat, symlinkat, clone, copy_file_range, lseek, pread, pwrite, ftruncate, fsync, syncfs,
-         fchown, fchmod, flistxattr, fgetxattr, fsetxattr, fremovexattr, futimens, utimensat,
-         kill] = calls;
   const auto wrap = [&fault]<class Answer, class... Args>(const char* name,
                                                           std::function<Answer(Args...)>& call) {
     call = [&fault, name, real = call](Args... args) -> Answer {
@@ -79,17 +74,19 @@ inline void Inject(Syscalls& calls, Fault& fault) {
       return -1;
     };
   };
-  // In the order of above.
   const char* const names[] = {"openat",   "close",     "dup",        "statx",      "readlinkat",
                                "getdents", "renameat2", "renameat",   "linkat",     "unlinkat",
                                "mkdirat",  "symlinkat", "clone",      "copy_range", "lseek",
                                "pread",    "pwrite",    "ftruncate",  "fsync",      "syncfs",
                                "fchown",   "fchmod",    "flistxattr", "fgetxattr",  "fsetxattr",
                                "fremove",  "futimens",  "utimensat",  "kill"};
+  static_assert(sizeof(Syscalls) == std::size(names) * sizeof(calls.close), "one is missing here");
   const char* const* name = names;
-  std::apply([&](auto&... call) { (wrap(*name++, call), ...); },
-             std::tie(openat, close, dup, statx, readlinkat, getdents, renameat2, renameat, linkat,
-                      unlinkat, mkdirat, symlinkat, clone, copy_file_range, lseek, pread, pwrite,
-                      ftruncate, fsync, syncfs, fchown, fchmod, flistxattr, fgetxattr, fsetxattr,
-                      fremovexattr, futimens, utimensat, kill));
+  Syscalls& c = calls;
+  std::apply(
+      [&](auto&... call) { (wrap(*name++, call), ...); },
+      std::tie(c.openat, c.close, c.dup, c.statx, c.readlinkat, c.getdents, c.renameat2, c.renameat,
+               c.linkat, c.unlinkat, c.mkdirat, c.symlinkat, c.clone, c.copy_file_range, c.lseek,
+               c.pread, c.pwrite, c.ftruncate, c.fsync, c.syncfs, c.fchown, c.fchmod, c.flistxattr,
+               c.fgetxattr, c.fsetxattr, c.fremovexattr, c.futimens, c.utimensat, c.kill));
 }

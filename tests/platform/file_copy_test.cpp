@@ -129,24 +129,6 @@ TEST(CopyFile, KeepsTimesModeAndAttributes) {
   EXPECT_LT(::getxattr((folder / "c").c_str(), kAccess, nullptr, 0), 0);
 }
 
-TEST(CopyFile, ToleratesOnlyWhatTheTargetCanNotHold) {
-  for (const int error : {EOPNOTSUPP, EPERM, EIO, ENOSPC}) {
-    const std::function<void(Syscalls&)> faults[] = {
-        [&](Syscalls& c) { Fail(c.fchmod, error); }, [&](Syscalls& c) { Fail(c.futimens, error); },
-        [&](Syscalls& c) { Fail(c.fsetxattr, error); }};
-    for (const auto& fault : faults) {
-      TempFolder folder;
-      folder.Write("a", "A");
-      if (::setxattr((folder / "a").c_str(), "user.x", "1", 1, 0) != 0) {
-        GTEST_SKIP() << "no extended attributes here";
-      }
-      Syscalls calls = RealSyscalls();
-      fault(calls);
-      EXPECT_EQ(Copy(folder, calls), error == EOPNOTSUPP || error == EPERM) << error;
-    }
-  }
-}
-
 TEST(CopyFile, LeavesNothingBehindWhenCancelled) {
   for (const bool by_kernel : {false, true}) {
     for (const bool named : {false, true}) {
