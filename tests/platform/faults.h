@@ -47,12 +47,13 @@ struct Fault {
   int error = 0;                 ///< 0: the call is made as it should
   bool carried_out = false;      ///< although it answers the error
   bool for_good = false;         ///< so do all later uses of that call
+  bool twice = false;            ///< so does the next call, whichever
   std::function<void()> before;  ///< what another program does just then
   int used = 0;
   const char* hit = "";  ///< the name of the call
 
   bool Hits(const char* call) {
-    if (++used != nth) return for_good && call == hit;
+    if (++used != nth) return (for_good && call == hit) || (twice && used == nth + 1);
     hit = call;
     if (before) before();
     return error != 0;
