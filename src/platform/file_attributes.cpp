@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/entry_facts.h"
+
 namespace {
 
 constexpr std::string_view kAccessList = "system.posix_acl_access";  // acl(5)
@@ -25,11 +27,11 @@ bool MustArrive(std::string_view name) {
 template <class Call>
 int ReadWhole(std::string& into, Call call) {
   for (;;) {
-    const ssize_t size = call(nullptr, 0);
+    const ssize_t size = Uninterrupted([&] { return call(nullptr, 0); });
     if (size < 0) return errno;
     into.resize(static_cast<std::size_t>(size));
     if (size == 0) return 0;
-    const ssize_t filled = call(into.data(), into.size());
+    const ssize_t filled = Uninterrupted([&] { return call(into.data(), into.size()); });
     if (filled >= 0) {
       into.resize(static_cast<std::size_t>(filled));
       return 0;
@@ -39,8 +41,9 @@ int ReadWhole(std::string& into, Call call) {
 }
 
 int CopyAttribute(const Syscalls& calls, int from, int to, const char* name, std::string& value) {
-  const int read = ReadWhole(
-      value, [&](char* buffer, std::size_t size) { return ::fgetxattr(from, name, buffer, size); });
+  const int read = ReadWhole(value, [&](char* buffer, std::size_t size) {
+    return calls.fgetxattr(from, name, buffer, size);
+  });
   if (read == ENODATA) return 0;
   if (read != 0) return MustArrive(name) ? read : 0;
   const int error = ErrorOf([&] { return calls.fsetxattr(to, name, value.data(), value.size()); });
@@ -50,7 +53,7 @@ int CopyAttribute(const Syscalls& calls, int from, int to, const char* name, std
 int CopyExtended(const Syscalls& calls, int from, int to) {
   std::string names;
   const int error = ReadWhole(
-      names, [&](char* buffer, std::size_t size) { return ::flistxattr(from, buffer, size); });
+      names, [&](char* buffer, std::size_t size) { return calls.flistxattr(from, buffer, size); });
   if (error != 0) return NotSupported(error) ? 0 : error;
   bool has_access_list = false;
   std::string value;
@@ -60,38 +63,39 @@ int CopyExtended(const Syscalls& calls, int from, int to) {
     if (const int failed = CopyAttribute(calls, from, to, name, value)) return failed;
   }
   // The target folder's default list must not open the copy to more people than the original.
-  if (!has_access_list && ::fgetxattr(to, kAccessList.data(), nullptr, 0) >= 0 &&
-      ::fremovexattr(to, kAccessList.data()) != 0) {
-    return errno;
-  }
-  return 0;
+  if (has_access_list) return 0;
+  const int own = ErrorOf([&] { return calls.fgetxattr(to, kAccessList.data(), nullptr, 0); });
+  if (own != 0) return own == ENODATA || NotSupported(own) ? 0 : own;
+  return ErrorOf([&] { return calls.fremovexattr(to, kAccessList.data()); });
 }
 
-void GiveOwner(int to, const struct stat& source) {
-  if (::fchown(to, source.st_uid, source.st_gid) == 0) return;
-  static_cast<void>(!::fchown(to, static_cast<uid_t>(-1), source.st_gid));  // as far as we may
+void GiveOwner(const Syscalls& calls, int to, const struct statx& source) {
+  const auto give = [&](uid_t owner) {
+    return ErrorOf([&] { return calls.fchown(to, owner, source.stx_gid); });
+  };
+  if (give(source.stx_uid) != 0) give(static_cast<uid_t>(-1));  // as far as we may
 }
 
 /// "Runs as its owner" must not come to mean another owner.
-mode_t ModeFor(int to, const struct stat& source) {
-  const mode_t mode = source.st_mode & 07777;
-  struct stat made;
-  const bool same_owner =
-      (mode & ~mode_t{0777}) == 0 ||
-      (::fstat(to, &made) == 0 && made.st_uid == source.st_uid && made.st_gid == source.st_gid);
+mode_t ModeFor(const Syscalls& calls, int to, const struct statx& source) {
+  const mode_t mode = source.stx_mode & 07777;
+  struct statx made;
+  const bool same_owner = (mode & ~mode_t{0777}) == 0 ||
+                          (LookInto(calls, to, made) == 0 && made.stx_uid == source.stx_uid &&
+                           made.stx_gid == source.stx_gid);
   return same_owner ? mode : mode & 0777;
 }
 
 }  // namespace
 
-int CopyAttributes(const Syscalls& calls, int from, int to, const struct stat& source,
+int CopyAttributes(const Syscalls& calls, int from, int to, const struct statx& source,
                    bool keep_owner) {
-  if (keep_owner) GiveOwner(to, source);
+  if (keep_owner) GiveOwner(calls, to, source);
   if (const int error = CopyExtended(calls, from, to)) return error;
-  const mode_t mode = ModeFor(to, source);
+  const mode_t mode = ModeFor(calls, to, source);
   const int moded = ErrorOf([&] { return calls.fchmod(to, mode); });
   if (moded != 0 && !NotSupported(moded)) return moded;
-  const struct timespec times[2] = {source.st_atim, source.st_mtim};
-  const int timed = ErrorOf([&] { return calls.futimens(to, times); });
+  const FileTimes times = TimesOf(source);
+  const int timed = ErrorOf([&] { return calls.futimens(to, times.data()); });
   return NotSupported(timed) ? 0 : timed;
 }

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int kNoSuchWay = -1;  // beside the errno values: try with a name
-constexpr off_t kSyncedAtOnce = 16 * 1024 * 1024;
+constexpr int kNoSuchWay = -1000;  // no errno and no FileProblem: try with a name
+constexpr std::uint64_t kSyncedAtOnce = 16 * 1024 * 1024;
 
 /// open(2): EOPNOTSUPP where the file system has no O_TMPFILE, EISDIR or ENOENT where the kernel
 /// has none.
@@ -25,38 +25,35 @@ bool LacksNaming(int error) {
 
 }  // namespace
 
-FileIdentity IdentityOf(const struct stat& facts) {
-  return {facts.st_dev, facts.st_ino, static_cast<std::uint64_t>(facts.st_size),
-          std::int64_t{facts.st_mtim.tv_sec} * 1'000'000'000 + facts.st_mtim.tv_nsec};
-}
-
 int FileCopy::Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
                    CopyIdentities& copied) {
   FileHandle source;
-  struct stat facts;
+  struct statx facts;
   if (const int error = OpenSource(from, purpose, source, facts)) return error;
-  struct stat taken;
-  if (calls_.fstatat(to.at(), to.c_name(), &taken, AT_SYMLINK_NOFOLLOW) == 0) return EEXIST;
-  if (errno != ENOENT) return errno;
+  struct statx taken;
+  const int looked = LookAt(calls_, to, taken);
+  if (looked != ENOENT) return looked == 0 ? EEXIST : looked;
 
   copied.source = IdentityOf(facts);
   return CopyOpened(source.get(), facts, to, purpose, go_on, copied.made);
 }
 
 /// O_NONBLOCK: a fifo without a writer must not hold us up (fifo(7)).
-int FileCopy::OpenSource(const Place& from, Purpose purpose, FileHandle& file, struct stat& facts) {
+int FileCopy::OpenSource(const Place& from, Purpose purpose, FileHandle& file,
+                         struct statx& facts) {
   const int follow = purpose == Purpose::kMove ? O_NOFOLLOW : 0;
   file = FileHandle(Uninterrupted([&] {
     return calls_.openat(from.at(), from.c_name(),
                          O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | follow, 0);
   }));
-  if (!file || calls_.fstat(file.get(), &facts) != 0) return errno;
-  return S_ISREG(facts.st_mode) ? 0 : EINVAL;
+  if (!file) return errno;
+  if (const int error = LookInto(calls_, file.get(), facts)) return error;
+  return S_ISREG(facts.stx_mode) ? 0 : EINVAL;
 }
 
-int FileCopy::CopyOpened(int from, const struct stat& source, const Place& to, Purpose purpose,
+int FileCopy::CopyOpened(int from, const struct statx& source, const Place& to, Purpose purpose,
                          const GoOn& go_on, FileIdentity& made) {
-  const std::uint64_t device = to.folder->device;
+  const std::uint64_t device = to.folder->identity.device;
   if (!without_nameless_.Has(device)) {
     const int error = CopyBy(Way::kNameless, from, source, to, purpose, go_on, made);
     if (error != kNoSuchWay) return error;
@@ -66,22 +63,22 @@ int FileCopy::CopyOpened(int from, const struct stat& source, const Place& to, P
   return error;
 }
 
-int FileCopy::CopyBy(Way way, int from, const struct stat& source, const Place& to, Purpose purpose,
-                     const GoOn& go_on, FileIdentity& made) {
+int FileCopy::CopyBy(Way way, int from, const struct statx& source, const Place& to,
+                     Purpose purpose, const GoOn& go_on, FileIdentity& made) {
   Target target;
   if (const int error = OpenTarget(way, to, target)) return error;
   const int file = target.file.get();
-  struct stat facts = {};
+  struct statx facts = {};
   int error = Fill(from, source, file, purpose, go_on);
-  if (error == 0 && calls_.fstat(file, &facts) != 0) error = errno;
-  if (error == 0) error = GiveName(target, to);
+  if (error == 0) error = LookInto(calls_, file, facts);
+  if (error == 0) error = GiveName(target, facts, to);
   if (error != 0) {
-    if (target.temporary && ::fstat(file, &facts) == 0) TakeBack(calls_, target.temporary, facts);
+    Drop(target);
     return error;
   }
-  if (purpose == Purpose::kMove) error = SyncFolder(to, file);
-  if (error != 0) TakeBack(calls_, to, facts);
   made = IdentityOf(facts);
+  if (purpose == Purpose::kMove) error = SyncFolder(to, file);
+  if (error != 0) names_.Remove(to, made, Match::kUnwritten);
   return error;
 }
 
@@ -94,58 +91,75 @@ int FileCopy::OpenTarget(Way way, const Place& to, Target& target) {
 }
 
 int FileCopy::OpenNamed(const Place& to, Target& target) {
-  for (;;) {
-    target.temporary = {to.folder, NextTemporaryName()};
+  const int error = WithTemporaryName(to.folder, target.temporary, [&] {
     target.file = FileHandle(Uninterrupted([&] {
       return calls_.openat(to.at(), target.temporary.c_name(),
                            O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
     }));
-    if (target.file) return 0;
-    if (errno != EEXIST) return errno;  // else a process before us had our number, and was killed
+    return target.file ? 0 : errno;
+  });
+  if (error != 0 && error != EEXIST) names_.RemoveUncertain(target.temporary);
+  return error;
+}
+
+void FileCopy::Drop(const Target& target) {
+  struct statx facts;
+  if (target.temporary && LookInto(calls_, target.file.get(), facts) == 0) {
+    names_.Remove(target.temporary, IdentityOf(facts), Match::kSameFile);
   }
 }
 
-int FileCopy::Fill(int from, const struct stat& source, int to, Purpose purpose,
-                   const GoOn& go_on) {
-  // A move syncs as it goes: one sync at the end would leave "Cancel" unheard while gigabytes go
-  // to a slow medium.
-  off_t synced = 0;
-  const GoOn synced_go_on = [&] {
-    struct stat written;
-    if (calls_.fstat(to, &written) == 0 && written.st_size - synced >= kSyncedAtOnce) {
-      synced = written.st_size;
-      if (calls_.fsync(to) != 0) return false;
+/// A move syncs as it goes: one sync at the end would leave "Cancel" unheard while gigabytes go to
+/// a slow medium.
+int FileCopy::CopyAndSync(int from, const struct statx& source, int to, const GoOn& go_on) {
+  std::uint64_t synced = 0;
+  int failed = 0;
+  const GoOn sync_between = [&] {
+    struct statx written;
+    if (LookInto(calls_, to, written) == 0 && written.stx_size - synced >= kSyncedAtOnce) {
+      synced = written.stx_size;
+      failed = ErrorOf([&] { return calls_.fsync(to); });
     }
-    return !go_on || go_on();
+    return failed == 0 && (!go_on || go_on());
   };
-  const GoOn& between = purpose == Purpose::kMove ? synced_go_on : go_on;
-  if (const int error = data_.Copy(from, to, source, between)) return error;
-  struct stat now;
-  if (calls_.fstat(from, &now) != 0) return errno;
-  if (IdentityOf(now) != IdentityOf(source)) return ESTALE;
-  const bool keep_owner = purpose == Purpose::kMove;
-  if (const int error = CopyAttributes(calls_, from, to, source, keep_owner)) return error;
+  const int error = data_.Copy(from, to, source, sync_between);
+  return failed != 0 ? failed : error;
+}
+
+int FileCopy::Fill(int from, const struct statx& source, int to, Purpose purpose,
+                   const GoOn& go_on) {
+  const bool moves = purpose == Purpose::kMove;
+  const int copied =
+      moves ? CopyAndSync(from, source, to, go_on) : data_.Copy(from, to, source, go_on);
+  if (copied != 0) return copied;
+  struct statx now;
+  if (const int error = LookInto(calls_, from, now)) return error;
+  if (IdentityOf(now) != IdentityOf(source)) return kSourceChanged;
+  if (const int error = CopyAttributes(calls_, from, to, source, moves)) return error;
   return Finish(to, purpose);
 }
 
 /// File systems behind a server or in user space keep an error of writing for the close
-/// (close(2)); closing a second handle asks for it while there is still something to drop.
+/// (close(2)); closing a second handle asks for it while there is still something to drop. An
+/// interrupted close has closed all the same, so it is asked with another.
 int FileCopy::Finish(int file, Purpose purpose) {
   if (purpose == Purpose::kMove) {
     if (const int error = ErrorOf([&] { return calls_.fsync(file); })) return error;
   }
-  const int second = ::fcntl(file, F_DUPFD_CLOEXEC, 0);
-  if (second < 0) return errno;
-  return calls_.close(second) == 0 ? 0 : errno;
+  return ErrorOf([&] {
+    const int second = Uninterrupted([&] { return calls_.dup(file); });
+    return second == -1 ? -1 : calls_.close(second);
+  });
 }
 
-int FileCopy::GiveName(const Target& target, const Place& to) {
-  if (target.temporary) return rename_(target.temporary, to);
+int FileCopy::GiveName(const Target& target, const struct statx& facts, const Place& to) {
+  if (target.temporary) return names_.Rename(target.temporary, to, facts);
   // The way for all users to name a file made by O_TMPFILE (open(2)).
   const std::string self = "/proc/self/fd/" + std::to_string(target.file.get());
   const int error = ErrorOf([&] {
     return calls_.linkat(AT_FDCWD, self.c_str(), to.at(), to.c_name(), AT_SYMLINK_FOLLOW);
   });
+  if (error == 0 || StandingAt(calls_, to, IdentityOf(facts)) == Standing::kThatFile) return 0;
   return LacksNaming(error) ? kNoSuchWay : error;
 }
 
@@ -153,7 +167,7 @@ int FileCopy::GiveName(const Target& target, const Place& to) {
 int FileCopy::SyncFolder(const Place& to, int file) {
   const FileHandle folder(Uninterrupted(
       [&] { return calls_.openat(to.at(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0); }));
-  if (!folder) return ErrorOf([&] { return ::syncfs(file); });
+  if (!folder) return ErrorOf([&] { return calls_.syncfs(file); });
   const int error = ErrorOf([&] { return calls_.fsync(folder.get()); });
   return error == EINVAL ? 0 : error;  // fsync(2): it has no such thing for folders
 }

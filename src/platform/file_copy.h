@@ -1,10 +1,8 @@
 #pragma once
 
+#include "platform/entry_names.h"
 #include "platform/file_data.h"
 #include "platform/folder_handles.h"
-#include "platform/rename_no_replace.h"
-
-FileIdentity IdentityOf(const struct stat& facts);
 
 /// Makes whole copies of regular files: written where nobody sees them, then given their name by
 /// an operation that can't replace. The final name is never opened for writing.
@@ -15,11 +13,10 @@ class FileCopy {
     kMove,  ///< takes what is there itself, keeps the owner, is on the disk when done
   };
 
-  FileCopy(const Syscalls& calls, RenameNoReplace& rename)
-      : calls_(calls), rename_(rename), data_(calls) {}
+  FileCopy(const Syscalls& calls, EntryNames& names) : calls_(calls), names_(names), data_(calls) {}
 
-  /// 0; EEXIST when anything stands at `to`; ECANCELED when `go_on` asked to stop; ESTALE when the
-  /// source changed meanwhile; or another errno. But for 0 nothing is left of it.
+  /// 0; EEXIST when anything stands at `to`; ECANCELED when `go_on` asked to stop; kSourceChanged;
+  /// or another errno. But for 0 nothing is left of it.
   int Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
            CopyIdentities& copied);
 
@@ -32,20 +29,22 @@ class FileCopy {
     Place temporary;  ///< no place when nameless
   };
 
-  int OpenSource(const Place& from, Purpose purpose, FileHandle& file, struct stat& facts);
-  int CopyOpened(int from, const struct stat& source, const Place& to, Purpose purpose,
+  int OpenSource(const Place& from, Purpose purpose, FileHandle& file, struct statx& facts);
+  int CopyOpened(int from, const struct statx& source, const Place& to, Purpose purpose,
                  const GoOn& go_on, FileIdentity& made);
-  int CopyBy(Way way, int from, const struct stat& source, const Place& to, Purpose purpose,
+  int CopyBy(Way way, int from, const struct statx& source, const Place& to, Purpose purpose,
              const GoOn& go_on, FileIdentity& made);
   int OpenTarget(Way way, const Place& to, Target& target);
   int OpenNamed(const Place& to, Target& target);
-  int Fill(int from, const struct stat& source, int to, Purpose purpose, const GoOn& go_on);
+  void Drop(const Target& target);
+  int CopyAndSync(int from, const struct statx& source, int to, const GoOn& go_on);
+  int Fill(int from, const struct statx& source, int to, Purpose purpose, const GoOn& go_on);
   int Finish(int file, Purpose purpose);
-  int GiveName(const Target& target, const Place& to);
+  int GiveName(const Target& target, const struct statx& facts, const Place& to);
   int SyncFolder(const Place& to, int file);
 
   const Syscalls& calls_;
-  RenameNoReplace& rename_;
+  EntryNames& names_;
   FileData data_;
   DeviceSet without_nameless_;
 };

@@ -17,14 +17,14 @@ bool Stopped(const GoOn& go_on) {
 
 }  // namespace
 
-int FileData::Copy(int from, int to, const struct stat& source, const GoOn& go_on) {
-  const off_t size = source.st_size;
-  if (size > 0 && calls_.clone(to, from) == 0) return 0;
+int FileData::Copy(int from, int to, const struct statx& source, const GoOn& go_on) {
+  const auto size = static_cast<off_t>(source.stx_size);
+  if (size > 0 && Uninterrupted([&] { return calls_.clone(to, from); }) == 0) return 0;
   Job job{from, to, go_on, size > kSmall};
-  if (source.st_blocks * kBlock < size) return CopyAround(job, size);
+  if (static_cast<off_t>(source.stx_blocks) * kBlock < size) return CopyAround(job, size);
   off_t at = 0;
   const int error = CopyRange(job, at, kToTheEnd);
-  return error == 0 && at != size ? ESTALE : error;
+  return error == 0 && at != size ? kSourceChanged : error;
 }
 
 /// Only what lies between the holes (lseek(2)); where holes can't be asked for, all.
@@ -37,7 +37,7 @@ int FileData::CopyAround(Job& job, off_t size) {
     if (hole < 0) hole = size;
     if (data >= 0) at = data;
     if (const int error = CopyRange(job, at, hole)) return error;
-    if (at < hole) return ESTALE;
+    if (at < hole) return kSourceChanged;
   }
   return ErrorOf([&] { return calls_.ftruncate(job.to, size); });
 }

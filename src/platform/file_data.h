@@ -12,9 +12,9 @@ class FileData {
 
   /// Copies all of `from`, whose facts are `source`, into the empty file `to`: by sharing its
   /// blocks where the file system can, else in pieces with `go_on` between them; holes stay holes.
-  /// 0, ECANCELED when `go_on` asked to stop, ESTALE when more or less came than `source` tells,
-  /// or another errno.
-  int Copy(int from, int to, const struct stat& source, const GoOn& go_on);
+  /// 0, ECANCELED when `go_on` asked to stop, kSourceChanged when more or less came than `source`
+  /// tells, or an errno.
+  int Copy(int from, int to, const struct statx& source, const GoOn& go_on);
 
  private:
   struct Job {

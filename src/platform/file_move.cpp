@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/folder_listing.h"
 #include "platform/temporary_name.h"
 
 namespace {
@@ -30,86 +29,81 @@ bool MayBeOneName(const std::string& a, const std::string& b) {
 }  // namespace
 
 int FileMove::Move(const Place& from, const Place& to, const GoOn& go_on) {
-  struct stat facts;
+  struct statx source;
+  if (const int error = LookAt(calls_, from, source)) return error;
   const bool same_folder = from.folder->IsSameAs(*to.folder);
-  if (same_folder && from.name == to.name) {
-    return calls_.fstatat(from.at(), from.c_name(), &facts, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
-  }
-  const int error = rename_(from, to);
-  switch (error) {
-    case 0:
-      return same_folder && KeptItsName(from, to) ? InTwoSteps(from, to) : 0;
-    case EEXIST:
-      return same_folder && IsSameEntry(from, to) ? InTwoSteps(from, to) : EEXIST;
-    case EXDEV:
-      return ToOtherDevice(from, to, go_on);
-    default:
-      return error;
-  }
-}
-
-/// Two names that lead to one inode are one entry if only one of them is listed; if both are,
-/// they are hard links and two files to the user.
-bool FileMove::IsSameEntry(const Place& from, const Place& to) {
-  struct stat facts;
-  return calls_.fstatat(from.at(), from.c_name(), &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
-         HoldsInode(calls_, to, facts) && IsListed(calls_, *to.folder, to.name) == ENOENT;
-}
-
-/// Some file systems that ignore letter case answer 0 to a change of it and do nothing.
-bool FileMove::KeptItsName(const Place& from, const Place& to) {
-  return MayBeOneName(from.name, to.name) && IsSameEntry(from, to);
+  if (same_folder && from.name == to.name) return 0;
+  const int error = names_.Rename(from, to, source);
+  if (error == EXDEV) return ToOtherDevice(from, to, source, go_on);
+  // Some file systems that ignore letter case refuse a change of it, some answer 0 and do nothing.
+  const bool in_doubt = error == 0 ? MayBeOneName(from.name, to.name) : error == EEXIST;
+  if (!same_folder || !in_doubt) return error;
+  const NamePair names = CompareEntries(calls_, from, to);
+  if (names == NamePair::kOneAsInFirst) return InTwoSteps(from, to, source);
+  if (names != NamePair::kUnknown || error != 0) return error;
+  const int again = InTwoSteps(from, to, source);
+  return again == ENOENT ? 0 : again;  // no old name: it was as it said
 }
 
 /// A plain rename between two forms of one name may answer 0 and do nothing, so by way of a third.
-int FileMove::InTwoSteps(const Place& from, const Place& to) {
-  const Place aside{from.folder, NextTemporaryName()};
-  if (const int error = rename_(from, aside)) return error;
-  const int error = rename_(aside, to);
-  if (error != 0) rename_(aside, from);
+int FileMove::InTwoSteps(const Place& from, const Place& to, const struct statx& source) {
+  Place aside;
+  if (const int error = names_.RenameAside(from, source, aside)) return error;
+  const int error = names_.Rename(aside, to, source);
+  if (error != 0) names_.Rename(aside, from, source);
   return error;
 }
 
-int FileMove::ToOtherDevice(const Place& from, const Place& to, const GoOn& go_on) {
-  struct stat facts;
-  if (calls_.fstatat(from.at(), from.c_name(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return errno;
-  if (S_ISREG(facts.st_mode)) return FileToOtherDevice(from, to, go_on);
-  if (S_ISLNK(facts.st_mode)) return LinkToOtherDevice(from, to, facts);
-  return EXDEV;
-}
-
-int FileMove::FileToOtherDevice(const Place& from, const Place& to, const GoOn& go_on) {
+int FileMove::ToOtherDevice(const Place& from, const Place& to, const struct statx& source,
+                            const GoOn& go_on) {
   CopyIdentities copied;
-  if (const int error = copy_.Copy(from, to, FileCopy::Purpose::kMove, go_on, copied)) return error;
-  const int error = RemoveSource(from, copied.source);
-  if (error == 0) return 0;
-  struct stat now;
-  if (calls_.fstatat(to.at(), to.c_name(), &now, AT_SYMLINK_NOFOLLOW) == 0 &&
-      IdentityOf(now) == copied.made) {
-    calls_.unlinkat(to.at(), to.c_name(), 0);
+  if (S_ISREG(source.stx_mode)) {
+    const int error = copy_.Copy(from, to, FileCopy::Purpose::kMove, go_on, copied);
+    if (error != 0) return error;
+  } else if (S_ISLNK(source.stx_mode)) {
+    struct statx made;
+    if (const int error = MakeLink(from, source, to, made)) return error;
+    copied = {IdentityOf(source), IdentityOf(made)};
+  } else {
+    return EXDEV;
   }
-  return error;
+  return RemoveSource(from, to, copied);
 }
 
-int FileMove::LinkToOtherDevice(const Place& from, const Place& to, const struct stat& source) {
+/// Made under a temporary name, so that it is known for ours before it takes its own.
+int FileMove::MakeLink(const Place& from, const struct statx& source, const Place& to,
+                       struct statx& made) {
   std::string leads_to(PATH_MAX, '\0');
-  const ssize_t size = ::readlinkat(from.at(), from.c_name(), leads_to.data(), leads_to.size() - 1);
+  const ssize_t size = Uninterrupted([&] {
+    return calls_.readlinkat(from.at(), from.c_name(), leads_to.data(), leads_to.size() - 1);
+  });
   if (size < 0) return errno;
   leads_to.resize(static_cast<std::size_t>(size));
-  if (::symlinkat(leads_to.c_str(), to.at(), to.c_name()) != 0) return errno;
-  struct stat made;
-  if (calls_.fstatat(to.at(), to.c_name(), &made, AT_SYMLINK_NOFOLLOW) != 0) return errno;
-  const struct timespec times[2] = {source.st_atim, source.st_mtim};
-  ::utimensat(to.at(), to.c_name(), times, AT_SYMLINK_NOFOLLOW);  // not all can; no loss
-  const int error = RemoveSource(from, IdentityOf(source));
-  if (error != 0) TakeBack(calls_, to, made);
-  return error;
+
+  Place aside;
+  const int failed = WithTemporaryName(to.folder, aside, [&] {
+    return ErrorOf([&] { return calls_.symlinkat(leads_to.c_str(), aside.at(), aside.c_name()); });
+  });
+  if (failed == EEXIST) return failed;
+  const FileTimes times = TimesOf(source);  // not all can keep them; no loss
+  Uninterrupted([&] {
+    return calls_.utimensat(aside.at(), aside.c_name(), times.data(), AT_SYMLINK_NOFOLLOW);
+  });
+  int error = LookAt(calls_, aside, made);
+  if (error == 0) error = names_.Rename(aside, to, made);
+  if (error != 0) names_.RemoveUncertain(aside);
+  return failed != 0 && error != 0 ? failed : error;
 }
 
-/// Somebody may have written to it, or put another in its place, while it was copied.
-int FileMove::RemoveSource(const Place& from, const FileIdentity& source) {
-  struct stat now;
-  if (calls_.fstatat(from.at(), from.c_name(), &now, AT_SYMLINK_NOFOLLOW) != 0) return errno;
-  if (IdentityOf(now) != source) return ESTALE;
-  return ErrorOf([&] { return calls_.unlinkat(from.at(), from.c_name(), 0); });
+/// Somebody may have written to it, or put another in its place, while it was copied. The copy goes
+/// again only while the source is seen to be there.
+int FileMove::RemoveSource(const Place& from, const Place& to, const CopyIdentities& copied) {
+  const Standing copy = StandingAt(calls_, to, copied.made);
+  const bool stands = copy == Standing::kThatFile;
+  const int error = stands ? names_.Remove(from, copied.source, Match::kUnwritten) : EBUSY;
+  if (error == 0) return 0;
+  const Standing source = StandingAt(calls_, from, copied.source);
+  if (stands && source == Standing::kNothing) return 0;
+  if (source == Standing::kThatFile) names_.Remove(to, copied.made, Match::kUnwritten);
+  return error;
 }

@@ -110,14 +110,15 @@ class FileSystem {
   virtual bool IsVeryFile(std::string_view path, const FileIdentity& file) = 0;
 
   /// Reads the whole folder `path` (with or without a closing separator) into `entries`; "" is the
-  /// root. The temporary files of an unfinished CopyFile are passed over. False when the folder
-  /// can't be read or when `go_on` asked to stop; `entries` then holds what was read so far.
+  /// root. What a living process has in the making is passed over; what a killed one left behind is
+  /// a file like any other. False when the folder can't be read or when `go_on` asked to stop;
+  /// `entries` then holds what was read so far.
   virtual bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) = 0;
 
   /// Renames or moves one file, folder or link; never onto an existing entry, unless that is the
   /// same directory entry under another letter case. Moving an entry onto itself is done when it
   /// is there. To another file system a regular file is copied whole and synced before the source
-  /// goes.
+  /// goes; if that was replaced in the meantime, what is there now stays, and the copy too.
   virtual bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) = 0;
 
   /// Copies what `from` is, or points to, if that is a regular file; never onto an existing entry.
@@ -130,7 +131,8 @@ class FileSystem {
   /// done.
   virtual bool DeleteMadeFile(std::string_view path, const FileIdentity& made) = 0;
 
-  /// Makes one folder level.
+  /// Makes one folder level; not done when anything has that name. What was expected at its path is
+  /// gone, so any folder may be there from now on.
   virtual bool CreateDirectory(std::string_view path) = 0;
 
   /// Deletes the folder at `path` only if it is empty and still the very folder `made`.

@@ -3,23 +3,16 @@
 #include <fcntl.h>
 #include <signal.h>
 
-#include <cstdlib>
 #include <utility>
 
+#include "platform/entry_names.h"
 #include "platform/file_copy.h"
 #include "platform/file_move.h"
 #include "platform/folder_handles.h"
 #include "platform/folder_listing.h"
 #include "platform/name_pattern.h"
-#include "platform/rename_no_replace.h"
 
 namespace {
-
-/// The answer upwards; the reason stays in errno for whoever looks into it.
-bool Done(int error) {
-  errno = error;
-  return error == 0;
-}
 
 class PosixFileSystem final : public FileSystem {
  public:
@@ -31,73 +24,67 @@ class PosixFileSystem final : public FileSystem {
 
   bool Exists(std::string_view path) override {
     const Place place = folders_.ForLook(path);
-    struct stat facts;
     if (!place || place.name.empty()) return false;
-    if (LStat(place, facts)) return true;
-    return HasWildcards(place.name) && AnyFits(place);
+    return IsThere(place) || (HasWildcards(place.name) && AnyFits(place));
   }
 
   std::optional<FileFacts> Look(std::string_view path) override {
     const Place place = folders_.ForLook(path);
-    struct stat facts;
     if (!place) return std::nullopt;
-    // "/" has no last name: it is the folder itself (AT_EMPTY_PATH, see stat(2)).
-    const int of_itself = place.name.empty() ? AT_EMPTY_PATH : 0;
-    if (calls_.fstatat(place.at(), place.c_name(), &facts, AT_SYMLINK_NOFOLLOW | of_itself) != 0) {
-      return std::nullopt;
-    }
+    // "/" has no last name: it is the folder itself (AT_EMPTY_PATH, see statx(2)).
+    struct statx facts;
+    const int error =
+        place.name.empty() ? LookInto(calls_, place.at(), facts) : LookAt(calls_, place, facts);
+    if (error != 0) return std::nullopt;
     const FileIdentity identity = IdentityOf(facts);
-    return FileFacts{S_ISDIR(facts.st_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
+    return FileFacts{S_ISDIR(facts.stx_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
                      identity.modified_ns};
   }
 
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
     const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
     if (!folder) return std::nullopt;
-    return FolderIdentity{folder->device, folder->inode, 0};
+    return folder->identity;
   }
 
-  void ExpectFolder(std::string_view, const FolderIdentity&) override {}
+  void ExpectFolder(std::string_view folder, const FolderIdentity& identity) override {
+    folders_.Expect(folder, identity);
+  }
 
   std::string ResolveFolder(std::string_view path) override {
     const std::size_t name = path.rfind('/') + 1;
-    const std::string folder(path.substr(0, name));
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.c_str(), nullptr),
-                                                               &std::free);
-    if (!resolved) return std::string(path);
-    std::string text = resolved.get();
-    if (!text.ends_with('/')) text += '/';
-    return text.append(path.substr(name));
+    const auto folder =
+        name == 0 ? nullptr : folders_.Open(path.substr(0, name), FolderHandles::Trust::kNow);
+    std::string resolved = folder ? folders_.PathOf(*folder) : std::string();
+    if (resolved.empty()) return std::string(path);
+    if (!resolved.ends_with('/')) resolved += '/';
+    return resolved.append(path.substr(name));
   }
 
   bool IsSameEntry(std::string_view a, std::string_view b) override {
-    const Place first = folders_.ForChange(a);
-    const Place second = folders_.ForChange(b);
-    struct stat facts;
+    const auto [first, second] = Places(a, b);
     if (!first || !second || !first.folder->IsSameAs(*second.folder)) return false;
-    if (first.name == second.name) return LStat(first, facts);
-    return move_.IsSameEntry(first, second);
+    if (first.name == second.name) return IsThere(first);
+    const NamePair names = CompareEntries(calls_, first, second);
+    return names == NamePair::kOneAsInFirst || names == NamePair::kOneAsInSecond;
   }
 
   bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
-    const Place place = folders_.ForLook(path);
-    struct stat facts;
-    return place && calls_.fstatat(place.at(), place.c_name(), &facts, 0) == 0 &&
-           IdentityOf(facts) == file;
+    const Place place = folders_.ForChange(path);
+    struct statx facts;
+    return place && LookAt(calls_, place, facts, true) == 0 && IdentityOf(facts) == file;
   }
 
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
     const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
-    if (!folder) {
-      entries = {};
-      return false;
-    }
-    return Done(ListFolder(calls_, *folder, go_on, entries));
+    if (folder) return Done(ListFolder(calls_, *folder, go_on, entries));
+    entries = {};
+    return Done(folders_.Problem());
   }
 
   bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) override {
     const auto [source, target] = Places(from, to);
-    if (!source || !target) return false;
+    if (!source || !target) return Done(folders_.Problem());
     const bool done = Done(move_.Move(source, target, go_on));
     if (done) folders_.Forget(from);
     return done;
@@ -106,7 +93,7 @@ class PosixFileSystem final : public FileSystem {
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                 CopyIdentities* copied) override {
     const auto [source, target] = Places(from, to);
-    if (!source || !target) return false;
+    if (!source || !target) return Done(folders_.Problem());
     CopyIdentities both;
     const int error = copy_.Copy(source, target, FileCopy::Purpose::kCopy, go_on, both);
     if (error == 0 && copied) *copied = both;
@@ -115,34 +102,63 @@ class PosixFileSystem final : public FileSystem {
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     const Place place = folders_.ForChange(path);
-    struct stat facts;
-    if (!place || !LStat(place, facts)) return false;
-    return Done(IdentityOf(facts) == made ? Unlink(place) : ESTALE);
+    if (!place) return Done(folders_.Problem());
+    const int error = names_.Remove(place, made, Match::kUnwritten);
+    return Done(error == kSourceChanged ? kNotTheCopy : error);
   }
 
   bool CreateDirectory(std::string_view path) override {
     const Place place = folders_.ForChange(path);
-    return place && Done(ErrorOf([&] { return ::mkdirat(place.at(), place.c_name(), 0777); }));
+    const bool done = Done(place ? MakeFolder(place) : folders_.Problem());
+    if (done) folders_.Unexpect(path);
+    return done;
   }
 
   bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
-    if (IdentifyFolder(path) != made) return false;
-    const Place place = folders_.ForChange(path);
-    return place &&
-           Done(ErrorOf([&] { return calls_.unlinkat(place.at(), place.c_name(), AT_REMOVEDIR); }));
+    const std::string_view entry = WithoutClosingSeparators(path);
+    const Place place = folders_.ForChange(entry);
+    if (!place) return Done(folders_.Problem());
+    const bool done = Done(RemoveFolder(entry, place, made));
+    if (done) folders_.Forget(entry);
+    return done;
   }
 
-  int Problem() const override { return errno; }
+  int Problem() const override { return problem_; }
 
   void LetFoldersGo() override { folders_.ForgetAll(); }
 
  private:
-  bool LStat(const Place& place, struct stat& facts) {
-    return calls_.fstatat(place.at(), place.c_name(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+  /// The answer upwards.
+  bool Done(int problem) {
+    if (problem != 0) problem_ = problem;
+    return problem == 0;
   }
 
-  int Unlink(const Place& place) {
-    return ErrorOf([&] { return calls_.unlinkat(place.at(), place.c_name(), 0); });
+  bool IsThere(const Place& place) {
+    struct statx facts;
+    return LookAt(calls_, place, facts) == 0;
+  }
+
+  /// An answer is not the fact: where nothing was, a folder is ours. But if the name was taken in
+  /// between, that is somebody else's folder.
+  int MakeFolder(const Place& place) {
+    struct statx facts;
+    const int looked = LookAt(calls_, place, facts);
+    if (looked != ENOENT) return looked == 0 ? EEXIST : looked;
+    const int error = ErrorOf([&] { return calls_.mkdirat(place.at(), place.c_name(), 0777); });
+    if (error == 0 || error == EEXIST) return error;
+    return LookAt(calls_, place, facts) == 0 && S_ISDIR(facts.stx_mode) ? 0 : error;
+  }
+
+  /// Only an empty folder is moved aside: nobody's files vanish from under a path for a moment.
+  int RemoveFolder(std::string_view path, const Place& place, const FolderIdentity& made) {
+    const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
+    if (!folder) return folders_.Problem();
+    if (folder->identity != made) return kFolderReplaced;
+    if (const int error = IsEmptyFolder(calls_, *folder)) return error;
+    const int error =
+        names_.Remove(place, {made.device, made.inode, 0, 0, made.born_ns}, Match::kSameFile);
+    return error == kSourceChanged ? kFolderReplaced : error;
   }
 
   bool AnyFits(const Place& place) {
@@ -168,9 +184,10 @@ class PosixFileSystem final : public FileSystem {
 
   const Syscalls calls_;
   FolderHandles folders_{calls_};
-  RenameNoReplace rename_{calls_};
-  FileCopy copy_{calls_, rename_};
-  FileMove move_{calls_, rename_, copy_};
+  EntryNames names_{calls_};
+  FileCopy copy_{calls_, names_};
+  FileMove move_{calls_, names_, copy_};
+  int problem_ = 0;
 };
 
 }  // namespace

@@ -5,6 +5,5 @@
 #include "platform/files.h"
 #include "platform/syscalls.h"
 
-/// As MakePosixFileSystem(), with these calls instead of the machine's. An operation that is not
-/// done leaves its reason in errno.
+/// As MakePosixFileSystem(), with these calls instead of the machine's.
 std::unique_ptr<FileSystem> MakePosixFileSystem(Syscalls calls);

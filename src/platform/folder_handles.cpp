@@ -4,8 +4,10 @@
 #include <limits.h>
 #include <time.h>
 
-#include <cstring>
+#include <algorithm>
 #include <utility>
+
+#include "platform/entry_facts.h"
 
 namespace {
 
@@ -18,12 +20,18 @@ std::int64_t CoarseMilliseconds() {
   return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
 }
 
+/// Whether the path `folder` is `top` or below it; neither has a closing separator.
+bool IsAtOrBelow(std::string_view folder, std::string_view top) {
+  return folder.starts_with(top) &&
+         (folder.size() == top.size() || top.ends_with('/') || folder[top.size()] == '/');
+}
+
+}  // namespace
+
 std::string_view WithoutClosingSeparators(std::string_view folder) {
   while (folder.size() > 1 && folder.back() == '/') folder.remove_suffix(1);
   return folder;
 }
-
-}  // namespace
 
 SplitPath Split(std::string_view path) {
   const std::size_t slash = path.rfind('/');
@@ -34,7 +42,7 @@ SplitPath Split(std::string_view path) {
 Place FolderHandles::PlaceOf(std::string_view path, Trust trust) {
   const SplitPath split = Split(path);
   if (split.name.find('\0') != std::string_view::npos) {
-    errno = EINVAL;
+    problem_ = EINVAL;
     return {};
   }
   Place place;
@@ -51,7 +59,7 @@ std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust
 
   std::string wanted(path);
   if (wanted.find('\0') != std::string::npos) {
-    errno = EINVAL;
+    problem_ = EINVAL;
     return nullptr;
   }
   std::shared_ptr<const Folder> opened = OpenAnew(wanted);
@@ -66,26 +74,67 @@ std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust
 bool FolderHandles::StillThere(Kept& kept, Trust trust) {
   const std::int64_t now = CoarseMilliseconds();
   if (trust == Trust::kRecent && now - kept.compared_ms < kTrustMs) return true;
-  struct stat facts;
-  if (kept.path.size() >= PATH_MAX || calls_.fstatat(AT_FDCWD, kept.path.c_str(), &facts, 0) != 0) {
-    return false;
-  }
+  if (kept.path.size() >= PATH_MAX || !LeadsTo(kept.path, *kept.folder)) return false;
   kept.compared_ms = now;
-  return facts.st_dev == kept.folder->device && facts.st_ino == kept.folder->inode;
+  return true;
+}
+
+bool FolderHandles::LeadsTo(const std::string& path, const Folder& folder) {
+  struct statx facts;
+  const auto look = [&] {
+    return calls_.statx(AT_FDCWD, path.c_str(), 0, STATX_INO | STATX_BTIME, &facts);
+  };
+  return Uninterrupted(look) == 0 && FolderIdentityOf(facts) == folder.identity;
+}
+
+/// The link of an open handle shows its path, and of a deleted folder some text (proc(5)).
+std::string FolderHandles::PathOf(const Folder& folder) {
+  const std::string link = "/proc/self/fd/" + std::to_string(folder.handle.get());
+  std::string path(PATH_MAX, '\0');
+  const ssize_t size = Uninterrupted(
+      [&] { return calls_.readlinkat(AT_FDCWD, link.c_str(), path.data(), path.size()); });
+  path.resize(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+  return path.starts_with('/') && LeadsTo(path, folder) ? path : std::string();
+}
+
+const FolderHandles::Expected::value_type* FolderHandles::DeepestExpected(
+    std::string_view path) const {
+  if (expected_.empty()) return nullptr;
+  for (;;) {
+    const auto found = expected_.find(path);
+    if (found != expected_.end()) return &*found;
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string_view::npos || path.size() == 1) return nullptr;
+    path = WithoutClosingSeparators(path.substr(0, slash + 1));
+  }
 }
 
 std::shared_ptr<const Folder> FolderHandles::OpenAnew(const std::string& path) {
+  const Expected::value_type* expected = DeepestExpected(path);
+  if (expected == nullptr) return OpenFrom(AT_FDCWD, path);
+  std::shared_ptr<const Folder> folder = OpenFrom(AT_FDCWD, expected->first);
+  if (folder && folder->identity != expected->second) {
+    problem_ = kFolderReplaced;
+    return nullptr;
+  }
+  const std::size_t rest = path.find_first_not_of('/', expected->first.size());
+  if (!folder || rest == std::string::npos) return folder;
+  return OpenFrom(folder->handle.get(), path.substr(rest));
+}
+
+/// `path` begins at the open folder `start`, unless it is absolute.
+std::shared_ptr<const Folder> FolderHandles::OpenFrom(int start, const std::string& path) {
   auto folder = std::make_shared<Folder>();
-  folder->handle = Walk(path);
-  struct stat facts;
-  if (!folder->handle || calls_.fstat(folder->handle.get(), &facts) != 0) return nullptr;
-  folder->device = facts.st_dev;
-  folder->inode = facts.st_ino;
+  folder->handle = Walk(start, path);
+  struct statx facts;
+  problem_ = folder->handle ? LookInto(calls_, folder->handle.get(), facts) : errno;
+  if (problem_ != 0) return nullptr;
+  folder->identity = FolderIdentityOf(facts);
   return folder;
 }
 
 /// A call takes at most PATH_MAX - 1 bytes (path_resolution(7)); a longer path is walked in pieces.
-FileHandle FolderHandles::Walk(const std::string& path) {
+FileHandle FolderHandles::Walk(int start, const std::string& path) {
   std::size_t begin = 0;
   FileHandle reached;
   while (path.size() - begin >= PATH_MAX) {
@@ -95,35 +144,49 @@ FileHandle FolderHandles::Walk(const std::string& path) {
       return {};
     }
     const std::string piece = path.substr(begin, slash - begin);
-    reached = FileHandle(OpenStep(begin == 0 ? AT_FDCWD : reached.get(), piece.c_str()));
+    reached = FileHandle(OpenStep(begin == 0 ? start : reached.get(), piece.c_str()));
     if (!reached) return {};
     begin = path.find_first_not_of('/', slash);
     if (begin == std::string::npos) return reached;
   }
-  return FileHandle(OpenStep(begin == 0 ? AT_FDCWD : reached.get(), path.c_str() + begin));
+  return FileHandle(OpenStep(begin == 0 ? start : reached.get(), path.c_str() + begin));
 }
 
 int FolderHandles::OpenStep(int at, const char* path) {
   const auto open = [&] { return calls_.openat(at, path, O_PATH | O_DIRECTORY | O_CLOEXEC, 0); };
   int fd = Uninterrupted(open);
   if (fd == -1 && (errno == EMFILE || errno == ENFILE)) {
-    ForgetAll();
+    LetHandlesGo();
     fd = Uninterrupted(open);
   }
   return fd;
 }
 
+void FolderHandles::Expect(std::string_view folder, const FolderIdentity& identity) {
+  const std::string path(folder.empty() ? "/" : WithoutClosingSeparators(folder));
+  const auto [entry, is_new] = expected_.try_emplace(path, identity);
+  if (!is_new && entry->second == identity) return;
+  entry->second = identity;
+  Forget(path);
+}
+
+void FolderHandles::Unexpect(std::string_view path) {
+  const auto found = expected_.find(WithoutClosingSeparators(path));
+  if (found != expected_.end()) expected_.erase(found);
+}
+
 void FolderHandles::Forget(std::string_view path) {
-  const std::string_view entry = WithoutClosingSeparators(path);
+  const std::string_view top = WithoutClosingSeparators(path);
   for (Kept& kept : kept_) {
-    const std::string_view folder = kept.path;
-    if (folder.substr(0, entry.size()) == entry &&
-        (folder.size() == entry.size() || folder[entry.size()] == '/')) {
-      kept = {};
-    }
+    if (IsAtOrBelow(kept.path, top)) kept = {};
   }
 }
 
-void FolderHandles::ForgetAll() {
+void FolderHandles::LetHandlesGo() {
   for (Kept& kept : kept_) kept = {};
+}
+
+void FolderHandles::ForgetAll() {
+  LetHandlesGo();
+  expected_.clear();
 }

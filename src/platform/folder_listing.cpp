@@ -37,13 +37,16 @@ EntryKind KindOf(const Syscalls& calls, int folder, const Record& record) {
     return record.type == DT_DIR ? EntryKind::kFolder : EntryKind::kFile;
   }
   // Some file systems don't tell (readdir(3)). What vanished meanwhile fails later, as a file.
-  struct stat facts;
-  const bool looked = calls.fstatat(folder, record.name, &facts, AT_SYMLINK_NOFOLLOW) == 0;
-  return looked && S_ISDIR(facts.st_mode) ? EntryKind::kFolder : EntryKind::kFile;
+  struct statx facts;
+  const bool looked =
+      Uninterrupted([&] {
+        return calls.statx(folder, record.name, AT_SYMLINK_NOFOLLOW, STATX_TYPE, &facts);
+      }) == 0;
+  return looked && S_ISDIR(facts.stx_mode) ? EntryKind::kFolder : EntryKind::kFile;
 }
 
-bool IsPassedOver(std::string_view name) {
-  return name == "." || name == ".." || IsTemporaryName(name);
+bool IsItselfOrParent(std::string_view name) {
+  return name == "." || name == "..";
 }
 
 /// One string for the names of one piece; it is reserved at once, so that its bytes never move.
@@ -53,7 +56,7 @@ void Append(const Syscalls& calls, int folder, const char* buffer, std::size_t f
   names.reserve(filled);
   ForEachRecord(buffer, filled, [&](const Record& record) {
     const std::string_view name = record.name;
-    if (IsPassedOver(name)) return;
+    if (IsItselfOrParent(name) || IsInTheMaking(calls, name)) return;
     const std::size_t begin = names.size();
     names += name;
     entries.entries.push_back(
@@ -97,4 +100,13 @@ int IsListed(const Syscalls& calls, const Folder& folder, std::string_view name)
     return !found;
   });
   return found ? 0 : error == 0 ? ENOENT : error;
+}
+
+int IsEmptyFolder(const Syscalls& calls, const Folder& folder) {
+  bool empty = true;
+  const int error = ReadFolder(calls, folder, [&](int, const char* buffer, std::size_t filled) {
+    ForEachRecord(buffer, filled, [&](const Record& r) { empty &= IsItselfOrParent(r.name); });
+    return empty;
+  });
+  return empty ? error : ENOTEMPTY;
 }

@@ -13,13 +13,16 @@
 struct Syscalls {
   std::function<int(int, const char*, int, mode_t)> openat;
   std::function<int(int)> close;
-  std::function<int(int, const char*, struct stat*, int)> fstatat;
-  std::function<int(int, struct stat*)> fstat;
+  std::function<int(int)> dup;  ///< fcntl F_DUPFD_CLOEXEC
+  std::function<int(int, const char*, int, unsigned, struct statx*)> statx;
+  std::function<ssize_t(int, const char*, char*, std::size_t)> readlinkat;
   std::function<ssize_t(int, void*, std::size_t)> getdents;
   std::function<int(int, const char*, int, const char*, unsigned)> renameat2;
   std::function<int(int, const char*, int, const char*)> renameat;
   std::function<int(int, const char*, int, const char*, int)> linkat;
   std::function<int(int, const char*, int)> unlinkat;
+  std::function<int(int, const char*, mode_t)> mkdirat;
+  std::function<int(const char*, int, const char*)> symlinkat;
   std::function<int(int, int)> clone;  ///< ioctl FICLONE: into the first, from the second
   std::function<ssize_t(int, off_t*, int, off_t*, std::size_t)> copy_file_range;
   std::function<off_t(int, off_t, int)> lseek;
@@ -27,9 +30,16 @@ struct Syscalls {
   std::function<ssize_t(int, const void*, std::size_t, off_t)> pwrite;
   std::function<int(int, off_t)> ftruncate;
   std::function<int(int)> fsync;
+  std::function<int(int)> syncfs;
+  std::function<int(int, uid_t, gid_t)> fchown;
   std::function<int(int, mode_t)> fchmod;
+  std::function<ssize_t(int, char*, std::size_t)> flistxattr;
+  std::function<ssize_t(int, const char*, void*, std::size_t)> fgetxattr;
   std::function<int(int, const char*, const void*, std::size_t)> fsetxattr;
+  std::function<int(int, const char*)> fremovexattr;
   std::function<int(int, const struct timespec*)> futimens;
+  std::function<int(int, const char*, const struct timespec*, int)> utimensat;
+  std::function<int(pid_t, int)> kill;
 };
 
 /// The calls of this machine.

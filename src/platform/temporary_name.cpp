@@ -1,8 +1,10 @@
 #include "platform/temporary_name.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <charconv>
 
 namespace {
 
@@ -17,6 +19,18 @@ bool TakeDigits(std::string_view& rest) {
   return true;
 }
 
+/// The process number in a temporary name; 0 in every other name, and where no process can have it.
+pid_t MakerOf(std::string_view name) {
+  if (!name.starts_with(kHead)) return 0;
+  name.remove_prefix(kHead.size());
+  const std::string_view number = name;
+  if (!TakeDigits(name) || !name.starts_with('-')) return 0;
+  name.remove_prefix(1);
+  pid_t maker = 0;
+  const auto read = std::from_chars(number.data(), number.data() + number.size(), maker);
+  return read.ec == std::errc() && TakeDigits(name) && name == kTail ? maker : 0;
+}
+
 }  // namespace
 
 std::string NextTemporaryName() {
@@ -29,10 +43,12 @@ std::string NextTemporaryName() {
   return name;
 }
 
-bool IsTemporaryName(std::string_view name) {
-  if (!name.starts_with(kHead)) return false;
-  name.remove_prefix(kHead.size());
-  if (!TakeDigits(name) || !name.starts_with('-')) return false;
-  name.remove_prefix(1);
-  return TakeDigits(name) && name == kTail;
+bool IsOwnTemporaryName(std::string_view name) {
+  return MakerOf(name) == ::getpid();
+}
+
+/// kill(2): signal 0 only asks; EPERM says that it lives and is another user's.
+bool IsInTheMaking(const Syscalls& calls, std::string_view name) {
+  const pid_t maker = MakerOf(name);
+  return maker > 0 && (calls.kill(maker, 0) == 0 || errno == EPERM);
 }

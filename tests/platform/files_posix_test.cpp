@@ -1,6 +1,7 @@
 #include "platform/files_posix.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <set>
 #include <string>
@@ -38,59 +39,28 @@ TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
   folder.Write("a?b", "");
   folder.Write("x\xC3\xA9.txt", "");
   folder.Write("line\nbreak\\ -\xFF. ", "");
-  struct {
-    std::string name;
-    bool expected;
-  } const table[] = {
-      {"file", true},
-      {"sub", true},
-      {"dangling", true},
-      {"loop", true},
-      {"a?b", true},
-      {"x?.txt", true},
-      {"x??.txt", false},
-      {"*.txt", true},
-      {"*.TXT", false},
-      {"*", true},
-      {"none*", false},
-      {"none", false},
-      {"", false},
-      {"sub/", false},
-      {"file/below", false},
-      {"loop/below", false},
-      {"none/*", false},
-      {"sub/*", false},
-      {std::string(300, 'n'), false},
-      {std::string("file\0x", 6), false},
-      {"line\nbreak\\ -\xFF. ", true},
-  };
-  for (const auto& row : table) {
-    EXPECT_EQ(files->Exists(folder / row.name), row.expected) << row.name;
+  for (const char* name : {"file", "sub", "dangling", "loop", "a?b", "x?.txt", "*.txt", "*",
+                           "line\nbreak\\ -\xFF. "}) {
+    EXPECT_TRUE(files->Exists(folder / name)) << name;
+  }
+  for (const std::string& name :
+       {std::string("x??.txt"), std::string("*.TXT"), std::string("none*"), std::string("none"),
+        std::string(), std::string("sub/"), std::string("file/below"), std::string("loop/below"),
+        std::string("none/*"), std::string("sub/*"), std::string(300, 'n'),
+        std::string("file\0x", 6)}) {
+    EXPECT_FALSE(files->Exists(folder / name)) << name;
   }
 }
 
 TEST(NamePattern, FitsWholeNamesByCharacter) {
-  struct {
-    const char* name;
-    const char* pattern;
-    bool expected;
-  } const table[] = {
-      {"abcabd", "*abd", true},
-      {"abc", "a*c*", true},
-      {"abc", "ab", false},
-      {"", "*", true},
-      {"", "?", false},
-      {"a", "a?", false},
-      {"\xF0\x9F\x98\x80", "?", true},
-      {"\xFFz", "?z", true},
-      {"\xC3z", "??", true},
-      {"\xC3", "?", true},
-      {"aXbXc", "a*X?", true},
-      {"[a]", "[a]", true},
-  };
-  for (const auto& row : table) {
-    EXPECT_EQ(FitsPattern(row.name, row.pattern), row.expected) << row.name << ' ' << row.pattern;
-  }
+  using Pairs = std::vector<std::pair<const char*, const char*>>;
+  const Pairs fitting = {
+      {"abcabd", "*abd"}, {"abc", "a*c*"}, {"", "*"},     {"\xF0\x9F\x98\x80", "?"},
+      {"\xFFz", "?z"},    {"\xC3z", "??"}, {"\xC3", "?"}, {"aXbXc", "a*X?"},
+      {"[a]", "[a]"}};
+  for (const auto& [name, pattern] : fitting) EXPECT_TRUE(FitsPattern(name, pattern)) << pattern;
+  const Pairs others = {{"abc", "ab"}, {"", "?"}, {"a", "a?"}};
+  for (const auto& [name, pattern] : others) EXPECT_FALSE(FitsPattern(name, pattern)) << pattern;
 }
 
 TEST_F(PosixFiles, LooksAtTheEntryItself) {
@@ -108,17 +78,25 @@ TEST_F(PosixFiles, LooksAtTheEntryItself) {
   EXPECT_FALSE(files->Look(folder / "none"));
 }
 
-TEST_F(PosixFiles, ListsAllButWhatIsUnfinished) {
-  for (const char* name : {".hidden", ".qv-12-3.part", ".qv-12-3.partly", ".qv--3.part",
-                           ".qv-12-.part", "bad\xFF", "new\nline"}) {
+TEST_F(PosixFiles, ListsAllButWhatALivingProcessHasInTheMaking) {
+  const pid_t dead = ::fork();
+  if (dead == 0) ::_exit(0);
+  ASSERT_EQ(::waitpid(dead, nullptr, 0), dead);
+  const std::string left = ".qv-" + std::to_string(dead) + "-1.part";
+  const std::string living = ".qv-" + std::to_string(::getpid()) + "-1.part";
+  for (const std::string name :
+       {".hidden", living.c_str(), left.c_str(), ".qv-0-1.part", ".qv-99999999999-1.part",
+        ".qv--3.part", ".qv-12-.part", "bad\xFF", "new\nline"}) {
     folder.Write(name, "");
   }
+  folder.Write(living + "ly", "");
   folder.MakeFolder("sub");
   folder.MakeLink("to sub", folder / "sub");
   ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
-  const std::set<std::string> expected = {".hidden",      ".qv-12-3.partly", ".qv--3.part",
-                                          ".qv-12-.part", "bad\xFF",         "new\nline",
-                                          "/sub",         "to sub",          "fifo"};
+  const std::set<std::string> expected = {
+      ".hidden",     left,           living + "ly", ".qv-0-1.part", ".qv-99999999999-1.part",
+      ".qv--3.part", ".qv-12-.part", "bad\xFF",     "new\nline",    "/sub",
+      "to sub",      "fifo"};
   EXPECT_EQ(Listed(folder.path()), expected);
   EXPECT_EQ(Listed(folder / ""), expected);
   FolderEntries all;
@@ -202,18 +180,86 @@ TEST_F(PosixFiles, DeleteOnlyWhatIsMeant) {
   folder.MakeFolder("sub");
   CopyIdentities copied;
   ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
+  EXPECT_TRUE(files->IsVeryFile(folder / "file", copied.source));
   EXPECT_FALSE(files->DeleteMadeFile(folder / "file", copied.made));
+  EXPECT_EQ(files->Problem(), kNotTheCopy);
   folder.Write("copy", "written to since");
+  EXPECT_FALSE(files->IsVeryFile(folder / "copy", copied.made));
   EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", copied.made));
+  ASSERT_EQ(::unlink((folder / "copy").c_str()), 0);
+  folder.MakeLink("copy", "file");
+  EXPECT_TRUE(files->IsVeryFile(folder / "copy", copied.source));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", copied.source));  // a link is not the file
   ASSERT_EQ(::unlink((folder / "copy").c_str()), 0);
   ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
   EXPECT_TRUE(files->DeleteMadeFile(folder / "copy", copied.made));
-  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "sub"}));
+
+  EXPECT_FALSE(files->CreateDirectory(folder / "sub"));
+  EXPECT_EQ(files->Problem(), EEXIST);
+  const FolderIdentity made = *files->IdentifyFolder(folder / "sub/");
+  folder.MakeFolder("other");
+  folder.Write("sub/in use", "");
+  EXPECT_FALSE(files->DeleteMadeFolder(folder / "sub", made));
+  EXPECT_EQ(files->Problem(), ENOTEMPTY);
+  EXPECT_FALSE(files->DeleteMadeFolder(folder / "other", made));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "other", "sub"}));
+  ASSERT_EQ(::unlink((folder / "sub/in use").c_str()), 0);
+  EXPECT_TRUE(files->DeleteMadeFolder(folder / "sub/", made));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "other"}));
 }
 
-TEST_F(PosixFiles, CreateOneFolderLevel) {
-  EXPECT_TRUE(files->CreateDirectory(folder / "new"));
-  EXPECT_FALSE(files->CreateDirectory(folder / "new"));
-  EXPECT_FALSE(files->CreateDirectory(folder / "none/new"));
-  EXPECT_EQ(folder.List(), (std::vector<std::string>{"new"}));
+TEST(ExpectedFolders, AreTheOnlyOnesThatAnythingHappensIn) {
+  for (const bool by_link : {false, true}) {
+    for (const bool used : {false, true}) {
+      TempFolder folder;
+      const auto files = MakePosixFileSystem();
+      CopyIdentities copied;
+      for (const char* name : {"out", "out/deep", "other", "other/deep"}) folder.MakeFolder(name);
+      for (const char* name : {"a", "out/deep/file", "other/deep/file"}) folder.Write(name, "x");
+      ASSERT_TRUE(files->CopyFile(folder / "a", folder / "other/deep/copy", {}, &copied));
+      const FolderIdentity other = *files->IdentifyFolder(folder / "other");
+      files->ExpectFolder(folder / "out/", *files->IdentifyFolder(folder / "out"));
+      files->ExpectFolder(folder.path(), *files->IdentifyFolder(folder / ""));
+      EXPECT_TRUE(!used || files->Exists(folder / "out/deep/file"));
+      ASSERT_EQ(::rename((folder / "out").c_str(), (folder / "moved").c_str()), 0);
+      if (by_link) folder.MakeLink("out", "other");  // which no folder can replace
+      EXPECT_EQ(by_link, ::rename((folder / "other").c_str(), (folder / "out").c_str()) != 0);
+      const std::string deep = folder / "out//deep/";
+      const std::function<bool()> operations[] = {
+          [&] { return files->MoveFile(deep + "file", folder / "b", {}); },
+          [&] { return files->MoveFile(folder / "a", deep + "b", {}); },
+          [&] { return files->CopyFile(folder / "a", deep + "b", {}, nullptr); },
+          [&] { return files->CopyFile(deep + "file", folder / "b", {}, nullptr); },
+          [&] { return files->DeleteMadeFile(deep + "copy", copied.made); },
+          [&] { return files->CreateDirectory(deep + "new"); },
+          [&] { return files->DeleteMadeFolder(folder / "out", other); }};
+      for (const auto& operation : operations) {
+        EXPECT_FALSE(operation());
+        EXPECT_EQ(files->Problem(), kFolderReplaced);
+      }
+      EXPECT_FALSE(files->IsSameEntry(deep + "file", deep + "file"));
+      EXPECT_FALSE(files->IsVeryFile(deep + "copy", copied.made));
+      EXPECT_EQ(folder.List("out/deep"), (std::vector<std::string>{"copy", "file"}));
+      EXPECT_TRUE(files->MoveFile(folder / "a", folder / "b", {}));  // all else goes on
+      files->LetFoldersGo();
+      EXPECT_TRUE(files->MoveFile(folder / "b", deep + "b", {}));
+    }
+  }
+}
+
+TEST_F(PosixFiles, KnowOneEntryByWhateverPath) {
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", "sub");
+  folder.Write("sub/a", "A");
+  ASSERT_EQ(::link((folder / "sub/a").c_str(), (folder / "sub/hard").c_str()), 0);
+  const std::string real = std::filesystem::canonical(folder.path()).string() + "/sub/";
+  EXPECT_EQ(files->ResolveFolder(folder / "to sub/../to sub//./x?/"),
+            folder / "to sub/../to sub//./x?/");
+  EXPECT_EQ(files->ResolveFolder(folder / "to sub/../to sub//./x?"), real + "x?");
+  EXPECT_EQ(files->ResolveFolder("/x"), "/x");
+  EXPECT_EQ(files->ResolveFolder("x"), "x");
+  EXPECT_TRUE(files->IsSameEntry(folder / "to sub/a", folder / "sub/../sub//a"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/hard"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/A"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/none", folder / "sub/none"));
 }

@@ -19,12 +19,14 @@ class RunOnDisk : public testing::Test {
  protected:
   void Add(const std::string& name) { folder.Write(name, name); }
 
-  void Scan() {
+  void Scan() { ScanFolder(folder.path() + "/"); }
+
+  void ScanFolder(const std::string& path) {
     records.DeleteAll();
     state.gFileCount = 0;
     LongPass pass(0, state, events, clock);
     mScanCD::Scan({"", "", true}, records, state, *files, clock, types, pass)
-        .ShowDir3_FillPreview("in", folder.path() + "/");
+        .ShowDir3_FillPreview("in", path);
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].newFileName = records[i].sourceFileName;
     }
@@ -41,11 +43,13 @@ class RunOnDisk : public testing::Test {
   void Run(const OutputOptions& output = {}) {
     RunReports reports;
     RenameRun(output, records, state, *files, events, clock, reports).RunRename();
+    files->LetFoldersGo();
   }
 
   std::size_t Undo() {
     RunReports reports;
     UndoRun(records, state, *files, events, clock, reports).Undo();
+    files->LetFoldersGo();
     return reports.gFailureReport.size();
   }
 
@@ -146,6 +150,55 @@ TEST_F(RunOnDisk, CopiesNoFifoAndDoesNotWaitForIt) {
   Run({kCopyTo, out.path() + "/", false, folder.path() + "/"});
   EXPECT_EQ(MarkOf("fifo"), 'F');
   EXPECT_TRUE(out.List().empty());
+}
+
+TEST_F(RunOnDisk, TouchesNothingInAFolderThatTookThePlaceOfAnother) {
+  // Another folder, or a link to one, comes to `place` before or in the run, or before its undo.
+  const struct {
+    const char* what;
+    int mode;
+    const char* place;
+    int at_event;  ///< of the run; 0 is after it
+    const char* marks;
+  } table[] = {{"source", kUseSourceFolder, "in", 1, "FFF"},
+               {"source in the run", kUseSourceFolder, "in", 2, "DFF"},
+               {"output of copies", kCopyTo, "out", 2, "DFF"},
+               {"output of moves", kMoveTo, "out", 3, "DDF"},
+               {"output before undo", kMoveTo, "out", 0, "DDD"},
+               {"source before undo", kUseSourceFolder, "in", 0, "DDD"}};
+  for (const auto& row : table) {
+    for (const bool link : {false, true}) {
+      SCOPED_TRACE(std::string(row.what) + (link ? ", a link" : ""));
+      const TempFolder tree;
+      for (const char* name : {"in", "out", "other"}) tree.MakeFolder(name);
+      for (const char* name : {"a", "b", "c"}) tree.Write(std::string("in/") + name, name);
+      for (const char* name : {"a", "b", "x"}) tree.Write(std::string("other/") + name, "stranger");
+      ScanFolder(tree / "in/");
+      Plan({{"a", "x"}, {"b", "y"}, {"c", "z"}});
+      const auto replace = [&] {
+        std::filesystem::rename(tree / row.place, tree / "away");
+        if (link) tree.MakeLink(row.place, tree / "other");
+        if (!link) std::filesystem::rename(tree / "other", tree / row.place);
+      };
+      events.count = 0;
+      events.on_events = [&] {
+        if (events.count == row.at_event) replace();
+      };
+      Run({row.mode, tree / "out/", false, tree / "in/"});
+      std::string marks;
+      for (std::size_t i = 0; i < records.Count(); ++i) marks += MarkText(records[i].mark)[0];
+      EXPECT_EQ(marks, row.marks);
+      if (row.at_event == 0) {
+        replace();
+        EXPECT_EQ(Undo(), 3u);
+      } else {
+        EXPECT_EQ(records[2].problem, kFolderReplaced);
+      }
+      const std::string other = link ? "other" : row.place;
+      EXPECT_EQ(tree.List(other), (std::vector<std::string>{"a", "b", "x"}));
+      for (const char* name : {"/a", "/b", "/x"}) EXPECT_EQ(tree.Read(other + name), "stranger");
+    }
+  }
 }
 
 TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
