@@ -63,8 +63,18 @@ StoreProblem ExamineLock(const QString& path) {
   return Problem("In the place of the lock of the settings is no file", lock, EEXIST);
 }
 
+/// No settings of ours come near it, and QSettings takes seconds for more.
+bool IsTooLarge(const QString& path) {
+  constexpr qint64 kMostBytes = 8 * 1024 * 1024;
+  return QFileInfo(path).size() > kMostBytes;
+}
+
 StoreProblem Read(const QString& path, QByteArray& content) {
   if (StoreProblem problem = ExaminePlace(path)) return problem;
+  if (IsTooLarge(path)) {
+    content = QByteArray(1, '\0');  // not sound, whatever is in it
+    return {};
+  }
   const QByteArray name = QFile::encodeName(path);
   const FileHandle handle(::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   if (!handle && errno == ENOENT) return {};
@@ -136,7 +146,7 @@ QString SettingsPath() {
 }
 
 QtSettingsStore::QtSettingsStore(const QString& path) : path_(path) {
-  if (!ExaminePlace(path_)) file_.emplace(path_, QSettings::NativeFormat);
+  if (!ExaminePlace(path_) && !IsTooLarge(path_)) file_.emplace(path_, QSettings::NativeFormat);
 }
 
 bool QtSettingsStore::Holds(const QString& name) const {
@@ -197,6 +207,7 @@ StoreProblem QtSettingsStore::Write() {
     return Problem("The settings file is damaged, and no copy of it can be kept", path_,
                    ErrorOfWriting(path_, size));
   }
+  if (IsTooLarge(path_)) QFile::resize(path_, 0);  // its copy is kept
   file_.emplace(path_, QSettings::NativeFormat);
   // The status of an object stays bad for ever, and a damaged file that it reads makes it so; that
   // of a second object over the same file tells of this write alone.

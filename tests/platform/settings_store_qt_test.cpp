@@ -197,6 +197,7 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
       {good + "SourceFolderPath=/ho", "0", true},
       {good + "[Conflic\n", "0", true},
       {std::string(300, '\0'), "(none)", true},
+      {good + "x=" + std::string(9 << 20, ',') + "\n", "(none)", true},
       {std::string("\x89PNG\r\n\x1A\n\xFF\xFE=\n", 12), "(none)", true},
   };
   for (const auto& row : table) {
@@ -204,9 +205,9 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
     config.MakeFolder("Quorvane");
     config.Write(kFile, row.content);
     QtSettingsStore store(FileIn(config));
-    EXPECT_EQ(static_cast<bool>(store.ReadProblem()), row.damaged) << row.content;
+    EXPECT_EQ(static_cast<bool>(store.ReadProblem()), row.damaged) << row.content.substr(0, 99);
     EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
-    EXPECT_EQ(config.Read(kFile), row.content) << "reading changes nothing";
+    EXPECT_TRUE(config.Read(kFile) == row.content) << "reading changes nothing";
 
     store.SaveSetting("Conflicts", "NumberLeft", "(");
     EXPECT_EQ(store.Flush().text, "");
@@ -214,7 +215,7 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
     EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
     EXPECT_EQ(store.GetSetting("Conflicts", "NumberLeft"), "(");
     const std::string copy = std::string(kFile) + ".damaged";
-    EXPECT_EQ(config.Read(copy), row.damaged ? std::optional(row.content) : std::nullopt);
+    EXPECT_TRUE(config.Read(copy) == (row.damaged ? std::optional(row.content) : std::nullopt));
   }
 }
 
