@@ -57,7 +57,7 @@ class FileRow {
   std::int16_t RowTag = 0;     ///< 1 once the row's operation succeeded in a run, else empty (0)
   std::int8_t mode = -1;       ///< item 12: output mode when the row was processed, -1 is empty
   Mark mark = Mark::kWaiting;  ///< item 6
-  std::int16_t problem = 0;    ///< why the last operation failed: errno, a FileProblem, or 0
+  std::int16_t problem = 0;    ///< why its run or undo failed: errno, a FileProblem, or 0
   bool checked = true;         ///< item 4
 
   /// Item 9, the name before the run touched the file; empty until then.

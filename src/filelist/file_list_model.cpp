@@ -23,9 +23,8 @@ constexpr ColumnFacts kColumns[kColumnCount] = {
     {"New file name", Qt::AlignLeft | Qt::AlignVCenter},
 };
 
-/// Why the file failed; empty when it didn't, or when that isn't known.
+/// Why the row failed in the run, or could not be undone; empty when it didn't.
 QString ReasonOf(const FileRow& row) {
-  if (row.mark != Mark::kFailed) return {};
   return text::Shown(mCommon::ProblemText(row.problem));
 }
 
@@ -34,7 +33,9 @@ QString ReasonOf(const FileRow& row) {
 QString DescribeRow(const FileRow& row) {
   static const QString kStates[] = {QStringLiteral("waiting"), QStringLiteral("done"),
                                     QStringLiteral("failed"), QStringLiteral("waiting")};
-  const QString state = kStates[static_cast<int>(row.mark)];
+  const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
+  const QString state =
+      not_undone ? QStringLiteral("not undone") : kStates[static_cast<int>(row.mark)];
   QStringList more;
   if (!row.checked) more += QStringLiteral("not checked");
   if (!row.newFileName.empty()) {

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/syscalls.h"
 
+struct Folder;
 struct Place;
 
 std::uint64_t DeviceOf(const struct statx& facts);
@@ -28,6 +29,10 @@ int LookAt(const Syscalls& calls, const Place& place, struct statx& facts, bool 
 /// Asks for the facts of what is open as `handle`. 0 or errno.
 int LookInto(const Syscalls& calls, int handle, struct statx& facts);
 
+/// Whether an open folder is the one that was seen before. Where inode numbers don't stay, its time
+/// of birth tells.
+bool IsExpectedFolder(const Syscalls& calls, const Folder& folder, const FolderIdentity& expected);
+
 /// What stands under a name, seen from one file.
 enum class Standing : std::uint8_t { kNothing, kThatFile, kAnother, kUnknown };
 Standing StandingAt(const Syscalls& calls, const Place& place, const FileIdentity& file);
@@ -40,5 +45,9 @@ enum class NamePair : std::uint8_t {
   kOneAsInSecond,  ///< one entry, listed under the second name
 };
 
-/// Both names are in `first.folder`, and differ.
+/// Whether the two names of one folder, which differ, lead to one entry. A file that has no second
+/// link needs no look into the folder for that.
+bool AreOneEntry(const Syscalls& calls, const Place& first, const Place& second);
+
+/// Both names are in `first.folder`, and differ. Lists the folder if they lead to one file.
 NamePair CompareEntries(const Syscalls& calls, const Place& first, const Place& second);

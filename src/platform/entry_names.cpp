@@ -71,18 +71,12 @@ int EntryNames::RenameBy(Ways ways, const Place& from, const Place& to,
   return fallback;
 }
 
-/// Where letter case is ignored both names lead to the file, before and after.
+/// Where letter case is ignored both names lead to the file, before and after; that is for the
+/// caller to tell, who knows the names.
 bool EntryNames::WasRenamed(const Place& from, const Place& to, const struct statx& source) {
   const FileIdentity file = IdentityOf(source);
-  switch (StandingAt(calls_, from, file)) {
-    case Standing::kNothing:
-      return StandingAt(calls_, to, file) == Standing::kThatFile;
-    case Standing::kThatFile:
-      return from.folder->IsSameAs(*to.folder) &&
-             CompareEntries(calls_, from, to) == NamePair::kOneAsInSecond;
-    default:
-      return false;
-  }
+  return StandingAt(calls_, from, file) == Standing::kNothing &&
+         StandingAt(calls_, to, file) == Standing::kThatFile;
 }
 
 int EntryNames::WithoutTheFlag(Ways ways, const Place& from, const Place& to,
@@ -143,7 +137,7 @@ int EntryNames::MakePlaceholder(const Place& at, bool folder, FileIdentity& made
   if (error == 0) error = folder ? LookAt(calls_, at, facts) : LookInto(calls_, file.get(), facts);
   if (error == 0) {
     made = IdentityOf(facts);
-  } else {
+  } else if (error != EMFILE && error != ENFILE && error != ENOMEM) {  // those made nothing
     RemoveUncertain(at);
   }
   return error;

@@ -32,8 +32,9 @@ class EntryNames {
 
   /// Gives the entry at `from`, which is `source`, the name `to`, on file systems that have no call
   /// for it too. 0, EEXIST when anything stands at `to`, or another errno; then both are as they
-  /// were. Ended from outside between two steps of a fallback, the entry is under both names, or
-  /// under its old one beside an empty file under the new.
+  /// were. Of two names that differ in letter case only, where that is ignored, the answer is the
+  /// call's own. Ended from outside between two steps of a fallback, the entry is under both names,
+  /// or under its old one beside an empty file under the new.
   int Rename(const Place& from, const Place& to, const struct statx& source);
 
   /// The same to a new temporary name in the same folder, which goes into `aside`.
@@ -41,7 +42,8 @@ class EntryNames {
 
   /// Deletes the entry at `place`, an empty folder included, only if it is `wanted`. It is moved
   /// aside first and looked at there: whatever else got that name since the look keeps it, or keeps
-  /// the temporary name if the other was taken again. 0; kSourceChanged when it isn't `wanted`; or
+  /// the temporary name if the other was taken again. Only where a full disk has no room for a
+  /// second name it is deleted right after a look. 0; kSourceChanged when it isn't `wanted`; or
   /// errno. But for 0 the entry is where it was.
   int Remove(const Place& place, const FileIdentity& wanted, Match match);
 

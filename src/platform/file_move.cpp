@@ -36,10 +36,11 @@ int FileMove::Move(const Place& from, const Place& to, const GoOn& go_on) {
   const int error = names_.Rename(from, to, source);
   if (error == EXDEV) return ToOtherDevice(from, to, source, go_on);
   // Some file systems that ignore letter case refuse a change of it, some answer 0 and do nothing.
-  const bool in_doubt = error == 0 ? MayBeOneName(from.name, to.name) : error == EEXIST;
-  if (!same_folder || !in_doubt) return error;
+  if (!same_folder || !MayBeOneName(from.name, to.name)) return error;
   const NamePair names = CompareEntries(calls_, from, to);
-  if (names == NamePair::kOneAsInFirst) return InTwoSteps(from, to, source);
+  if (names == NamePair::kOneAsInSecond) return 0;
+  const bool refused = error == 0 || error == EEXIST;
+  if (names == NamePair::kOneAsInFirst) return refused ? InTwoSteps(from, to, source) : error;
   if (names != NamePair::kUnknown || error != 0) return error;
   const int again = InTwoSteps(from, to, source);
   return again == ENOENT ? 0 : again;  // no old name: it was as it said

@@ -18,14 +18,21 @@ struct FileFacts {
   std::int64_t modified_ns = 0;  ///< last-write time, nanoseconds since 1970-01-01 00:00 UTC
 };
 
+inline bool FitsBirth(std::int64_t a_ns, std::int64_t b_ns) {
+  return a_ns == b_ns || a_ns == 0 || b_ns == 0;
+}
+
 /// Tells one file from every other: which one it is and whether it was written to since.
 struct FileIdentity {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   std::uint64_t size = 0;
   std::int64_t modified_ns = 0;
-  std::int64_t born_ns = 0;  ///< when it was made; 0 where the file system doesn't keep that
-  bool operator==(const FileIdentity&) const = default;
+  std::int64_t born_ns = 0;  ///< when it was made; 0 where that isn't known, which fits any
+  bool operator==(const FileIdentity& other) const {
+    return device == other.device && inode == other.inode && size == other.size &&
+           modified_ns == other.modified_ns && FitsBirth(born_ns, other.born_ns);
+  }
 };
 
 /// Tells one folder from every other, whatever is in it.
@@ -33,7 +40,9 @@ struct FolderIdentity {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   std::int64_t born_ns = 0;  ///< as above: an inode number is given out again soon
-  bool operator==(const FolderIdentity&) const = default;
+  bool operator==(const FolderIdentity& other) const {
+    return device == other.device && inode == other.inode && FitsBirth(born_ns, other.born_ns);
+  }
 };
 
 /// A copy and the file that it was made of, as both stood when the copy was done.
@@ -148,6 +157,6 @@ class FileSystem {
 
 /// The file system of this machine (POSIX, with the Linux calls where they are there).
 /// Ignores SIGXFSZ and SIGPIPE from its making on, so that a limit is an error and not an end.
-/// Handles of the last two folders used are kept until LetFoldersGo; a folder that was renamed or
+/// Handles of the last three folders used are kept until LetFoldersGo; a folder that was renamed or
 /// replaced meanwhile is noticed before anything in it is changed.
 std::unique_ptr<FileSystem> MakePosixFileSystem();

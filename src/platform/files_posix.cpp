@@ -65,8 +65,7 @@ class PosixFileSystem final : public FileSystem {
     const auto [first, second] = Places(a, b);
     if (!first || !second || !first.folder->IsSameAs(*second.folder)) return false;
     if (first.name == second.name) return IsThere(first);
-    const NamePair names = CompareEntries(calls_, first, second);
-    return names == NamePair::kOneAsInFirst || names == NamePair::kOneAsInSecond;
+    return AreOneEntry(calls_, first, second);
   }
 
   bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
@@ -154,10 +153,11 @@ class PosixFileSystem final : public FileSystem {
   int RemoveFolder(std::string_view path, const Place& place, const FolderIdentity& made) {
     const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
     if (!folder) return folders_.Problem();
-    if (folder->identity != made) return kFolderReplaced;
+    if (!IsExpectedFolder(calls_, *folder, made)) return kFolderReplaced;
     if (const int error = IsEmptyFolder(calls_, *folder)) return error;
+    const FolderIdentity& now = folder->identity;
     const int error =
-        names_.Remove(place, {made.device, made.inode, 0, 0, made.born_ns}, Match::kSameFile);
+        names_.Remove(place, {now.device, now.inode, 0, 0, now.born_ns}, Match::kSameFile);
     return error == kSourceChanged ? kFolderReplaced : error;
   }
 

@@ -53,7 +53,9 @@ Place FolderHandles::PlaceOf(std::string_view path, Trust trust) {
 
 std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust trust) {
   const std::string_view path = folder.empty() ? "/" : WithoutClosingSeparators(folder);
-  if (kept_[0].path != path) std::swap(kept_[0], kept_[1]);
+  for (std::size_t i = 1; i < kept_.size() && kept_[0].path != path; ++i) {
+    std::swap(kept_[0], kept_[i]);
+  }
   Kept& first = kept_[0];
   if (first.folder && first.path == path && StillThere(first, trust)) return first.folder;
 
@@ -113,7 +115,7 @@ std::shared_ptr<const Folder> FolderHandles::OpenAnew(const std::string& path) {
   const Expected::value_type* expected = DeepestExpected(path);
   if (expected == nullptr) return OpenFrom(AT_FDCWD, path);
   std::shared_ptr<const Folder> folder = OpenFrom(AT_FDCWD, expected->first);
-  if (folder && folder->identity != expected->second) {
+  if (folder && !IsExpectedFolder(calls_, *folder, expected->second)) {
     problem_ = kFolderReplaced;
     return nullptr;
   }

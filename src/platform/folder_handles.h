@@ -39,7 +39,8 @@ SplitPath Split(std::string_view path);
 
 std::string_view WithoutClosingSeparators(std::string_view path);
 
-/// Turns paths into places and keeps the handles of the last two folders, which saves walking the
+/// Turns paths into places and keeps the handles of the last three folders (source,
+/// output, and the way there over a link), which saves walking the
 /// path for every file of a folder; paths may be longer than the system takes in one call.
 ///
 /// A kept handle stays with its folder when that is renamed or replaced, so the path may mean
@@ -108,7 +109,7 @@ class FolderHandles {
   void LetHandlesGo();
 
   const Syscalls& calls_;
-  std::array<Kept, 2> kept_;  ///< the last used first
+  std::array<Kept, 3> kept_;  ///< the last used first
   Expected expected_;         ///< paths without closing separators
   int problem_ = 0;
 };

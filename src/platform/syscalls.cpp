@@ -15,6 +15,7 @@ Syscalls RealSyscalls() {
   };
   calls.close = ::close;
   calls.dup = [](int fd) { return ::fcntl(fd, F_DUPFD_CLOEXEC, 0); };
+  calls.fstatfs = ::fstatfs;
   calls.statx = ::statx;
   calls.readlinkat = ::readlinkat;
   calls.getdents = [](int folder, void* buffer, std::size_t size) -> ssize_t {

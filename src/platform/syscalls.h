@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,6 +16,7 @@ struct Syscalls {
   std::function<int(int)> close;
   std::function<int(int)> dup;  ///< fcntl F_DUPFD_CLOEXEC
   std::function<int(int, const char*, int, unsigned, struct statx*)> statx;
+  std::function<int(int, struct statfs*)> fstatfs;
   std::function<ssize_t(int, const char*, char*, std::size_t)> readlinkat;
   std::function<ssize_t(int, void*, std::size_t)> getdents;
   std::function<int(int, const char*, int, const char*, unsigned)> renameat2;

@@ -39,12 +39,6 @@ std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) cons
   return HolderKey(std::hash<std::string_view>()(path), name);
 }
 
-void RunNameFreer::SourceNameChanged(std::size_t record) {
-  if (!holders_) return;  // it will be made from the rows as they then stand
-  const FileRow& row = records_[record];
-  holders_->Add(Key(records_.Path(row), row.sourceFileName), record);
-}
-
 std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::string_view pName) {
   const auto still_to_rename = [](const FileRow& row) { return row.checked && row.RowTag != 1; };
   if (!holders_) {
@@ -83,7 +77,7 @@ bool RunNameFreer::MakeWay(std::size_t record) {
   if (aside.empty()) return false;
   row.KeepRollback();
   row.MoveAside(std::move(aside));
-  SourceNameChanged(record);
+  holders_->Add(Key(records_.Path(row), row.sourceFileName), record);
   return true;
 }
 

@@ -49,9 +49,6 @@ class RunNameFreer : public NameFreer {
   std::optional<std::size_t> FindAndRename(std::string_view pPath, std::string_view pName,
                                            std::string& CorrectedNewName);
 
-  /// The source name of a row was written.
-  void SourceNameChanged(std::size_t record);
-
  private:
   std::size_t Key(std::string_view path, std::string_view name) const;
   std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);

@@ -20,7 +20,7 @@ void ExpectKnownFolders(FileSystem& files, const Records& records) {
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
   if (output_.cmbDestination == kUseSourceFolder) {
-    latest_ = {records_.Path(row)};
+    latest_ = {records_.Path(row), 0, {}};
     return latest_;
   }
   const std::string text = Text(row);
@@ -34,7 +34,7 @@ const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
 
 /// Where the way there leads over a link that is itself in the list, the run may have moved it.
 bool OutputFolders::LeadsThere(const std::string& text, const Folder& folder) {
-  return text == folder.path || files_.ResolveFolder(text) == folder.path;
+  return text == folder.path || files_.IdentifyFolder(FolderPart(text)) == folder.identity;
 }
 
 std::string OutputFolders::Text(const FileRow& row) const {
@@ -44,7 +44,7 @@ std::string OutputFolders::Text(const FileRow& row) const {
 
 /// A relative folder would lead to wherever the program happens to have been started.
 OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
-  if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute};
+  if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute, {}};
   in_the_way_ = false;
   const std::string_view bare = mMain::GetPathWithNoSlash(text);
   if (!mScanCD::FolderExist(files_, bare)) {
@@ -52,7 +52,8 @@ OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
   }
   // All that the run puts below the folder that was chosen belongs into that very one.
   if (text.starts_with(output_.fdDestination)) Know(files_.ResolveFolder(output_.fdDestination));
-  Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0};
+  Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0, {}};
+  folder.identity = files_.IdentifyFolder(FolderPart(folder.path));
   Know(folder.path);
   return folder;
 }
@@ -69,9 +70,11 @@ bool OutputFolders::Make(const std::string& level) {
   in_the_way_ = StandsInTheWay(level, false);
   if (in_the_way_ && files_.DeleteMadeFolder(path, *identity)) return false;
   records_.made_folders.push_back({path, *identity});
+  // A folder that was there before, listed or used, is gone.
   records_.used_folders.erase(path + kNative.separator);
+  records_.scanned_folders.erase(path + kNative.separator);
   Know(path + kNative.separator);
-  return true;
+  return !in_the_way_;
 }
 
 bool OutputFolders::StandsInTheWay(const std::string& level, bool by_exact_name) {

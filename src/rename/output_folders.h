@@ -28,6 +28,7 @@ class OutputFolders {
   struct Folder {
     std::string path;  ///< as the system resolves it; what stands behind the last separator stays
     int problem = 0;   ///< why nothing may be put there, else 0
+    std::optional<FolderIdentity> identity;  ///< of what stands before the last separator
   };
 
   /// Where the run puts the row's file: its own folder when renaming in place, else the output

@@ -50,10 +50,8 @@ void RenameRun::ProcessRow(std::size_t record) {
   FileRow& row = records_[record];
   Turn turn{record, records_.Path(row) + row.sourceFileName, {}, row.newFileName};
   const int problem = Process(turn);
-  row.problem = static_cast<std::int16_t>(problem);
   if (problem == 0) return Succeed(turn);
   if (!state_.gCancelRequested) return Fail(turn, problem);
-  row.problem = 0;
   row.ShowPlannedName();
 }
 
@@ -134,6 +132,7 @@ void RenameRun::Fail(const Turn& turn, int problem) {
   reports_.gFailureReport.push_back(
       {records_.Path(row), row.sourceFileName, row.newFileName, problem});
   row.mark = Mark::kFailed;
+  row.problem = static_cast<std::int16_t>(problem);
   row.ShowPlannedName();
 }
 
@@ -143,10 +142,10 @@ void RenameRun::Succeed(const Turn& turn) {
     row.KeepRollback();
   } else if (output_.cmbDestination != kCopyTo) {
     row.ShowRollbackName();
-    freer_.SourceNameChanged(turn.record);
   }
   row.RowTag = 1;
   row.mark = Mark::kDone;
+  row.problem = 0;
   if (output_.cmbDestination > kUseSourceFolder) records_.SetNewPath(row, turn.target_folder);
   if (turn.resolved) {
     reports_.gConflictReport.push_back({records_.Path(row), records_.NewPath(row),

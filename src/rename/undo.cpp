@@ -27,7 +27,9 @@ void UndoRun::Undo() {
       UndoRow(i);
       if (state_.gCancelRequested) return;
     }
-    if (records_[i].mark == Mark::kFailed) records_[i].mark = Mark::kWaiting;
+    if (records_[i].mark != Mark::kFailed) continue;
+    records_[i].mark = Mark::kWaiting;
+    if (!records_[i].TakesPartInUndo()) records_[i].problem = 0;
   }
   RemoveMadeFolders();
   // The next run may use other folders of these names.
@@ -41,9 +43,10 @@ void UndoRun::CountDown(std::size_t record) {
 }
 
 void UndoRun::UndoRow(std::size_t record) {
-  const FileRow& row = records_[record];
+  FileRow& row = records_[record];
   if (row.RowTag == 1 && (row.mode < kUseSourceFolder || row.mode > kMoveTo)) return;
   if (TakeBack(record) || state_.gCancelRequested) return;
+  row.problem = static_cast<std::int16_t>(problem_);
   reports_.gFailureReport.push_back(
       {records_.Path(row), row.sourceFileName, std::string(row.Rollback()), problem_});
 }
@@ -56,6 +59,7 @@ bool UndoRun::TakeBack(std::size_t record) {
   row.ShowRollbackName();
   row.ClearRollback();
   row.mark = Mark::kWaiting;
+  row.problem = 0;
   return true;
 }
 

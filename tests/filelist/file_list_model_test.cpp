@@ -133,6 +133,9 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
               column < kColumnSourceName ? "" : "The name is already taken.");
   }
   records[0].mark = Mark::kDone;
+  EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole),
+            "not undone: The name is already taken. not checked, name unchanged");
+  records[0].problem = 0;
   EXPECT_EQ(Text(1, kColumnMark, kReasonRole), "");
 }
 

@@ -80,14 +80,14 @@ inline void Inject(Syscalls& calls, Fault& fault) {
                                "mkdirat",  "symlinkat", "clone",      "copy_range", "lseek",
                                "pread",    "pwrite",    "ftruncate",  "fsync",      "syncfs",
                                "fchown",   "fchmod",    "flistxattr", "fgetxattr",  "fsetxattr",
-                               "fremove",  "futimens",  "utimensat",  "kill"};
+                               "fremove",  "futimens",  "utimensat",  "kill",       "fstatfs"};
   static_assert(sizeof(Syscalls) == std::size(names) * sizeof(calls.close), "one is missing here");
   const char* const* name = names;
   Syscalls& c = calls;
-  std::apply(
-      [&](auto&... call) { (wrap(*name++, call), ...); },
-      std::tie(c.openat, c.close, c.dup, c.statx, c.readlinkat, c.getdents, c.renameat2, c.renameat,
-               c.linkat, c.unlinkat, c.mkdirat, c.symlinkat, c.clone, c.copy_file_range, c.lseek,
-               c.pread, c.pwrite, c.ftruncate, c.fsync, c.syncfs, c.fchown, c.fchmod, c.flistxattr,
-               c.fgetxattr, c.fsetxattr, c.fremovexattr, c.futimens, c.utimensat, c.kill));
+  std::apply([&](auto&... call) { (wrap(*name++, call), ...); },
+             std::tie(c.openat, c.close, c.dup, c.statx, c.readlinkat, c.getdents, c.renameat2,
+                      c.renameat, c.linkat, c.unlinkat, c.mkdirat, c.symlinkat, c.clone,
+                      c.copy_file_range, c.lseek, c.pread, c.pwrite, c.ftruncate, c.fsync, c.syncfs,
+                      c.fchown, c.fchmod, c.flistxattr, c.fgetxattr, c.fsetxattr, c.fremovexattr,
+                      c.futimens, c.utimensat, c.kill, c.fstatfs));
 }

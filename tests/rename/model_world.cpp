@@ -132,6 +132,7 @@ class FailingFiles : public FileSystem {
   bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
     return Works() && files_.DeleteMadeFolder(path, made);
   }
+  int Problem() const override { return files_.Problem(); }
 
  private:
   bool Works() { return !failing_.contains(++operations_); }
@@ -286,13 +287,17 @@ std::string TwoWorlds::Losses() const {
   return losses;
 }
 
+/// A done row's file is where the row says, and no other: its content tells where it was first.
 std::string TwoWorlds::FalseMarks() {
   std::string lies;
   for (const PlainRow& row : model.rows) {
     const std::string path = (row.new_path.empty() ? row.path : row.new_path) + row.new_name;
-    if (row.RowTag == 1 && !meddled && !plain_files_.Look(path)) {
-      lies += "done, but not there: " + path + "\n";
-    }
+    if (row.RowTag != 1 || meddled) continue;
+    const auto found = plain_files_.contents.find(plain_files_.Real(path));
+    const bool there = found != plain_files_.contents.end() &&
+                       (!found->second.starts_with("first at ") ||
+                        found->second == "first at " + row.path + row.rollback);
+    if (!there) lies += "done, but not there: " + path + "\n";
   }
   return lies;
 }
