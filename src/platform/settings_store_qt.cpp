@@ -194,7 +194,6 @@ StoreProblem QtSettingsStore::Flush() {
   if (changes_.empty()) return {};
   if (const StoreProblem problem = Write()) return News(problem);
   changes_.clear();
-  told_ = {};
   return {};
 }
 
@@ -234,8 +233,6 @@ StoreProblem QtSettingsStore::ReadProblem() {
 
 /// One cause is one errno, whatever it stood in the way of.
 StoreProblem QtSettingsStore::News(const StoreProblem& problem) {
-  const bool known =
-      told_.error == problem.error && (told_.error != 0 || told_.text == problem.text);
-  if (known) return {};
-  return told_ = problem;
+  const bool is_new = told_.emplace(problem.error, problem.error == 0 ? problem.text : "").second;
+  return is_new ? problem : StoreProblem();
 }

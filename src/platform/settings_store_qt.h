@@ -3,8 +3,10 @@
 #include <QSettings>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/settings_store.h"
 
@@ -39,5 +41,5 @@ class QtSettingsStore : public SettingsStore {
   std::optional<QSettings> file_;  ///< for reading; none while there is nothing to open
   /// What the file does not hold yet, by the full name; nothing for a deleted key.
   std::map<QString, std::optional<QString>> changes_;
-  StoreProblem told_;
+  std::set<std::pair<int, std::string>> told_;  ///< causes; the text of those without an errno
 };
