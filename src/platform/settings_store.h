@@ -44,6 +44,10 @@ class SettingsStore {
   /// answered once is never answered again.
   [[nodiscard]] virtual StoreProblem Flush() = 0;
 
+  /// Whether `GetSetting` knows what is stored, all of it or what a damage left. While it doesn't,
+  /// it answers defaults although other values may stand in the store.
+  [[nodiscard]] virtual bool CanBeRead() const = 0;
+
   /// Answers no problem when all that is stored can be read, else what can't be.
   [[nodiscard]] virtual StoreProblem ReadProblem() = 0;
 };

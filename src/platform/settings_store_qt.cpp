@@ -146,7 +146,9 @@ QString SettingsPath() {
 }
 
 QtSettingsStore::QtSettingsStore(const QString& path) : path_(path) {
-  if (!ExaminePlace(path_) && !IsTooLarge(path_)) file_.emplace(path_, QSettings::NativeFormat);
+  QByteArray content;
+  can_be_read_ = !Read(path_, content);
+  if (can_be_read_ && !IsTooLarge(path_)) file_.emplace(path_, QSettings::NativeFormat);
 }
 
 bool QtSettingsStore::Holds(const QString& name) const {
@@ -208,6 +210,7 @@ StoreProblem QtSettingsStore::Write() {
   }
   if (IsTooLarge(path_)) QFile::resize(path_, 0);  // its copy is kept
   file_.emplace(path_, QSettings::NativeFormat);
+  can_be_read_ = true;
   // The status of an object stays bad for ever, and a damaged file that it reads makes it so; that
   // of a second object over the same file tells of this write alone.
   QSettings writer(path_, QSettings::NativeFormat);

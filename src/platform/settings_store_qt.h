@@ -30,6 +30,7 @@ class QtSettingsStore : public SettingsStore {
   [[nodiscard]] bool DeleteSetting(std::string_view section, std::string_view key) override;
   [[nodiscard]] bool DeleteSetting(std::string_view section) override;
   [[nodiscard]] StoreProblem Flush() override;
+  [[nodiscard]] bool CanBeRead() const override { return can_be_read_; }
   [[nodiscard]] StoreProblem ReadProblem() override;
 
  private:
@@ -38,6 +39,7 @@ class QtSettingsStore : public SettingsStore {
   StoreProblem News(const StoreProblem& problem);
 
   QString path_;
+  bool can_be_read_ = false;
   std::optional<QSettings> file_;  ///< for reading; none while there is nothing to open
   /// What the file does not hold yet, by the full name; nothing for a deleted key.
   std::map<QString, std::optional<QString>> changes_;

@@ -205,6 +205,7 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
     config.MakeFolder("Quorvane");
     config.Write(kFile, row.content);
     QtSettingsStore store(FileIn(config));
+    EXPECT_TRUE(store.CanBeRead());
     EXPECT_EQ(static_cast<bool>(store.ReadProblem()), row.damaged) << row.content.substr(0, 99);
     EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
     EXPECT_TRUE(config.Read(kFile) == row.content) << "reading changes nothing";
@@ -256,6 +257,7 @@ TEST_F(SettingsStoreQt, WhatIsNoFileIsToldOnceAndItsChangesAreKeptUntilItIsGone)
     const std::string path = folder / place.path;
     const mode_t kind = folder.Facts(place.path).st_mode;
     QtSettingsStore store(QString::fromStdString(path));
+    EXPECT_EQ(store.CanBeRead(), place.read_error == 0) << path;
     const StoreProblem read = store.ReadProblem();
     EXPECT_EQ(read.error, place.read_error) << path;
     EXPECT_EQ(read.text.find(path) != read.text.npos, place.read_error != 0) << read.text;
