@@ -34,8 +34,7 @@ EndingSignals::EndingSignals() {
   action.sa_flags = SA_RESTART;
   for (std::size_t i = 0; i < std::size(kSignals); ++i) {
     ::sigaction(kSignals[i], nullptr, &former[i]);
-    const bool stays_ignored = kSignals[i] == SIGHUP && former[i].sa_handler == SIG_IGN;
-    if (!stays_ignored) ::sigaction(kSignals[i], &action, nullptr);
+    if (former[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
   }
 }
 

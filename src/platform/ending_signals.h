@@ -4,7 +4,8 @@
 /// end, none of them ends the process. One object at a time.
 class EndingSignals {
  public:
-  /// A SIGHUP that was ignored stays so, as nohup(1) wants it.
+  /// A signal that was ignored stays so: nohup(1) wants it for SIGHUP, a shell without job control
+  /// for the SIGINT of what it runs in the background (POSIX, Shell Command Language, 2.11).
   EndingSignals();
   EndingSignals(const EndingSignals&) = delete;
   EndingSignals& operator=(const EndingSignals&) = delete;

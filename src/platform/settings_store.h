@@ -40,9 +40,13 @@ class SettingsStore {
 
   /// Brings all changes to disk, whole or not at all, over what other programs have written since;
   /// their other keys stay. What can't be brought is kept and tried again the next time. Answers
-  /// no problem when done, else what stood in the way; a problem that one of these two calls
-  /// answered last is not answered again before a write has succeeded or another has come up.
+  /// no problem when done, else what stood in the way; a cause that one of these two calls has
+  /// answered once is never answered again.
   [[nodiscard]] virtual StoreProblem Flush() = 0;
+
+  /// Whether `GetSetting` knows what is stored, all of it or what a damage left. While it doesn't,
+  /// it answers defaults although other values may stand in the store.
+  [[nodiscard]] virtual bool CanBeRead() const = 0;
 
   /// Answers no problem when all that is stored can be read, else what can't be.
   [[nodiscard]] virtual StoreProblem ReadProblem() = 0;

@@ -146,7 +146,9 @@ QString SettingsPath() {
 }
 
 QtSettingsStore::QtSettingsStore(const QString& path) : path_(path) {
-  if (!ExaminePlace(path_) && !IsTooLarge(path_)) file_.emplace(path_, QSettings::NativeFormat);
+  QByteArray content;
+  can_be_read_ = !Read(path_, content);
+  if (can_be_read_ && !IsTooLarge(path_)) file_.emplace(path_, QSettings::NativeFormat);
 }
 
 bool QtSettingsStore::Holds(const QString& name) const {
@@ -194,7 +196,6 @@ StoreProblem QtSettingsStore::Flush() {
   if (changes_.empty()) return {};
   if (const StoreProblem problem = Write()) return News(problem);
   changes_.clear();
-  told_ = {};
   return {};
 }
 
@@ -209,6 +210,7 @@ StoreProblem QtSettingsStore::Write() {
   }
   if (IsTooLarge(path_)) QFile::resize(path_, 0);  // its copy is kept
   file_.emplace(path_, QSettings::NativeFormat);
+  can_be_read_ = true;
   // The status of an object stays bad for ever, and a damaged file that it reads makes it so; that
   // of a second object over the same file tells of this write alone.
   QSettings writer(path_, QSettings::NativeFormat);
@@ -234,8 +236,6 @@ StoreProblem QtSettingsStore::ReadProblem() {
 
 /// One cause is one errno, whatever it stood in the way of.
 StoreProblem QtSettingsStore::News(const StoreProblem& problem) {
-  const bool known =
-      told_.error == problem.error && (told_.error != 0 || told_.text == problem.text);
-  if (known) return {};
-  return told_ = problem;
+  const bool is_new = told_.emplace(problem.error, problem.error == 0 ? problem.text : "").second;
+  return is_new ? problem : StoreProblem();
 }

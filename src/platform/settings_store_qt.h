@@ -3,8 +3,10 @@
 #include <QSettings>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/settings_store.h"
 
@@ -28,6 +30,7 @@ class QtSettingsStore : public SettingsStore {
   [[nodiscard]] bool DeleteSetting(std::string_view section, std::string_view key) override;
   [[nodiscard]] bool DeleteSetting(std::string_view section) override;
   [[nodiscard]] StoreProblem Flush() override;
+  [[nodiscard]] bool CanBeRead() const override { return can_be_read_; }
   [[nodiscard]] StoreProblem ReadProblem() override;
 
  private:
@@ -36,8 +39,9 @@ class QtSettingsStore : public SettingsStore {
   StoreProblem News(const StoreProblem& problem);
 
   QString path_;
+  bool can_be_read_ = false;
   std::optional<QSettings> file_;  ///< for reading; none while there is nothing to open
   /// What the file does not hold yet, by the full name; nothing for a deleted key.
   std::map<QString, std::optional<QString>> changes_;
-  StoreProblem told_;
+  std::set<std::pair<int, std::string>> told_;  ///< causes; the text of those without an errno
 };

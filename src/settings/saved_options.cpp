@@ -107,7 +107,8 @@ void WriteSavedOptions(SettingsStore& store, const SavedOptions& options,
                        const OptionsAtStart& start) {
   for (std::size_t i = 0; i < std::size(kOptions); ++i) {
     const Option& option = kOptions[i];
-    const bool unread = i > start.read && IsSaved(option, start.shown);
+    const bool shown = start.could_read && i <= start.read;
+    const bool unread = !shown && IsSaved(option, start.shown);
     const bool changed = TextOf(option, options) != TextOf(option, start.shown);
     const bool due = option.own_dialog ? i == start.read : changed || !unread;
     if (due && IsSaved(option, options)) Write(store, option, options);

@@ -36,6 +36,7 @@ struct SavedOptions {
 
 /// What the start made of the options; as made here, all were read.
 struct OptionsAtStart {
+  bool could_read = true;  ///< as the store told; else the controls hold nothing of what it holds
   std::size_t read = std::numeric_limits<std::size_t>::max();  ///< as ReadSavedOptions tells
   SavedOptions shown;                                          ///< what the controls held after it
 };
@@ -53,7 +54,8 @@ void ReadSavedOptions(SettingsStore& store, SavedOptions& options, std::size_t& 
 
 /// Stores the three save boxes, and each group whose box is on; the keys of the others stay as
 /// they were. After a start with a bad value that key is stored like those before it, which mends
-/// it; those behind it, never shown, only if they were changed since. Does not flush.
+/// it; those behind it, never shown, only if they were changed since, and so are all after a start
+/// that could not read the store. Does not flush.
 void WriteSavedOptions(SettingsStore& store, const SavedOptions& options,
                        const OptionsAtStart& start = {});
 

@@ -113,6 +113,7 @@ void Form1::IniSettings(const std::string& pTemplateName) {
     const auto show = qScopeGuard([&] {
       ErrTrace::top<"Form1.IniSettings">(ErrTrace::args(), [&] { ShowOptions(options, Saved()); });
     });
+    at_start_.could_read = settings_.CanBeRead();
     ReadSavedOptions(settings_, options, at_start_.read);
     folder_pages_->chEnableSkin->setChecked(true);
   });

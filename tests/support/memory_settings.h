@@ -41,6 +41,8 @@ class MemorySettings : public SettingsStore {
     return problem;
   }
 
+  [[nodiscard]] bool CanBeRead() const override { return true; }
+
   [[nodiscard]] StoreProblem ReadProblem() override { return problem; }
 
   std::map<std::pair<std::string, std::string>, std::string> values;

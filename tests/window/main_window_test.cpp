@@ -19,6 +19,7 @@
 #include <map>
 #include <optional>
 
+#include "platform/ending_signals.h"
 #include "platform/text_qt.h"
 #include "support/temp_folder.h"
 #include "window/program.h"
@@ -142,6 +143,17 @@ TEST_F(MainWindowTest, ClosesAfterThePassThatItEnds) {
 }
 
 TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
+  program.reset();
+  constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
+  for (const bool ignored : {true, false}) {
+    for (const int signal : kSignals) ::signal(signal, ignored ? SIG_IGN : SIG_DFL);
+    EndingSignals taken;
+    for (const int signal : kSignals) {
+      std::raise(signal);
+      EXPECT_NE(taken.Taken(), ignored) << signal;
+    }
+  }
+  StartAnew();
   const auto after = [this](int ms, std::function<void()> act) {
     QTimer::singleShot(ms, &program->MainWindow(), std::move(act));
   };

@@ -48,6 +48,15 @@ const Control kControls[] = {
     {"chSaveFileListOptions", "Settings\\Save", "SaveFileListOptions", "0"},
 };
 
+/// Those that the main window holds, but for the save boxes.
+const std::span kOptions = std::span(kControls).first<12>();
+
+void SaveOptions(SettingsStore& store) {
+  for (const Control& control : kOptions) {
+    store.SaveSetting(control.section, control.key, control.text);
+  }
+}
+
 std::string Held(QWidget& window, const char* name) {
   const QLatin1String found(name);
   if (auto* box = window.findChild<QCheckBox*>(found)) return box->isChecked() ? "1" : "0";
@@ -122,11 +131,29 @@ TEST_F(SavedControlsTest, EveryOptionIsFoundAsItWasLeft) {
   }
 }
 
+TEST_F(SavedControlsTest, WhatAnUnreachableFolderHidIsStillThereWhenItIsBack) {
+  program.reset();
+  QtSettingsStore store;
+  SaveOptions(store);
+  ASSERT_EQ(store.Flush().text, "");
+  ASSERT_EQ(::rename((config / "Quorvane").c_str(), (config / "away").c_str()), 0);
+  config.MakeLink("Quorvane", "Quorvane");
+  Start();
+  EXPECT_EQ(Held(program->MainWindow(), "chColumnDate"), "0");
+  Set(program->MainWindow(), {"fdDestination", "", "", "/new/"});
+  ASSERT_EQ(::unlink((config / "Quorvane").c_str()), 0);
+  ASSERT_EQ(::rename((config / "away").c_str(), (config / "Quorvane").c_str()), 0);
+  program->MainWindow().close();
+  Start();
+  for (const Control& control : kOptions) {
+    const bool changed = control.name == std::string_view("fdDestination");
+    EXPECT_EQ(Held(program->MainWindow(), control.name), changed ? "/new/" : control.text);
+  }
+}
+
 TEST_F(SavedControlsTest, WhatABadValueHidIsStillThereWhenItIsMended) {
   QtSettingsStore store;
-  for (const Control& control : std::span(kControls).first<12>()) {
-    store.SaveSetting(control.section, control.key, control.text);
-  }
+  SaveOptions(store);
   store.SaveSetting("Settings\\Folders", "OutputFolderMode", "9");
   ASSERT_EQ(store.Flush().text, "");
   Start();
