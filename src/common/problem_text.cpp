@@ -36,7 +36,7 @@ constexpr Row kTexts[] = {
     {kUnknownProblem, "The system gave no reason."},
     {EEXIST, "The name is already taken."},
     {ENOENT, kGone},
-    {ENOTDIR, kGone},
+    {ENOTDIR, "There is a file where a folder should be."},
     {ENAMETOOLONG, "The name is too long."},
     {EACCES, kNoPermission},
     {EPERM, kNoPermission},

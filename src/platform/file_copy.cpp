@@ -48,7 +48,7 @@ int FileCopy::OpenSource(const Place& from, Purpose purpose, FileHandle& file,
   }));
   if (!file) return errno;
   if (const int error = LookInto(calls_, file.get(), facts)) return error;
-  return S_ISREG(facts.stx_mode) ? 0 : EINVAL;
+  return S_ISREG(facts.stx_mode) ? 0 : ENXIO;  // as open(2) for a socket
 }
 
 int FileCopy::CopyOpened(int from, const struct statx& source, const Place& to, Purpose purpose,

@@ -20,7 +20,7 @@ void ExpectKnownFolders(FileSystem& files, const Records& records) {
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
   if (output_.cmbDestination == kUseSourceFolder) {
-    latest_ = {records_.Path(row), 0, {}};
+    latest_ = {records_.Path(row), 0, {}, 0};
     return latest_;
   }
   const std::string text = Text(row);
@@ -44,15 +44,16 @@ std::string OutputFolders::Text(const FileRow& row) const {
 
 /// A relative folder would lead to wherever the program happens to have been started.
 OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
-  if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute, {}};
+  if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute, {}, 0};
   in_the_way_ = false;
+  not_made_ = 0;
   const std::string_view bare = mMain::GetPathWithNoSlash(text);
   if (!mScanCD::FolderExist(files_, bare)) {
     CreateFolderPath(files_, bare, [this](const std::string& level) { return Make(level); });
   }
   // All that the run puts below the folder that was chosen belongs into that very one.
   if (text.starts_with(output_.fdDestination)) Know(files_.ResolveFolder(output_.fdDestination));
-  Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0, {}};
+  Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0, {}, not_made_};
   folder.identity = files_.IdentifyFolder(FolderPart(folder.path));
   Know(folder.path);
   return folder;
@@ -63,7 +64,11 @@ OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
 bool OutputFolders::Make(const std::string& level) {
   if (!former_) MakeIndex();
   in_the_way_ = StandsInTheWay(level, true);
-  if (in_the_way_ || !files_.CreateDirectory(level)) return !in_the_way_;
+  if (in_the_way_) return false;
+  if (!files_.CreateDirectory(level)) {
+    if (not_made_ == 0) not_made_ = files_.Problem();  // of those below it none can be made either
+    return true;
+  }
   const std::string path = files_.ResolveFolder(level);
   const auto identity = files_.IdentifyFolder(path);
   if (!identity) return true;

@@ -29,6 +29,7 @@ class OutputFolders {
     std::string path;  ///< as the system resolves it; what stands behind the last separator stays
     int problem = 0;   ///< why nothing may be put there, else 0
     std::optional<FolderIdentity> identity;  ///< of what stands before the last separator
+    int not_made = 0;  ///< why it could not be made, which is why a file there is not done
   };
 
   /// Where the run puts the row's file: its own folder when renaming in place, else the output
@@ -56,4 +57,5 @@ class OutputFolders {
   Folder latest_;
   std::optional<HolderIndex> former_;  ///< rows by the names that undo gives back
   bool in_the_way_ = false;
+  int not_made_ = 0;
 };

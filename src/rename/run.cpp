@@ -65,10 +65,12 @@ int RenameRun::Process(Turn& turn) {
   const OutputFolders::Folder& folder = folders_.Of(row);
   if (folder.problem != 0) return folder.problem;
   turn.target_folder = folder.path;
+  const int folder_not_made = folder.not_made;
   ResolveConflict(turn);
   if (state_.gCancelRequested) return ECANCELED;
   if (const int problem = ProblemOfName(row.newFileName)) return problem;
-  return DoOperation(turn);
+  const int problem = DoOperation(turn);
+  return problem != 0 && folder_not_made != 0 ? folder_not_made : problem;
 }
 
 void RenameRun::ResolveConflict(Turn& turn) {

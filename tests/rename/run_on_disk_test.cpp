@@ -201,6 +201,19 @@ TEST_F(RunOnDisk, TouchesNothingInAFolderThatTookThePlaceOfAnother) {
   }
 }
 
+TEST_F(RunOnDisk, TellsWhyNothingCanBePutIntoAnOutputFolder) {
+  Add("a");
+  Add("file");
+  Scan();
+  const std::pair<std::string, int> table[] = {
+      {folder / "file/", ENOTDIR}, {folder / "file/below/", ENOTDIR}, {"/proc/none/", ENOENT}};
+  for (const auto& [output, problem] : table) {
+    Run({kMoveTo, output, false, folder / ""});
+    EXPECT_EQ(records[0].problem, problem) << output;
+  }
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"a", "file"}));
+}
+
 TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
   for (const char* name : {"kept", "edited", "replaced", "gone"}) Add(name);
   Scan();
