@@ -30,6 +30,7 @@ struct NameParts {
 
 /// `base` without as many characters at its end as it takes to fit into `room` bytes.
 std::string_view Shortened(std::string_view base, std::size_t room) {
+  if (base.size() <= room) return base;
   std::size_t end = 0;
   while (end < base.size()) {
     const std::size_t next = text::NextCharacter(base, end);

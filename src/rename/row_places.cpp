@@ -44,7 +44,11 @@ bool IsOneEntry(FileSystem& files, std::string_view a, std::string_view b) {
   const auto name = [](std::string_view path) {
     return path.substr(path.rfind(kNative.separator) + 1);
   };
-  return text::NameKey(name(a)) == text::NameKey(name(b)) && files.IsSameEntry(a, b);
+  const std::string_view first = name(a), second = name(b);
+  const bool may_be = text::IsAscii(first) && text::IsAscii(second)
+                          ? text::EqualIgnoringCase(first, second)
+                          : text::NameKey(first) == text::NameKey(second);
+  return may_be && files.IsSameEntry(a, b);
 }
 
 std::size_t EntryKeys::operator()(const RowPlace& place) {
