@@ -28,14 +28,13 @@ class NameFreer {
   /// it was.
   std::string MoveAside(const RowPlace& place);
 
- private:
-  std::string MoveAside(const RowPlace& place, const NumberTexts& texts);
-
- protected:
   const RunState& state_;
   Records& records_;
   FileSystem& files_;
   Numbering& numbering_;
+
+ private:
+  std::string MoveAside(const RowPlace& place, const NumberTexts& texts);
 };
 
 /// In a run the holders are files of ticked rows that are still to get another name.
