@@ -16,7 +16,7 @@
 #include <stdexcept>
 
 #include "demo/sample_files.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 #include "window/main_window.h"
 #include "window/program.h"
 

@@ -6,8 +6,8 @@
 #include <QShortcut>
 #include <QStyle>
 
-#include "common/card_qt.h"
-#include "common/look_qt.h"
+#include "look/card.h"
+#include "look/look.h"
 
 namespace {
 

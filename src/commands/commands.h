@@ -8,10 +8,8 @@
 #include "filelist/grid.h"
 #include "names/constructor.h"
 #include "platform/clock.h"
-#include "platform/event_pump.h"
 #include "platform/files.h"
-#include "platform/locale_facts.h"
-#include "platform/prompts.h"
+#include "platform/services.h"
 #include "rename/result_rows.h"
 
 /// What the commands work on; all of it is the program's and outlives them.

@@ -2,7 +2,7 @@
 
 #include "errors/report_file.h"
 #include "platform/files.h"
-#include "platform/prompts.h"
+#include "platform/services.h"
 #include "platform/system_facts.h"
 
 namespace mMain {

@@ -7,7 +7,7 @@
 
 #include "common/path_text.h"
 #include "platform/files.h"
-#include "platform/prompts.h"
+#include "platform/services.h"
 #include "platform/system_facts.h"
 
 namespace mScanCD {

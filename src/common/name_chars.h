@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/prompts.h"
+#include "platform/services.h"
 
 namespace mMain {
 

@@ -3,8 +3,7 @@
 #include <string_view>
 
 #include "platform/files.h"
-#include "platform/prompts.h"
-#include "platform/shell.h"
+#include "platform/services.h"
 
 namespace mMain {
 

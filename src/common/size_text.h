@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "common/path_text.h"
-#include "platform/locale_facts.h"
+#include "platform/services.h"
 #include "platform/system_facts.h"
 
 /// Numbers of bytes as text.

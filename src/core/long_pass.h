@@ -6,7 +6,7 @@
 
 #include "core/run_state.h"
 #include "platform/clock.h"
-#include "platform/event_pump.h"
+#include "platform/services.h"
 
 /// How a long pass stays alive: events run at told steps and whenever 50 milliseconds have passed
 /// since they last did, and "Cancel" is asked for.

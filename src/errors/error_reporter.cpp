@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "common/language.h"
-#include "platform/ordinary_pointer_qt.h"
+#include "platform/qt/ordinary_pointer_qt.h"
 
 namespace {
 

@@ -11,14 +11,14 @@
 #include <vector>
 
 #include "common/language.h"
-#include "common/link_button_qt.h"
-#include "common/look_qt.h"
 #include "common/path_text.h"
 #include "common/shell_actions.h"
 #include "errors/report_file.h"
 #include "errors/send_mail.h"
+#include "look/link_button.h"
+#include "look/look.h"
 #include "platform/build_facts.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {

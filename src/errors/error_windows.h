@@ -5,8 +5,7 @@
 #include <string>
 
 #include "platform/files.h"
-#include "platform/prompts.h"
-#include "platform/shell.h"
+#include "platform/services.h"
 
 class LinkButton;
 class QPlainTextEdit;

@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/folders.h"
-#include "platform/locale_facts.h"
+#include "platform/services.h"
 #include "platform/system_facts.h"
 
 /// What the start found of files that may stand beside the program.

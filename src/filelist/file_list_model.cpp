@@ -3,7 +3,7 @@
 #include "common/problem_text.h"
 #include "filelist/changed_part.h"
 #include "filelist/list_roles.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

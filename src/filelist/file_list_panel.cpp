@@ -10,10 +10,10 @@
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
-#include "common/look_qt.h"
 #include "filelist/file_list_model.h"
 #include "filelist/list_view.h"
-#include "platform/text_qt.h"
+#include "look/look.h"
+#include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {

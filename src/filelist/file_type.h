@@ -4,7 +4,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "platform/type_names.h"
+#include "platform/services.h"
 
 /// The type texts of files, by extension; each extension is asked for once.
 class FileTypes {

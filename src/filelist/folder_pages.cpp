@@ -11,10 +11,10 @@
 #include <QShortcut>
 #include <utility>
 
-#include "common/card_qt.h"
-#include "common/look_qt.h"
 #include "common/path_text.h"
-#include "platform/text_qt.h"
+#include "look/card.h"
+#include "look/look.h"
+#include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "filelist/name_pieces_qt.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 
 /// What a list of files tells its painter beyond Qt's own roles. A model gives a role where it
 /// applies and nothing elsewhere.

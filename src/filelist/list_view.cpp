@@ -9,9 +9,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "common/look_qt.h"
 #include "core/file_row.h"
 #include "filelist/row_painter.h"
+#include "look/look.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "filelist/changed_part.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include <QTextLayout>
 #include <QToolTip>
 
-#include "common/look_qt.h"
 #include "core/file_row.h"
 #include "filelist/list_roles.h"
-#include "platform/text_qt.h"
+#include "look/look.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

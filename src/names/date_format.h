@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/locale_facts.h"
+#include "platform/services.h"
 
 /// The parts to choose from in each of the three boxes of a date element, by position.
 inline constexpr std::array<std::string_view, 9> kDateParts = {"",    "d",    "dd", "m",   "mm",

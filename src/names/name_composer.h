@@ -10,7 +10,7 @@
 #include "names/date_format.h"
 #include "names/transform.h"
 #include "platform/clock.h"
-#include "platform/locale_facts.h"
+#include "platform/services.h"
 
 /// Composes new names from the elements of a constructor. Made once for a pass: the options are
 /// taken then, but the running values of the counters are read for each name.

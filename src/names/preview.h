@@ -4,8 +4,7 @@
 #include "filelist/grid.h"
 #include "names/constructor.h"
 #include "platform/clock.h"
-#include "platform/event_pump.h"
-#include "platform/locale_facts.h"
+#include "platform/services.h"
 
 /// What the preview pass works on.
 struct PreviewParts {

@@ -9,10 +9,10 @@
 #include <QStyleOptionButton>
 #include <QVBoxLayout>
 
-#include "common/card_qt.h"
-#include "common/look_qt.h"
-#include "names/name_field.h"
-#include "platform/text_qt.h"
+#include "look/card.h"
+#include "look/look.h"
+#include "look/name_field.h"
+#include "platform/qt/text_qt.h"
 #include "settings/reg_settings.h"
 #include "settings/saved_options.h"
 #include "settings/window_placement_qt.h"

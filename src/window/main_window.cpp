@@ -10,16 +10,16 @@
 #include <QVBoxLayout>
 
 #include "commands/command_buttons.h"
-#include "common/look_qt.h"
 #include "filelist/file_list_panel.h"
 #include "filelist/folder_pages.h"
-#include "names/constructor_editor.h"
-#include "platform/text_qt.h"
+#include "look/look.h"
+#include "look/skin.h"
+#include "names/editor/constructor_editor.h"
+#include "platform/qt/text_qt.h"
 #include "rename/conflicts_dialog.h"
-#include "rename/result_windows.h"
+#include "rename/results/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
-#include "window/skin.h"
 #include "window/status_bar.h"
 
 namespace {

@@ -5,21 +5,17 @@
 
 #include "commands/start_up.h"
 #include "errors/error_reporter.h"
+#include "look/skin.h"
 #include "platform/build_facts.h"
-#include "platform/event_pump_qt.h"
-#include "platform/folders_qt.h"
-#include "platform/locale_facts_qt.h"
-#include "platform/prompts_qt.h"
-#include "platform/settings_store_qt.h"
-#include "platform/shell_qt.h"
-#include "platform/single_instance.h"
-#include "platform/text_qt.h"
-#include "platform/type_names_qt.h"
+#include "platform/posix/single_instance.h"
+#include "platform/qt/services_qt.h"
+#include "platform/qt/settings_store_qt.h"
+#include "platform/qt/shell_qt.h"
+#include "platform/qt/text_qt.h"
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
 #include "window/orderly_end.h"
-#include "window/skin.h"
 
 namespace {
 

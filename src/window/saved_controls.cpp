@@ -7,7 +7,7 @@
 #include "core/run_state.h"
 #include "filelist/file_list_panel.h"
 #include "filelist/folder_pages.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include "common/look_qt.h"
-#include "platform/text_qt.h"
+#include "look/look.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/text.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
-#include "support/plain_locale.h"
 #include "trace/err_trace.h"
 
 namespace {

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fake_system.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
 
 namespace {

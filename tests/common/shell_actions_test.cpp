@@ -3,8 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/fake_system.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
 
 using testing::ElementsAre;

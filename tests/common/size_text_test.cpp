@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fake_system.h"
-#include "support/plain_locale.h"
+#include "support/fake_services.h"
 
 namespace {
 

@@ -15,13 +15,11 @@
 #include <stdexcept>
 #include <utility>
 
-#include "common/link_button_qt.h"
 #include "errors/error_reporter.h"
+#include "look/link_button.h"
 #include "platform/build_facts.h"
-#include "support/fake_system.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
-#include "support/plain_locale.h"
 #include "support/temp_folder.h"
 
 namespace {

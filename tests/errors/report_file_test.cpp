@@ -7,8 +7,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include "support/fake_system.h"
-#include "support/plain_locale.h"
+#include "support/fake_services.h"
 #include "support/temp_folder.h"
 
 namespace {

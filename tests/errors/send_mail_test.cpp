@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fake_system.h"
+#include "support/fake_services.h"
 
 TEST(SendMail, WritesTheLinkOfAMessage) {
   const struct {

@@ -15,7 +15,7 @@
 #include "filelist/file_list_panel.h"
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 

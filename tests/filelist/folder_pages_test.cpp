@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <vector>
 
-#include "platform/text_qt.h"
+#include "platform/qt/text_qt.h"
 #include "support/keys.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "support/plain_locale.h"
+#include "support/fake_services.h"
 
 /// German months: one has a letter beyond ASCII, and the short names differ from the long ones.
 class Months : public PlainLocale {

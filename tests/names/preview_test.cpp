@@ -8,7 +8,7 @@
 #include "names/counter.h"
 #include "names/months.h"
 #include "support/failure_report.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 
 using ::testing::ElementsAre;
 

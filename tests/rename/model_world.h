@@ -12,7 +12,7 @@
 #include "rename/output_options.h"
 #include "rename/plain_model.h"
 #include "rename/result_rows.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
 #include "support/temp_folder.h"
 

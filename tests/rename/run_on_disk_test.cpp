@@ -8,7 +8,7 @@
 #include "filelist/scan.h"
 #include "rename/run.h"
 #include "rename/undo.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/temp_folder.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "rename/undo.h"
-#include "support/fakes.h"
+#include "support/fake_services.h"
 #include "support/memory_files.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "support/failure_report.h"
-#include "support/fake_system.h"
+#include "support/fake_services.h"
 #include "trace/report_text.h"
 
 namespace {

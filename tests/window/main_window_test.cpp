@@ -19,8 +19,8 @@
 #include <map>
 #include <optional>
 
-#include "platform/ending_signals.h"
-#include "platform/text_qt.h"
+#include "platform/posix/ending_signals.h"
+#include "platform/qt/text_qt.h"
 #include "support/temp_folder.h"
 #include "window/program.h"
 

@@ -11,8 +11,8 @@
 #include <optional>
 #include <span>
 
-#include "platform/settings_store_qt.h"
-#include "platform/text_qt.h"
+#include "platform/qt/settings_store_qt.h"
+#include "platform/qt/text_qt.h"
 #include "support/failure_report.h"
 #include "support/temp_folder.h"
 #include "window/main_window.h"

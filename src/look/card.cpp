@@ -1,0 +1,81 @@
+#include "look/card.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "look/look.h"
+
+namespace {
+
+/// The underline of a letter parts a text that is measured whole, without the kerning across the
+/// part: it needs a bit more room than a plain label asks for.
+class FieldLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize sizeHint() const override { return QLabel::sizeHint() + kSlack; }
+  QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + kSlack; }
+
+ private:
+  static constexpr QSize kSlack{2, 0};
+};
+
+QString LabelName(QString control) {
+  for (const QLatin1String prefix : {QLatin1String("fd"), QLatin1String("cmb")}) {
+    if (control.startsWith(prefix)) control.remove(0, prefix.size());
+  }
+  return QStringLiteral("lb") + control;
+}
+
+}  // namespace
+
+Card::Card(const QString& name, const QString& title, QWidget* parent)
+    : QFrame(parent), head_(new QHBoxLayout), body_(new QVBoxLayout) {
+  constexpr int kTitleHeight = 20;
+  setObjectName(name);
+  setAccessibleName(title);
+  setProperty("card", true);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(measure::kCardLeft, measure::kCardTop, measure::kCardRight,
+                            measure::kCardBottom);
+  outer->setSpacing(measure::kControlGap);
+  auto* label = new QLabel(title, this);
+  label->setObjectName(name + QStringLiteral("Title"));
+  label->setProperty("title", true);
+  // The controls beside a title give way, never the title.
+  label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  label->setMinimumHeight(kTitleHeight);
+  head_->setSpacing(measure::kLabelGap);
+  head_->addWidget(label);
+  head_->addStretch();
+  body_->setSpacing(measure::kControlGap);
+  outer->addLayout(head_);
+  outer->addLayout(body_, 1);
+}
+
+void Card::paintEvent(QPaintEvent* event) {
+  QFrame::paintEvent(event);
+  if (Look::Current().SkinOn()) return;
+  QPainter painter(this);
+  painter.setPen(Look::Current().Colour(Role::kLine));
+  const int top = head_->geometry().bottom() + measure::kControlGap / 2;
+  painter.drawRect(rect().adjusted(0, top, -1, -1));
+}
+
+QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
+  auto* label = new FieldLabel(text, parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setBuddy(buddy);
+  if (buddy != nullptr) label->setObjectName(LabelName(buddy->objectName()));
+  return label;
+}
+
+void PolishAll(QWidget* widget) {
+  for (QWidget* part : widget->findChildren<QWidget*>()) part->ensurePolished();
+}
+
+void Explain(QWidget* widget, const QString& text) {
+  widget->setToolTip(text);
+  widget->setAccessibleDescription(text);
+}

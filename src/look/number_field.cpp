@@ -1,0 +1,92 @@
+#include "look/number_field.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QValidator>
+#include <utility>
+
+#include "common/number_text.h"
+#include "platform/qt/text_qt.h"
+#include "trace/failure.h"
+
+namespace {
+
+constexpr QChar kDelete(0x7F);
+
+bool IsDroppedKey(QChar sign) {
+  return sign.unicode() >= u' ' && (sign < u'0' || sign > u'9') && sign != kDelete;
+}
+
+}  // namespace
+
+class NumberField::Digits : public QValidator {
+ public:
+  explicit Digits(NumberField* field) : QValidator(field), field_(*field) {}
+
+  State validate(QString& text, int& position) const override {
+    if (field_.writing_) return Acceptable;
+    const auto taken = TakeDigits(text::FromQt(field_.last_text_), text::FromQt(text));
+    if (!taken) return Invalid;
+    const QString digits = text::ToQt(*taken);
+    position -= static_cast<int>(text.size() - digits.size());
+    text = digits;
+    return Acceptable;
+  }
+
+ private:
+  const NumberField& field_;
+};
+
+NumberField::NumberField(const NumberControl& control, std::function<void(std::int32_t)> store,
+                         QWidget* parent)
+    : QLineEdit(parent), validate_(control.validate), store_(std::move(store)) {
+  setObjectName(QLatin1String(control.name));
+  setValidator(new Digits(this));
+  connect(this, &QLineEdit::textChanged, this, &NumberField::KeepDigits);
+  ShowNumber(0);
+  setInputMethodHints(Qt::ImhDigitsOnly);
+  connect(this, &QLineEdit::returnPressed, this, &NumberField::HandOver);
+}
+
+void NumberField::KeepDigits() {
+  // A validator doesn't bind who sets the text as a whole, as a screen reader does.
+  if (!hasAcceptableInput()) return setText(last_text_);
+  last_text_ = text();
+  pending_ = true;
+}
+
+void NumberField::Write(const QString& text) {
+  const QScopedValueRollback writing(writing_, true);
+  setText(text);
+}
+
+void NumberField::ShowNumber(std::int32_t number) {
+  Write(QString::number(number));
+  pending_ = false;
+  refused_ = false;
+}
+
+void NumberField::HandOver() {
+  if (!pending_) return;
+  refused_ = !validate_(false, [this] {
+    const NumberText number = NormalizeNumber(text::FromQt(text()));
+    if (const QString written = text::ToQt(number.text); written != text()) Write(written);
+    pending_ = false;
+    if (!number.value) throw Failure(kOverflow, "Overflow");
+    store_(*number.value);
+  });
+}
+
+void NumberField::keyPressEvent(QKeyEvent* event) {
+  const QString typed = event->text();
+  if (typed.size() == 1 && IsDroppedKey(typed.at(0))) return;
+  QLineEdit::keyPressEvent(event);
+}
+
+void NumberField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // Another window or a menu only borrows the focus.
+  const Qt::FocusReason reason = event->reason();
+  if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) HandOver();
+}

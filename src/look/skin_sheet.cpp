@@ -1,0 +1,308 @@
+#include "look/skin_sheet.h"
+
+#include <QDir>
+
+#include "look/look.h"
+
+namespace {
+
+struct NamedRole {
+  const char* name;
+  Role role;
+};
+
+constexpr NamedRole kRoles[] = {
+    {"window", Role::kWindow},
+    {"surface", Role::kSurface},
+    {"field", Role::kField},
+    {"head", Role::kHead},
+    {"text", Role::kText},
+    {"muted", Role::kMuted},
+    {"line", Role::kLine},
+    {"edge", Role::kEdge},
+    {"accent", Role::kAccent},
+    {"accentText", Role::kAccentText},
+    {"accentHover", Role::kAccentHover},
+    {"focus", Role::kFocus},
+    {"link", Role::kLink},
+    {"sel", Role::kSel},
+    {"groupText", Role::kGroupText},
+    {"disabled", Role::kDisabled},
+    {"disabledFill", Role::kDisabledFill},
+    {"hover", Role::kHover},
+    {"press", Role::kPress},
+};
+
+struct NamedPicture {
+  const char* name;
+  Drawing drawing;
+  Role role;
+  int size;
+};
+
+constexpr NamedPicture kPictures[] = {
+    {"tick", Drawing::kTick, Role::kAccentText, 16},
+    {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
+    {"down", Drawing::kDown, Role::kText, 16},
+    {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
+    {"left", Drawing::kLeft, Role::kText, 16},
+    {"leftDisabled", Drawing::kLeft, Role::kDisabled, 16},
+    {"right", Drawing::kRight, Role::kText, 16},
+    {"rightDisabled", Drawing::kRight, Role::kDisabled, 16},
+    {"downSmall", Drawing::kDown, Role::kText, 12},
+    {"downSmallDisabled", Drawing::kDown, Role::kDisabled, 12},
+    {"warning", Drawing::kWarning, Role::kWarn, 40},
+    {"critical", Drawing::kWarning, Role::kFailed, 40},
+};
+
+/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text
+/// fields take their text's colour from the palette: a colour here would fade their placeholder. A
+/// content height of 24 and a border of 1 above and below make a control of 26; a focused one has a
+/// border of 2 and as much less inside, so nothing moves.
+constexpr char kSheet[] = R"(
+QMainWindow, QDialog { background: {window}; }
+QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }
+
+QFrame[card="true"], QGroupBox[card="true"] {
+  background: {surface}; border: 1px solid {line}; border-radius: 6px;
+}
+QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color: {groupText}; }
+QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
+QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
+QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
+QFrame[rule="true"] { background: {line}; border: none; }
+QFrame[rule="true"][frameShape="4"] { max-height: 1px; }
+QFrame[rule="true"][frameShape="5"] { max-width: 1px; }
+
+QLabel { background: transparent; }
+QLabel[title="true"] { color: {groupText}; font-weight: 600; }
+QLabel[strong="true"] { font-weight: 600; }
+QLabel[muted="true"] { color: {muted}; }
+QLabel:disabled { color: {disabled}; }
+
+QPushButton, QToolButton {
+  background: {surface}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
+  min-height: 24px; padding: 0 8px; outline: none;
+}
+QToolButton { padding: 0 5px; }
+QPushButton:hover, QToolButton:hover { background: {hover}; }
+QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked,
+QPushButton:open, QToolButton:open { background: {press}; }
+QPushButton:focus, QToolButton:focus {
+  border: 2px solid {focus}; min-height: 22px; padding: 0 7px;
+}
+QToolButton:focus { padding: 0 4px; }
+QPushButton:disabled, QToolButton:disabled {
+  background: {disabledFill}; color: {disabled}; border-color: {line};
+}
+QToolButton[scroll="true"] { padding: 0; }
+QToolButton::left-arrow { image: url("{left}"); width: 16px; height: 16px; }
+QToolButton::left-arrow:disabled { image: url("{leftDisabled}"); }
+QToolButton::right-arrow { image: url("{right}"); width: 16px; height: 16px; }
+QToolButton::right-arrow:disabled { image: url("{rightDisabled}"); }
+QPushButton[command="true"] { min-height: 28px; padding: 0 11px; }
+QPushButton[command="true"]:focus { min-height: 26px; padding: 0 10px; }
+QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; min-width: 18px; }
+QPushButton[narrow="true"]:focus, QToolButton[narrow="true"]:focus { padding: 0 4px; }
+QPushButton::menu-indicator, QToolButton::menu-indicator {
+  subcontrol-origin: padding; subcontrol-position: center right;
+  image: url("{downSmall}"); width: 12px; height: 12px; right: 3px;
+}
+QPushButton::menu-indicator:disabled, QToolButton::menu-indicator:disabled {
+  image: url("{downSmallDisabled}");
+}
+QDialog QPushButton { min-height: 28px; min-width: 66px; padding: 0 10px; }
+QDialog QPushButton:focus { min-height: 26px; padding: 0 9px; }
+QDialog QPushButton[narrow="true"] { min-height: 24px; min-width: 18px; padding: 0 5px; }
+QDialog QPushButton[narrow="true"]:focus { min-height: 22px; padding: 0 4px; }
+
+QPushButton[primary="true"]:enabled, QDialog QPushButton:default:enabled {
+  background: {accent}; border-color: {accent}; color: {accentText}; font-weight: 600;
+}
+QPushButton[primary="true"]:hover:enabled, QDialog QPushButton:default:hover:enabled,
+QPushButton[primary="true"]:pressed:enabled, QDialog QPushButton:default:pressed:enabled {
+  background: {accentHover}; border-color: {accentHover};
+}
+QPushButton[primary="true"]:focus:enabled, QDialog QPushButton:default:focus:enabled {
+  border-color: {text};
+}
+
+QPushButton[link="true"], QToolButton[link="true"] {
+  background: transparent; border: 1px solid transparent; color: {link}; padding: 0 7px;
+  min-width: 0; min-height: 20px;
+}
+QPushButton[link="true"]:hover, QToolButton[link="true"]:hover {
+  background: {hover}; text-decoration: underline;
+}
+QPushButton[link="true"]:focus, QToolButton[link="true"]:focus {
+  border: 2px solid {focus}; padding: 0 6px; min-height: 18px;
+}
+
+QLineEdit, QPlainTextEdit, QTextEdit, QAbstractSpinBox {
+  background: {field}; border: 1px solid {edge}; border-radius: 4px;
+  selection-background-color: {accent}; selection-color: {accentText};
+}
+QLineEdit, QAbstractSpinBox { min-height: 24px; padding: 0 6px; }
+QLineEdit:focus, QAbstractSpinBox:focus {
+  border: 2px solid {focus}; min-height: 22px; padding: 0 5px;
+}
+QPlainTextEdit:focus, QTextEdit:focus { border: 2px solid {focus}; }
+QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBox:disabled {
+  background: {disabledFill}; border-color: {line};
+}
+
+QComboBox {
+  background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
+  min-height: 24px; padding: 0 1px 0 7px; combobox-popup: 0;
+}
+QComboBox:hover { background: {hover}; }
+QComboBox:on { background: {press}; }
+QComboBox:focus { border: 2px solid {focus}; min-height: 22px; padding: 0 0 0 6px; }
+QComboBox:disabled { background: {disabledFill}; color: {disabled}; border-color: {line}; }
+QComboBox::drop-down { border: none; width: 20px; }
+QComboBox::down-arrow { image: url("{down}"); width: 16px; height: 16px; }
+QComboBox::down-arrow:disabled { image: url("{downDisabled}"); }
+QComboBox QLineEdit { border: none; padding: 0; min-height: 22px; }
+QComboBox QAbstractItemView {
+  background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 0; outline: none;
+  selection-background-color: {sel}; selection-color: {text};
+}
+QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border: none; }
+QComboBox QAbstractItemView::item:selected, QComboBox QAbstractItemView::item:hover {
+  background: {sel}; color: {text};
+}
+
+QCheckBox, QRadioButton {
+  color: {text}; background: transparent; spacing: 5px; min-height: 18px; padding: 0 2px;
+  border: 2px solid transparent; border-radius: 4px; outline: none;
+}
+QCheckBox:focus, QRadioButton:focus { border-color: {focus}; }
+QCheckBox:disabled, QRadioButton:disabled { color: {disabled}; }
+QCheckBox::indicator, QAbstractItemView::indicator, QGroupBox::indicator {
+  width: 14px; height: 14px; border: 1px solid {edge}; border-radius: 4px; background: {field};
+}
+QCheckBox::indicator:hover { border-color: {focus}; background: {hover}; }
+QCheckBox::indicator:checked, QAbstractItemView::indicator:checked, QGroupBox::indicator:checked {
+  width: 16px; height: 16px; border: none; background: {accent}; image: url("{tick}");
+}
+QCheckBox::indicator:checked:hover { background: {accentHover}; }
+QCheckBox::indicator:disabled { border-color: {line}; background: {disabledFill}; }
+QCheckBox::indicator:checked:disabled { background: {line}; image: url("{tickDisabled}"); }
+
+QTabWidget::pane {
+  background: {surface}; border: 1px solid {line}; border-radius: 6px;
+  border-top-left-radius: 0; top: -1px;
+}
+QTabWidget::tab-bar { left: 0; }
+QTabWidget > QTabBar { background: transparent; }
+QTabWidget > QTabBar::tab {
+  background: transparent; color: {muted}; border: 1px solid transparent;
+  border-top-left-radius: 6px; border-top-right-radius: 6px; min-height: 23px; padding: 0 11px;
+  margin-right: 3px;
+}
+QTabWidget > QTabBar::tab:selected {
+  background: {surface}; color: {text}; border-color: {line}; border-bottom-color: {surface};
+}
+QTabWidget > QTabBar::tab:hover:!selected { color: {text}; background: {hover}; }
+QTabWidget > QTabBar::tab:selected:focus { border: 2px solid {focus}; min-height: 21px; padding: 0 10px; }
+QTabWidget > QTabBar::tab:disabled { color: {disabled}; }
+QTabWidget[optionPages="true"]::pane {
+  background: transparent; border: none; border-radius: 0; border-top: 1px solid {line}; top: -1px;
+}
+QTabWidget[optionPages="true"] > QTabBar::tab {
+  background: transparent; color: {muted}; border: none; border-bottom: 2px solid transparent;
+  border-radius: 0; min-height: 22px; padding: 0 10px; margin-right: 4px;
+}
+QTabWidget[optionPages="true"] > QTabBar::tab:selected {
+  color: {groupText}; border-bottom-color: {focus};
+}
+QTabWidget[optionPages="true"] > QTabBar::tab:hover:!selected {
+  color: {text}; background: {hover};
+}
+QTabWidget[optionPages="true"] > QTabBar::tab:selected:focus {
+  border: 2px solid {focus}; min-height: 20px; padding: 0 8px; border-radius: 4px;
+}
+QTabWidget[optionPages="true"] > QTabBar::tab:disabled { color: {disabled}; }
+QTabWidget[optionPages="true"] > QTabBar::tab:selected:disabled {
+  color: {disabled}; border-bottom-color: {line};
+}
+
+QAbstractItemView {
+  background: {field}; color: {text}; border: 1px solid {line}; border-radius: 6px;
+  selection-background-color: {sel}; selection-color: {text}; outline: none;
+}
+QTableView { gridline-color: transparent; }
+QHeaderView { background: {head}; border: none; border-radius: 0; }
+QTableView > QHeaderView { border-top-left-radius: 5px; border-top-right-radius: 5px; }
+QHeaderView::section {
+  background: transparent; color: {muted}; border: none; border-right: 1px solid {line};
+  border-bottom: 1px solid {line}; padding: 0 6px; font-weight: normal;
+}
+QHeaderView::section:last { border-right: none; }
+QHeaderView::section:hover { color: {text}; }
+QTableCornerButton::section { background: {head}; border: none; }
+
+QScrollBar { background: transparent; border: none; margin: 0; }
+QScrollBar:vertical { width: 12px; }
+QScrollBar:horizontal { height: 12px; }
+QScrollBar::handle { background: {edge}; border-radius: 3px; }
+QScrollBar::handle:vertical { min-height: 28px; margin: 2px 2px 2px 3px; }
+QScrollBar::handle:horizontal { min-width: 28px; margin: 3px 2px 2px 2px; }
+QScrollBar::handle:hover, QScrollBar::handle:pressed { background: {muted}; }
+QScrollBar::handle:disabled { background: {line}; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; border: none; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+QAbstractScrollArea::corner { background: transparent; border: none; }
+
+QProgressBar {
+  background: {field}; border: 1px solid {edge}; border-radius: 5px; min-height: 8px;
+  max-height: 8px; color: transparent;
+}
+QProgressBar::chunk { background: {accent}; border-radius: 4px; }
+
+QStatusBar { background: {head}; color: {muted}; border-top: 1px solid {line}; min-height: 26px; }
+QStatusBar::item { border: none; }
+QStatusBar QLabel { color: {muted}; }
+
+QMenu { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 4px; }
+QMenu::item { padding: 4px 20px 4px 12px; border-radius: 4px; }
+QMenu::item:selected { background: {sel}; color: {text}; }
+QMenu::item:disabled { color: {disabled}; background: transparent; }
+QMenu::separator { height: 1px; background: {line}; margin: 4px 6px; }
+
+QMessageBox {
+  messagebox-warning-icon: url("{warning}"); messagebox-critical-icon: url("{critical}");
+}
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+)";
+
+/// Writes one picture at three sizes; the name with "@2x" is how Qt finds the sharper one.
+QString WritePicture(const NamedPicture& picture, const QString& folder) {
+  const QString stem =
+      QDir(folder).filePath(QString::fromLatin1(picture.name)) +
+      (Look::Current().Dark() ? QStringLiteral("-dark") : QStringLiteral("-light"));
+  for (int scale = 1; scale <= 3; ++scale) {
+    const QString mark = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
+    QPixmap pixels = Look::Current().Picture(picture.drawing, picture.role, picture.size, scale);
+    pixels.save(stem + mark + QStringLiteral(".png"));
+  }
+  return stem + QStringLiteral(".png");
+}
+
+QString Placeholder(const char* name) {
+  return u'{' + QString::fromLatin1(name) + u'}';
+}
+
+}  // namespace
+
+QString SkinSheet(const QString& picture_folder) {
+  QString sheet = QString::fromLatin1(kSheet);
+  for (const NamedRole& row : kRoles) {
+    sheet.replace(Placeholder(row.name), Look::Current().Colour(row.role).name());
+  }
+  for (const NamedPicture& picture : kPictures) {
+    sheet.replace(Placeholder(picture.name),
+                  picture_folder.isEmpty() ? QString() : WritePicture(picture, picture_folder));
+  }
+  return sheet;
+}

@@ -1,0 +1,141 @@
+#include "names/editor/chip_bar.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <string_view>
+
+#include "look/look.h"
+#include "names/constr_item.h"
+#include "names/editor/accessible_chips.h"
+#include "platform/qt/text_qt.h"
+
+namespace {
+
+constexpr int kChipGap = 4;
+constexpr int kChipPadding = 10;
+constexpr int kLeastChip = 30;
+constexpr int kGreatestText = 200 - 2 * kChipPadding;
+constexpr int kGreatestTip = 800;
+constexpr int kRadius = 4;
+constexpr QChar kOpenBox(0x2423);
+
+/// Blanks at the ends of a text can't be seen; they show as open boxes.
+QString WithVisibleEnds(QString text) {
+  for (qsizetype i = 0; i < text.size() && text.at(i) == u' '; ++i) text[i] = kOpenBox;
+  for (qsizetype i = text.size() - 1; i >= 0 && text.at(i) == u' '; --i) text[i] = kOpenBox;
+  return text;
+}
+
+struct ChipColours {
+  Role fill;
+  Role edge;
+  Role text;
+};
+
+ChipColours ColoursOf(bool enabled, bool focused, bool selected, bool is_text) {
+  if (!enabled) return {Role::kDisabledFill, Role::kLine, Role::kDisabled};
+  // The desktop's own palette has one colour for what is selected, and text for it.
+  const bool solid = focused || !Look::Current().SkinOn();
+  if (selected && solid) return {Role::kAccent, Role::kAccent, Role::kAccentText};
+  if (selected) return {Role::kSel, Role::kFocus, Role::kText};
+  if (is_text) return {Role::kField, Role::kEdge, Role::kText};
+  return {Role::kChip, Role::kChipEdge, Role::kChipText};
+}
+
+/// An outline of `width` that lies within `box`.
+void StrokeInside(QPainter& painter, const QRectF& box, const QColor& colour, qreal width,
+                  qreal radius) {
+  const qreal half = width / 2;
+  painter.setPen(QPen(colour, width));
+  painter.drawRoundedRect(box.adjusted(half, half, -half, -half), radius, radius);
+}
+
+}  // namespace
+
+ChipBar::ChipBar(QWidget* parent) : QTabBar(parent) {
+  MakeChipsAccessible();  // first of all: a name given to a widget is told at once
+  setObjectName(QStringLiteral("tabConstructor"));
+  setAccessibleName(tr("New file name constructor"));
+  setDrawBase(false);
+  setExpanding(false);
+  setUsesScrollButtons(false);  // the well has better ones
+  setElideMode(Qt::ElideNone);
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumHeight(measure::kControlHeight);
+}
+
+void ChipBar::InsertChip(int index, std::string_view text, int tag) {
+  const QString shown = text::Shown(text);
+  // An "&" in a tab's text would make a shortcut of the letter behind it.
+  const int at = insertTab(index, QString(shown).replace(u'&', QStringLiteral("&&")));
+  setTabData(at, tag);
+  const bool fits = fontMetrics().horizontalAdvance(shown) <= kGreatestText;
+  // Wider than the screen it could not be read either.
+  const QString tip = fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestTip);
+  setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
+}
+
+QString ChipBar::PlainText(int index) const {
+  return tabText(index).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+QRect ChipBar::ChipRect(int index) const {
+  return tabRect(index).adjusted(0, 0, -kChipGap, 0);
+}
+
+int ChipBar::ChipsWidth() const {
+  return count() == 0 ? 0 : ChipRect(count() - 1).right() + 1;
+}
+
+QString ChipBar::ChipText(int index) const {
+  const QString text = PlainText(index);
+  const QString shown = tabData(index).toInt() == kText ? WithVisibleEnds(text) : text.trimmed();
+  return fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestText);
+}
+
+QSize ChipBar::tabSizeHint(int index) const {
+  const int text = fontMetrics().horizontalAdvance(ChipText(index));
+  const int high = fontMetrics().height() + 2 * kRadius;
+  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap,
+               std::max(high, measure::kControlHeight));
+}
+
+void ChipBar::keyPressEvent(QKeyEvent* event) {
+  const bool ctrl = event->modifiers() == Qt::ControlModifier;
+  const int step = event->key() == Qt::Key_Left ? -1 : event->key() == Qt::Key_Right ? 1 : 0;
+  if (ctrl && step != 0) {
+    emit moveRequested(step);
+  } else if (event->key() == Qt::Key_Insert && !ctrl) {
+    emit menuRequested(event->modifiers() == Qt::ShiftModifier);
+  } else if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+    emit deleteRequested();
+  } else {
+    QTabBar::keyPressEvent(event);
+  }
+}
+
+void ChipBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (int i = 0; i < count(); ++i) PaintChip(painter, i);
+}
+
+void ChipBar::PaintChip(QPainter& painter, int index) const {
+  const Look& look = Look::Current();
+  const bool selected = index == currentIndex();
+  const bool focused = selected && hasFocus();
+  const bool is_text = tabData(index).toInt() == kText;
+  const ChipColours colours = ColoursOf(isEnabled(), focused, selected, is_text);
+  const QRectF box = ChipRect(index);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look.Colour(colours.fill));
+  painter.drawRoundedRect(box, kRadius, kRadius);
+  painter.setBrush(Qt::NoBrush);
+  StrokeInside(painter, box, look.Colour(colours.edge), selected ? 2 : 1, kRadius);
+  if (focused) {
+    StrokeInside(painter, box.adjusted(2, 2, -2, -2), look.Colour(Role::kAccentText), 1, 2);
+  }
+  painter.setPen(look.Colour(colours.text));
+  painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine, ChipText(index));
+}

@@ -1,0 +1,206 @@
+#include "names/editor/constructor_strip.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "look/card.h"
+#include "look/look.h"
+#include "names/editor/chip_bar.h"
+#include "names/editor/chip_well.h"
+#include "trace/err_trace.h"
+
+namespace {
+
+struct MenuCommand {
+  const char* caption;
+  ItemType kind;
+  const char* text;  ///< of a text element; null: the user is asked
+  bool begins_group = false;
+};
+
+constexpr MenuCommand kMenu[] = {
+    {"<Source file name>", kSourceFileName, ""},
+    {"<Extension>", kExtension, ""},
+    {"<Counter>", kCounter, ""},
+    {"<File date>", kFileDate, ""},
+    {"<Today's date>", kTodaysDate, ""},
+    {"<Parent folder name>", kParentFolderName, ""},
+    {". (dot)", kText, ".", true},
+    {"- (dash)", kText, "-"},
+    {"_ (underscore)", kText, "_"},
+    {"  (space)", kText, " "},
+    {"Custom text", kText, nullptr},
+};
+
+/// Around the text of a button with a menu, its arrow included.
+constexpr int kMenuButtonPadding = 36;
+
+QPushButton* NewButton(const char* name, const QString& text, const QString& keys,
+                       QWidget* parent) {
+  auto* button = new QPushButton(text, parent);
+  button->setObjectName(QLatin1String(name));
+  Explain(button, keys);
+  return button;
+}
+
+/// The pointer leaves the button for the menu, which keeps that to itself: without being told, the
+/// button would look hovered from then on.
+void GiveMenu(QPushButton* button, QMenu* menu) {
+  button->setMenu(menu);
+  QObject::connect(
+      menu, &QMenu::aboutToHide, button,
+      [button] {
+        if (button->rect().contains(button->mapFromGlobal(QCursor::pos()))) return;
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(button, &leave);
+        button->update();
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace
+
+ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextToInsert,
+                                   QWidget* parent)
+    : QWidget(parent),
+      tabConstructor(new ChipBar(this)),
+      constructor_(constructor),
+      GetTextToInsert_(std::move(GetTextToInsert)) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(measure::kControlGap);
+  auto* well = new ChipWell(tabConstructor, this);
+  column->addWidget(well);
+  BuildButtons();
+
+  int index = 0;
+  for (const ConstrItem& item : constructor_.ArrConstr) {
+    std::string caption(ElementCaption(static_cast<ItemType>(item.ItemType), item.ItemText));
+    // The start item alone has a blank behind its caption.
+    if (item.ItemType == kSourceFileName) caption += ' ';
+    tabConstructor->InsertChip(index++, caption, item.ItemType);
+  }
+  tabConstructor->setCurrentIndex(0);
+  connect(this, &ConstructorStrip::selectedChanged, well, &ChipWell::ShowSelected);
+  connect(tabConstructor, &QTabBar::currentChanged, this, &ConstructorStrip::selectedChanged);
+  connect(tabConstructor, &ChipBar::deleteRequested, bnDeletePattern, &QPushButton::click);
+  connect(tabConstructor, &ChipBar::moveRequested, this,
+          [this](int step) { (step < 0 ? bnMoveLeft : bnMoveRight)->click(); });
+  connect(tabConstructor, &ChipBar::menuRequested, this,
+          [this](bool left) { (left ? vbInsertLeft : bnInsertRight)->showMenu(); });
+}
+
+void ConstructorStrip::BuildButtons() {
+  vbInsertLeft = NewButton("vbInsertLeft", tr("In&sert left"), tr("Shift+Insert"), this);
+  bnInsertRight = NewButton("bnInsertRight", tr("Insert rig&ht"), tr("Insert"), this);
+  bnMoveLeft = NewButton("bnMoveLeft", tr("&Move left"), tr("Ctrl+Left"), this);
+  bnMoveRight = NewButton("bnMoveRight", tr("Move ri&ght"), tr("Ctrl+Right"), this);
+  bnDeletePattern = NewButton("bnDeletePattern", tr("De&lete"), tr("Del"), this);
+  for (QPushButton* button : {vbInsertLeft, bnInsertRight}) {
+    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, button->text());
+    button->setMinimumWidth(text.width() + kMenuButtonPadding);
+  }
+  GiveMenu(vbInsertLeft, NewMenu(Side::kLeft));
+  GiveMenu(bnInsertRight, NewMenu(Side::kRight));
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(measure::kControlGap);
+  row->addWidget(vbInsertLeft);
+  row->addWidget(bnInsertRight);
+  row->addStretch();
+  row->addWidget(bnMoveLeft);
+  row->addWidget(bnMoveRight);
+  row->addStretch();
+  row->addWidget(bnDeletePattern);
+  layout()->addItem(row);
+
+  connect(bnMoveLeft, &QPushButton::clicked, this,
+          [this] { ErrTrace::top<"Form1.bnMoveLeft_Click">(ErrTrace::args(), [&] { Move(-1); }); });
+  connect(bnMoveRight, &QPushButton::clicked, this,
+          [this] { ErrTrace::top<"Form1.bnMoveRight_Click">(ErrTrace::args(), [&] { Move(1); }); });
+  connect(bnDeletePattern, &QPushButton::clicked, this, [this] {
+    ErrTrace::top<"Form1.bnDeletePattern_Click">(ErrTrace::args(),
+                                                 [&] { bnDeletePattern_Click(); });
+  });
+}
+
+QMenu* ConstructorStrip::NewMenu(Side side) {
+  auto* menu = new QMenu(this);
+  menu->setObjectName(side == Side::kLeft ? QStringLiteral("mnInsertLeft")
+                                          : QStringLiteral("mnInsertRight"));
+  for (const MenuCommand& command : kMenu) {
+    if (command.begins_group) menu->addSeparator();
+    QAction* action = menu->addAction(QLatin1String(command.caption));
+    connect(action, &QAction::triggered, this, [this, side, &command] {
+      const int Control = command.kind;
+      ErrTrace::top<"Form1.CommandBars1_Execute(Control)">(ErrTrace::args(Control), [&] {
+        const std::string text = command.text != nullptr ? command.text : GetTextToInsert_();
+        if (command.kind == kText && text.empty()) return;
+        CommandBars1_Execute(side, command.kind, text);
+      });
+    });
+  }
+  return menu;
+}
+
+int ConstructorStrip::Selected() const {
+  return tabConstructor->currentIndex();
+}
+
+void ConstructorStrip::CommandBars1_Execute(Side side, ItemType kind, std::string_view text) {
+  emit aboutToChange();
+  // An empty strip takes the first element at 0 for either button.
+  const bool is_first = tabConstructor->count() == 0;
+  const int index = is_first ? 0 : Selected() + (side == Side::kRight ? 1 : 0);
+  emit elementsChanged();
+  Insert(index, kind, text);
+  emit selectedChanged(index);
+}
+
+void ConstructorStrip::Insert(int index, ItemType kind, std::string_view text) {
+  // Model first: a tab that shows must have its item.
+  constructor_.InsertArrConstrItem(static_cast<std::size_t>(index), kind, text);
+  const QSignalBlocker quiet(tabConstructor);
+  tabConstructor->InsertChip(index, ElementCaption(kind, text), kind);
+  tabConstructor->setCurrentIndex(index);
+}
+
+void ConstructorStrip::Move(int step) {
+  if (tabConstructor->count() == 0) return;
+  emit aboutToChange();
+  // At the edge nothing moves, and yet the user is asked for a new preview.
+  emit elementsChanged();
+  const int from = Selected();
+  const int to = from + step;
+  if (to >= 0 && to < tabConstructor->count()) {
+    const auto index = static_cast<std::size_t>(from);
+    if (step < 0) {
+      constructor_.MoveArrConstrItemLeft(index);
+    } else {
+      constructor_.MoveArrConstrItemRight(index);
+    }
+    const QSignalBlocker quiet(tabConstructor);
+    tabConstructor->moveTab(from, to);
+  }
+  emit selectedChanged(Selected());
+}
+
+void ConstructorStrip::bnDeletePattern_Click() {
+  if (tabConstructor->count() == 0) return;
+  emit aboutToChange();
+  emit elementsChanged();
+  const int index = Selected();
+  constructor_.DeleteArrConstrItem(static_cast<std::size_t>(index));
+  {
+    const QSignalBlocker quiet(tabConstructor);
+    tabConstructor->removeTab(index);
+  }
+  emit selectedChanged(Selected());
+}

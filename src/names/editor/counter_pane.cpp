@@ -1,0 +1,106 @@
+#include "names/editor/counter_pane.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "look/look.h"
+#include "look/number_field.h"
+#include "look/sample_label.h"
+#include "names/counter.h"
+#include "platform/qt/text_qt.h"
+
+namespace {
+
+constexpr const char* kWidths[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
+constexpr int kStartWidth = 84;
+constexpr int kRangeWidth = 64;
+constexpr int kPairGap = 13;
+
+}  // namespace
+
+CounterPane::CounterPane(ShownItem item, QWidget* parent)
+    : Card(QStringLiteral("pbCounter"), tr("Counter options"), parent), item_(std::move(item)) {
+  BuildControls();
+  Lay();
+}
+
+void CounterPane::BuildControls() {
+  lbRangeSample = new SampleLabel("lbRangeSample", this);
+  lbRangeSample->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+  const auto store = [this](std::int32_t start) {
+    if (ConstrItem* shown = item_()) shown->CounterStart = start;
+  };
+  constexpr NumberControl kStart = kNumberField<"fdStartValue">;
+  fdStartValue = new NumberField(kStart, store, this);
+  fdStartValue->ShowNumber(1);
+  fdStartValue->setFixedWidth(kStartWidth);
+  HandleChange(fdStartValue, kStart.name, kStart.change, [this] {
+    emit optionChanged();
+    UpdateSample();
+  });
+
+  const auto picked = [this](int) {
+    emit optionChanged();
+    TakeRange();
+  };
+  cmbRange = NewPick(kPick<"cmbRange">, 0, kWidths, picked, this);
+  cmbRange->setFixedWidth(kRangeWidth);
+
+  chResetCounter = new QCheckBox(tr("R&eset counter for each group in file list"), this);
+  chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
+  connect(chResetCounter, &QCheckBox::toggled, this, [this](bool on) {
+    kPick<"chResetCounter">.click(0, [&] {
+      emit optionChanged();
+      if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
+    });
+  });
+}
+
+void CounterPane::Lay() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(measure::kLabelGap);
+  row->addWidget(NewLabel(tr("Start &with:"), fdStartValue, this));
+  row->addWidget(fdStartValue);
+  row->addSpacing(kPairGap - measure::kLabelGap);
+  row->addWidget(NewLabel(tr("&Number of digits:"), cmbRange, this));
+  row->addWidget(cmbRange);
+  row->addWidget(lbRangeSample, 1);
+  QLabel* note =
+      NewLabel(tr("Note: counter increment depends on sort order in file list."), nullptr, this);
+  note->setObjectName(QStringLiteral("Label22"));
+  note->setProperty("muted", true);
+  note->setWordWrap(true);
+  Body()->addLayout(row);
+  Body()->addWidget(chResetCounter);
+  Body()->addWidget(note);
+  Body()->addStretch();
+}
+
+void CounterPane::TakeRange() {
+  if (ConstrItem* shown = item_()) {
+    shown->CounterFormat = CounterFormatOfRange(cmbRange->currentIndex());
+    shown->CounterRange = cmbRange->currentIndex();
+  }
+  UpdateSample();
+}
+
+void CounterPane::UpdateSample() {
+  const std::string start = text::FromQt(fdStartValue->text());
+  const std::string pattern = CounterFormatOfRange(cmbRange->currentIndex());
+  lbRangeSample->ShowSample(CounterSample(start, pattern));
+}
+
+void CounterPane::ShowItem() {
+  const ConstrItem* shown = item_();
+  if (shown == nullptr) return;
+  const ConstrItem item = *shown;
+  fdStartValue->ShowNumber(item.CounterStart);
+  cmbRange->setCurrentIndex(item.CounterRange);
+  chResetCounter->setChecked(item.ResetCounter != 0);
+  TakeRange();
+}

@@ -1,9 +1,0 @@
-#pragma once
-
-#include <memory>
-
-#include "platform/files.h"
-#include "platform/syscalls.h"
-
-/// As MakePosixFileSystem(), with these calls instead of the machine's.
-std::unique_ptr<FileSystem> MakePosixFileSystem(Syscalls calls);

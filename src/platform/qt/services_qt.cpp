@@ -1,0 +1,68 @@
+#include "platform/qt/services_qt.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QMimeType>
+#include <QStandardPaths>
+
+#include "platform/qt/ordinary_pointer_qt.h"
+#include "platform/qt/text_qt.h"
+
+namespace {
+
+// Numbered extensions (".000001" on) must not make the table grow with the list.
+constexpr std::size_t kMostNames = 4096;
+
+std::string LookUp(const QMimeDatabase& database, std::string_view extension) {
+  // A bare extension would read as a hidden file's name, so it gets a name in front.
+  const QString name = QLatin1Char('x') + text::ToQt(extension);
+  const QMimeType type = database.mimeTypeForFile(name, QMimeDatabase::MatchExtension);
+  return type.isDefault() ? std::string() : text::FromQt(type.comment());
+}
+
+}  // namespace
+
+void QtEventPump::LetEventsRun() {
+  QCoreApplication::processEvents();
+}
+
+std::string QtFolders::Documents() {
+  return text::FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+std::string QtLocaleFacts::MonthName(int month) const {
+  return locale_.monthName(month, QLocale::LongFormat).toStdString();
+}
+
+std::string QtLocaleFacts::ShortMonthName(int month) const {
+  return locale_.monthName(month, QLocale::ShortFormat).toStdString();
+}
+
+std::string QtLocaleFacts::DecimalPoint() const {
+  return locale_.decimalPoint().toStdString();
+}
+
+std::string QtLocaleFacts::ThousandsSeparator() const {
+  return locale_.groupSeparator().toStdString();
+}
+
+std::string QtTypeNames::TypeName(std::string_view extension) {
+  if (extension.empty()) return {};
+  std::string key(extension);
+  if (const auto known = names_.find(key); known != names_.end()) return known->second;
+  if (names_.size() >= kMostNames) names_.clear();
+  return names_[std::move(key)] = LookUp(database_, extension);
+}
+
+void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("messageBox"));
+  box.setWindowTitle(QStringLiteral("Quorvane"));
+  box.setIcon(icon == PromptIcon::kCritical ? QMessageBox::Critical : QMessageBox::Warning);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(text::ShownLines(message));
+  box.setStandardButtons(QMessageBox::Ok);
+  const OrdinaryPointer pointer;
+  box.exec();
+}

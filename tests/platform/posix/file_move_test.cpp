@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <string>
+#include <vector>
+
+#include "faults.h"
+#include "platform/posix/files_posix.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+}  // namespace
+
+TEST(MoveFile, NeverReplacesWhateverTheFileSystemLacks) {
+  for (const Lack& lack : kLacks) {
+    SCOPED_TRACE(lack.what);
+    TempFolder folder;
+    Syscalls calls = RealSyscalls();
+    lack.apply(calls);
+    const auto files = MakePosixFileSystem(calls);
+    folder.Write("a", "A");
+    folder.Write("taken", "T");
+    folder.MakeFolder("sub");
+    folder.MakeLink("dangling", "nowhere");
+    ASSERT_EQ(::link((folder / "a").c_str(), (folder / "hard").c_str()), 0);
+    const Names before = folder.List();
+    for (const char* target : {"taken", "dangling", "sub", "hard", "none/x"}) {
+      EXPECT_FALSE(files->MoveFile(folder / "a", folder / target, {})) << target;
+    }
+    EXPECT_FALSE(files->MoveFile(folder / "a", folder / std::string(256, 'n'), {}));
+    EXPECT_FALSE(files->MoveFile(folder / "none", folder / "x", {}));
+    EXPECT_FALSE(files->MoveFile(folder / "none", folder / "none", {}));
+    EXPECT_FALSE(files->MoveFile(folder / "sub", folder / "sub/below", {}));
+    EXPECT_EQ(folder.List(), before);
+    EXPECT_EQ(folder.Read("taken"), "T");
+    EXPECT_EQ(folder.Read("a"), "A");
+    EXPECT_TRUE(files->MoveFile(folder / "a", folder / "a", {}));
+    EXPECT_TRUE(files->MoveFile(folder / "dangling", folder / "A\xFF\n", {}));
+    EXPECT_EQ(std::filesystem::read_symlink(folder / "A\xFF\n"), "nowhere");
+  }
+}
+
+TEST(MoveFile, MovesFilesAndLinksToAnotherDeviceWhole) {
+  const TempFolder home;
+  const TempFolder away(::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "");
+  if (home.Facts("").st_dev == away.Facts("").st_dev) GTEST_SKIP() << "no other device here";
+  const auto files = MakePosixFileSystem();
+  home.Write("a", "A");
+  const struct stat before = home.Facts("a");
+  EXPECT_TRUE(files->MoveFile(home / "a", away / "b", {}));
+  EXPECT_EQ(away.Read("b"), "A");
+  EXPECT_EQ(away.Facts("b").st_mtim.tv_nsec, before.st_mtim.tv_nsec);
+  home.MakeLink("a", "nowhere");
+  EXPECT_FALSE(files->MoveFile(home / "a", away / "b", {}));
+  EXPECT_TRUE(files->MoveFile(home / "a", away / "c", {}));
+  EXPECT_EQ(std::filesystem::read_symlink(away / "c"), "nowhere");
+  ASSERT_EQ(::mkfifo((home / "a").c_str(), 0600), 0);
+  EXPECT_FALSE(files->MoveFile(home / "a", away / "d", {}));
+
+  home.Write("e", "E");
+  Syscalls calls = RealSyscalls();
+  calls.fsync = [&, real = calls.fsync](int fd) {
+    home.Write("e", "changed");
+    return real(fd);
+  };
+  const auto slow = MakePosixFileSystem(calls);
+  EXPECT_FALSE(slow->MoveFile(home / "e", away / "e", {}));
+  EXPECT_EQ(slow->Problem(), kSourceChanged);
+  EXPECT_EQ(home.Read("e"), "changed");
+  EXPECT_EQ(home.List(), (Names{"a", "e"}));
+  EXPECT_EQ(away.List(), (Names{"b", "c"}));
+}
+
+TEST(MoveFile, CopiesOverABindMountThatTellsTheSameDevice) {
+  TempFolder folder;
+  folder.MakeFolder("real");
+  folder.MakeFolder("bound");
+  const std::string bound = folder / "bound";
+  if (::mount((folder / "real").c_str(), bound.c_str(), nullptr, MS_BIND, nullptr) != 0) {
+    GTEST_SKIP() << "a bind mount needs root";
+  }
+  folder.Write("a", "A");
+  folder.Write("real/same", "S");
+  const auto files = MakePosixFileSystem();
+  EXPECT_TRUE(files->MoveFile(folder / "a", bound + "/a", {}));
+  EXPECT_EQ(folder.Read("real/a"), "A");
+  EXPECT_FALSE(folder.Has("a"));
+  EXPECT_FALSE(files->MoveFile(folder / "real/same", bound + "/a", {}));
+  EXPECT_TRUE(files->MoveFile(folder / "real/same", bound + "/same", {}));
+  EXPECT_EQ(folder.List("real"), (Names{"a", "same"}));
+
+  // Nothing may be changed here any more.
+  ASSERT_EQ(::mount(nullptr, bound.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
+  EXPECT_FALSE(files->MoveFile(bound + "/a", bound + "/c", {}));
+  EXPECT_FALSE(files->MoveFile(bound + "/a", folder / "c", {}));
+  EXPECT_FALSE(files->CopyFile(bound + "/a", bound + "/c", {}, nullptr));
+  EXPECT_FALSE(folder.Has("c"));
+  EXPECT_EQ(folder.List("real"), (Names{"a", "same"}));
+  files->LetFoldersGo();
+  EXPECT_EQ(::umount(bound.c_str()), 0) << "a folder handle was kept";
+}

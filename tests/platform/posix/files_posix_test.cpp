@@ -1,0 +1,265 @@
+#include "platform/posix/files_posix.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/name_pattern.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+class PosixFiles : public ::testing::Test {
+ protected:
+  std::set<std::string> Listed(const std::string& path) {
+    FolderEntries all;
+    EXPECT_TRUE(files->List(path, {}, all));
+    std::set<std::string> names;
+    for (const auto& entry : all.entries) {
+      names.insert((entry.kind == EntryKind::kFolder ? "/" : "") + std::string(entry.name));
+    }
+    EXPECT_EQ(names.size(), all.entries.size());
+    return names;
+  }
+
+  TempFolder folder;
+  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+};
+
+}  // namespace
+
+TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
+  folder.Write("file", "");
+  folder.MakeFolder("sub");
+  folder.MakeLink("dangling", "nowhere");
+  folder.MakeLink("loop", "loop");
+  folder.Write("a?b", "");
+  folder.Write("x\xC3\xA9.txt", "");
+  folder.Write("line\nbreak\\ -\xFF. ", "");
+  for (const char* name : {"file", "sub", "dangling", "loop", "a?b", "x?.txt", "*.txt", "*",
+                           "line\nbreak\\ -\xFF. "}) {
+    EXPECT_TRUE(files->Exists(folder / name)) << name;
+  }
+  for (const std::string& name :
+       {std::string("x??.txt"), std::string("*.TXT"), std::string("none*"), std::string("none"),
+        std::string(), std::string("sub/"), std::string("file/below"), std::string("loop/below"),
+        std::string("none/*"), std::string("sub/*"), std::string(300, 'n'),
+        std::string("file\0x", 6)}) {
+    EXPECT_FALSE(files->Exists(folder / name)) << name;
+  }
+}
+
+TEST(NamePattern, FitsWholeNamesByCharacter) {
+  using Pairs = std::vector<std::pair<const char*, const char*>>;
+  const Pairs fitting = {
+      {"abcabd", "*abd"}, {"abc", "a*c*"}, {"", "*"},     {"\xF0\x9F\x98\x80", "?"},
+      {"\xFFz", "?z"},    {"\xC3z", "??"}, {"\xC3", "?"}, {"aXbXc", "a*X?"},
+      {"[a]", "[a]"}};
+  for (const auto& [name, pattern] : fitting) EXPECT_TRUE(FitsPattern(name, pattern)) << pattern;
+  const Pairs others = {{"abc", "ab"}, {"", "?"}, {"a", "a?"}};
+  for (const auto& [name, pattern] : others) EXPECT_FALSE(FitsPattern(name, pattern)) << pattern;
+}
+
+TEST_F(PosixFiles, LooksAtTheEntryItself) {
+  folder.Write("file", "12345");
+  const struct timespec times[2] = {{1, 0}, {1'700'000'000, 123'456'789}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "file").c_str(), times, 0), 0);
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", folder / "sub");
+  const auto facts = files->Look(folder / "file");
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->size, 5u);
+  EXPECT_EQ(facts->modified_ns, 1'700'000'000'123'456'789);
+  EXPECT_EQ(files->Look(folder / "sub")->kind, EntryKind::kFolder);
+  EXPECT_EQ(files->Look(folder / "to sub")->kind, EntryKind::kFile);
+  EXPECT_FALSE(files->Look(folder / "none"));
+}
+
+TEST_F(PosixFiles, ListsAllButWhatALivingProcessHasInTheMaking) {
+  const pid_t dead = ::fork();
+  if (dead == 0) ::_exit(0);
+  ASSERT_EQ(::waitpid(dead, nullptr, 0), dead);
+  const std::string left = ".qv-" + std::to_string(dead) + "-1.part";
+  const std::string living = ".qv-" + std::to_string(::getpid()) + "-1.part";
+  for (const std::string name :
+       {".hidden", living.c_str(), left.c_str(), ".qv-0-1.part", ".qv-99999999999-1.part",
+        ".qv--3.part", ".qv-12-.part", "bad\xFF", "new\nline"}) {
+    folder.Write(name, "");
+  }
+  folder.Write(living + "ly", "");
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", folder / "sub");
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+  const std::set<std::string> expected = {
+      ".hidden",     left,           living + "ly", ".qv-0-1.part", ".qv-99999999999-1.part",
+      ".qv--3.part", ".qv-12-.part", "bad\xFF",     "new\nline",    "/sub",
+      "to sub",      "fifo"};
+  EXPECT_EQ(Listed(folder.path()), expected);
+  EXPECT_EQ(Listed(folder / ""), expected);
+  FolderEntries all;
+  EXPECT_FALSE(files->List(folder / "none", {}, all));
+  EXPECT_TRUE(files->List("", {}, all));
+  EXPECT_FALSE(all.entries.empty());
+}
+
+TEST_F(PosixFiles, ListsLargeFoldersInPiecesAndStopsWhenAsked) {
+  for (int i = 0; i < 5000; ++i) {
+    folder.Write("a name that fills the pieces soon " + std::to_string(i), "");
+  }
+  EXPECT_EQ(Listed(folder.path()).size(), 5000u);
+  FolderEntries all;
+  EXPECT_FALSE(files->List(
+      folder.path(), [] { return false; }, all));
+  EXPECT_GT(all.entries.size(), 0u);
+  EXPECT_LT(all.entries.size(), 5000u);
+}
+
+TEST(PosixFilesKinds, AreAskedForWhereTheListingDoesNotTell) {
+  TempFolder folder;
+  folder.Write("file", "");
+  folder.MakeFolder("sub");
+  Syscalls calls = RealSyscalls();
+  calls.getdents = [real = calls.getdents](int fd, void* buffer, std::size_t size) {
+    const ssize_t filled = real(fd, buffer, size);
+    auto* bytes = static_cast<unsigned char*>(buffer);
+    for (ssize_t at = 0; at < filled;) {
+      bytes[at + 18] = 0;  // d_type, DT_UNKNOWN
+      at += bytes[at + 16] + 256 * bytes[at + 17];
+    }
+    return filled;
+  };
+  const auto files = MakePosixFileSystem(calls);
+  FolderEntries all;
+  ASSERT_TRUE(files->List(folder.path(), {}, all));
+  ASSERT_EQ(all.entries.size(), 2u);
+  for (const auto& entry : all.entries) {
+    EXPECT_EQ(entry.kind == EntryKind::kFolder, entry.name == "sub");
+  }
+}
+
+TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNow) {
+  folder.MakeFolder("one");
+  folder.Write("one/a", "first");
+  EXPECT_TRUE(files->Exists(folder / "one/a"));
+  // From outside: the kept handle now belongs to "two".
+  ASSERT_EQ(::rename((folder / "one").c_str(), (folder / "two").c_str()), 0);
+  folder.MakeFolder("one");
+  folder.Write("one/a", "second");
+  EXPECT_TRUE(files->MoveFile(folder / "one/a", folder / "one/b", {}));
+  EXPECT_EQ(folder.Read("one/b"), "second");
+  EXPECT_EQ(folder.Read("two/a"), "first");
+  EXPECT_TRUE(files->MoveFile(folder / "one/b", folder / "b", {}));
+  // By ourselves: known at once, looking included.
+  EXPECT_TRUE(files->Exists(folder / "two/a"));
+  EXPECT_TRUE(files->MoveFile(folder / "two", folder / "three", {}));
+  EXPECT_FALSE(files->Exists(folder / "two/a"));
+  EXPECT_TRUE(files->Exists(folder / "three/a"));
+}
+
+TEST_F(PosixFiles, ReachBeyondTheLongestPathOfOneCall) {
+  const std::string level(250, 'd');
+  std::string path = folder.path();
+  for (int i = 0; i < 20; ++i) {
+    path += '/' + level;
+    ASSERT_TRUE(files->CreateDirectory(path)) << i;
+  }
+  ASSERT_GT(path.size(), 4096u);
+  FolderEntries all;
+  EXPECT_TRUE(files->List(path, {}, all));
+  EXPECT_FALSE(files->Exists(path + "/f"));
+  ASSERT_TRUE(files->CreateDirectory(path + "/e"));
+  EXPECT_TRUE(files->MoveFile(path + "/e", path + "/f", {}));
+  EXPECT_EQ(files->Look(path + "/f")->kind, EntryKind::kFolder);
+}
+
+TEST_F(PosixFiles, DeleteOnlyWhatIsMeant) {
+  folder.Write("file", "x");
+  folder.MakeFolder("sub");
+  CopyIdentities copied;
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
+  EXPECT_TRUE(files->IsVeryFile(folder / "file", copied.source));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "file", copied.made));
+  EXPECT_EQ(files->Problem(), kNotTheCopy);
+  folder.Write("copy", "written to since");
+  EXPECT_FALSE(files->IsVeryFile(folder / "copy", copied.made));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", copied.made));
+  ASSERT_EQ(::unlink((folder / "copy").c_str()), 0);
+  folder.MakeLink("copy", "file");
+  EXPECT_TRUE(files->IsVeryFile(folder / "copy", copied.source));
+  EXPECT_FALSE(files->DeleteMadeFile(folder / "copy", copied.source));  // a link is not the file
+  ASSERT_EQ(::unlink((folder / "copy").c_str()), 0);
+  ASSERT_TRUE(files->CopyFile(folder / "file", folder / "copy", {}, &copied));
+  EXPECT_TRUE(files->DeleteMadeFile(folder / "copy", copied.made));
+
+  EXPECT_FALSE(files->CreateDirectory(folder / "sub"));
+  EXPECT_EQ(files->Problem(), EEXIST);
+  const FolderIdentity made = *files->IdentifyFolder(folder / "sub/");
+  folder.MakeFolder("other");
+  folder.Write("sub/in use", "");
+  EXPECT_FALSE(files->DeleteMadeFolder(folder / "sub", made));
+  EXPECT_EQ(files->Problem(), ENOTEMPTY);
+  EXPECT_FALSE(files->DeleteMadeFolder(folder / "other", made));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "other", "sub"}));
+  ASSERT_EQ(::unlink((folder / "sub/in use").c_str()), 0);
+  EXPECT_TRUE(files->DeleteMadeFolder(folder / "sub/", made));
+  EXPECT_EQ(folder.List(), (std::vector<std::string>{"file", "other"}));
+}
+
+TEST(ExpectedFolders, AreTheOnlyOnesThatAnythingHappensIn) {
+  for (const bool by_link : {false, true}) {
+    for (const bool used : {false, true}) {
+      TempFolder folder;
+      const auto files = MakePosixFileSystem();
+      CopyIdentities copied;
+      for (const char* name : {"out", "out/deep", "other", "other/deep"}) folder.MakeFolder(name);
+      for (const char* name : {"a", "out/deep/file", "other/deep/file"}) folder.Write(name, "x");
+      ASSERT_TRUE(files->CopyFile(folder / "a", folder / "other/deep/copy", {}, &copied));
+      const FolderIdentity other = *files->IdentifyFolder(folder / "other");
+      files->ExpectFolder(folder / "out/", *files->IdentifyFolder(folder / "out"));
+      files->ExpectFolder(folder.path(), *files->IdentifyFolder(folder / ""));
+      EXPECT_TRUE(!used || files->Exists(folder / "out/deep/file"));
+      ASSERT_EQ(::rename((folder / "out").c_str(), (folder / "moved").c_str()), 0);
+      if (by_link) folder.MakeLink("out", "other");  // which no folder can replace
+      EXPECT_EQ(by_link, ::rename((folder / "other").c_str(), (folder / "out").c_str()) != 0);
+      const std::string deep = folder / "out//deep/";
+      const std::function<bool()> operations[] = {
+          [&] { return files->MoveFile(deep + "file", folder / "b", {}); },
+          [&] { return files->MoveFile(folder / "a", deep + "b", {}); },
+          [&] { return files->CopyFile(folder / "a", deep + "b", {}, nullptr); },
+          [&] { return files->CopyFile(deep + "file", folder / "b", {}, nullptr); },
+          [&] { return files->DeleteMadeFile(deep + "copy", copied.made); },
+          [&] { return files->CreateDirectory(deep + "new"); },
+          [&] { return files->DeleteMadeFolder(folder / "out", other); }};
+      for (const auto& operation : operations) {
+        EXPECT_FALSE(operation());
+        EXPECT_EQ(files->Problem(), kFolderReplaced);
+      }
+      EXPECT_FALSE(files->IsSameEntry(deep + "file", deep + "file"));
+      EXPECT_FALSE(files->IsVeryFile(deep + "copy", copied.made));
+      EXPECT_EQ(folder.List("out/deep"), (std::vector<std::string>{"copy", "file"}));
+      EXPECT_TRUE(files->MoveFile(folder / "a", folder / "b", {}));  // all else goes on
+      files->LetFoldersGo();
+      EXPECT_TRUE(files->MoveFile(folder / "b", deep + "b", {}));
+    }
+  }
+}
+
+TEST_F(PosixFiles, KnowOneEntryByWhateverPath) {
+  folder.MakeFolder("sub");
+  folder.MakeLink("to sub", "sub");
+  folder.Write("sub/a", "A");
+  ASSERT_EQ(::link((folder / "sub/a").c_str(), (folder / "sub/hard").c_str()), 0);
+  const std::string real = std::filesystem::canonical(folder.path()).string() + "/sub/";
+  EXPECT_EQ(files->ResolveFolder(folder / "to sub/../to sub//./x?/"),
+            folder / "to sub/../to sub//./x?/");
+  EXPECT_EQ(files->ResolveFolder(folder / "to sub/../to sub//./x?"), real + "x?");
+  EXPECT_EQ(files->ResolveFolder("/x"), "/x");
+  EXPECT_EQ(files->ResolveFolder("x"), "x");
+  EXPECT_TRUE(files->IsSameEntry(folder / "to sub/a", folder / "sub/../sub//a"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/hard"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/A"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/none", folder / "sub/none"));
+}

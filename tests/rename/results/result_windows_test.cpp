@@ -1,0 +1,164 @@
+#include "rename/results/result_windows.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTimer>
+#include <cerrno>
+#include <functional>
+
+#include "filelist/list_view.h"
+#include "support/fake_services.h"
+#include "support/keys.h"
+#include "support/memory_files.h"
+#include "support/memory_settings.h"
+
+namespace {
+
+class ResultWindowsTest : public testing::Test {
+ protected:
+  ResultWindowsTest() {
+    files.folders = {"/in", "/out"};
+    files.contents = {{"/in/a.txt", ""}, {"/in/same_{1}", ""}, {"/out/same_{2}", ""}};
+    reports.gFailureReport = {{"/in/", "a.txt", "same", ENAMETOOLONG}};
+    reports.gConflictReport = {{"/out/", "", "z", "gone_{1}", "gone"},
+                               {"/in/", "", "b.txt", "same_{1}", "same"},
+                               {"/in/", "/out/", "c.txt", "same_{2}", "same"}};
+  }
+
+  /// Opens the window, acts in it, and waits until it is closed; closes it when `act` did not.
+  void Show(ResultWindow& window, const std::function<void()>& act) {
+    QTimer::singleShot(0, &window, [&] {
+      act();
+      window.close();
+    });
+    window.ShowReport();
+  }
+
+  static QMenu* Popup() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+
+  /// A context menu event as a click or the Menu key sends it, at a row's first shown column.
+  static void AskForMenu(ResultWindow& window, int row) {
+    ListView* list = window.ReportControl1;
+    const QPoint place = list->visualRect(list->model()->index(row, 1)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list->viewport(), &event);
+  }
+
+  RunReports reports;
+  MemoryFiles files;
+  FakePrompts prompts;
+  FakeShell shell;
+  MemorySettings settings;
+  ResultServices services{files, prompts, shell, settings};
+  ResultWindow Form3{kRenamingFailure, reports, services, nullptr};
+  ResultWindow Form7{kResolvedConflicts, reports, services, nullptr};
+};
+
+std::string ShownColumns(const ResultWindow& window) {
+  std::string captions;
+  const ListView* list = window.ReportControl1;
+  for (int column = 0; column < list->model()->columnCount(); ++column) {
+    if (list->isColumnHidden(column)) continue;
+    captions += list->model()->headerData(column, Qt::Horizontal).toString().toStdString() + "|";
+  }
+  return captions;
+}
+
+std::string Text(const ResultWindow& window, int row, int column, int role = Qt::DisplayRole) {
+  return window.ReportControl1->model()->index(row, column).data(role).toString().toStdString();
+}
+
+}  // namespace
+
+TEST_F(ResultWindowsTest, TellWhatTheRunCouldNotDo) {
+  EXPECT_EQ(ShownColumns(Form3), "Source file name|>>|New file name|Reason|");
+  EXPECT_EQ(ShownColumns(Form7), "Source file name|>>|Planned file name|>>|Final file name|");
+  bool seen = false;
+  Show(Form3, [&] {
+    seen = Form3.isVisible();
+    EXPECT_EQ(Form3.lbFilesCount->text(), QStringLiteral("Number of files failed to rename: 1"));
+    EXPECT_EQ(Text(Form3, 0, 1), "/in/");
+    EXPECT_EQ(Text(Form3, 1, 1) + Text(Form3, 1, 3) + Text(Form3, 1, 4), "a.txtFailedsame");
+    EXPECT_EQ(Text(Form3, 1, 7), "The name is too long.");
+    EXPECT_EQ(Text(Form3, 1, 1, Qt::AccessibleDescriptionRole),
+              "failed: The name is too long. a.txt becomes same");
+    Form3.bnOK->click();
+  });
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(Form3.isVisible());
+  EXPECT_EQ(reports.gFailureReport.size(), 1u) << "they stay until the next run";
+
+  Show(Form7, [&] {
+    EXPECT_EQ(Form7.lbFilesCount->text(), QStringLiteral("Number of resolved conflicts: 3"));
+    EXPECT_EQ(Text(Form7, 0, 1, Qt::AccessibleDescriptionRole), "group, 2 files");
+    EXPECT_EQ(Text(Form7, 1, 1) + Text(Form7, 1, 2) + Text(Form7, 1, 3), "b.txt>>same");
+    EXPECT_EQ(Text(Form7, 1, 5), "same_{1}");
+  });
+  // The records of a hidden window go at the next run.
+  reports.DeleteAll();
+  EXPECT_EQ(Form7.ReportControl1->model()->rowCount(), 0);
+}
+
+TEST_F(ResultWindowsTest, ShowTheFileOfARowInTheFileManager) {
+  Show(Form3, [&] {
+    ListView* list = Form3.ReportControl1;
+    emit list->doubleClicked(list->model()->index(0, 1));
+    EXPECT_TRUE(shell.asked.empty()) << "a group row";
+    emit list->doubleClicked(list->model()->index(1, 1));
+  });
+  Show(Form7, [&] {
+    ListView* list = Form7.ReportControl1;
+    list->setCurrentIndex(list->model()->index(2, 1));
+    Press(list, Qt::Key_Return);
+    EXPECT_TRUE(Form7.isVisible()) << "Enter in the list is not OK";
+    list->setCurrentIndex(list->model()->index(4, 1));
+    Press(list, Qt::Key_Return);
+  });
+  EXPECT_EQ(shell.asked, (std::vector<std::string>{"show /in/a.txt", "show /out/same_{2}"}));
+  EXPECT_EQ(prompts.told, std::vector<std::string>{"The specified file was not found."})
+      << "the last file is gone";
+}
+
+TEST_F(ResultWindowsTest, OfferTheMenuOnFileRowsOnly) {
+  Show(Form7, [&] {
+    AskForMenu(Form7, 0);
+    EXPECT_EQ(Popup(), nullptr);
+    Form7.ReportControl1->setCurrentIndex(Form7.ReportControl1->model()->index(1, 1));
+    AskForMenu(Form7, 2);
+    QMenu* popup = Popup();
+    ASSERT_NE(popup, nullptr);
+    std::string entries;
+    for (const QAction* action : popup->actions()) entries += action->text().toStdString() + "|";
+    EXPECT_EQ(entries, "Open in Explorer|Execute||Properties|");
+    popup->actions().front()->trigger();
+    popup->close();
+  });
+  EXPECT_EQ(shell.asked, std::vector<std::string>{"show /out/same_{2}"});
+}
+
+TEST_F(ResultWindowsTest, SortNamesAndKeepTheSelection) {
+  Show(Form7, [&] {
+    ListView* list = Form7.ReportControl1;
+    QHeaderView* header = list->horizontalHeader();
+    list->setCurrentIndex(list->model()->index(1, 1));
+    header->setSortIndicator(1, Qt::DescendingOrder);
+    EXPECT_EQ(Text(Form7, 1, 1), "c.txt");
+    EXPECT_EQ(list->SelectedRows(), std::vector<int>{2});
+    header->setSortIndicator(2, Qt::AscendingOrder);
+    EXPECT_EQ(header->sortIndicatorSection(), 1) << "marks are not sorted by";
+    EXPECT_EQ(Text(Form7, 1, 1), "c.txt");
+  });
+}
+
+TEST_F(ResultWindowsTest, KeepTheirPlaceAndSize) {
+  Show(Form7, [&] { Form7.resize(700, 400); });
+  const std::string section = "Windows\\FileConflictReport";
+  EXPECT_EQ((settings.values[{section, "MainWidth"}]), "10500");
+  EXPECT_EQ((settings.values[{section, "MainHeight"}]), "6000");
+}

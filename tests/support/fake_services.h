@@ -1,0 +1,140 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/services.h"
+#include "platform/system_facts.h"
+#include "support/memory_files.h"
+#include "support/memory_settings.h"
+#include "trace/failure.h"
+
+/// A clock that moves only when it is told to, or by a step at each look.
+class FakeClock : public Clock {
+ public:
+  std::int64_t Milliseconds() override { return now_ms += step_ms; }
+  LocalTime Now() override { return {2024, 3, 9, 7, 5, 2}; }
+  std::optional<LocalTime> ToLocal(std::int64_t unix_seconds) override {
+    if (unix_seconds < 0) return std::nullopt;
+    return LocalTime{2000 + static_cast<int>(unix_seconds), 1, 2, 3, 4, 5};
+  }
+
+  std::int64_t now_ms = 0;
+  std::int64_t step_ms = 0;
+};
+
+/// Counts how often events ran, and does what a user would do at that moment.
+class FakeEvents : public EventPump {
+ public:
+  void LetEventsRun() override {
+    ++count;
+    if (on_events) on_events();
+  }
+
+  int count = 0;
+  std::function<void()> on_events;
+};
+
+class FakePrompts : public Prompts {
+ public:
+  void Tell(std::string_view message, PromptIcon icon) override {
+    told.emplace_back(message);
+    icons += icon == PromptIcon::kCritical ? 'x' : '!';
+  }
+
+  std::vector<std::string> told;
+  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
+};
+
+/// Knows text files only.
+class FakeTypeNames : public TypeNames {
+ public:
+  std::string TypeName(std::string_view extension) override {
+    ++asked;
+    return extension == ".txt" ? "Text file" : "";
+  }
+
+  int asked = 0;
+};
+
+/// English numbers and no months.
+class PlainLocale : public LocaleFacts {
+ public:
+  std::string MonthName(int) const override { return {}; }
+  std::string ShortMonthName(int) const override { return {}; }
+  std::string DecimalPoint() const override { return "."; }
+  std::string ThousandsSeparator() const override { return ","; }
+};
+
+/// A machine of which all is known, unless a test takes it away.
+class FakeSystemFacts : public SystemFacts {
+ public:
+  LocalTime Now() override {
+    if (broken) throw Failure(kTypeMismatch, "no clock");
+    return {2024, 3, 9, 7, 5, 2};
+  }
+  std::string ComputerName() override { return "attic"; }
+  SystemName System() override { return {"Test System 1", "2.3", "patch 4"}; }
+  std::string ProgramPath() override { return "/opt/q/quorvane"; }
+  std::optional<std::uint64_t> ProgramSize() override { return program_size; }
+  std::string ProgramVersion() override { return "1.2.3"; }
+  std::optional<std::uint64_t> FreeBytes(std::string_view path) override {
+    if (broken) throw Failure(kTypeMismatch, "no volume");
+    return path == "/" ? free_bytes : std::nullopt;
+  }
+  std::optional<std::uint32_t> VolumeSerial(std::string_view) override { return 0x00AB12CD; }
+  std::optional<std::string> FileSystemName(std::string_view) override { return "ext4"; }
+
+  std::optional<std::uint64_t> program_size = 1234567;
+  std::optional<std::uint64_t> free_bytes = 1536001;
+  bool broken = false;
+};
+
+class FakeFolders : public Folders {
+ public:
+  explicit FakeFolders(std::string its_documents = {}) : documents(std::move(its_documents)) {}
+  std::string Documents() override { return documents; }
+
+  std::string documents;
+};
+
+/// Writes down what it is asked for.
+class FakeShell : public Shell {
+ public:
+  ShellResult ShowInFolder(std::string_view path) override { return Take("show ", path); }
+  ShellResult OpenFile(std::string_view path) override { return Take("open ", path); }
+  ShellResult OpenLink(std::string_view link) override { return Take("link ", link); }
+
+  ShellResult answer = kShellDone;
+  bool broken = false;
+  std::vector<std::string> asked;
+
+ private:
+  ShellResult Take(std::string what, std::string_view where) {
+    if (broken) throw Failure(kTypeMismatch, "no desktop");
+    asked.push_back(what.append(where));
+    return answer;
+  }
+};
+
+/// A whole system in memory, each part to be set and asked by the test; handed on as `services`.
+struct FakeServices {
+  MemoryFiles files;
+  FakeClock clock;
+  FakeSystemFacts facts;
+  FakeEvents events;
+  PlainLocale locale;
+  FakeTypeNames type_names;
+  FakeFolders folders;
+  FakePrompts prompts;
+  FakeShell shell;
+  MemorySettings settings;
+
+  Services services{files,      clock,   facts,   events, locale,
+                    type_names, folders, prompts, shell,  settings};
+};
