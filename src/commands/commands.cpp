@@ -24,7 +24,7 @@ class OnFailure {
   explicit OnFailure(Step step) : step_(step), failures_(std::uncaught_exceptions()) {}
   ~OnFailure() {
     if (std::uncaught_exceptions() > failures_) {
-      ErrTrace::top<"Commands.OnFailure">(ErrTrace::args(), step_);
+      ErrTrace::top("Commands.OnFailure", step_);
     }
   }
   OnFailure(const OnFailure&) = delete;
@@ -55,14 +55,14 @@ bool Commands::Busy() const {
 }
 
 void Commands::bnCancel_Click() {
-  ErrTrace::top<"Form1.bnCancel_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnCancel_Click", [&] {
     state_.gCancelRequested = true;
     view_.FocusAfterCancel();
   });
 }
 
 void Commands::bnLoadFileList_Click() {
-  ErrTrace::top<"Form1.bnLoadFileList_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnLoadFileList_Click", [&] {
     SourceOptions source = view_.ReadSourceOptions();
     source.fdSourceFolder = text::Trim(source.fdSourceFolder);
     view_.SetSourceFolder(source.fdSourceFolder);
@@ -121,7 +121,7 @@ void Commands::ShowProgress(const char* status, std::size_t max) {
 }
 
 void Commands::bnPreview_Click() {
-  ErrTrace::top<"Form1.bnPreview_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnPreview_Click", [&] {
     if (grid_.RowCount() == 0 || parts_.constructor.ArrConstr.empty()) return;
     const OnFailure usable([this] { LeaveUsable(ModeListReady); });
     EnableDisable(ModeScanning);
@@ -141,7 +141,7 @@ void Commands::bnPreview_Click() {
 }
 
 void Commands::bnRename_Click() {
-  ErrTrace::top<"Form1.bnRename_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnRename_Click", [&] {
     if (grid_.RowCount() == 0) return;
     const OutputOptions output = view_.ReadOutputOptions();
     if (output.cmbDestination >= kCopyTo && output.fdDestination.empty()) {
@@ -159,7 +159,7 @@ void Commands::bnRename_Click() {
 }
 
 bool Commands::fRename(const OutputOptions& output) {
-  return ErrTrace::inner<"Form1.fRename">(ErrTrace::args(), [&] {
+  return ErrTrace::inner("Form1.fRename", [&] {
     Records& records = grid_.AllRecords();
     ShowProgress("Renaming ", records.Count());
     state_.gCancelRequested = false;
@@ -183,7 +183,7 @@ bool Commands::fRename(const OutputOptions& output) {
 }
 
 void Commands::bnUndo_Click() {
-  ErrTrace::top<"Form1.bnUndo_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnUndo_Click", [&] {
     const OnFailure usable([this] { LeaveUsable(ModeUndoCancelled); });
     state_.gCancelRequested = false;
     EnableDisable(ModeRunning);

@@ -10,12 +10,12 @@
 namespace mScanCD {
 
 bool FileExist(FileSystem& files, std::string_view FilePath) {
-  return ErrTrace::inner<"mScanCD.FileExist(FilePath)">(ErrTrace::args(FilePath),
-                                                        [&] { return files.Exists(FilePath); });
+  return ErrTrace::inner("mScanCD.FileExist(FilePath)", ErrTrace::args(FilePath),
+                         [&] { return files.Exists(FilePath); });
 }
 
 bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style) {
-  return ErrTrace::inner<"mScanCD.FolderExist(folderPath)">(ErrTrace::args(folderPath), [&] {
+  return ErrTrace::inner("mScanCD.FolderExist(folderPath)", ErrTrace::args(folderPath), [&] {
     return text::Length(folderPath) == style.rootLength ||
            (!folderPath.ends_with(style.separator) && files.Look(folderPath).has_value());
   });
@@ -26,7 +26,7 @@ bool FolderExist(FileSystem& files, std::string_view folderPath, PathStyle style
 namespace DriveStuff {
 
 std::vector<std::string> GetDriveNames(FileSystem& files, PathStyle style) {
-  return ErrTrace::inner<"DriveStuff.GetDriveNames">(ErrTrace::args(), [&] {
+  return ErrTrace::inner("DriveStuff.GetDriveNames", [&] {
     if (style == kPosix) return std::vector<std::string>{"/"};
     std::vector<std::string> roots;
     for (char letter = 'A'; letter <= 'Z'; ++letter) {
@@ -49,14 +49,15 @@ std::string SerialText(std::uint32_t serial) {
 
 std::optional<std::string> GetDriveInfo(FileSystem& files, std::string_view strDrive, int iType,
                                         SystemFacts* facts) {
-  return ErrTrace::inner<"DriveStuff.GetDriveInfo(strDrive,iType)">(
-      ErrTrace::args(strDrive, iType), [&]() -> std::optional<std::string> {
-        if (iType == 2 && files.Look(strDrive)) return std::string();
-        if (iType == 3 && facts != nullptr) return facts->FileSystemName(strDrive);
-        if (iType != 1 || facts == nullptr) return std::nullopt;
-        const auto serial = facts->VolumeSerial(strDrive);
-        return serial ? std::optional(SerialText(*serial)) : std::nullopt;
-      });
+  return ErrTrace::inner("DriveStuff.GetDriveInfo(strDrive,iType)", ErrTrace::args(strDrive, iType),
+                         [&]() -> std::optional<std::string> {
+                           if (iType == 2 && files.Look(strDrive)) return std::string();
+                           if (iType == 3 && facts != nullptr)
+                             return facts->FileSystemName(strDrive);
+                           if (iType != 1 || facts == nullptr) return std::nullopt;
+                           const auto serial = facts->VolumeSerial(strDrive);
+                           return serial ? std::optional(SerialText(*serial)) : std::nullopt;
+                         });
 }
 
 }  // namespace DriveStuff
@@ -65,8 +66,9 @@ namespace mDrive {
 
 std::string_view FileManager3(FileSystem& files, std::string_view pName, bool pIsFile,
                               bool pCheckPath, PathStyle style) {
-  return ErrTrace::inner<"mDrive.FileManager3(pName,pIsFile)">(
-      ErrTrace::args(pName, pIsFile), [&]() -> std::string_view {
+  return ErrTrace::inner(
+      "mDrive.FileManager3(pName,pIsFile)", ErrTrace::args(pName, pIsFile),
+      [&]() -> std::string_view {
         using namespace mLanguageGobals;
         const std::string drive = text::ToUpper(text::Left(pName, style.rootLength));
         const std::vector<std::string> roots = DriveStuff::GetDriveNames(files, style);
@@ -84,7 +86,7 @@ std::string_view FileManager3(FileSystem& files, std::string_view pName, bool pI
 namespace mMain {
 
 bool FileManager(FileSystem& files, Prompts& prompts, std::string_view pName, PathStyle style) {
-  return ErrTrace::inner<"mMain.FileManager(pName)">(ErrTrace::args(pName), [&] {
+  return ErrTrace::inner("mMain.FileManager(pName)", ErrTrace::args(pName), [&] {
     const std::string_view refusal = mDrive::FileManager3(files, pName, true, true, style);
     if (!refusal.empty()) prompts.Tell(refusal, PromptIcon::kCritical);
     return refusal.empty();

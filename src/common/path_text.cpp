@@ -43,12 +43,12 @@ std::string ReplacePathText(std::string_view path, std::string_view from, std::s
 namespace mCommon {
 
 std::string Spliting(std::string_view sFullPath, std::string_view point) {
-  return ErrTrace::inner<"mCommon.Spliting(sFullPath,point)">(
-      ErrTrace::args(sFullPath, point), [&]() -> std::string {
-        const std::size_t at = sFullPath.rfind(point);
-        if (at == sFullPath.npos) return {};
-        return std::string(".").append(sFullPath.substr(at + point.size()));
-      });
+  return ErrTrace::inner("mCommon.Spliting(sFullPath,point)", ErrTrace::args(sFullPath, point),
+                         [&]() -> std::string {
+                           const std::size_t at = sFullPath.rfind(point);
+                           if (at == sFullPath.npos) return {};
+                           return std::string(".").append(sFullPath.substr(at + point.size()));
+                         });
 }
 
 }  // namespace mCommon
@@ -56,7 +56,7 @@ std::string Spliting(std::string_view sFullPath, std::string_view point) {
 namespace mScanCD {
 
 std::string NormalizePath(std::string_view sPath, PathStyle style) {
-  return ErrTrace::inner<"mScanCD.NormalizePath(sPath)">(ErrTrace::args(sPath), [&] {
+  return ErrTrace::inner("mScanCD.NormalizePath(sPath)", ErrTrace::args(sPath), [&] {
     std::string path(sPath);
     if (!path.empty() && path.back() != style.separator) path += style.separator;
     return path;

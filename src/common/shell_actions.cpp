@@ -7,7 +7,7 @@
 namespace mMain {
 
 void OpenInExplorerList(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view pPath) {
-  ErrTrace::inner<"mMain.OpenInExplorerList(frm,pPath)">(ErrTrace::args(nullptr, pPath), [&] {
+  ErrTrace::inner("mMain.OpenInExplorerList(frm,pPath)", ErrTrace::args(nullptr, pPath), [&] {
     if (!FileManager(files, prompts, pPath)) return;
     const ShellResult result = shell.ShowInFolder(pPath);
     if (result < kShellDone) ShellErrorMessage(prompts, result);
@@ -15,7 +15,7 @@ void OpenInExplorerList(FileSystem& files, Prompts& prompts, Shell& shell, std::
 }
 
 void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {
-  ErrTrace::inner<"mMain.ShellErrorMessage(lngReturn)">(ErrTrace::args(lngReturn), [&] {
+  ErrTrace::inner("mMain.ShellErrorMessage(lngReturn)", ErrTrace::args(lngReturn), [&] {
     static constexpr struct {
       ShellResult result;
       std::string_view message;

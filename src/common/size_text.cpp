@@ -39,8 +39,9 @@ std::string RoundedAndExact(double bytes, const LocaleFacts& locale) {
 }  // namespace
 
 std::string SizeCorrectView(double Size, int NumberMode, const LocaleFacts& locale) {
-  return ErrTrace::inner<"mCommon.SizeCorrectView(Size,NumberMode)">(
-      ErrTrace::args(Size, NumberMode), [&]() -> std::string {
+  return ErrTrace::inner(
+      "mCommon.SizeCorrectView(Size,NumberMode)", ErrTrace::args(Size, NumberMode),
+      [&]() -> std::string {
         switch (NumberMode) {
           case 0:
             return Grouped(Size, locale);
@@ -55,7 +56,7 @@ std::string SizeCorrectView(double Size, int NumberMode, const LocaleFacts& loca
 }
 
 std::string RoundEx(double num, const LocaleFacts& locale) {
-  return ErrTrace::inner<"mCommon.RoundEx(num)">(ErrTrace::args(num), [&] {
+  return ErrTrace::inner("mCommon.RoundEx(num)", ErrTrace::args(num), [&] {
     constexpr std::string_view kUnits[] = {kBytes, kKB, kMB, kGB};
     double value = num;
     std::size_t steps = 0;
@@ -76,23 +77,23 @@ std::string RoundEx(double num, const LocaleFacts& locale) {
 
 std::string GetFreeSpace(SystemFacts& facts, const LocaleFacts& locale, std::string_view pPath,
                          PathStyle style) {
-  return ErrTrace::inner<"mCommon.GetFreeSpace(pPath)">(
-      ErrTrace::args(pPath), [&]() -> std::string {
-        const auto bytes = facts.FreeBytes(text::Left(pPath, style.rootLength));
-        if (!bytes) return {};
-        return RoundedAndExact(static_cast<double>(*bytes), locale);
-      });
+  return ErrTrace::inner("mCommon.GetFreeSpace(pPath)", ErrTrace::args(pPath),
+                         [&]() -> std::string {
+                           const auto bytes = facts.FreeBytes(text::Left(pPath, style.rootLength));
+                           if (!bytes) return {};
+                           return RoundedAndExact(static_cast<double>(*bytes), locale);
+                         });
 }
 
 std::string GetFileExeSize(SystemFacts& facts, const LocaleFacts& locale, bool Full) {
-  return ErrTrace::inner<"mCommon.GetFileExeSize(Full)">(
-      ErrTrace::args(Full), [&]() -> std::string {
-        const auto size = facts.ProgramSize();
-        if (!size) return {};
-        const auto bytes = static_cast<double>(*size);
-        if (bytes >= 1000 && !Full) return RoundEx(bytes, locale);
-        return RoundedAndExact(bytes, locale);
-      });
+  return ErrTrace::inner("mCommon.GetFileExeSize(Full)", ErrTrace::args(Full),
+                         [&]() -> std::string {
+                           const auto size = facts.ProgramSize();
+                           if (!size) return {};
+                           const auto bytes = static_cast<double>(*size);
+                           if (bytes >= 1000 && !Full) return RoundEx(bytes, locale);
+                           return RoundedAndExact(bytes, locale);
+                         });
 }
 
 }  // namespace mCommon

@@ -9,16 +9,16 @@ Records::Records() {
 void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
                         std::string_view pFileName, FileDate pDate, double pSize,
                         std::string_view pType) {
-  ErrTrace::inner<"Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)">(
-      ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
-        FileRow row;
-        row.sourceFileName = pFileName;
-        row.size = pSize;
-        row.date = pDate;
-        row.folder = FolderNumber(pParentName, pPatn);
-        row.type = TextNumber(pType);
-        rows_.push_back(std::move(row));
-      });
+  ErrTrace::inner("Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)",
+                  ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
+                    FileRow row;
+                    row.sourceFileName = pFileName;
+                    row.size = pSize;
+                    row.date = pDate;
+                    row.folder = FolderNumber(pParentName, pPatn);
+                    row.type = TextNumber(pType);
+                    rows_.push_back(std::move(row));
+                  });
 }
 
 void Records::DeleteAll() {

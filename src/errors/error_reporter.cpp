@@ -71,8 +71,8 @@ void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
   const bool painting = has_windows && IsPainting();
   bool is_new = true;
   if (painting) {
-    ErrTrace::top<"ErrTrace.ShowErrorReport">(
-        ErrTrace::args(), [&] { is_new = told_in_painting_.insert(KindOf(report)).second; });
+    ErrTrace::top("ErrTrace.ShowErrorReport",
+                  [&] { is_new = told_in_painting_.insert(KindOf(report)).second; });
   }
   if (!is_new) return;
   ErrTrace::SaveErrorReport(ErrTrace::kReportFileName, report, sources_);
@@ -89,7 +89,7 @@ void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
 void ErrorReporter::ShowWindow() noexcept {
   Form11* window = nullptr;
   ++making_;
-  ErrTrace::top<"ErrTrace.ShowErrorReport">(ErrTrace::args(), [&] {
+  ErrTrace::top("ErrTrace.ShowErrorReport", [&] {
     if (making_ == 1) {
       window = new Form11({files_, prompts_, shell_, ErrTrace::ReportFolder(sources_.folders)},
                           Parent());

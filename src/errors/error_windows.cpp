@@ -64,7 +64,7 @@ std::string Subject() {
 
 Form11::Form11(const ErrorWindowParts& parts, QWidget* parent)
     : QDialog(parent), parts_(parts), bnOK(new QPushButton) {
-  ErrTrace::inner<"Form11.Form_Load">(ErrTrace::args(), [&] { LayOut(); });
+  ErrTrace::inner("Form11.Form_Load", [&] { LayOut(); });
 }
 
 void Form11::LayOut() {
@@ -162,26 +162,26 @@ void Form11::AddCard(QVBoxLayout& column, std::span<const Line> way) {
 }
 
 void Form11::bnOK_Click() {
-  ErrTrace::top<"Form11.bnOK_Click">(ErrTrace::args(), [&] { accept(); });
+  ErrTrace::top("Form11.bnOK_Click", [&] { accept(); });
 }
 
 void Form11::Label5_Click() {
-  ErrTrace::top<"Form11.Label5_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form11.Label5_Click", [&] {
     const std::string subject = Subject();
     mMain::SendMail(parts_.shell, {.Address = build_facts::kSupportAddress, .Subject = subject});
   });
 }
 
 void Form11::Label56_Click() {
-  ErrTrace::top<"Form11.Label56_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+  ErrTrace::top("Form11.Label56_Click", [&] { ShowReportFile(); });
 }
 
 void Form11::Label57_Click() {
-  ErrTrace::top<"Form11.Label57_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+  ErrTrace::top("Form11.Label57_Click", [&] { ShowReportFile(); });
 }
 
 void Form11::Label58_Click() {
-  ErrTrace::top<"Form11.Label58_Click">(ErrTrace::args(), [&] { ShowReportFile(); });
+  ErrTrace::top("Form11.Label58_Click", [&] { ShowReportFile(); });
 }
 
 void Form11::ShowReportFile() {
@@ -204,7 +204,7 @@ frmShowError::frmShowError(QWidget* parent)
 }
 
 void frmShowError::ShowError(const std::string& report) {
-  ErrTrace::inner<"frmShowError.ShowError(report)">(ErrTrace::args(report), [&] {
+  ErrTrace::inner("frmShowError.ShowError(report)", ErrTrace::args(report), [&] {
     txtError->setPlainText(text::ShownLines(report));
     if (isVisible()) return;
     const bool blocked = QApplication::activeModalWidget() != nullptr;

@@ -50,9 +50,9 @@ std::string MailLink(const Mail& mail) {
 
 void SendMail(Shell& shell, const Mail& mail) {
   const auto& [Address, Subject, Body, CC, bcc, Attachement] = mail;
-  ErrTrace::inner<"mMain.SendMail(lhWnd,Address,Subject,Body,CC,bcc,Attachement)">(
-      ErrTrace::args(nullptr, Address, Subject, Body, CC, bcc, Attachement),
-      [&] { shell.OpenLink(MailLink(mail)); });
+  ErrTrace::inner("mMain.SendMail(lhWnd,Address,Subject,Body,CC,bcc,Attachement)",
+                  ErrTrace::args(nullptr, Address, Subject, Body, CC, bcc, Attachement),
+                  [&] { shell.OpenLink(MailLink(mail)); });
 }
 
 }  // namespace mMain

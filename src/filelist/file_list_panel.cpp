@@ -54,16 +54,16 @@ template <class Body>
 void RunColumnClick(Column column, Body&& body) {
   switch (column) {
     case kColumnPath:
-      ErrTrace::top<"Form1.chColumnPath_Click">(ErrTrace::args(), body);
+      ErrTrace::top("Form1.chColumnPath_Click", body);
       break;
     case kColumnSize:
-      ErrTrace::top<"Form1.chColumnSize_Click">(ErrTrace::args(), body);
+      ErrTrace::top("Form1.chColumnSize_Click", body);
       break;
     case kColumnType:
-      ErrTrace::top<"Form1.chColumnType_Click">(ErrTrace::args(), body);
+      ErrTrace::top("Form1.chColumnType_Click", body);
       break;
     default:
-      ErrTrace::top<"Form1.chColumnDate_Click">(ErrTrace::args(), body);
+      ErrTrace::top("Form1.chColumnDate_Click", body);
   }
 }
 
@@ -172,8 +172,8 @@ void FileListPanel::ConnectList() {
           &FileListPanel::SortBy);
   connect(model_, &FileListModel::rowChecked, this, [this](int Row) {
     constexpr int Item = kColumnCheck;
-    ErrTrace::top<"Form1.ReportControl1_ItemCheck(Row,Item)">(ErrTrace::args(Row, Item),
-                                                              [&] { emit rowChecked(Row); });
+    ErrTrace::top("Form1.ReportControl1_ItemCheck(Row,Item)", ErrTrace::args(Row, Item),
+                  [&] { emit rowChecked(Row); });
   });
   connect(ReportControl1, &ListView::spacePressed, this, &FileListPanel::CheckSelected);
   connect(ReportControl1, &ListView::rowEntered, this,
@@ -185,7 +185,7 @@ void FileListPanel::ConnectList() {
 }
 
 void FileListPanel::cmbGroupBy_Click() {
-  ErrTrace::top<"Form1.cmbGroupBy_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.cmbGroupBy_Click", [&] {
     const auto record = CurrentRecord();
     model_->Regroup(static_cast<GroupBy>(cmbGroupBy->currentIndex()));
     if (record) SetCurrentRecord(*record);
@@ -194,7 +194,7 @@ void FileListPanel::cmbGroupBy_Click() {
 }
 
 void FileListPanel::bnWideFileList_Click() {
-  ErrTrace::top<"Form1.bnWideFileList_Click">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.bnWideFileList_Click", [&] {
     wide_ = !wide_;
     SetWideCaption();
     emit wideToggled(wide_);
@@ -207,7 +207,7 @@ void FileListPanel::SetWideCaption() {
 }
 
 void FileListPanel::SortBy(int column, Qt::SortOrder order) {
-  ErrTrace::top<"Form1.ReportControl1_SortOrderChanged">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.ReportControl1_SortOrderChanged", [&] {
     if (column == kColumnCheck || column == kColumnMark) {
       QHeaderView* header = ReportControl1->horizontalHeader();
       const QSignalBlocker quiet(header);
@@ -224,7 +224,7 @@ void FileListPanel::SortBy(int column, Qt::SortOrder order) {
 }
 
 void FileListPanel::CheckSelected() {
-  ErrTrace::top<"Form1.ReportControl1_KeyDown">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.ReportControl1_KeyDown", [&] {
     const QModelIndex current = ReportControl1->currentIndex();
     std::vector<int> rows = SelectedRows();
     if (rows.empty() && current.isValid()) rows = {current.row()};
@@ -243,7 +243,7 @@ void FileListPanel::CheckSelected() {
 void FileListPanel::RowDblClick(const QModelIndex& index) {
   const int Row = index.row();
   const int Item = index.column();
-  ErrTrace::top<"Form1.ReportControl1_RowDblClick(Row,Item)">(ErrTrace::args(Row, Item), [&] {
+  ErrTrace::top("Form1.ReportControl1_RowDblClick(Row,Item)", ErrTrace::args(Row, Item), [&] {
     if (Row >= 0) emit rowDblClick(Row);
   });
 }
@@ -252,9 +252,8 @@ void FileListPanel::RowRClick(const QPoint& place) {
   const QModelIndex index = ReportControl1->indexAt(place);
   const int Row = index.row();
   const int Item = index.column();
-  ErrTrace::top<"Form1.ReportControl1_RowRClick(Row,Item)">(ErrTrace::args(Row, Item), [&] {
-    emit rowRClick(Row, ReportControl1->viewport()->mapToGlobal(place));
-  });
+  ErrTrace::top("Form1.ReportControl1_RowRClick(Row,Item)", ErrTrace::args(Row, Item),
+                [&] { emit rowRClick(Row, ReportControl1->viewport()->mapToGlobal(place)); });
 }
 
 std::optional<std::size_t> FileListPanel::CurrentRecord() const {

@@ -6,8 +6,8 @@
 #include "trace/err_trace.h"
 
 const std::string& FileTypes::GetFileType(std::string_view ElementName) {
-  return ErrTrace::inner<"mScanCD.GetFileType(ElementName)">(
-      ErrTrace::args(ElementName), [&]() -> const std::string& {
+  return ErrTrace::inner(
+      "mScanCD.GetFileType(ElementName)", ErrTrace::args(ElementName), [&]() -> const std::string& {
         std::string extension = mCommon::Spliting(ElementName, ".");
         const auto known = by_extension_.find(extension);
         if (known != by_extension_.end()) return known->second;

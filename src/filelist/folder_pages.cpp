@@ -76,15 +76,13 @@ FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
   cmbDestination_Click();
 
   connect(fdSourceFolder, &QLineEdit::textChanged, this, &FolderPages::sourceFolderChanged);
-  connect(Command2, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form1.Command2_Click">(ErrTrace::args(), [this] { Command2_Click(); });
-  });
+  connect(Command2, &QPushButton::clicked, this,
+          [this] { ErrTrace::top("Form1.Command2_Click", [this] { Command2_Click(); }); });
   connect(bnDestination, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form1.bnDestination_Click">(ErrTrace::args(), [this] { bnDestination_Click(); });
+    ErrTrace::top("Form1.bnDestination_Click", [this] { bnDestination_Click(); });
   });
   connect(cmbDestination, &QComboBox::currentIndexChanged, this, [this] {
-    ErrTrace::top<"Form1.cmbDestination_Click">(ErrTrace::args(),
-                                                [this] { cmbDestination_Click(); });
+    ErrTrace::top("Form1.cmbDestination_Click", [this] { cmbDestination_Click(); });
   });
   connect(fdDestination, &QLineEdit::editingFinished, this, &FolderPages::CommitFocusedField);
   connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
@@ -205,7 +203,7 @@ void FolderPages::cmbDestination_Click() {
 }
 
 void FolderPages::CommitFocusedField() {
-  ErrTrace::top<"FolderPages.CommitFocusedField">(ErrTrace::args(), [this] {
+  ErrTrace::top("FolderPages.CommitFocusedField", [this] {
     const std::string typed = DestinationFolder();
     if (!mMain::IsAbsolutePath(typed)) return;
     const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
@@ -242,7 +240,7 @@ void FolderPages::SetSourceFolder(const std::string& folder) {
 namespace mMain {
 
 std::string BrowseForDisk(QWidget* owner, const std::string& start) {
-  return ErrTrace::inner<"mMain.BrowseForDisk">(ErrTrace::args(), [&] {
+  return ErrTrace::inner("mMain.BrowseForDisk", [&] {
     QFileDialog dialog(owner, QObject::tr("Browse for folder or disk"), text::ToQt(start));
     dialog.setObjectName(QStringLiteral("folderDialog"));
     dialog.setFileMode(QFileDialog::Directory);

@@ -65,7 +65,7 @@ MaskList::MaskList(std::string_view str) : text_(str) {
 }
 
 bool MaskList::Matches(std::string_view Filename) const {
-  return ErrTrace::inner<"mCommon.LikeFilter(str,Filename)">(ErrTrace::args(text_, Filename), [&] {
+  return ErrTrace::inner("mCommon.LikeFilter(str,Filename)", ErrTrace::args(text_, Filename), [&] {
     const FoldedName name(Filename);
     return std::any_of(masks_.begin(), masks_.end(), [&](const Mask& mask) {
       return MaskMatches(mask, name.View(), name.Bytewise());

@@ -15,7 +15,7 @@ constexpr std::string_view kTotal = "Total ";
 }  // namespace
 
 FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns) {
-  return ErrTrace::inner<"mScanCD.SysToVBTime(ft)">(ErrTrace::args(modified_ns), [&]() -> FileDate {
+  return ErrTrace::inner("mScanCD.SysToVBTime(ft)", ErrTrace::args(modified_ns), [&]() -> FileDate {
     constexpr std::int64_t kSecond = 1'000'000'000;
     const std::int64_t seconds = modified_ns / kSecond - (modified_ns % kSecond < 0 ? 1 : 0);
     const std::optional<LocalTime> at = clock.ToLocal(seconds);
@@ -45,7 +45,8 @@ void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view s
 }
 
 void Scan::FillFrom(std::string_view pParentName, std::string_view sParentPath, bool is_root) {
-  ErrTrace::inner<"mScanCD.ShowDir3_FillPreview(pParentName,sParentPath)">(
+  ErrTrace::inner(
+      "mScanCD.ShowDir3_FillPreview(pParentName,sParentPath)",
       ErrTrace::args(pParentName, sParentPath), [&] {
         const std::size_t name_start = sParentPath.rfind(kNative.separator) + 1;  // npos + 1 is 0
         const std::string folder(name_start == 0 ? "./" : sParentPath.substr(0, name_start));

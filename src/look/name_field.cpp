@@ -39,8 +39,8 @@ NameField::NameField(Prompts& prompts, QWidget* parent) : QLineEdit(parent), pro
 bool NameField::Refuses(const QString& typed) {
   bool refused = true;
   const std::string KeyAscii = text::FromQt(typed);
-  ErrTrace::top<"NameField.KeyPress(KeyAscii)">(
-      ErrTrace::args(KeyAscii), [&] { refused = mMain::HasBadFileNameChars(KeyAscii, prompts_); });
+  ErrTrace::top("NameField.KeyPress(KeyAscii)", ErrTrace::args(KeyAscii),
+                [&] { refused = mMain::HasBadFileNameChars(KeyAscii, prompts_); });
   return refused;
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "common/number_text.h"
+#include "look/handlers.h"
 #include "platform/qt/text_qt.h"
 #include "trace/failure.h"
 
@@ -38,10 +39,9 @@ class NumberField::Digits : public QValidator {
   const NumberField& field_;
 };
 
-NumberField::NumberField(const NumberControl& control, std::function<void(std::int32_t)> store,
-                         QWidget* parent)
-    : QLineEdit(parent), validate_(control.validate), store_(std::move(store)) {
-  setObjectName(QLatin1String(control.name));
+NumberField::NumberField(const char* name, std::function<void(std::int32_t)> store, QWidget* parent)
+    : QLineEdit(parent), store_(std::move(store)) {
+  setObjectName(QLatin1String(name));
   setValidator(new Digits(this));
   connect(this, &QLineEdit::textChanged, this, &NumberField::KeepDigits);
   ShowNumber(0);
@@ -69,7 +69,9 @@ void NumberField::ShowNumber(std::int32_t number) {
 
 void NumberField::HandOver() {
   if (!pending_) return;
-  refused_ = !validate_(false, [this] {
+  const std::string handler = HandlerOf(text::FromQt(objectName()), "_Validate(Cancel)");
+  const bool Cancel = false;
+  refused_ = !ErrTrace::top(handler, ErrTrace::args(Cancel), [this] {
     const NumberText number = NormalizeNumber(text::FromQt(text()));
     if (const QString written = text::ToQt(number.text); written != text()) Write(written);
     pending_ = false;

@@ -4,8 +4,6 @@
 #include <cstdint>
 #include <functional>
 
-#include "look/handled_control.h"
-
 /// A field for a whole number from 0 up. Keys that are no digits do nothing, and no other way puts
 /// anything but digits in; see TakeDigits. The number goes to its store not with each key but when
 /// the field is left, on Enter, and when `HandOver` is called.
@@ -13,9 +11,8 @@ class NumberField : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// `store` takes each number handed over.
-  NumberField(const NumberControl& control, std::function<void(std::int32_t)> store,
-              QWidget* parent);
+  /// `name` is the object's and its handler's; `store` takes each number handed over.
+  NumberField(const char* name, std::function<void(std::int32_t)> store, QWidget* parent);
 
   /// Writes the number anew, so that "007" shows 7 and nothing shows 0, and stores it. One beyond
   /// 32 bits is reported as an overflow and not stored. Does nothing when the text is as it was
@@ -39,7 +36,6 @@ class NumberField : public QLineEdit {
   /// Shows what the field itself has to say, digits or not.
   void Write(const QString& text);
 
-  HandlerFrame validate_;
   std::function<void(std::int32_t)> store_;
   QString last_text_;
   bool writing_ = false;

@@ -55,7 +55,7 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
 }  // namespace
 
 bool SetPreview(const PreviewParts& parts) {
-  return ErrTrace::inner<"Form1.SetPreview">(ErrTrace::args(), [&] {
+  return ErrTrace::inner("Form1.SetPreview", [&] {
     Grid& grid = parts.grid;
     Records& records = grid.AllRecords();
     Counters counters(parts.constructor);

@@ -55,17 +55,15 @@ Form8::Form8(RunState& state, SettingsStore& settings, QWidget* parent)
   setWindowTitle(tr("Conflicts"));
   MakeControls();
   LayOut();
-  connect(chConflict, &QCheckBox::toggled, this, [this] {
-    ErrTrace::top<"Form8.chConflict_Click">(ErrTrace::args(), [this] { chConflict_Click(); });
-  });
+  connect(chConflict, &QCheckBox::toggled, this,
+          [this] { ErrTrace::top("Form8.chConflict_Click", [this] { chConflict_Click(); }); });
   connect(bnOK, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form8.bnOK_Click">(ErrTrace::args(), [this] { bnOK_Click(); });
+    ErrTrace::top("Form8.bnOK_Click", [this] { bnOK_Click(); });
     accept();
   });
-  connect(bnCancel, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form8.bnCancel_Click">(ErrTrace::args(), [this] { reject(); });
-  });
-  ErrTrace::top<"Form8.Form_Load">(ErrTrace::args(), [this] { Form_Load(); });
+  connect(bnCancel, &QPushButton::clicked, this,
+          [this] { ErrTrace::top("Form8.bnCancel_Click", [this] { reject(); }); });
+  ErrTrace::top("Form8.Form_Load", [this] { Form_Load(); });
   new WindowPlacement(settings_, *this, "Form8");
 }
 

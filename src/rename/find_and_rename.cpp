@@ -26,13 +26,13 @@ std::optional<std::size_t> RunNameFreer::FindAndRename(std::string_view pPath,
                                                        std::string_view pName,
                                                        std::string& CorrectedNewName) {
   const bool pRollback = false;
-  return ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
-      ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
-        std::optional<std::size_t> holder = Holder(pPath, pName);
-        if (holder && MakeWay(*holder)) return holder;
-        CorrectedNewName = numbering_.FreeNumberedName(pPath, pName);
-        return std::optional<std::size_t>();
-      });
+  return ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
+                         ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
+                           std::optional<std::size_t> holder = Holder(pPath, pName);
+                           if (holder && MakeWay(*holder)) return holder;
+                           CorrectedNewName = numbering_.FreeNumberedName(pPath, pName);
+                           return std::optional<std::size_t>();
+                         });
 }
 
 std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) const {
@@ -87,11 +87,12 @@ void UndoNameFreer::FindAndRename(std::size_t asker) {
   const RowPlace wanted = FormerPlace(records_, records_[asker]);
   const std::string_view pPath = wanted.folder, pName = wanted.name, CorrectedNewName;
   const bool pRollback = true;
-  ErrTrace::inner<"Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)">(
-      ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
-        if (!made_) MakeIndex();
-        if (!MoveHolderAside(asker, wanted, true)) MoveHolderAside(asker, wanted, false);
-      });
+  ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
+                  ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
+                    if (!made_) MakeIndex();
+                    if (!MoveHolderAside(asker, wanted, true))
+                      MoveHolderAside(asker, wanted, false);
+                  });
 }
 
 void UndoNameFreer::MakeIndex() {

@@ -8,8 +8,8 @@
 
 std::string_view CreateFolderPath(FileSystem& files, std::string_view path, const MakeFolder& make,
                                   PathStyle style) {
-  return ErrTrace::inner<"mScanCD.CreateFolderPath(path)">(
-      ErrTrace::args(path), [&]() -> std::string_view {
+  return ErrTrace::inner(
+      "mScanCD.CreateFolderPath(path)", ErrTrace::args(path), [&]() -> std::string_view {
         std::string level;
         for (const std::string_view part : text::Split(path, {&style.separator, 1})) {
           const bool is_root = level.empty();

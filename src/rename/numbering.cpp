@@ -134,11 +134,11 @@ std::string Numbering::FirstFree(Series& series) {
 
 void Numbering::CreateUniqueName(std::string_view pPath, std::string_view pName,
                                  std::string& CorrectedNewName) {
-  ErrTrace::inner<"Form1.CreateUniqueName(pPath,pName,CorrectedNewName)">(
-      ErrTrace::args(pPath, pName, CorrectedNewName), [&] {
-        std::string free = FreeName(pPath, pName);
-        if (!free.empty() && free != pName) CorrectedNewName = std::move(free);
-      });
+  ErrTrace::inner("Form1.CreateUniqueName(pPath,pName,CorrectedNewName)",
+                  ErrTrace::args(pPath, pName, CorrectedNewName), [&] {
+                    std::string free = FreeName(pPath, pName);
+                    if (!free.empty() && free != pName) CorrectedNewName = std::move(free);
+                  });
 }
 
 void Numbering::Freed(std::string_view path) {

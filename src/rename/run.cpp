@@ -28,7 +28,7 @@ RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& st
       folders_(output, records, files) {}
 
 void RenameRun::RunRename() {
-  ErrTrace::inner<"Form1.RunRename">(ErrTrace::args(), [&] {
+  ErrTrace::inner("Form1.RunRename", [&] {
     ExpectKnownFolders(files_, records_);
     for (std::size_t i = 0; i < records_.Count(); ++i) {
       if (!pass_.GoOnAt(i)) return;

@@ -122,7 +122,7 @@ void UndoRun::RemoveMadeFolders() {
 }
 
 void EmptyRollback(Records& records) {
-  ErrTrace::inner<"Form1.EmptyRollback">(ErrTrace::args(), [&] {
+  ErrTrace::inner("Form1.EmptyRollback", [&] {
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].RowTag = 0;
       records[i].ClearRollback();

@@ -18,8 +18,8 @@ std::int32_t ToInteger(std::string_view text) {
 }
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
-  return ErrTrace::inner<"mRegSettings.ReadText(section,key)">(
-      ErrTrace::args(setting.section, setting.key), [&] {
+  return ErrTrace::inner(
+      "mRegSettings.ReadText(section,key)", ErrTrace::args(setting.section, setting.key), [&] {
         std::string value = store.GetSetting(setting.section, setting.key, setting.default_text);
         if (value.size() > kLongestText) {
           throw Failure(kInvalidPropertyValue, "Invalid property value");
@@ -30,20 +30,21 @@ std::string ReadText(SettingsStore& store, const Setting& setting) {
 
 std::int32_t ReadInteger(SettingsStore& store, const Setting& setting) {
   const std::string value = ReadText(store, setting);
-  return ErrTrace::inner<"mRegSettings.ReadInteger(section,key,value)">(
-      ErrTrace::args(setting.section, setting.key, value), [&] { return ToInteger(value); });
+  return ErrTrace::inner("mRegSettings.ReadInteger(section,key,value)",
+                         ErrTrace::args(setting.section, setting.key, value),
+                         [&] { return ToInteger(value); });
 }
 
 std::int32_t ReadInteger(SettingsStore& store, const Setting& setting, std::int32_t least,
                          std::int32_t most) {
   const std::int32_t value = ReadInteger(store, setting);
-  return ErrTrace::inner<"mRegSettings.CheckRange(section,key,value)">(
-      ErrTrace::args(setting.section, setting.key, value), [&] {
-        if (value < least || value > most) {
-          throw Failure(kInvalidPropertyValue, "Invalid property value");
-        }
-        return value;
-      });
+  return ErrTrace::inner("mRegSettings.CheckRange(section,key,value)",
+                         ErrTrace::args(setting.section, setting.key, value), [&] {
+                           if (value < least || value > most) {
+                             throw Failure(kInvalidPropertyValue, "Invalid property value");
+                           }
+                           return value;
+                         });
 }
 
 bool ReadCheck(SettingsStore& store, const Setting& setting) {
@@ -59,7 +60,7 @@ void WriteInteger(SettingsStore& store, const Setting& setting, std::int32_t val
 }
 
 void DeleteSetting(SettingsStore& store, std::string_view section, std::string_view key) {
-  ErrTrace::inner<"mRegSettings.DeleteSetting(section,key)">(ErrTrace::args(section, key), [&] {
+  ErrTrace::inner("mRegSettings.DeleteSetting(section,key)", ErrTrace::args(section, key), [&] {
     if (!store.DeleteSetting(section, key)) {
       throw Failure(kInvalidCall, "Invalid procedure call or argument");
     }
@@ -67,7 +68,7 @@ void DeleteSetting(SettingsStore& store, std::string_view section, std::string_v
 }
 
 void DeleteSetting(SettingsStore& store, std::string_view section) {
-  ErrTrace::inner<"mRegSettings.DeleteSetting(section)">(ErrTrace::args(section), [&] {
+  ErrTrace::inner("mRegSettings.DeleteSetting(section)", ErrTrace::args(section), [&] {
     if (!store.DeleteSetting(section)) {
       throw Failure(kInvalidCall, "Invalid procedure call or argument");
     }
@@ -75,21 +76,21 @@ void DeleteSetting(SettingsStore& store, std::string_view section) {
 }
 
 void Flush(SettingsStore& store) {
-  ErrTrace::inner<"mRegSettings.Flush">(ErrTrace::args(), [&] {
+  ErrTrace::inner("mRegSettings.Flush", [&] {
     const StoreProblem problem = store.Flush();
     if (problem) throw Failure(kPathFileAccess, problem.text, problem.error);
   });
 }
 
 void CheckReadable(SettingsStore& store) {
-  ErrTrace::inner<"mRegSettings.CheckReadable">(ErrTrace::args(), [&] {
+  ErrTrace::inner("mRegSettings.CheckReadable", [&] {
     const StoreProblem problem = store.ReadProblem();
     if (problem) throw Failure(kPathFileAccess, problem.text, problem.error);
   });
 }
 
 void SaveVersion(SettingsStore& store, const ProgramVersion& version, std::string_view app_path) {
-  ErrTrace::inner<"mRegSettings.SaveVersion">(ErrTrace::args(), [&] {
+  ErrTrace::inner("mRegSettings.SaveVersion", [&] {
     WriteInteger(store, setting::kMajor, version.Major);
     WriteInteger(store, setting::kMinor, version.Minor);
     WriteInteger(store, setting::kRevision, version.Revision);

@@ -31,8 +31,8 @@ const PlacedWindow* Find(std::string_view frm) {
 float ReadSingle(SettingsStore& store, std::string_view section, std::string_view key,
                  std::string_view default_text = {}) {
   const std::string value = mRegSettings::ReadText(store, {section, key, default_text});
-  return ErrTrace::inner<"mRegSettings.ReadSingle(section,key,value)">(
-      ErrTrace::args(section, key, value), [&] { return ToSingle(value); });
+  return ErrTrace::inner("mRegSettings.ReadSingle(section,key,value)",
+                         ErrTrace::args(section, key, value), [&] { return ToSingle(value); });
 }
 
 void ReadSize(SettingsStore& store, const PlacedWindow& row, WindowFrame& window) {
@@ -84,7 +84,7 @@ float ToSingle(std::string_view text) {
 }
 
 void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFrame& window) {
-  ErrTrace::inner<"mRegSettings.SaveWindowConfig(frm)">(ErrTrace::args(frm), [&] {
+  ErrTrace::inner("mRegSettings.SaveWindowConfig(frm)", ErrTrace::args(frm), [&] {
     const PlacedWindow* row = Find(frm);
     if (row == nullptr || window.WindowState == kMinimised) return;
     const auto save = [&](std::string_view key, float value) {
@@ -106,7 +106,7 @@ void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFr
 
 void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSize& screen,
                      WindowFrame& window) {
-  ErrTrace::inner<"mRegSettings.GetWindowConfig(frm)">(ErrTrace::args(frm), [&] {
+  ErrTrace::inner("mRegSettings.GetWindowConfig(frm)", ErrTrace::args(frm), [&] {
     const PlacedWindow* row = Find(frm);
     if (row == nullptr) return;
     if (row->keeps_size) ReadSize(store, *row, window);

@@ -91,13 +91,13 @@ void WindowPlacement::Form_Load() {
   WindowFrame frame = FrameOf(window_);
   frame.left.reset();
   frame.top.reset();
-  ErrTrace::top<"WindowPlacement.Form_Load(frm)">(
-      ErrTrace::args(frm_), [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
+  ErrTrace::top("WindowPlacement.Form_Load(frm)", ErrTrace::args(frm_),
+                [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
   Apply(frame, window_);
 }
 
 void WindowPlacement::Form_Unload() {
-  ErrTrace::top<"WindowPlacement.Form_Unload(frm)">(ErrTrace::args(frm_), [&] {
+  ErrTrace::top("WindowPlacement.Form_Unload(frm)", ErrTrace::args(frm_), [&] {
     SaveWindowConfig(store_, frm_, FrameOf(window_));
     mRegSettings::Flush(store_);
   });

@@ -17,9 +17,9 @@ class SystemFacts;
 ///
 /// A procedure of weight runs its body in `inner`, which adds the procedure's line to the report
 /// and raises the failure again; an event handler runs its body in `top`, which hands the report
-/// to the reporter and ends normally. Both take the trace string as a template argument and check
-/// when compiling that it names as many parameters as values are given. On the good road neither
-/// costs more than the call.
+/// to the reporter and ends normally. A trace string that is a literal is checked when compiling:
+/// it names as many parameters as values are given. On the good road neither costs more than the
+/// call.
 ///
 /// The first level writes the head of the report and its own line. What it raises bears the source
 /// "ErrTrace.ErrorIn" and the report so far as its description, so the next level knows that it
@@ -91,21 +91,24 @@ std::string ErrorIn(std::string_view pMethodName, std::span<const Argument> pArg
 /// ends silently.
 void ShowErrorReport() noexcept;
 
-/// A trace string: module, point, procedure, and in brackets the names of its parameters.
-template <std::size_t N>
+/// A trace string: module, point, procedure, and in brackets the names of its parameters, as many
+/// as `kParameters`. For the length of one call.
+template <std::size_t kParameters>
 struct TraceString {
-  consteval TraceString(const char (&literal)[N]) { std::copy_n(literal, N, text); }  // NOLINT
-
-  /// Reads by index: GCC 12 takes no pointer into a template argument under the sanitizers.
-  constexpr std::size_t ParameterCount() const {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < N; ++i) {
-      if (text[i] == '(' || text[i] == ',') ++count;
+  /// A literal is counted when compiling.
+  consteval TraceString(const char* literal)
+      : text(literal) {  // NOLINT(google-explicit-constructor)
+    const auto named = [](char sign) { return sign == '(' || sign == ','; };
+    if (std::count_if(text.begin(), text.end(), named) != kParameters) {
+      throw "a value for each named parameter";
     }
-    return count;
   }
+  /// One that a table holds or that is put together is taken as it stands.
+  constexpr TraceString(std::string_view told)
+      : text(told) {}                                   // NOLINT(google-explicit-constructor)
+  TraceString(const std::string& told) : text(told) {}  // NOLINT(google-explicit-constructor)
 
-  char text[N];
+  std::string_view text;
 };
 
 /// The argument values, held by reference: name them as they stand in the trace string.
@@ -136,31 +139,41 @@ void Catch(std::string_view trace, const std::tuple<const T&...>& values, int ac
 
 /// Runs `body` and answers what it answers. A failure in it gets the line of this procedure and is
 /// raised again as a `Failure`.
-template <TraceString kTrace, class Body, class... T>
-auto inner(const std::tuple<const T&...>& values, Body&& body) -> decltype(body()) {
-  static_assert(kTrace.ParameterCount() == sizeof...(T), "a value for each named parameter");
+template <class Body, class... T>
+auto inner(TraceString<sizeof...(T)> trace, const std::tuple<const T&...>& values, Body&& body)
+    -> decltype(body()) {
   try {
     return body();
   } catch (...) {
-    detail::Catch(kTrace.text, values, kInner);
+    detail::Catch(trace.text, values, kInner);
     detail::Raise();
   }
+}
+/// As above, for a procedure without parameters.
+template <class Body>
+auto inner(TraceString<0> trace, Body&& body) -> decltype(body()) {
+  return inner(trace, args(), body);
 }
 
 /// Runs `body`. A failure in it gets the line of this procedure and is reported; answers whether
 /// `body` ended without one.
-template <TraceString kTrace, class Body, class... T>
-bool top(const std::tuple<const T&...>& values, Body&& body) noexcept {
-  static_assert(kTrace.ParameterCount() == sizeof...(T), "a value for each named parameter");
+template <class Body, class... T>
+bool top(TraceString<sizeof...(T)> trace, const std::tuple<const T&...>& values,
+         Body&& body) noexcept {
   try {
     body();
     return true;
   } catch (...) {
-    detail::Catch(kTrace.text, values, kTop);
+    detail::Catch(trace.text, values, kTop);
   }
   // Behind the handler: the reporter lets events run, and no failure is in flight then.
   ShowErrorReport();
   return false;
+}
+/// As above, for a handler without parameters.
+template <class Body>
+bool top(TraceString<0> trace, Body&& body) noexcept {
+  return top(trace, args(), body);
 }
 
 }  // namespace ErrTrace

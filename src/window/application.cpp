@@ -4,7 +4,6 @@
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   bool taken = false;
-  ErrTrace::top<"Application.notify">(ErrTrace::args(),
-                                      [&] { taken = QApplication::notify(receiver, event); });
+  ErrTrace::top("Application.notify", [&] { taken = QApplication::notify(receiver, event); });
   return taken;
 }

@@ -92,12 +92,12 @@ void Form1::ConnectPanels() {
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
   for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
     connect(folder_pages_, signal, this, [this] {
-      ErrTrace::top<"Form1.fdSourceFolder_Change">(
-          ErrTrace::args(), [&] { commands_.EnableDisable(ModeFolderChosen); });
+      ErrTrace::top("Form1.fdSourceFolder_Change",
+                    [&] { commands_.EnableDisable(ModeFolderChosen); });
     });
   }
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
-    ErrTrace::top<"Form1.chEnableSkin_Click">(ErrTrace::args(), [&] { ApplySkin(*qApp, on); });
+    ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
   connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
@@ -108,11 +108,10 @@ SavedControls Form1::Saved() const {
 }
 
 void Form1::IniSettings(const std::string& pTemplateName) {
-  ErrTrace::inner<"Form1.IniSettings(pTemplateName)">(ErrTrace::args(pTemplateName), [&] {
+  ErrTrace::inner("Form1.IniSettings(pTemplateName)", ErrTrace::args(pTemplateName), [&] {
     SavedOptions options = OptionsOf(Saved());
-    const auto show = qScopeGuard([&] {
-      ErrTrace::top<"Form1.IniSettings">(ErrTrace::args(), [&] { ShowOptions(options, Saved()); });
-    });
+    const auto show = qScopeGuard(
+        [&] { ErrTrace::top("Form1.IniSettings", [&] { ShowOptions(options, Saved()); }); });
     at_start_.could_read = settings_.CanBeRead();
     ReadSavedOptions(settings_, options, at_start_.read);
     folder_pages_->chEnableSkin->setChecked(true);
@@ -120,16 +119,16 @@ void Form1::IniSettings(const std::string& pTemplateName) {
 }
 
 void Form1::Form_Load() {
-  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] { IniSettings(""); });
+  ErrTrace::top("Form1.Form_Load", [&] { IniSettings(""); });
   at_start_.shown = OptionsOf(Saved());
-  ErrTrace::top<"Form1.Form_Load">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.Form_Load", [&] {
     const bool no_folder = folder_pages_->SourceFolder().empty();
     commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
   });
 }
 
 void Form1::Form_Unload() {
-  ErrTrace::top<"Form1.Form_Unload">(ErrTrace::args(), [&] {
+  ErrTrace::top("Form1.Form_Unload", [&] {
     folder_pages_->CommitFocusedField();
     WriteSavedOptions(settings_, OptionsOf(Saved()), at_start_);
   });
@@ -198,8 +197,7 @@ void Form1::FocusFirst() {
 }
 
 void Form1::Command4_Click() {
-  ErrTrace::top<"Form1.Command4_Click">(ErrTrace::args(),
-                                        [&] { Form8(parts_.state, settings_, this).exec(); });
+  ErrTrace::top("Form1.Command4_Click", [&] { Form8(parts_.state, settings_, this).exec(); });
 }
 
 void Form1::EnableElements(bool pEnable) {

@@ -77,13 +77,13 @@ Form1& Program::MainWindow() {
 
 void Program::Start() {
   Parts& p = *parts_;
-  ErrTrace::top<"mMain.Main">(
-      ErrTrace::args(), [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
+  ErrTrace::top("mMain.Main",
+                [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
   MainWindow().show();
   p.reporter.GiveWindowsTo(MainWindow());
   // Told before anything is written: a damaged file is sound afterwards.
-  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { mRegSettings::CheckReadable(p.settings); });
-  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] { SaveVersion(p.settings); });
+  ErrTrace::top("mMain.Main", [&] { mRegSettings::CheckReadable(p.settings); });
+  ErrTrace::top("mMain.Main", [&] { SaveVersion(p.settings); });
 }
 
 void Program::WaitForErrorWindows() {
@@ -95,7 +95,7 @@ namespace mMain {
 int Main(QApplication& application) {
   int exit_code = 1;
   std::optional<Program> program;
-  const bool started = ErrTrace::top<"mMain.Main">(ErrTrace::args(), [&] {
+  const bool started = ErrTrace::top("mMain.Main", [&] {
     program.emplace(application);
     if (!program->MayStart()) {
       exit_code = 0;

@@ -150,7 +150,7 @@ TEST_F(ErrorWindowsTest, AScreenReaderFindsLinksByNameAndRole) {
 
 TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
   ErrorReporter reporter(sources_, files_, prompts_, shell_);
-  ErrTrace::top<"mMain.Main">(ErrTrace::args(), [] { throw Failure(kOverflow, "Overflow"); });
+  ErrTrace::top("mMain.Main", [] { throw Failure(kOverflow, "Overflow"); });
   ASSERT_EQ(OpenWindows().size(), 1u);
   EXPECT_FALSE(OpenWindows()[0]->isModal());
   EXPECT_THAT(documents_.Read("Quorvane/ErrorReport.txt").value_or(""),
@@ -162,9 +162,8 @@ TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
 
 TEST_F(ErrorWindowsTest, AUserErrorOpensNothing) {
   ErrorReporter reporter(sources_, files_, prompts_, shell_);
-  ErrTrace::top<"m.F">(ErrTrace::args(), [] {
-    throw Failure(static_cast<std::int32_t>(0x80041065), "no such name");
-  });
+  ErrTrace::top("m.F",
+                [] { throw Failure(static_cast<std::int32_t>(0x80041065), "no such name"); });
   EXPECT_TRUE(OpenWindows().empty());
   EXPECT_FALSE(documents_.Has("Quorvane"));
 }
@@ -189,7 +188,7 @@ TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
     });
     OpenWindows()[0]->findChild<LinkButton*>(QStringLiteral("Label5"))->click();
   });
-  ErrTrace::top<"Form1.bnUndo_Click">(ErrTrace::args(), [] { throw Failure(1, "first"); });
+  ErrTrace::top("Form1.bnUndo_Click", [] { throw Failure(1, "first"); });
   EXPECT_EQ(open, 2);
   EXPECT_TRUE(modal);
   EXPECT_EQ(pointer, Qt::ArrowCursor);
@@ -262,7 +261,7 @@ class BrokenFolders : public Folders {
 TEST_F(ErrorWindowsTest, WhereTheWindowCanNotBeMadeThereIsAPlainMessage) {
   BrokenFolders folders;
   ErrorReporter reporter({facts_, locale_, folders, {}, [](int) {}}, files_, prompts_, shell_);
-  ErrTrace::top<"m.F">(ErrTrace::args(), [] { throw Failure(1, "first"); });
+  ErrTrace::top("m.F", [] { throw Failure(1, "first"); });
   EXPECT_TRUE(OpenWindows().empty());
   EXPECT_THAT(prompts_.told,
               ElementsAre("Sorry, an error has occurred. Try to restart the program."));

@@ -15,7 +15,7 @@ std::string FailureReport(Body&& body) {
   };
   Keeper keeper;
   ErrTrace::SetReporter(&keeper);
-  ErrTrace::top<"Test">(ErrTrace::args(), std::forward<Body>(body));
+  ErrTrace::top("Test", std::forward<Body>(body));
   ErrTrace::SetReporter(nullptr);
   return keeper.report;
 }

@@ -36,12 +36,12 @@ class ErrTraceTest : public testing::Test {
 };
 
 void Open(const std::string& path, int mode) {
-  ErrTrace::inner<"mLow.Open(path,mode)">(
-      ErrTrace::args(path, mode), [] { throw Failure(kTypeMismatch, "100% wrong type", ENOENT); });
+  ErrTrace::inner("mLow.Open(path,mode)", ErrTrace::args(path, mode),
+                  [] { throw Failure(kTypeMismatch, "100% wrong type", ENOENT); });
 }
 
 int Middle(const std::string& path) {
-  return ErrTrace::inner<"mMiddle.Middle(path)">(ErrTrace::args(path), [&] {
+  return ErrTrace::inner("mMiddle.Middle(path)", ErrTrace::args(path), [&] {
     Open(path, 3);
     return 1;
   });
@@ -49,7 +49,7 @@ int Middle(const std::string& path) {
 
 std::string ArgumentLine(auto&& argument) {
   return FailureReport(
-      [&] { ErrTrace::inner<"m.F(a)">(ErrTrace::args(argument), [] { throw Failure(1, "x"); }); });
+      [&] { ErrTrace::inner("m.F(a)", ErrTrace::args(argument), [] { throw Failure(1, "x"); }); });
 }
 
 TEST_F(ErrTraceTest, AFailureThreeLevelsDeepGivesOneReport) {
@@ -82,11 +82,11 @@ TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKind) {
   const std::string text = "it's";
   const int number = 1;
   const std::string report = FailureReport([&] {
-    ErrTrace::inner<"m.F(a,b,c,d,e,f,g,h,i,j,k)">(
-        ErrTrace::args(text, true, -5L, 0.5, std::vector<int>{1}, std::optional<int>(),
-                       std::optional<int>(4), nullptr, static_cast<const char*>(nullptr), facts_,
-                       &number),
-        [] { throw Failure(1, "x"); });
+    ErrTrace::inner("m.F(a,b,c,d,e,f,g,h,i,j,k)",
+                    ErrTrace::args(text, true, -5L, 0.5, std::vector<int>{1}, std::optional<int>(),
+                                   std::optional<int>(4), nullptr,
+                                   static_cast<const char*>(nullptr), facts_, &number),
+                    [] { throw Failure(1, "x"); });
   });
   EXPECT_THAT(report, HasSubstr("m.F(a='it's', b=True, c=-5, d=0.5, e={Array}, f={Empty}, g=4, "
                                 "h={Null}, i={Null}, j={FakeSystemFacts}, k={?})"));
@@ -132,8 +132,8 @@ TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
     std::string climbed;
     const std::string report = FailureReport([&, n = number] {
       try {
-        ErrTrace::inner<"m.F">(
-            ErrTrace::args(), [&] { throw Failure(static_cast<std::int32_t>(n), "no such name"); });
+        ErrTrace::inner("m.F",
+                        [&] { throw Failure(static_cast<std::int32_t>(n), "no such name"); });
       } catch (const Failure& failure) {
         climbed = failure.Description();
         throw;
@@ -178,7 +178,7 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
   facts_.broken = true;
   ErrTrace::SetSections({.database = [](std::string& report, int) {
     report = "half";
-    ErrTrace::top<"mNested.Top">(ErrTrace::args(), [] { Middle("/nested"); });
+    ErrTrace::top("mNested.Top", [] { Middle("/nested"); });
     Middle("/nested");
   }});
   const std::string report = FailureReport([] { Middle("/home/q"); });

@@ -199,7 +199,7 @@ void ConstructorEditor::ShowItem(ItemType kind) {
 
 void ConstructorEditor::tabConstructor_SelectedChanged(int index) {
   const int Item = index;
-  ErrTrace::top<"Form1.tabConstructor_SelectedChanged(Item)">(ErrTrace::args(Item), [&] {
+  ErrTrace::top("Form1.tabConstructor_SelectedChanged(Item)", ErrTrace::args(Item), [&] {
     // What was typed belongs to the element that was shown until now.
     CommitFocusedField();
     shown_ = index;

@@ -122,12 +122,11 @@ void ConstructorStrip::BuildButtons() {
   layout()->addItem(row);
 
   connect(bnMoveLeft, &QPushButton::clicked, this,
-          [this] { ErrTrace::top<"Form1.bnMoveLeft_Click">(ErrTrace::args(), [&] { Move(-1); }); });
+          [this] { ErrTrace::top("Form1.bnMoveLeft_Click", [&] { Move(-1); }); });
   connect(bnMoveRight, &QPushButton::clicked, this,
-          [this] { ErrTrace::top<"Form1.bnMoveRight_Click">(ErrTrace::args(), [&] { Move(1); }); });
+          [this] { ErrTrace::top("Form1.bnMoveRight_Click", [&] { Move(1); }); });
   connect(bnDeletePattern, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form1.bnDeletePattern_Click">(ErrTrace::args(),
-                                                 [&] { bnDeletePattern_Click(); });
+    ErrTrace::top("Form1.bnDeletePattern_Click", [&] { bnDeletePattern_Click(); });
   });
 }
 
@@ -140,7 +139,7 @@ QMenu* ConstructorStrip::NewMenu(Side side) {
     QAction* action = menu->addAction(QLatin1String(command.caption));
     connect(action, &QAction::triggered, this, [this, side, &command] {
       const int Control = command.kind;
-      ErrTrace::top<"Form1.CommandBars1_Execute(Control)">(ErrTrace::args(Control), [&] {
+      ErrTrace::top("Form1.CommandBars1_Execute(Control)", ErrTrace::args(Control), [&] {
         const std::string text = command.text != nullptr ? command.text : GetTextToInsert_();
         if (command.kind == kText && text.empty()) return;
         CommandBars1_Execute(side, command.kind, text);

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/number_field.h"
 #include "look/sample_label.h"
@@ -35,11 +36,10 @@ void CounterPane::BuildControls() {
   const auto store = [this](std::int32_t start) {
     if (ConstrItem* shown = item_()) shown->CounterStart = start;
   };
-  constexpr NumberControl kStart = kNumberField<"fdStartValue">;
-  fdStartValue = new NumberField(kStart, store, this);
+  fdStartValue = new NumberField("fdStartValue", store, this);
   fdStartValue->ShowNumber(1);
   fdStartValue->setFixedWidth(kStartWidth);
-  HandleChange(fdStartValue, kStart.name, kStart.change, [this] {
+  HandleChange(fdStartValue, "fdStartValue", [this] {
     emit optionChanged();
     UpdateSample();
   });
@@ -48,16 +48,14 @@ void CounterPane::BuildControls() {
     emit optionChanged();
     TakeRange();
   };
-  cmbRange = NewPick(kPick<"cmbRange">, 0, kWidths, picked, this);
+  cmbRange = NewPick("cmbRange", kWidths, picked, this);
   cmbRange->setFixedWidth(kRangeWidth);
 
   chResetCounter = new QCheckBox(tr("R&eset counter for each group in file list"), this);
   chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
-  connect(chResetCounter, &QCheckBox::toggled, this, [this](bool on) {
-    kPick<"chResetCounter">.click(0, [&] {
-      emit optionChanged();
-      if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
-    });
+  OnSignal(chResetCounter, &QCheckBox::toggled, "Form1.chResetCounter_Click", [this](bool on) {
+    emit optionChanged();
+    if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
   });
 }
 

@@ -55,9 +55,8 @@ Form5::Form5(Prompts& prompts, SettingsStore& settings, QWidget* parent)
   column->addLayout(row);
   column->addStretch();
 
-  connect(bnOK, &QPushButton::clicked, this, [this] {
-    ErrTrace::top<"Form5.bnOK_Click">(ErrTrace::args(), [this] { bnOK_Click(); });
-  });
+  connect(bnOK, &QPushButton::clicked, this,
+          [this] { ErrTrace::top("Form5.bnOK_Click", [this] { bnOK_Click(); }); });
   connect(bnCancel, &QPushButton::clicked, this, &QDialog::reject);
   new WindowPlacement(settings, *this, "Form5");
 }

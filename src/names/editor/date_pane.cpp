@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/name_field.h"
 #include "look/sample_label.h"
@@ -15,10 +16,10 @@
 struct DateControls {
   const char* pane;
   const char* title;
-  PickControl part;
-  TextControl separator;
+  const char* part;
+  const char* separator;
   const char* sample;
-  bool (*update_sample)(const std::function<void()>& body);
+  std::string_view update_sample;
   std::int32_t ConstrItem::*parts[3];
   std::string ConstrItem::*separator_text;
   std::string ConstrItem::*format;
@@ -26,20 +27,14 @@ struct DateControls {
 
 namespace {
 
-template <ErrTrace::TraceString kTrace>
-bool RunInner(const std::function<void()>& body) {
-  ErrTrace::inner<kTrace>(ErrTrace::args(), body);
-  return true;
-}
-
 constexpr DateControls kDateControls[] = {
     {
         .pane = "pbFileDate",
         .title = "File date options",
-        .part = kPickOfSeveral<"cmbDate">,
-        .separator = kTextField<"fdDateSeparator">,
+        .part = "cmbDate",
+        .separator = "fdDateSeparator",
         .sample = "lbDateSample",
-        .update_sample = &RunInner<"Form1.UpdateDateSample">,
+        .update_sample = "Form1.UpdateDateSample",
         .parts = {&ConstrItem::Date0, &ConstrItem::Date1, &ConstrItem::Date2},
         .separator_text = &ConstrItem::DateSeparator,
         .format = &ConstrItem::DateFormat,
@@ -47,10 +42,10 @@ constexpr DateControls kDateControls[] = {
     {
         .pane = "pbTodayDate",
         .title = "Today's date options",
-        .part = kPickOfSeveral<"cmbTDate">,
-        .separator = kTextField<"fdTDateSeparator">,
+        .part = "cmbTDate",
+        .separator = "fdTDateSeparator",
         .sample = "lbTDateSample",
-        .update_sample = &RunInner<"Form1.UpdateTDateSample">,
+        .update_sample = "Form1.UpdateTDateSample",
         .parts = {&ConstrItem::TDate0, &ConstrItem::TDate1, &ConstrItem::TDate2},
         .separator_text = &ConstrItem::TDateSeparator,
         .format = &ConstrItem::TDateFormat,
@@ -86,13 +81,18 @@ DatePane::DatePane(ItemType kind, const PaneServices& services, ShownItem item, 
       UpdateSample();
       if (ConstrItem* shown = item_()) shown->*controls_.parts[i] = index;
     };
-    QComboBox* box = NewPick(controls_.part, i, kPartNames, picked, this);
-    box->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(controls_.part.name)).arg(i));
+    auto* box = new QComboBox(this);
+    box->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(controls_.part)).arg(i));
+    for (const char* name : kPartNames) box->addItem(QLatin1String(name));
+    connect(box, &QComboBox::currentIndexChanged, this, [this, i, picked](int index) {
+      ErrTrace::top(HandlerOf(controls_.part, "_Click(Index)"), ErrTrace::args(i),
+                    [&] { picked(index); });
+    });
     parts_[static_cast<std::size_t>(i)] = box;
     AddColumn(grid, captions[i], box);
   }
   separator_ = new NameField(services_.prompts, this);
-  HandleChange(separator_, controls_.separator.name, controls_.separator.change, [this] {
+  HandleChange(separator_, controls_.separator, [this] {
     emit optionChanged();
     UpdateSample();
     if (ConstrItem* shown = item_()) {
@@ -119,7 +119,7 @@ void DatePane::AddColumn(QGridLayout* grid, const QString& caption, QWidget* fie
 }
 
 void DatePane::UpdateSample() {
-  controls_.update_sample([this] {
+  ErrTrace::inner(controls_.update_sample, [this] {
     const std::string format =
         ComposeDateFormat(parts_[0]->currentIndex(), parts_[1]->currentIndex(),
                           parts_[2]->currentIndex(), text::FromQt(separator_->text()));

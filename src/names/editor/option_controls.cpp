@@ -4,21 +4,18 @@
 #include <QLineEdit>
 #include <utility>
 
-QComboBox* NewPick(const PickControl& control, int argument, std::span<const char* const> entries,
+#include "look/handlers.h"
+
+QComboBox* NewPick(const char* name, std::span<const char* const> entries,
                    std::function<void(int)> picked, QWidget* parent) {
   auto* box = new QComboBox(parent);
-  box->setObjectName(QLatin1String(control.name));
+  box->setObjectName(QLatin1String(name));
   for (const char* entry : entries) box->addItem(QLatin1String(entry));
-  QObject::connect(box, &QComboBox::currentIndexChanged, box,
-                   [click = control.click, argument, picked = std::move(picked)](int index) {
-                     click(argument, [&] { picked(index); });
-                   });
+  OnSignal(box, &QComboBox::currentIndexChanged, HandlerOf(name, "_Click"), std::move(picked));
   return box;
 }
 
-void HandleChange(QLineEdit* field, const char* name, HandlerFrame change,
-                  std::function<void()> changed) {
+void HandleChange(QLineEdit* field, const char* name, std::function<void()> changed) {
   field->setObjectName(QLatin1String(name));
-  QObject::connect(field, &QLineEdit::textChanged, field,
-                   [change, changed = std::move(changed)] { change(0, changed); });
+  OnSignal(field, &QLineEdit::textChanged, HandlerOf(name, "_Change"), std::move(changed));
 }

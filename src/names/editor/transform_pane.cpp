@@ -16,6 +16,7 @@
 #include <array>
 #include <utility>
 
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/name_field.h"
 #include "look/number_field.h"
@@ -25,7 +26,7 @@
 
 /// A text field and the member of an element that it edits.
 struct TextOption {
-  const TextControl& control;
+  const char* control;
   std::string ConstrItem::*text;
 };
 
@@ -145,7 +146,7 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
       item_(std::move(item)) {
   BuildCase();
   pages_ = new QTabWidget(this);
-  pages_->setObjectName(QLatin1String(controls_.pages.name));
+  pages_->setObjectName(QLatin1String(controls_.pages));
   pages_->setProperty("optionPages", true);
   pages_->setIconSize(QSize(kDot, kDot));
   pages_->setAccessibleName(accessibleName());
@@ -157,11 +158,10 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
     connect(new QShortcut(KeysOfPage(page), this), &QShortcut::activated, pages_,
             [this, page] { pages_->setCurrentIndex(page); });
   }
-  connect(pages_, &QTabWidget::currentChanged, this, [this](int page) {
-    controls_.pages.selected_changed(page, [&] {
-      if (ConstrItem* shown = item_()) shown->OptionsTab = page;
-    });
-  });
+  OnSignal(pages_, &QTabWidget::currentChanged,
+           HandlerOf(controls_.pages, "_SelectedChanged(Item)"), [this](int page) {
+             if (ConstrItem* shown = item_()) shown->OptionsTab = page;
+           });
   ShowCutFields();
   ShowAddFields();
   FitStyle();
@@ -191,7 +191,7 @@ void TransformPane::changeEvent(QEvent* event) {
   if (new_look && pages_ != nullptr) FitStyle();
 }
 
-QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t ConstrItem::*mode,
+QComboBox* TransformPane::NewModePick(const char* control, std::int32_t ConstrItem::*mode,
                                       std::span<const char* const> entries,
                                       std::function<void()> show_fields) {
   const auto picked = [this, mode, show_fields = std::move(show_fields)](int index) {
@@ -200,7 +200,7 @@ QComboBox* TransformPane::NewModePick(const PickControl& control, std::int32_t C
     if (ConstrItem* shown = item_()) shown->*mode = index;
     MarkPages();
   };
-  return NewPick(control, 0, entries, picked, this);
+  return NewPick(control, entries, picked, this);
 }
 
 QLineEdit* TransformPane::NewTextField(const TextOption& option, bool filtered) {
@@ -210,18 +210,17 @@ QLineEdit* TransformPane::NewTextField(const TextOption& option, bool filtered) 
     if (ConstrItem* shown = item_()) shown->*text = text::FromQt(field->text());
     MarkPages();
   };
-  HandleChange(field, option.control.name, option.control.change, changed);
+  HandleChange(field, option.control, changed);
   return field;
 }
 
-NumberField* TransformPane::NewNumberField(const NumberControl& control,
-                                           std::int32_t ConstrItem::*number) {
+NumberField* TransformPane::NewNumberField(const char* control, std::int32_t ConstrItem::*number) {
   const auto store = [this, number](std::int32_t value) {
     if (ConstrItem* shown = item_()) shown->*number = value;
     MarkPages();
   };
   auto* field = new NumberField(control, store, this);
-  HandleChange(field, control.name, control.change, [this] { emit optionChanged(); });
+  HandleChange(field, control, [this] { emit optionChanged(); });
   return field;
 }
 
@@ -240,10 +239,10 @@ void TransformPane::BuildRemovePage() {
   cut_x_ = NewNumberField(controls_.cut_x, fields_.CutX);
   cut_text_ = NewTextField({controls_.cut_text, fields_.CutText}, false);
   auto* reset = new QPushButton(tr("reset"), this);
-  reset->setObjectName(QLatin1String(controls_.reset.name));
+  reset->setObjectName(QLatin1String(controls_.reset));
   Explain(reset, tr("Set \"Cut\" to \"Do nothing\""));
-  connect(reset, &QPushButton::clicked, this,
-          [this] { controls_.reset.click(0, [this] { cut_->setCurrentIndex(0); }); });
+  OnSignal(reset, &QPushButton::clicked, HandlerOf(controls_.reset, "_Click"),
+           [this] { cut_->setCurrentIndex(0); });
 
   AddField(AddRow(page), tr("Cu&t"), cut_, true);
   QHBoxLayout* row = AddRow(page);

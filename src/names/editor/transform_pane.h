@@ -43,10 +43,10 @@ class TransformPane : public Card {
   void BuildRemovePage();
   void BuildReplacePage();
   void BuildAddPage();
-  QComboBox* NewModePick(const PickControl& control, std::int32_t ConstrItem::*mode,
+  QComboBox* NewModePick(const char* control, std::int32_t ConstrItem::*mode,
                          std::span<const char* const> entries, std::function<void()> show_fields);
   QLineEdit* NewTextField(const struct TextOption& option, bool filtered);
-  NumberField* NewNumberField(const NumberControl& control, std::int32_t ConstrItem::*number);
+  NumberField* NewNumberField(const char* control, std::int32_t ConstrItem::*number);
   void ShowCutFields();
   void ShowAddFields();
 

@@ -46,16 +46,6 @@ constexpr PopupCommand kPopup[] = {
     {kProperties, "Properties", true},
 };
 
-/// The handlers of each window stand in the trace under that window's name.
-template <ErrTrace::TraceString kForm3, ErrTrace::TraceString kForm7, class Body, class... T>
-void Top(const ResultKind& kind, const std::tuple<const T&...>& values, Body&& body) {
-  if (&kind == &kRenamingFailure) {
-    ErrTrace::top<kForm3>(values, body);
-  } else {
-    ErrTrace::top<kForm7>(values, body);
-  }
-}
-
 }  // namespace
 
 ResultWindow::ResultWindow(const ResultKind& kind, const RunReports& reports,
@@ -68,8 +58,12 @@ ResultWindow::ResultWindow(const ResultKind& kind, const RunReports& reports,
       model_(new ResultModel(grid_, this)) {
   setObjectName(text::ToQt(kind.frm));
   setWindowTitle(text::ToQt(kind.title));
-  Top<"Form3.Form_Load", "Form7.Form_Load">(kind_, ErrTrace::args(), [&] { Form_Load(); });
+  ErrTrace::top(Handler("Form_Load"), [&] { Form_Load(); });
   new WindowPlacement(services.settings, *this, std::string(kind.frm));
+}
+
+std::string ResultWindow::Handler(std::string_view procedure) const {
+  return std::string(kind_.frm).append(".").append(procedure);
 }
 
 void ResultWindow::Form_Load() {
@@ -138,9 +132,8 @@ void ResultWindow::LayOut() {
 }
 
 void ResultWindow::Connect() {
-  connect(bnOK, &QPushButton::clicked, this, [this] {
-    Top<"Form3.bnOK_Click", "Form7.bnOK_Click">(kind_, ErrTrace::args(), [&] { accept(); });
-  });
+  connect(bnOK, &QPushButton::clicked, this,
+          [this] { ErrTrace::top(Handler("bnOK_Click"), [&] { accept(); }); });
   connect(ReportControl1->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
           &ResultWindow::SortBy);
   connect(ReportControl1, &ListView::doubleClicked, this, &ResultWindow::RowDblClick);
@@ -169,16 +162,15 @@ void ResultWindow::ShowReport() {
 }
 
 void ResultWindow::SortBy(int column, Qt::SortOrder order) {
-  Top<"Form3.ReportControl1_SortOrderChanged", "Form7.ReportControl1_SortOrderChanged">(
-      kind_, ErrTrace::args(), [&] {
-        const bool mark = column >= 0 &&
-                          kind_.columns[static_cast<std::size_t>(column)].cell != ResultCell::kName;
-        if (!mark) return model_->sort(column, order);
-        QHeaderView* header = ReportControl1->horizontalHeader();
-        const QSignalBlocker quiet(header);
-        header->setSortIndicator(grid_.SortColumn(),
-                                 grid_.SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
-      });
+  ErrTrace::top(Handler("ReportControl1_SortOrderChanged"), [&] {
+    const bool mark =
+        column >= 0 && kind_.columns[static_cast<std::size_t>(column)].cell != ResultCell::kName;
+    if (!mark) return model_->sort(column, order);
+    QHeaderView* header = ReportControl1->horizontalHeader();
+    const QSignalBlocker quiet(header);
+    header->setSortIndicator(grid_.SortColumn(),
+                             grid_.SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+  });
 }
 
 bool ResultWindow::IsFileRow(int row) const {
@@ -188,20 +180,19 @@ bool ResultWindow::IsFileRow(int row) const {
 void ResultWindow::RowDblClick(const QModelIndex& index) {
   const int Row = index.row();
   const int Item = index.column();
-  Top<"Form3.ReportControl1_RowDblClick(Row,Item)", "Form7.ReportControl1_RowDblClick(Row,Item)">(
-      kind_, ErrTrace::args(Row, Item), [&] { OpenInExplorerList(Row); });
+  ErrTrace::top(Handler("ReportControl1_RowDblClick(Row,Item)"), ErrTrace::args(Row, Item),
+                [&] { OpenInExplorerList(Row); });
 }
 
 void ResultWindow::RowRClick(const QPoint& place) {
   const QModelIndex index = ReportControl1->indexAt(place);
   const int Row = index.row();
   const int Item = index.column();
-  Top<"Form3.ReportControl1_RowRClick(Row,Item)", "Form7.ReportControl1_RowRClick(Row,Item)">(
-      kind_, ErrTrace::args(Row, Item), [&] {
-        if (!IsFileRow(Row)) return;
-        ReportControl1->setCurrentIndex(index);
-        ShowPopup(ReportControl1->viewport()->mapToGlobal(place));
-      });
+  ErrTrace::top(Handler("ReportControl1_RowRClick(Row,Item)"), ErrTrace::args(Row, Item), [&] {
+    if (!IsFileRow(Row)) return;
+    ReportControl1->setCurrentIndex(index);
+    ShowPopup(ReportControl1->viewport()->mapToGlobal(place));
+  });
 }
 
 /// Returns at once; the menu ends itself.
@@ -221,12 +212,11 @@ QAction* ResultWindow::AddButton(QMenu& Controls, int ID, const QString& Caption
 }
 
 void ResultWindow::CommandBars1_Execute(int Control) {
-  Top<"Form3.CommandBars1_Execute(Control)", "Form7.CommandBars1_Execute(Control)">(
-      kind_, ErrTrace::args(Control), [&] {
-        const std::vector<int> rows = ReportControl1->SelectedRows();
-        if (rows.empty()) return;
-        if (Control == kOpenInExplorer) OpenInExplorerList(rows.front());
-      });
+  ErrTrace::top(Handler("CommandBars1_Execute(Control)"), ErrTrace::args(Control), [&] {
+    const std::vector<int> rows = ReportControl1->SelectedRows();
+    if (rows.empty()) return;
+    if (Control == kOpenInExplorer) OpenInExplorerList(rows.front());
+  });
 }
 
 void ResultWindow::OpenInExplorerList(int row) {

@@ -41,6 +41,8 @@ class ResultWindow : public QDialog {
   QPushButton* bnOK;
 
  private:
+  /// The handlers of each window stand in the trace under that window's name.
+  std::string Handler(std::string_view procedure) const;
   void Form_Load();
   void MakeList();
   int ReasonWidth() const;
