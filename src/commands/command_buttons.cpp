@@ -4,27 +4,27 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyle>
 
 #include "look/card.h"
 #include "look/look.h"
+#include "look/shortcuts.h"
+#include "look/skin.h"
 
 namespace {
 
 struct ButtonRow {
   const char* name;
   const char* text;
-  const char* keys;
-  const char* more_keys;  ///< empty when there is one way only
+  Keys keys;
 };
 
 /// By CommandButton.
 constexpr ButtonRow kButtons[kCommandButtonCount] = {
-    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"), "F5", ""},
-    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"), "F6", ""},
-    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"), "Ctrl+Return", "Ctrl+Enter"},
-    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), "Ctrl+Z", ""},
-    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), "Esc", ""},
+    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"), Keys::kPrepare},
+    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"), Keys::kPreview},
+    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"), Keys::kRename},
+    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), Keys::kUndo},
+    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), Keys::kCancel},
 };
 constexpr int kPadding = 12;
 
@@ -62,13 +62,8 @@ void CommandButtons::AddButton(CommandButton button) {
   layout()->addWidget(made);
   connect(made, &QPushButton::clicked, this, [this, button] { emit commandRequested(button); });
 
-  const QKeySequence keys(QLatin1String(row.keys));
-  Explain(made, keys.toString(QKeySequence::NativeText));
-  for (const char* text : {row.keys, row.more_keys}) {
-    if (*text == '\0') continue;
-    auto* shortcut = new QShortcut(QKeySequence(QLatin1String(text)), made);
-    connect(shortcut, &QShortcut::activated, made, &QPushButton::click);
-  }
+  Explain(made, ShownKeys(row.keys));
+  connect(NewShortcut(row.keys, made), &QShortcut::activated, made, &QPushButton::click);
 }
 
 QPushButton* CommandButtons::Button(CommandButton button) const {
@@ -106,8 +101,7 @@ void CommandButtons::MarkPrimary() {
     const bool is_primary = button == primary;
     if (button->property("primary").toBool() == is_primary) continue;
     button->setProperty("primary", is_primary);
-    button->style()->unpolish(button);
-    button->style()->polish(button);
+    Repolish(*button);
   }
 }
 

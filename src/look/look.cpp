@@ -213,15 +213,6 @@ QPixmap Look::Picture(Drawing drawing, Role role, int size, qreal scale) const {
   return picture;
 }
 
-QIcon Look::Icon(Drawing drawing, Role role, int size) const {
-  QIcon icon;
-  for (const qreal scale : {1.0, 2.0, 3.0}) {
-    icon.addPixmap(Picture(drawing, role, size, scale));
-    icon.addPixmap(Picture(drawing, Role::kDisabled, size, scale), QIcon::Disabled);
-  }
-  return icon;
-}
-
 QColor PillColour(Role mark) {
   const Look& look = Look::Current();
   return Mix(StoredColour(mark), look.Colour(Role::kField), look.Dark() ? 20 : 12);

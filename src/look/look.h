@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <QIcon>
 #include <QPixmap>
 
 /// The colours of the program's look by what they are for; a skin gives each a light and a dark
@@ -55,7 +54,6 @@ class Look {
   /// A drawing in a role's colour, `size` logical pixels wide, sharp at `scale` device pixels a
   /// logical one.
   QPixmap Picture(Drawing drawing, Role role, int size, qreal scale) const;
-  QIcon Icon(Drawing drawing, Role role, int size) const;
 
   /// Chooses the colours; the caller sets palette and style sheet of the application.
   void Choose(bool skin_on, bool dark);
@@ -82,4 +80,6 @@ inline constexpr int kCheckHeight = 22;
 inline constexpr int kCardLeft = 10, kCardTop = 5, kCardRight = 10, kCardBottom = 9;
 inline constexpr int kFolderLabels = 92;
 inline constexpr int kOptionLabels = 56;
+inline constexpr int kDialogMargin = 16;
+inline constexpr int kDialogButton = 88;
 }  // namespace measure

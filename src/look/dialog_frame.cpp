@@ -1,0 +1,58 @@
+#include "look/dialog_frame.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "look/handlers.h"
+#include "look/look.h"
+#include "platform/qt/text_qt.h"
+#include "settings/window_placement_qt.h"
+
+DialogFrame::DialogFrame(std::string_view name, const QString& title, Buttons buttons,
+                         QWidget* parent)
+    : QDialog(parent), body_(new QVBoxLayout), foot_(new QHBoxLayout) {
+  setObjectName(text::ToQt(name));
+  setWindowTitle(title);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(measure::kDialogMargin, measure::kDialogMargin,
+                             measure::kDialogMargin, measure::kDialogMargin);
+  column->setSpacing(measure::kDialogMargin);
+  column->addLayout(body_, 1);
+  column->addLayout(foot_);
+  foot_->setSpacing(measure::kBlockGap);
+  foot_->addStretch();
+  bnOK = NewButton("bnOK", tr("&OK"));
+  bnOK->setDefault(true);
+  OnSignal(bnOK, &QPushButton::clicked, this, Handler("bnOK_Click"), [this] { bnOK_Click(); });
+  if (buttons == Buttons::kOk) return;
+  bnCancel = NewButton("bnCancel", tr("&Cancel"));
+  OnSignal(bnCancel, &QPushButton::clicked, this, Handler("bnCancel_Click"), [this] { reject(); });
+}
+
+void DialogFrame::KeepPlacement(SettingsStore& settings) {
+  new WindowPlacement(settings, *this, text::FromQt(objectName()));
+}
+
+std::string DialogFrame::Handler(std::string_view procedure) const {
+  return text::FromQt(objectName()).append(".").append(procedure);
+}
+
+void DialogFrame::showEvent(QShowEvent* event) {
+  // Made before the body, the buttons would come first when going from control to control.
+  QWidget* last = previousInFocusChain();
+  for (QPushButton* button : {bnOK, bnCancel}) {
+    if (button == nullptr) continue;
+    if (last != button) setTabOrder(last, button);
+    last = button;
+  }
+  QDialog::showEvent(event);
+}
+
+QPushButton* DialogFrame::NewButton(const char* name, const QString& caption) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(QLatin1String(name));
+  button->setMinimumWidth(measure::kDialogButton);
+  foot_->addWidget(button);
+  return button;
+}
