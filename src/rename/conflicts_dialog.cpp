@@ -4,33 +4,23 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QVBoxLayout>
 
 #include "look/card.h"
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/name_field.h"
 #include "platform/qt/text_qt.h"
 #include "settings/reg_settings.h"
 #include "settings/saved_options.h"
-#include "settings/window_placement_qt.h"
-#include "trace/err_trace.h"
 
 namespace {
 
-constexpr int kMargin = 16;
 constexpr int kRowGap = 10;
 constexpr int kFieldWidth = 72;
-constexpr int kButtonWidth = 88;
-
-QPushButton* NewDialogButton(const char* name, const QString& text, QWidget* parent) {
-  auto* button = new QPushButton(text, parent);
-  button->setObjectName(QLatin1String(name));
-  button->setMinimumWidth(kButtonWidth);
-  return button;
-}
 
 /// Where the caption of a check box begins.
 int CaptionLeft(const QCheckBox& box) {
@@ -50,21 +40,15 @@ void KeepRoom(QWidget* part) {
 }  // namespace
 
 Form8::Form8(RunState& state, SettingsStore& settings, QWidget* parent)
-    : QDialog(parent), state_(state), settings_(settings) {
-  setObjectName(QStringLiteral("Form8"));
-  setWindowTitle(tr("Conflicts"));
+    : DialogFrame("Form8", tr("Conflicts"), Buttons::kOkAndCancel, parent),
+      state_(state),
+      settings_(settings) {
   MakeControls();
   LayOut();
-  connect(chConflict, &QCheckBox::toggled, this,
-          [this] { ErrTrace::top("Form8.chConflict_Click", [this] { chConflict_Click(); }); });
-  connect(bnOK, &QPushButton::clicked, this, [this] {
-    ErrTrace::top("Form8.bnOK_Click", [this] { bnOK_Click(); });
-    accept();
-  });
-  connect(bnCancel, &QPushButton::clicked, this,
-          [this] { ErrTrace::top("Form8.bnCancel_Click", [this] { reject(); }); });
-  ErrTrace::top("Form8.Form_Load", [this] { Form_Load(); });
-  new WindowPlacement(settings_, *this, "Form8");
+  OnSignal(chConflict, &QCheckBox::toggled, Handler("chConflict_Click"),
+           [this] { chConflict_Click(); });
+  ErrTrace::top(Handler("Form_Load"), [this] { Form_Load(); });
+  KeepPlacement(settings_);
 }
 
 void Form8::MakeControls() {
@@ -76,9 +60,6 @@ void Form8::MakeControls() {
   Label2 = NewTemplateLabel("Label2", tr("&Numbering template: <New file name>"), fdConflictLeft);
   Label4 = NewTemplateLabel("Label4", tr("<Nu&mber>"), fdConflictRight);
   Label3 = NewTemplateLabel("Label3", tr(". <Extension>"), nullptr);
-  bnOK = NewDialogButton("bnOK", tr("&OK"), this);
-  bnOK->setDefault(true);
-  bnCancel = NewDialogButton("bnCancel", tr("&Cancel"), this);
 }
 
 QLineEdit* Form8::NewTemplateField(const char* name) {
@@ -107,20 +88,10 @@ void Form8::LayOut() {
     line->addWidget(part);
   }
   line->addStretch();
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(measure::kBlockGap);
-  buttons->addStretch();
-  buttons->addWidget(bnOK);
-  buttons->addWidget(bnCancel);
-
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
-  column->setSpacing(kRowGap);
-  column->addWidget(chConflict);
-  column->addLayout(line);
-  column->addSpacing(kMargin - kRowGap);
-  column->addLayout(buttons);
-  column->addStretch();
+  Body()->setSpacing(kRowGap);
+  Body()->addWidget(chConflict);
+  Body()->addLayout(line);
+  Body()->addStretch();
 }
 
 void Form8::Form_Load() {
@@ -144,6 +115,7 @@ void Form8::chConflict_Click() {
 }
 
 void Form8::bnOK_Click() {
+  const auto close = qScopeGuard([this] { accept(); });  // what can't be stored holds for now
   state_.gConflictAddNumber = chConflict->isChecked() ? 1 : 0;
   state_.gNumberLeft = text::FromQt(fdConflictLeft->text());
   state_.gNumberRight = text::FromQt(fdConflictRight->text());

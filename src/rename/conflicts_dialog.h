@@ -1,18 +1,16 @@
 #pragma once
 
-#include <QDialog>
-
 #include "core/run_state.h"
+#include "look/dialog_frame.h"
 #include "platform/settings_store.h"
 
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 /// The dialog "Conflicts": whether a taken name is numbered, and what stands around the number.
 /// "OK" changes the run state, for the next run, and the settings; all else changes nothing.
-class Form8 : public QDialog {
+class Form8 : public DialogFrame {
   Q_OBJECT
 
  public:
@@ -25,8 +23,6 @@ class Form8 : public QDialog {
   QLabel* Label4;
   QLineEdit* fdConflictRight;
   QLabel* Label3;
-  QPushButton* bnOK;
-  QPushButton* bnCancel;
 
  private:
   void MakeControls();
@@ -35,7 +31,7 @@ class Form8 : public QDialog {
   void LayOut();
   void Form_Load();
   void chConflict_Click();
-  void bnOK_Click();
+  void bnOK_Click() override;
 
   RunState& state_;
   SettingsStore& settings_;

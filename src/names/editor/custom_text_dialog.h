@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QDialog>
 #include <string>
 
+#include "look/dialog_frame.h"
 #include "platform/services.h"
 #include "platform/settings_store.h"
 
 class QLineEdit;
-class QPushButton;
 
 /// The dialog "Custom text": asks for the text of a new text element.
-class Form5 : public QDialog {
+class Form5 : public DialogFrame {
   Q_OBJECT
 
  public:
@@ -21,11 +20,9 @@ class Form5 : public QDialog {
   const std::string& Text() const { return text_; }
 
   QLineEdit* fdText;
-  QPushButton* bnOK;
-  QPushButton* bnCancel;
 
  private:
-  void bnOK_Click();
+  void bnOK_Click() override;
 
   Prompts& prompts_;
   std::string text_;
