@@ -15,8 +15,8 @@ DialogFrame::DialogFrame(std::string_view name, const QString& title, Buttons bu
   setObjectName(text::ToQt(name));
   setWindowTitle(title);
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(measure::kDialogMargin, measure::kDialogMargin,
-                             measure::kDialogMargin, measure::kDialogMargin);
+  column->setContentsMargins(measure::kDialogMargin, measure::kDialogMargin, measure::kDialogMargin,
+                             measure::kDialogMargin);
   column->setSpacing(measure::kDialogMargin);
   column->addLayout(body_, 1);
   column->addLayout(foot_);
