@@ -128,7 +128,8 @@ void Form1::Form_Load() {
 }
 
 void Form1::Form_Unload() {
-  ErrTrace::top("Form1.Form_Unload", [&] {
+  const bool Cancel = false;
+  ErrTrace::top("Form1.Form_Unload(Cancel)", ErrTrace::args(Cancel), [&] {
     folder_pages_->CommitFocusedField();
     WriteSavedOptions(settings_, OptionsOf(Saved()), at_start_);
   });
