@@ -14,24 +14,24 @@ constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
 std::string Transformed(const ConstrItem& item, std::string_view part) {
   std::string name;
-  PartTransform(item, kTransformFields[kSourceFileName]).AppendTo(part, name);
+  PartTransform(item.transform).AppendTo(part, name);
   return name;
 }
 
 ConstrItem CutOf(std::int32_t mode, std::int32_t n, std::int32_t k) {
   ConstrItem item;
-  item.CutFile = mode;
-  item.CutFileN = n;
-  item.CutFileX = k;
+  item.transform.Cut = mode;
+  item.transform.CutN = n;
+  item.transform.CutX = k;
   return item;
 }
 
 ConstrItem AddOf(std::int32_t mode, std::int32_t n, const char* text1, const char* text2) {
   ConstrItem item;
-  item.AddFile = mode;
-  item.AddFileN = n;
-  item.AddFileText1 = text1;
-  item.AddFileText2 = text2;
+  item.transform.Add = mode;
+  item.transform.AddN = n;
+  item.transform.AddText1 = text1;
+  item.transform.AddText2 = text2;
   return item;
 }
 
@@ -82,7 +82,7 @@ TEST(Cut, CountsCharactersFromItsEdgeWithinItsBounds) {
 
 TEST(Cut, RemovesATextWhateverItsCase) {
   ConstrItem item = CutOf(1, 0, 0);
-  item.CutFileText = "B\u0436";
+  item.transform.CutText = "B\u0436";
   EXPECT_EQ(Transformed(item, "a\u0436b\u0416B"), "a\u0436B");
   EXPECT_EQ(mCut::RemoveText("abcABC", "B"), "acAC");
 }
@@ -115,11 +115,11 @@ TEST(Add, PutsTheTextWhereToldAndAtTheFarEndBeyond) {
 TEST(Transform, ChangesCaseThenCutsThenReplacesThenAdds) {
   // Each other order of the four gives another name.
   ConstrItem item = AddOf(1, 0, "naA", "");
-  item.CaseOldFile = kCaseFirstUpper;
-  item.CutFile = 2;
-  item.CutFileN = 1;
-  item.Replace1 = "a";
-  item.Replace2 = "xA";
+  item.transform.Case = kCaseFirstUpper;
+  item.transform.Cut = 2;
+  item.transform.CutN = 1;
+  item.transform.Replace1 = "a";
+  item.transform.Replace2 = "xA";
   EXPECT_EQ(Transformed(item, "abAab"), "naAbxAxAb");
 }
 
@@ -138,17 +138,18 @@ TEST(Transform, ChangesTheLetterCaseOfTheWholePart) {
                {4, "aB", "aB"}};
   ConstrItem item;
   for (const auto& row : table) {
-    item.CaseOldFile = row.mode;
+    item.transform.Case = row.mode;
     EXPECT_EQ(Transformed(item, row.part), row.result);
   }
 }
 
 TEST(Transform, AStepIsInUseWhenItChangesAnything) {
   const auto expect = [](const ConstrItem& item, bool TransformSteps::*step) {
-    const TransformSteps steps = StepsInUse(item, kTransformFields[kSourceFileName]);
+    const TransformSteps steps = StepsInUse(item.transform);
     EXPECT_EQ(steps.*step, Transformed(item, "abcdef") != "abcdef")
-        << item.CutFile << ' ' << item.CutFileN << ' ' << item.CutFileX << item.CutFileText << ' '
-        << item.AddFile << item.AddFileText1 << item.AddFileText2;
+        << item.transform.Cut << ' ' << item.transform.CutN << ' ' << item.transform.CutX
+        << item.transform.CutText << ' ' << item.transform.Add << item.transform.AddText1
+        << item.transform.AddText2;
     EXPECT_LE(steps.cut + steps.replace + steps.add, 1) << "of no other step";
   };
   for (const char* text : {"", "X"}) {
@@ -156,7 +157,7 @@ TEST(Transform, AStepIsInUseWhenItChangesAnything) {
       for (const std::int32_t n : {-1, 0, 1, 2}) {
         for (const std::int32_t k : {-1, 0, 1}) {
           ConstrItem cut = CutOf(mode, n, k);
-          cut.CutFileText = *text == '\0' ? "" : "B";
+          cut.transform.CutText = *text == '\0' ? "" : "B";
           expect(cut, &TransformSteps::cut);
         }
       }
@@ -164,8 +165,8 @@ TEST(Transform, AStepIsInUseWhenItChangesAnything) {
       expect(AddOf(mode, 1, "", text), &TransformSteps::add);
     }
     ConstrItem replace;
-    replace.Replace1 = *text == '\0' ? "" : "B";
-    replace.Replace2 = "x";
+    replace.transform.Replace1 = *text == '\0' ? "" : "B";
+    replace.transform.Replace2 = "x";
     expect(replace, &TransformSteps::replace);
   }
 }

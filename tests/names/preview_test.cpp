@@ -30,9 +30,9 @@ class PreviewTest : public testing::Test {
 
   ConstrItem& AddCounter(std::int32_t start, bool resets) {
     ConstrItem& item = AddElement(kCounter);
-    item.CounterStart = start;
-    item.ResetCounter = resets ? 1 : 0;
-    item.CounterFormat = CounterFormatOfRange(1);
+    item.counter.Start = start;
+    item.counter.Reset = resets ? 1 : 0;
+    item.counter.Format = CounterFormatOfRange(1);
     return item;
   }
 
@@ -83,40 +83,39 @@ TEST_F(PreviewTest, GivesEveryNameBackWithoutOptions) {
 TEST_F(PreviewTest, AddsNothingToAPartThatWasEmptyOrReplacedAway) {
   ConstrItem& stem = constructor.ArrConstr[0];
   ConstrItem& extension = constructor.ArrConstr[2];
-  stem.AddFile = extension.AddExt = 2;
-  stem.AddFileText1 = extension.AddExtText1 = "new";
+  stem.transform.Add = extension.transform.Add = 2;
+  stem.transform.AddText1 = extension.transform.AddText1 = "new";
   EXPECT_EQ(NameOf("abc"), "abcnew");
   EXPECT_EQ(NameOf(".x"), ".xnew");
 
-  stem.AddFile = 0;
-  extension.CutExt = 2;
-  extension.CutExtN = 9;
+  stem.transform.Add = 0;
+  extension.transform.Cut = 2;
+  extension.transform.CutN = 9;
   EXPECT_EQ(NameOf("abc.x"), "abc.new") << "emptied by a cut it still counts";
 
-  extension.ReplaceExt1 = "q";
+  extension.transform.Replace1 = "q";
   EXPECT_EQ(NameOf("abc.x"), "abc") << "with an active replace its end counts";
 
-  extension.CutExt = 0;
-  extension.ReplaceExt1 = "X";
+  extension.transform.Cut = 0;
+  extension.transform.Replace1 = "X";
   EXPECT_EQ(NameOf("abc.x"), "abc");
   EXPECT_EQ(NameOf("abc.xy"), "abc.ynew");
 }
 
 TEST_F(PreviewTest, ReadsEachKindOfElement) {
   constructor.ArrConstr.clear();
-  AddElement(kParentFolderName).CutParentFolder = 7;
-  constructor.ArrConstr.back().CutParentFolderN = 5;
+  AddElement(kParentFolderName).transform.Cut = 7;
+  constructor.ArrConstr.back().transform.CutN = 5;
   AddElement(kText, "~");
-  AddElement(kFileDate).DateFormat = "d mmm yy";
+  AddElement(kFileDate).date.Format = "d mmm yy";
   AddElement(kText, "~");
-  AddElement(kTodaysDate).TDateFormat = "yyyy-mm-dd";
+  AddElement(kTodaysDate).date.Format = "yyyy-mm-dd";
   AddElement(kText, "~");
-  AddElement(kFileDate);                  // no format derived yet
-  AddElement(kCounter).CounterStart = 7;  // nor here: the plain number
+  AddElement(kFileDate);                   // no format derived yet
+  AddElement(kCounter).counter.Start = 7;  // nor here: the plain number
   AddElement(static_cast<ItemType>(6));
   for (ConstrItem& item : constructor.ArrConstr) {  // what its kind doesn't read stays unread
-    if (item.ItemType != kFileDate) item.DateFormat = "yyyy";
-    if (item.ItemType != kTodaysDate) item.TDateFormat = "yyyy";
+    if (item.ItemType != kFileDate && item.ItemType != kTodaysDate) item.date.Format = "yyyy";
   }
   AddFile("x", "a.b.cde", FileDate(2023, 2, 1, 0, 0, 0));
   AddFile("y", "", FileDate());
@@ -134,15 +133,15 @@ TEST_F(PreviewTest, ReadsEachKindOfElement) {
 
 TEST_F(PreviewTest, MakesEachRowAnew) {
   ConstrItem& stem = constructor.ArrConstr[0];
-  stem.CutFile = 9;
-  stem.CutFileN = stem.CutFileX = 1;
-  stem.Replace1 = "b";
+  stem.transform.Cut = 9;
+  stem.transform.CutN = stem.transform.CutX = 1;
+  stem.transform.Replace1 = "b";
   AddFile("axb.x");
   AddFile("cyd.x");
   ASSERT_TRUE(Preview());
   EXPECT_THAT(NewNames(), ElementsAre("a.x", "cd.x"));
-  stem.CutFile = 1;
-  stem.CutFileText = "y";
+  stem.transform.Cut = 1;
+  stem.transform.CutText = "y";
   ASSERT_TRUE(Preview());
   EXPECT_THAT(NewNames(), ElementsAre("ax.x", "cd.x"));
 }
@@ -214,8 +213,8 @@ TEST_F(PreviewTest, FailsOnAPartThatIsTooLong) {
   std::string accents;
   for (int i = 0; i < 32'767; ++i) accents += "\u00E9";
   EXPECT_EQ(FailureOf(accents), "") << "characters count, not bytes";
-  constructor.ArrConstr[0].Replace1 = "\u00E9";
-  constructor.ArrConstr[0].Replace2 = "ee";
+  constructor.ArrConstr[0].transform.Replace1 = "\u00E9";
+  constructor.ArrConstr[0].transform.Replace2 = "ee";
   EXPECT_EQ(FailureOf(accents), "Overflow");
 }
 

@@ -43,9 +43,16 @@ class KeptReports : public ErrTrace::Reporter {
   std::vector<std::string> reports;
 };
 
+Services WithLocale(const Services& s, LocaleFacts& locale) {
+  return {s.files,      s.clock,   s.facts,   s.events, locale,
+          s.type_names, s.folders, s.prompts, s.shell,  s.settings};
+}
+
 class ConstructorEditorTest : public testing::Test {
  protected:
   ConstructorEditorTest() {
+    QObject::connect(&editor, &ConstructorEditor::commandPicked, &editor,
+                     &ConstructorEditor::Execute);
     QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
       ++changes;
       if (on_change) on_change();
@@ -80,9 +87,8 @@ class ConstructorEditorTest : public testing::Test {
     for (int i = 0; i < Chips()->count(); ++i) {
       const ConstrItem& item = Items().at(static_cast<std::size_t>(i));
       const std::string text = text::FromQt(Chips()->tabText(i));
-      const auto kind = static_cast<ItemType>(item.ItemType);
       EXPECT_EQ(text::FromQt(Chips()->tabText(i).trimmed()),
-                text::FromQt(text::Shown(ElementCaption(kind, item.ItemText)).trimmed()));
+                text::FromQt(text::Shown(ElementCaption(item)).trimmed()));
       EXPECT_EQ(Chips()->tabData(i).toInt(), item.ItemType);
       shown += i == Chips()->currentIndex() ? '[' + text + ']' : text;
     }
@@ -100,11 +106,10 @@ class ConstructorEditorTest : public testing::Test {
   }
 
   Constructor constructor;
-  FakePrompts prompts;
-  FakeClock clock;
+  FakeServices fakes;
   Months months;
-  MemorySettings settings;
-  ConstructorEditor editor{constructor, {prompts, clock, months, settings}};
+  const Services services = WithLocale(fakes.services, months);
+  ConstructorEditor editor{constructor, services};
   int changes = 0;
   std::function<void()> on_change;
 };
@@ -175,7 +180,7 @@ TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) 
   Press(Chips(), Qt::Key_Right, Qt::ControlModifier);
   for (int i = 0; i < 2; ++i) editor.strip->bnMoveRight->click();
   EXPECT_EQ(Strip(), ".<Extension>[<Source file name> ]");
-  EXPECT_EQ(Items()[2].Replace1, "a");
+  EXPECT_EQ(Items()[2].transform.Replace1, "a");
   Press(Chips(), Qt::Key_Left);
   EXPECT_EQ(Pane(), "pbExt");
 }
@@ -216,8 +221,8 @@ TEST_F(ConstructorEditorTest, AsksForAPreviewWhereASelectionShowsOtherValues) {
   Field("fdCutFileX")->setText(QStringLiteral("3"));
   Leave(Field("fdCutFileX"));
   Find<QPushButton>("Command1")->click();
-  EXPECT_EQ(Items()[1].CutFile, 0);
-  EXPECT_EQ(Items()[1].CutFileX, 3) << "kept for the day its mode returns";
+  EXPECT_EQ(Items()[1].transform.Cut, 0);
+  EXPECT_EQ(Items()[1].transform.CutX, 3) << "kept for the day its mode returns";
   for (const auto& [index, asks] : {std::pair{0, true}, {2, false}, {0, false}, {1, true}}) {
     changes = 0;
     Select(index);
@@ -230,15 +235,15 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
   n->clear();
   Type(n, QStringLiteral("0x0-7 "));
   EXPECT_EQ(n->text(), QStringLiteral("007"));
-  EXPECT_EQ(Items()[0].CutFileN, 0) << "not at every key";
+  EXPECT_EQ(Items()[0].transform.CutN, 0) << "not at every key";
   Leave(n, Qt::ActiveWindowFocusReason);
-  EXPECT_EQ(Items()[0].CutFileN, 0) << "another window only borrows the focus";
+  EXPECT_EQ(Items()[0].transform.CutN, 0) << "another window only borrows the focus";
   Leave(n);
-  EXPECT_EQ(Items()[0].CutFileN, 7);
+  EXPECT_EQ(Items()[0].transform.CutN, 7);
   EXPECT_EQ(n->text(), QStringLiteral("7"));
   n->clear();
   editor.CommitFocusedField();
-  EXPECT_EQ(Items()[0].CutFileN, 0);
+  EXPECT_EQ(Items()[0].transform.CutN, 0);
   EXPECT_EQ(n->text(), QStringLiteral("0"));
 }
 
@@ -261,8 +266,8 @@ TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
       n->selectAll();
       way(QLatin1String(put_in));
       Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-      EXPECT_EQ(Items()[0].CutFileN, std::strchr(put_in, '7') != nullptr ? 7 : 12) << put_in;
-      EXPECT_EQ(n->text(), QString::number(Items()[0].CutFileN));
+      EXPECT_EQ(Items()[0].transform.CutN, std::strchr(put_in, '7') != nullptr ? 7 : 12) << put_in;
+      EXPECT_EQ(n->text(), QString::number(Items()[0].transform.CutN));
     }
   }
 }
@@ -284,27 +289,27 @@ TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) 
     Field("fdCutFileN")->setText(QString::number(number));
     row.act();
     Leave(Field("fdCutFileN"));
-    EXPECT_EQ(Items()[row.now_at].CutFileN, number);
-    EXPECT_NE(Items()[1 - row.now_at].CutFileN, number);
+    EXPECT_EQ(Items()[row.now_at].transform.CutN, number);
+    EXPECT_NE(Items()[1 - row.now_at].transform.CutN, number);
   }
 }
 
 TEST_F(ConstructorEditorTest, ReportsANumberBeyond32BitsAndKeepsTheElements) {
   KeptReports kept;
-  Items()[0].CutFileN = 5;
+  Items()[0].transform.CutN = 5;
   QLineEdit* n = Field("fdCutFileN");
   n->setText(QStringLiteral("99999999999999999999"));
   Leave(n);
   ASSERT_EQ(kept.reports.size(), 1u);
   EXPECT_NE(kept.reports[0].find("Form1.fdCutFileN_Validate(Cancel=False)"), std::string::npos);
   EXPECT_EQ(kept.reports[0].rfind("Overflow", 0), 0u);
-  EXPECT_EQ(Items()[0].CutFileN, 5);
+  EXPECT_EQ(Items()[0].transform.CutN, 5);
   EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
   editor.CommitFocusedField();
   EXPECT_EQ(kept.reports.size(), 1u) << "told once for what was typed";
   Press(n, Qt::Key_Backspace);
   Leave(n);
-  EXPECT_EQ(Items()[0].CutFileN, 100) << "the form that it was given can be edited";
+  EXPECT_EQ(Items()[0].transform.CutN, 100) << "the form that it was given can be edited";
 }
 
 TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
@@ -318,10 +323,11 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
   Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
   EXPECT_TRUE(editor.TellRefusedNumber());
   EXPECT_TRUE(editor.TellRefusedNumber());
-  EXPECT_EQ(prompts.told, std::vector<std::string>(2,
-                                                   "The number “K” on the page “Remove” is too "
-                                                   "large.\nThe largest that can be used is "
-                                                   "2147483647."));
+  EXPECT_EQ(fakes.prompts.told,
+            std::vector<std::string>(2,
+                                     "The number “K” on the page “Remove” is too "
+                                     "large.\nThe largest that can be used is "
+                                     "2147483647."));
   EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
   Pick("cmbCutFile")->setCurrentIndex(2);
   EXPECT_FALSE(editor.TellRefusedNumber()) << "its mode is off";
@@ -330,7 +336,7 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
   EXPECT_FALSE(editor.TellRefusedNumber()) << "another element is shown";
   refuse("fdStartValue");
   EXPECT_TRUE(editor.TellRefusedNumber());
-  EXPECT_EQ(prompts.told.back().find("The number “Start with” in “Counter options” is"), 0u);
+  EXPECT_EQ(fakes.prompts.told.back().find("The number “Start with” in “Counter options” is"), 0u);
   Select(0);
   EXPECT_EQ(Field("fdCutFileX")->text(), QStringLiteral("0"));
   EXPECT_FALSE(editor.TellRefusedNumber());
@@ -352,20 +358,20 @@ TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNa
     SCOPED_TRACE(name);
     QLineEdit* field = Field(name);
     field->clear();
-    prompts.told.clear();
+    fakes.prompts.told.clear();
     Type(field, QStringLiteral("a\\/:*?\"<>|b"));
-    EXPECT_EQ(prompts.told.size(), filtered ? 9u : 0u);
+    EXPECT_EQ(fakes.prompts.told.size(), filtered ? 9u : 0u);
     EXPECT_EQ(field->text(), filtered ? QStringLiteral("ab") : QStringLiteral("a\\/:*?\"<>|b"));
-    prompts.told.clear();
+    fakes.prompts.told.clear();
     field->insert(QStringLiteral("c/d"));  // as a paste does
     EXPECT_TRUE(field->text().endsWith(QStringLiteral("c/d")));
-    EXPECT_TRUE(prompts.told.empty());
+    EXPECT_TRUE(fakes.prompts.told.empty());
   }
   Type(Field("fdReplace2"), QStringLiteral("/"));
-  EXPECT_EQ(prompts.told,
+  EXPECT_EQ(fakes.prompts.told,
             std::vector<std::string>{"A filename cannot contain any of the following characters:\n"
                                      "\\ / : * ? \" < > |"});
-  EXPECT_EQ(prompts.icons.find('x'), std::string::npos);
+  EXPECT_EQ(fakes.prompts.icons.find('x'), std::string::npos);
 }
 
 TEST_F(ConstructorEditorTest, ShowsEachDateItsOwnPartsFormatAndSample) {
@@ -374,16 +380,15 @@ TEST_F(ConstructorEditorTest, ShowsEachDateItsOwnPartsFormatAndSample) {
     std::string combo;
     const char* separator;
     const char* sample;
-    std::string ConstrItem::*format;
   } table[] = {
-      {"<File date>", "cmbDate", "fdDateSeparator", "lbDateSample", &ConstrItem::DateFormat},
-      {"<Today's date>", "cmbTDate", "fdTDateSeparator", "lbTDateSample", &ConstrItem::TDateFormat},
+      {"<File date>", "cmbDate", "fdDateSeparator", "lbDateSample"},
+      {"<Today's date>", "cmbTDate", "fdTDateSeparator", "lbTDateSample"},
   };
   for (const auto& row : table) {
     SCOPED_TRACE(row.command);
     const auto box = [&](int i) { return Pick((row.combo + "(" + char('0' + i) + ")").c_str()); };
     const auto expect = [&](std::size_t item, const char* format, const QString& sample) {
-      EXPECT_EQ(Items()[item].*row.format, format);
+      EXPECT_EQ(Items()[item].date.Format, format);
       EXPECT_EQ(Find<QLabel>(row.sample)->text(), QStringLiteral("Example: ") + sample);
     };
     Select(0);
@@ -407,12 +412,12 @@ TEST_F(ConstructorEditorTest, ShowsEachDateItsOwnPartsFormatAndSample) {
 TEST_F(ConstructorEditorTest, ShowsEachCounterItsOwnValues) {
   const auto sample = [this] { return Find<QLabel>("lbRangeSample")->text().toStdString(); };
   Choose(editor.strip->bnInsertRight, "<Counter>");
-  EXPECT_EQ(Items()[1].CounterFormat, "0000");
+  EXPECT_EQ(Items()[1].counter.Format, "0000");
   Field("fdStartValue")->setText(QStringLiteral("12"));
   EXPECT_EQ(sample(), "Example: 0012");
-  EXPECT_EQ(Items()[1].CounterStart, 1);
+  EXPECT_EQ(Items()[1].counter.Start, 1);
   Choose(editor.strip->bnInsertRight, "<Counter>");
-  EXPECT_EQ(Items()[1].CounterStart, 12);
+  EXPECT_EQ(Items()[1].counter.Start, 12);
   Field("fdStartValue")->clear();
   EXPECT_EQ(sample(), "Example: ");
   Pick("cmbRange")->setCurrentIndex(9);
@@ -420,14 +425,14 @@ TEST_F(ConstructorEditorTest, ShowsEachCounterItsOwnValues) {
   Select(1);
   EXPECT_EQ(sample(), "Example: 0012");
   EXPECT_TRUE(Find<QCheckBox>("chResetCounter")->isChecked());
-  EXPECT_EQ(Items()[2].CounterStart, 0);
-  EXPECT_EQ(Items()[2].CounterFormat, "0000000000");
-  EXPECT_EQ(Items()[2].ResetCounter, 0);
+  EXPECT_EQ(Items()[2].counter.Start, 0);
+  EXPECT_EQ(Items()[2].counter.Format, "0000000000");
+  EXPECT_EQ(Items()[2].counter.Reset, 0);
 }
 
 TEST_F(ConstructorEditorTest, AsksForAPreviewAndKeepsEachOptionInItsElement) {
   bool is_first = true;
-  on_change = [&] { is_first = is_first && Items()[0].Replace1.empty(); };
+  on_change = [&] { is_first = is_first && Items()[0].transform.Replace1.empty(); };
   Field("fdReplace1")->insert(QStringLiteral("9"));
   EXPECT_TRUE(is_first) << "the mark comes before all else";
   int options = 0;
@@ -479,11 +484,11 @@ TEST_F(ConstructorEditorTest, HoldsPastedTextAsItShowsIt) {
   const QString pasted = QStringLiteral("a\r\nb\tc\u2028/d\U0001F1E9\U0001F1EA");
   const std::string whole = text::FromQt(pasted);
   Field("fdAddFileText1")->insert(pasted);
-  EXPECT_EQ(Items()[0].AddFileText1, "a  b\tc /d\U0001F1E9\U0001F1EA");
+  EXPECT_EQ(Items()[0].transform.AddText1, "a  b\tc /d\U0001F1E9\U0001F1EA");
   Field("fdReplace1")->insert(pasted);
-  EXPECT_EQ(Items()[0].Replace1, whole) << "names may hold what is looked for";
+  EXPECT_EQ(Items()[0].transform.Replace1, whole) << "names may hold what is looked for";
   Field("fdReplace2")->insert(QString(10'000, u'x'));
-  EXPECT_EQ(Items()[0].Replace2, std::string(10'000, 'x'));
+  EXPECT_EQ(Items()[0].transform.Replace2, std::string(10'000, 'x'));
 }
 
 TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
@@ -496,7 +501,7 @@ TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
   Leave(Field("fdStartValue"));
   constructor.InsertArrConstrItem(0, kText, std::string(10'000, 'x'));
   constructor.InsertArrConstrItem(1, kText, "R&D \xFF");
-  const ConstructorEditor other(constructor, {prompts, clock, months, settings});
+  const ConstructorEditor other(constructor, services);
   EXPECT_EQ(editor.minimumSizeHint().width(), narrow);
   EXPECT_EQ(other.minimumSizeHint().width(), narrow);
   const ChipBar* chips = other.strip->tabConstructor;
