@@ -1,10 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <limits>
 
-#include "names/cut.h"
 #include "names/transform.h"
 #include "support/failure_report.h"
 
@@ -12,40 +10,38 @@ namespace {
 
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
-std::string Transformed(const ConstrItem& item, std::string_view part) {
+std::string Transformed(const TransformOptions& options, std::string_view part) {
   std::string name;
-  PartTransform(item.transform).AppendTo(part, name);
+  PartTransform(options).AppendTo(part, name);
   return name;
 }
 
-ConstrItem CutOf(std::int32_t mode, std::int32_t n, std::int32_t k) {
-  ConstrItem item;
-  item.transform.Cut = mode;
-  item.transform.CutN = n;
-  item.transform.CutX = k;
-  return item;
+TransformOptions CutOf(std::int32_t mode, std::int32_t n, std::int32_t k, const char* text = "") {
+  return {.Cut = mode, .CutN = n, .CutX = k, .CutText = text};
 }
 
-ConstrItem AddOf(std::int32_t mode, std::int32_t n, const char* text1, const char* text2) {
-  ConstrItem item;
-  item.transform.Add = mode;
-  item.transform.AddN = n;
-  item.transform.AddText1 = text1;
-  item.transform.AddText2 = text2;
-  return item;
+TransformOptions AddOf(std::int32_t mode, std::int32_t n, const char* text1, const char* text2) {
+  return {.Add = mode, .AddN = n, .AddText1 = text1, .AddText2 = text2};
 }
 
-/// Six characters that stand for a to f.
-std::string Translated(std::string_view letters) {
-  static const std::string kCharacters[] = {"e\u0301",
-                                            "\U0001F468\u200D\U0001F469",
-                                            "\xFF",
-                                            "\U0001F1E9\U0001F1EA",
-                                            "\U0001F1EB\U0001F1F7",
-                                            "\u0416"};
-  std::string t;
-  for (const char c : letters) t += c == 'X' ? "X" : kCharacters[c - 'a'];
-  return t;
+/// Expects `result` of "abcdef", and the same of six characters of many bytes in its place.
+void Expect(const TransformOptions& options, std::string_view result) {
+  const auto translated = [](std::string_view letters) {
+    static const std::string kCharacters[] = {"e\u0301",
+                                              "\U0001F468\u200D\U0001F469",
+                                              "\xFF",
+                                              "\U0001F1E9\U0001F1EA",
+                                              "\U0001F1EB\U0001F1F7",
+                                              "\u0416"};
+    std::string t;
+    for (const char c : letters) t += c == 'X' ? "X" : kCharacters[c - 'a'];
+    return t;
+  };
+  SCOPED_TRACE(::testing::Message() << options.Cut << ' ' << options.CutN << ' ' << options.CutX
+                                    << ' ' << options.Add << ' ' << options.AddN);
+  EXPECT_EQ(Transformed(options, "abcdef"), result);
+  EXPECT_EQ(Transformed(options, translated("abcdef")), translated(result));
+  EXPECT_EQ(Transformed(options, ""), "");
 }
 
 }  // namespace
@@ -69,22 +65,14 @@ TEST(Cut, CountsCharactersFromItsEdgeWithinItsBounds) {
       {9, 7, 9, "abcdef"},  {9, 1, 5, "abcdef"},  {9, 9, 1, "abcdef"},  {9, -1, 2, "ef"},
       {9, 2, -1, "ab"},
   };
-  for (const auto& row : table) {
-    SCOPED_TRACE(::testing::PrintToString(std::array{row.mode, row.n, row.k}));
-    const ConstrItem item = CutOf(row.mode, row.n, row.k);
-    EXPECT_EQ(Transformed(item, "abcdef"), row.result);
-    EXPECT_EQ(Transformed(item, Translated("abcdef")), Translated(row.result));
-    EXPECT_EQ(Transformed(item, ""), "");
-  }
+  for (const auto& row : table) Expect(CutOf(row.mode, row.n, row.k), row.result);
   EXPECT_EQ(Transformed(CutOf(6, kMost, kMost), "abc"), "");
   EXPECT_EQ(Transformed(CutOf(9, kMost, kMost), "abc"), "abc");
 }
 
 TEST(Cut, RemovesATextWhateverItsCase) {
-  ConstrItem item = CutOf(1, 0, 0);
-  item.transform.CutText = "B\u0436";
-  EXPECT_EQ(Transformed(item, "a\u0436b\u0416B"), "a\u0436B");
-  EXPECT_EQ(mCut::RemoveText("abcABC", "B"), "acAC");
+  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B\u0436"), "a\u0436b\u0416B"), "a\u0436B");
+  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B"), "abcABC"), "acAC");
 }
 
 TEST(Cut, FailsWhereTheSumOfBothIsTooLarge) {
@@ -104,69 +92,56 @@ TEST(Add, PutsTheTextWhereToldAndAtTheFarEndBeyond) {
                {4, 2, "abXcdef"},     {4, 0, "Xabcdef"},     {4, -1, "Xabcdef"}, {4, 6, "abcdefX"},
                {4, kMost, "abcdefX"}, {5, 2, "abcdXef"},     {5, 0, "abcdefX"},  {5, -1, "abcdefX"},
                {5, 6, "Xabcdef"},     {5, kMost, "Xabcdef"}, {6, 2, "abcdef"}};
-  for (const auto& row : table) {
-    const ConstrItem item = AddOf(row.mode, row.n, "X", "X");
-    EXPECT_EQ(Transformed(item, "abcdef"), row.result) << row.mode << ' ' << row.n;
-    EXPECT_EQ(Transformed(item, Translated("abcdef")), Translated(row.result));
-  }
+  for (const auto& row : table) Expect(AddOf(row.mode, row.n, "X", "X"), row.result);
   EXPECT_EQ(Transformed(AddOf(3, 0, "X", "Y"), "a"), "XaY");
 }
 
 TEST(Transform, ChangesCaseThenCutsThenReplacesThenAdds) {
   // Each other order of the four gives another name.
-  ConstrItem item = AddOf(1, 0, "naA", "");
-  item.transform.Case = kCaseFirstUpper;
-  item.transform.Cut = 2;
-  item.transform.CutN = 1;
-  item.transform.Replace1 = "a";
-  item.transform.Replace2 = "xA";
-  EXPECT_EQ(Transformed(item, "abAab"), "naAbxAxAb");
+  const TransformOptions all{.Case = kCaseFirstUpper,
+                             .Cut = 2,
+                             .CutN = 1,
+                             .Replace1 = "a",
+                             .Replace2 = "xA",
+                             .Add = 1,
+                             .AddText1 = "naA"};
+  EXPECT_EQ(Transformed(all, "abAab"), "naAbxAxAb");
 }
 
 TEST(Transform, ChangesTheLetterCaseOfTheWholePart) {
   const struct {
     std::int32_t mode;
-    const char* part;
-    const char* result;
+    const char *part, *result;
   } table[] = {{0, "aB cD", "aB cD"},
                {1, "aB cD\u00DF", "AB CD\u00DF"},
                {2, "aB \u0416", "ab \u0436"},
-               {3, "aB cD", "Ab cd"},
-               {3, "aBC.dEF", "Abc.def"},
+               {3, "aBC.dEF gH", "Abc.def gh"},
                {3, "e\u0301A", "E\u0301a"},
                {3, "1A", "1a"},
                {4, "aB", "aB"}};
-  ConstrItem item;
   for (const auto& row : table) {
-    item.transform.Case = row.mode;
-    EXPECT_EQ(Transformed(item, row.part), row.result);
+    EXPECT_EQ(Transformed({.Case = row.mode}, row.part), row.result);
   }
 }
 
 TEST(Transform, AStepIsInUseWhenItChangesAnything) {
-  const auto expect = [](const ConstrItem& item, bool TransformSteps::*step) {
-    const TransformSteps steps = StepsInUse(item.transform);
-    EXPECT_EQ(steps.*step, Transformed(item, "abcdef") != "abcdef")
-        << item.transform.Cut << ' ' << item.transform.CutN << ' ' << item.transform.CutX
-        << item.transform.CutText << ' ' << item.transform.Add << item.transform.AddText1
-        << item.transform.AddText2;
+  const auto expect = [](const TransformOptions& options, bool TransformSteps::*step) {
+    const TransformSteps steps = StepsInUse(options);
+    EXPECT_EQ(steps.*step, Transformed(options, "abcdef") != "abcdef")
+        << options.Cut << ' ' << options.CutN << ' ' << options.CutX << options.CutText << ' '
+        << options.Add << options.AddText1 << options.AddText2;
     EXPECT_LE(steps.cut + steps.replace + steps.add, 1) << "of no other step";
   };
-  for (const char* text : {"", "X"}) {
+  for (const char* text : {"", "B"}) {
     for (std::int32_t mode = 0; mode <= 10; ++mode) {
       for (const std::int32_t n : {-1, 0, 1, 2}) {
         for (const std::int32_t k : {-1, 0, 1}) {
-          ConstrItem cut = CutOf(mode, n, k);
-          cut.transform.CutText = *text == '\0' ? "" : "B";
-          expect(cut, &TransformSteps::cut);
+          expect(CutOf(mode, n, k, text), &TransformSteps::cut);
         }
       }
       expect(AddOf(mode, 1, text, ""), &TransformSteps::add);
       expect(AddOf(mode, 1, "", text), &TransformSteps::add);
     }
-    ConstrItem replace;
-    replace.transform.Replace1 = *text == '\0' ? "" : "B";
-    replace.transform.Replace2 = "x";
-    expect(replace, &TransformSteps::replace);
+    expect({.Replace1 = text, .Replace2 = "x"}, &TransformSteps::replace);
   }
 }
