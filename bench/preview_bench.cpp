@@ -45,25 +45,25 @@ void FillRecords(Records& records, std::size_t count, const char* stem) {
 void FillWithOptions(Constructor& constructor) {
   auto& items = constructor.ArrConstr;
   ConstrItem& stem = items[0];
-  stem.CaseOldFile = 3;
-  stem.CutFile = 2;
-  stem.CutFileN = 2;
-  stem.Replace1 = "g_";
-  stem.Replace2 = "Photo ";
-  stem.AddFile = 4;
-  stem.AddFileN = 3;
-  stem.AddFileText1 = "-";
-  items[2].CaseExt = 2;
+  stem.transform.Case = 3;
+  stem.transform.Cut = 2;
+  stem.transform.CutN = 2;
+  stem.transform.Replace1 = "g_";
+  stem.transform.Replace2 = "Photo ";
+  stem.transform.Add = 4;
+  stem.transform.AddN = 3;
+  stem.transform.AddText1 = "-";
+  items[2].transform.Case = 2;
   constructor.InsertArrConstrItem(1, kCounter, "");
-  items[1].CounterFormat = CounterFormatOfRange(items[1].CounterRange);
+  items[1].counter.Format = CounterFormatOfRange(items[1].counter.Range);
   constructor.InsertArrConstrItem(0, kFileDate, "");
-  items[0].DateFormat = ComposeDateFormat(8, 4, 2, "-");
+  items[0].date.Format = ComposeDateFormat(8, 4, 2, "-");
   constructor.InsertArrConstrItem(0, kParentFolderName, "");
-  items[0].CaseParentFolder = 1;
-  items[0].CutParentFolder = 5;
-  items[0].CutParentFolderN = 1;
-  items[0].AddParentFolder = 2;
-  items[0].AddParentFolderText1 = "_";
+  items[0].transform.Case = 1;
+  items[0].transform.Cut = 5;
+  items[0].transform.CutN = 1;
+  items[0].transform.Add = 2;
+  items[0].transform.AddText1 = "_";
 }
 
 template <class Pass>

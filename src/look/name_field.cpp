@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "common/name_chars.h"
+#include "look/handlers.h"
 #include "platform/qt/text_qt.h"
-#include "trace/err_trace.h"
 
 namespace {
 
@@ -39,7 +39,8 @@ NameField::NameField(Prompts& prompts, QWidget* parent) : QLineEdit(parent), pro
 bool NameField::Refuses(const QString& typed) {
   bool refused = true;
   const std::string KeyAscii = text::FromQt(typed);
-  ErrTrace::top("NameField.KeyPress(KeyAscii)", ErrTrace::args(KeyAscii),
+  const std::string handler = HandlerOf(text::FromQt(objectName()), "_KeyPress(KeyAscii)");
+  ErrTrace::top(handler, ErrTrace::args(KeyAscii),
                 [&] { refused = mMain::HasBadFileNameChars(KeyAscii, prompts_); });
   return refused;
 }

@@ -15,7 +15,7 @@ class Constructor {
   std::vector<ConstrItem> ArrConstr;
 
   /// Inserts an element of `pType` at `pIndex`, which must be at most the count; those from there
-  /// on move up by one. Sets the defaults of its kind.
+  /// on move up by one. Its options are those that a new element of its kind has.
   void InsertArrConstrItem(std::size_t pIndex, ItemType pType, std::string_view pText);
 
   /// Removes the element at `pIndex`.
@@ -28,6 +28,3 @@ class Constructor {
   /// True when an element of `type` is among them; a counter makes names depend on row order.
   bool Holds(ItemType type) const;
 };
-
-/// The caption of an element's tab: "<Counter>" and the like, of a text element its text.
-std::string_view ElementCaption(ItemType type, std::string_view text);

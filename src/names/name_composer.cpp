@@ -1,101 +1,108 @@
 #include "names/name_composer.h"
 
-#include <cstddef>
+#include <utility>
 
 #include "names/counter.h"
+#include "names/date_format.h"
 #include "names/name_text.h"
+#include "names/transform.h"
 
-/// What the elements of one name are made from.
-struct NameComposer::Row {
-  std::string_view source_file_name;
-  std::string_view folder_name;
-  const FileDate& date;
-  LocalTime today;
+namespace {
+
+struct Day {
+  int year, month, day;  ///< all 0: no date
+  bool operator==(const Day&) const = default;
 };
 
-NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale)
-    : clock_(clock) {
-  const auto add_date = [&](bool today, const std::string& format) {
-    if (format.empty()) return;
-    elements_.push_back(DateElement{today, DateFormatter(format, locale), 0, 0, 0, {}});
-    needs_today_ = needs_today_ || today;
-  };
-  for (const ConstrItem& item : constructor.ArrConstr) {
-    switch (item.ItemType) {
-      case kText:
-        elements_.push_back(item.ItemText);
-        break;
-      case kSourceFileName:
-      case kExtension:
-      case kParentFolderName: {
-        const auto& fields = kTransformFields[static_cast<std::size_t>(item.ItemType)];
-        elements_.push_back(TransformElement{
-            static_cast<ItemType>(item.ItemType), PartTransform(item, fields), {}, {}});
-        break;
-      }
-      case kFileDate:
-        add_date(false, item.DateFormat);
-        break;
-      case kTodaysDate:
-        add_date(true, item.TDateFormat);
-        break;
-      case kCounter:
-        elements_.push_back(Counter{&item});
-        break;
-      default:  // an element of a kind that is not known adds nothing
-        break;
+std::string_view Stem(const NameSource& source) {
+  return mMain::GetFileName(source.file_name);
+}
+std::string_view Extension(const NameSource& source) {
+  return mMain::GetFileExt(source.file_name, ".");
+}
+std::string_view FolderName(const NameSource& source) {
+  return source.folder_name;
+}
+Day FileDay(const NameSource& source) {
+  return {source.date.Year(), source.date.Month(), source.date.Day()};
+}
+Day Today(const NameSource& source) {
+  return {source.today.year, source.today.month, source.today.day};
+}
+
+auto Transformed(const TransformOptions& options, std::string_view (*part_of)(const NameSource&)) {
+  return
+      [=, transform = PartTransform(options)](const NameSource& source, std::string& name) mutable {
+        transform.AppendTo(part_of(source), name);
+      };
+}
+
+/// Neighbours in the list mostly share folder, extension and day, so these elements keep what they
+/// made last: of `Key`, the text that `append` makes of what `key_of` answers.
+template <class Key, class KeyOf, class AppendText>
+auto Kept(KeyOf key_of, AppendText append) {
+  return [=, last_key = Key(), last_text = std::string()](const NameSource& source,
+                                                          std::string& name) mutable {
+    const auto key = key_of(source);
+    if (key != last_key) {
+      last_text.clear();
+      append(key, last_text);
+      last_key = key;
     }
+    name += last_text;
+  };
+}
+
+auto KeptTransform(const TransformOptions& options,
+                   std::string_view (*part_of)(const NameSource&)) {
+  return Kept<std::string>(part_of, [transform = PartTransform(options)](
+                                        std::string_view part, std::string& text) mutable {
+    transform.AppendTo(part, text);
+  });
+}
+
+auto Dated(const DateOptions& options, const LocaleFacts& locale,
+           Day (*day_of)(const NameSource&)) {
+  return Kept<Day>(day_of, [formatter = DateFormatter(options.Format, locale)](const Day& day,
+                                                                               std::string& text) {
+    if (day.day != 0) formatter.AppendTo(day.year, day.month, day.day, text);
+  });
+}
+
+}  // namespace
+
+NameComposer::Element NameComposer::ElementOf(const ConstrItem& item, const LocaleFacts& locale) {
+  switch (item.ItemType) {
+    case kText:
+      return [&item](const NameSource&, std::string& name) { name += item.ItemText; };
+    case kSourceFileName:
+      return Transformed(item.transform, Stem);
+    case kExtension:
+      return KeptTransform(item.transform, Extension);
+    case kParentFolderName:
+      return KeptTransform(item.transform, FolderName);
+    case kFileDate:
+      return Dated(item.date, locale, FileDay);
+    case kTodaysDate:
+      return Dated(item.date, locale, Today);
+    case kCounter:
+      return [&counter = item.counter](const NameSource&, std::string& name) {
+        AppendCounter(counter.Value, counter.Format, name);
+      };
+  }
+  return [](const NameSource&, std::string&) {};  // of a kind that is not known
+}
+
+NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale)
+    : clock_(clock), needs_today_(constructor.Holds(kTodaysDate)) {
+  for (const ConstrItem& item : constructor.ArrConstr) {
+    elements_.push_back(ElementOf(item, locale));
   }
 }
 
-std::string_view NameComposer::Compose(std::string_view source_file_name,
-                                       std::string_view folder_name, const FileDate& date) {
-  const Row row{source_file_name, folder_name, date, needs_today_ ? clock_.Now() : LocalTime()};
+std::string_view NameComposer::Compose(NameSource source) {
+  if (needs_today_) source.today = clock_.Now();
   name_.clear();
-  for (Element& element : elements_) {
-    std::visit([&](auto& kind) { Append(kind, row); }, element);
-  }
+  for (const Element& element : elements_) element(source, name_);
   return mMain::NormalizeExt(name_);
-}
-
-void NameComposer::Append(const std::string& fixed, const Row&) {
-  name_ += fixed;
-}
-
-void NameComposer::Append(TransformElement& element, const Row& row) {
-  if (element.source == kSourceFileName) {
-    element.transform.AppendTo(mMain::GetFileName(row.source_file_name), name_);
-    return;
-  }
-  const std::string_view part =
-      element.source == kExtension ? mMain::GetFileExt(row.source_file_name, ".") : row.folder_name;
-  if (part != element.last_part) {
-    element.last_text.clear();
-    element.transform.AppendTo(part, element.last_text);
-    element.last_part = part;
-  }
-  name_ += element.last_text;
-}
-
-void NameComposer::Append(DateElement& element, const Row& row) {
-  if (element.today) {
-    AppendDate(element, row.today.year, row.today.month, row.today.day);
-  } else if (!row.date.Empty()) {
-    AppendDate(element, row.date.Year(), row.date.Month(), row.date.Day());
-  }
-}
-
-void NameComposer::AppendDate(DateElement& element, int year, int month, int day) {
-  if (day != element.last_day || month != element.last_month || year != element.last_year) {
-    element.last_text.clear();
-    element.formatter.AppendTo(year, month, day, element.last_text);
-    element.last_year = year;
-    element.last_month = month;
-    element.last_day = day;
-  }
-  name_ += element.last_text;
-}
-
-void NameComposer::Append(const Counter& counter, const Row&) {
-  AppendCounter(counter.item->CounterValue, counter.item->CounterFormat, name_);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 /// A file name parted at its last dot, and a new name cleaned. A name that begins with a dot has
@@ -12,9 +11,6 @@ std::string_view GetFileExt(std::string_view sFullPath, std::string_view point);
 
 /// What stands before the last ".", or all of `sFullPath` without one. Points into `sFullPath`.
 std::string_view GetFileName(std::string_view sFullPath);
-
-/// The same for any `point`; the pieces before the last one come back joined by ".".
-std::string GetFileName(std::string_view sFullPath, std::string_view point);
 
 /// `sName` without the dots and blanks at its right end. Points into `sName`.
 std::string_view NormalizeExt(std::string_view sName);

@@ -16,28 +16,28 @@ class Counters {
  public:
   explicit Counters(Constructor& constructor) {
     for (ConstrItem& item : constructor.ArrConstr) {
-      if (item.ItemType == kCounter) items_.push_back(&item);
+      if (item.ItemType == kCounter) items_.push_back(&item.counter);
     }
-    for (ConstrItem* item : items_) item->CounterValue = item->CounterStart;
+    for (CounterOptions* item : items_) item->Value = item->Start;
   }
 
   void StartGroup() {
-    for (ConstrItem* item : items_) {
-      if (item->ResetCounter == 1) item->CounterValue = item->CounterStart;
+    for (CounterOptions* item : items_) {
+      if (item->Reset == 1) item->Value = item->Start;
     }
   }
 
   void Step() {
-    for (ConstrItem* item : items_) {
-      if (item->CounterValue == std::numeric_limits<std::int32_t>::max()) {
+    for (CounterOptions* item : items_) {
+      if (item->Value == std::numeric_limits<std::int32_t>::max()) {
         throw Failure(kOverflow, "Overflow");
       }
-      ++item->CounterValue;
+      ++item->Value;
     }
   }
 
  private:
-  std::vector<ConstrItem*> items_;
+  std::vector<CounterOptions*> items_;
 };
 
 void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
@@ -48,8 +48,9 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
   if (!row.checked) return;
   // A file that was moved aside bears a name that nobody gave it.
   const std::string_view former = row.Rollback();
-  row.newFileName = composer.Compose(former.empty() ? row.sourceFileName : former,
-                                     records.ParentName(row), row.date);
+  row.newFileName = composer.Compose({.file_name = former.empty() ? row.sourceFileName : former,
+                                      .folder_name = records.ParentName(row),
+                                      .date = row.date});
 }
 
 }  // namespace

@@ -34,35 +34,25 @@ bool CutIsInUse(std::int32_t mode, bool has_text, std::int32_t n, std::int32_t k
 
 }  // namespace
 
-TransformSteps StepsInUse(const ConstrItem& item, const TransformFields& fields) {
-  const std::int32_t add = item.*fields.Add;
-  const bool adds1 = add >= 1 && add <= 5 && !(item.*fields.AddText1).empty();
-  const bool adds2 = add == 3 && !(item.*fields.AddText2).empty();
-  const bool cut_text = !(item.*fields.CutText).empty();
-  return {.cut = CutIsInUse(item.*fields.Cut, cut_text, item.*fields.CutN, item.*fields.CutX),
-          .replace = !(item.*fields.Replace1).empty(),
+TransformSteps StepsInUse(const TransformOptions& options) {
+  const bool adds1 = options.Add >= 1 && options.Add <= 5 && !options.AddText1.empty();
+  const bool adds2 = options.Add == 3 && !options.AddText2.empty();
+  return {.cut = CutIsInUse(options.Cut, !options.CutText.empty(), options.CutN, options.CutX),
+          .replace = !options.Replace1.empty(),
           .add = adds1 || adds2};
 }
 
-PartTransform::PartTransform(const ConstrItem& item, const TransformFields& fields)
-    : case_(item.*fields.Case),
-      cut_(item.*fields.Cut),
-      cut_n_(item.*fields.CutN),
-      cut_k_(item.*fields.CutX),
-      remove_(item.*fields.CutText, ""),
-      replaces_(!(item.*fields.Replace1).empty()),
-      replace_(item.*fields.Replace1, item.*fields.Replace2),
-      add_(item.*fields.Add),
-      add_n_(item.*fields.AddN),
-      add_text1_(item.*fields.AddText1),
-      add_text2_(item.*fields.AddText2) {}
+PartTransform::PartTransform(const TransformOptions& options)
+    : options_(options),
+      remove_(options.CutText, ""),
+      replace_(options.Replace1, options.Replace2) {}
 
 void PartTransform::AppendTo(std::string_view part, std::string& name) {
   CheckLength(part);
   if (part.empty()) return;
   // A part that the cut has emptied still counts: what is added then stands alone.
   part = Cut(ChangeCase(part));
-  if (replaces_) {
+  if (!options_.Replace1.empty()) {
     replaced_.clear();
     replace_.AppendTo(part, replaced_);
     part = replaced_;
@@ -74,7 +64,7 @@ void PartTransform::AppendTo(std::string_view part, std::string& name) {
 
 std::string_view PartTransform::ChangeCase(std::string_view part) {
   cased_.clear();
-  switch (case_) {
+  switch (options_.Case) {
     case kCaseUpper:
       text::AppendUpper(part, cased_);
       return cased_;
@@ -93,7 +83,7 @@ std::string_view PartTransform::ChangeCase(std::string_view part) {
 }
 
 std::string_view PartTransform::Cut(std::string_view part) {
-  if (cut_ == 1) {
+  if (options_.Cut == 1) {
     after_cut_.clear();
     remove_.AppendTo(part, after_cut_);
     return after_cut_;
@@ -107,40 +97,40 @@ std::string_view PartTransform::Cut(std::string_view part) {
 }
 
 Pieces PartTransform::CutByPosition(std::string_view part) const {
-  switch (cut_) {
+  switch (options_.Cut) {
     case 2:
-      return mCut::RemoveFromStart(part, cut_n_);
+      return mCut::RemoveFromStart(part, options_.CutN);
     case 3:
-      return mCut::RemoveFromEnd(part, cut_n_);
+      return mCut::RemoveFromEnd(part, options_.CutN);
     case 4:
-      return mCut::RemoveAfterFirst(part, cut_k_, cut_n_);
+      return mCut::RemoveAfterFirst(part, options_.CutX, options_.CutN);
     case 5:
-      return mCut::RemoveBeforeLast(part, cut_k_, cut_n_);
+      return mCut::RemoveBeforeLast(part, options_.CutX, options_.CutN);
     case 6:
-      return mCut::RemoveFromBoth(part, cut_n_, cut_k_);
+      return mCut::RemoveFromBoth(part, options_.CutN, options_.CutX);
     case 7:
-      return mCut::KeepFirst(part, cut_n_);
+      return mCut::KeepFirst(part, options_.CutN);
     case 8:
-      return mCut::KeepLast(part, cut_n_);
+      return mCut::KeepLast(part, options_.CutN);
     case 9:
-      return mCut::RemoveBetween(part, cut_n_, cut_k_);
+      return mCut::RemoveBetween(part, options_.CutN, options_.CutX);
     default:
       return {part, {}, {}};
   }
 }
 
 Pieces PartTransform::Add(std::string_view part) const {
-  switch (add_) {
+  switch (options_.Add) {
     case 1:
-      return mAdd::AddLeft(part, add_text1_);
+      return mAdd::AddLeft(part, options_.AddText1);
     case 2:
-      return mAdd::AddRight(part, add_text1_);
+      return mAdd::AddRight(part, options_.AddText1);
     case 3:
-      return mAdd::AddBoth(part, add_text1_, add_text2_);
+      return mAdd::AddBoth(part, options_.AddText1, options_.AddText2);
     case 4:
-      return mAdd::InsertAfterFirst(part, add_text1_, add_n_);
+      return mAdd::InsertAfterFirst(part, options_.AddText1, options_.AddN);
     case 5:
-      return mAdd::InsertBeforeLast(part, add_text1_, add_n_);
+      return mAdd::InsertBeforeLast(part, options_.AddText1, options_.AddN);
     default:
       return {part, {}, {}};
   }

@@ -22,13 +22,13 @@ struct TransformSteps {
   bool cut, replace, add;
   bool operator==(const TransformSteps&) const = default;
 };
-TransformSteps StepsInUse(const ConstrItem& item, const TransformFields& fields);
+TransformSteps StepsInUse(const TransformOptions& options);
 
 /// What the options of one element make of its part of a name: letter case, cut, replace and add,
-/// in this order. Holds copies of the options, so that nothing is looked up for each row.
+/// in this order. Holds a copy of the options.
 class PartTransform {
  public:
-  PartTransform(const ConstrItem& item, const TransformFields& fields);
+  explicit PartTransform(const TransformOptions& options);
 
   /// Appends what becomes of `part` to `name`. An empty part adds nothing, even where a text is to
   /// be added, nor does one that an active replace has left empty. Raises kOverflow when the part
@@ -41,17 +41,9 @@ class PartTransform {
   Pieces CutByPosition(std::string_view part) const;
   Pieces Add(std::string_view part) const;
 
-  std::int32_t case_;
-  std::int32_t cut_;
-  std::int32_t cut_n_;
-  std::int32_t cut_k_;
+  TransformOptions options_;
   text::Replacer remove_;
-  bool replaces_;
   text::Replacer replace_;
-  std::int32_t add_;
-  std::int32_t add_n_;
-  std::string add_text1_;
-  std::string add_text2_;
 
   std::string cased_;  ///< the part after each step that can't point into the one before
   std::string after_cut_;

@@ -15,6 +15,7 @@
 #include "look/look.h"
 #include "look/skin.h"
 #include "names/editor/constructor_editor.h"
+#include "names/element_kinds.h"
 #include "platform/qt/text_qt.h"
 #include "rename/conflicts_dialog.h"
 #include "rename/results/result_windows.h"
@@ -30,21 +31,20 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell, QWidget* parent)
+Form1::Form1(const CommandParts& parts, const Services& services, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
-      settings_(settings),
+      settings_(services.settings),
       commands_(parts, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
-      editor_(new ConstructorEditor(
-          parts.constructor, {parts.prompts, parts.clock, parts.locale, settings}, left_column_)),
+      editor_(new ConstructorEditor(parts.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(parts.grid, this)),
       status_bar_(new StatusBar(this)) {
-  const ResultServices services{parts.files, parts.prompts, shell, settings};
-  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
+  const ResultServices results{services.files, services.prompts, services.shell, services.settings};
+  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, results, this);
+  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, results, this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -99,6 +99,7 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
+  connect(editor_, &ConstructorEditor::commandPicked, this, &Form1::CommandBars1_Execute);
   connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
@@ -199,6 +200,12 @@ void Form1::FocusFirst() {
 
 void Form1::Command4_Click() {
   ErrTrace::top("Form1.Command4_Click", [&] { Form8(parts_.state, settings_, this).exec(); });
+}
+
+void Form1::CommandBars1_Execute(int Control) {
+  ErrTrace::top("Form1.CommandBars1_Execute(Control)", ErrTrace::args(Control), [&] {
+    if (Control < kInsertCommandsEnd) editor_->Execute(Control);
+  });
 }
 
 void Form1::EnableElements(bool pEnable) {

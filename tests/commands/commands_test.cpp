@@ -343,14 +343,14 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
 
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
-  constructor.ArrConstr[0].CounterStart = 0x7FFFFFFF;
+  constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
   commands.bnLoadFileList_Click();
   commands.bnPreview_Click();
   EXPECT_EQ(commands.Mode(), ModeListReady);
   EXPECT_EQ(reporter.reports.size(), 2u);
 
   files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
-  constructor.ArrConstr[0].CounterStart = 1;
+  constructor.ArrConstr[0].counter.Start = 1;
   commands.bnPreview_Click();
   commands.bnRename_Click();
   EXPECT_EQ(commands.Mode(), ModeRunCancelled);

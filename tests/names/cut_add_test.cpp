@@ -1,10 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <limits>
 
-#include "names/cut.h"
 #include "names/transform.h"
 #include "support/failure_report.h"
 
@@ -12,40 +10,38 @@ namespace {
 
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
-std::string Transformed(const ConstrItem& item, std::string_view part) {
+std::string Transformed(const TransformOptions& options, std::string_view part) {
   std::string name;
-  PartTransform(item, kTransformFields[kSourceFileName]).AppendTo(part, name);
+  PartTransform(options).AppendTo(part, name);
   return name;
 }
 
-ConstrItem CutOf(std::int32_t mode, std::int32_t n, std::int32_t k) {
-  ConstrItem item;
-  item.CutFile = mode;
-  item.CutFileN = n;
-  item.CutFileX = k;
-  return item;
+TransformOptions CutOf(std::int32_t mode, std::int32_t n, std::int32_t k, const char* text = "") {
+  return {.Cut = mode, .CutN = n, .CutX = k, .CutText = text};
 }
 
-ConstrItem AddOf(std::int32_t mode, std::int32_t n, const char* text1, const char* text2) {
-  ConstrItem item;
-  item.AddFile = mode;
-  item.AddFileN = n;
-  item.AddFileText1 = text1;
-  item.AddFileText2 = text2;
-  return item;
+TransformOptions AddOf(std::int32_t mode, std::int32_t n, const char* text1, const char* text2) {
+  return {.Add = mode, .AddN = n, .AddText1 = text1, .AddText2 = text2};
 }
 
-/// Six characters that stand for a to f.
-std::string Translated(std::string_view letters) {
-  static const std::string kCharacters[] = {"e\u0301",
-                                            "\U0001F468\u200D\U0001F469",
-                                            "\xFF",
-                                            "\U0001F1E9\U0001F1EA",
-                                            "\U0001F1EB\U0001F1F7",
-                                            "\u0416"};
-  std::string t;
-  for (const char c : letters) t += c == 'X' ? "X" : kCharacters[c - 'a'];
-  return t;
+/// Expects `result` of "abcdef", and the same of six characters of many bytes in its place.
+void Expect(const TransformOptions& options, std::string_view result) {
+  const auto translated = [](std::string_view letters) {
+    static const std::string kCharacters[] = {"e\u0301",
+                                              "\U0001F468\u200D\U0001F469",
+                                              "\xFF",
+                                              "\U0001F1E9\U0001F1EA",
+                                              "\U0001F1EB\U0001F1F7",
+                                              "\u0416"};
+    std::string t;
+    for (const char c : letters) t += c == 'X' ? "X" : kCharacters[c - 'a'];
+    return t;
+  };
+  SCOPED_TRACE(::testing::Message() << options.Cut << ' ' << options.CutN << ' ' << options.CutX
+                                    << ' ' << options.Add << ' ' << options.AddN);
+  EXPECT_EQ(Transformed(options, "abcdef"), result);
+  EXPECT_EQ(Transformed(options, translated("abcdef")), translated(result));
+  EXPECT_EQ(Transformed(options, ""), "");
 }
 
 }  // namespace
@@ -54,37 +50,24 @@ TEST(Cut, CountsCharactersFromItsEdgeWithinItsBounds) {
   const struct {
     std::int32_t mode, n, k;
     const char* result;
-  } table[] = {
-      {2, 2, 0, "cdef"},    {2, 6, 0, ""},        {2, 0, 0, "abcdef"},  {2, -1, 0, "abcdef"},
-      {3, 2, 0, "abcd"},    {3, 7, 0, ""},        {3, -1, 0, "abcdef"}, {4, 2, 1, "adef"},
-      {4, 9, 1, "a"},       {4, 2, 6, "abcdef"},  {4, 0, 0, "abcdef"},  {4, 5, 1, "a"},
-      {4, 1, 9, "abcdef"},  {4, -1, 2, "abcdef"}, {4, 2, -1, "cdef"},   {5, 2, 1, "abcf"},
-      {5, 9, 1, "f"},       {5, 2, 6, "abcdef"},  {5, 0, 0, "abcdef"},  {5, 1, 9, "abcdef"},
-      {5, -1, 2, "abcdef"}, {5, 2, -1, "abcd"},   {6, 1, 2, "bcd"},     {6, 3, 3, ""},
-      {6, 6, 0, ""},        {6, 0, 0, "abcdef"},  {6, 9, 1, ""},        {6, 1, 9, ""},
-      {6, -1, 2, "abcd"},   {6, 2, -1, "cdef"},   {7, 2, 0, "ab"},      {7, 0, 0, ""},
-      {7, 9, 0, "abcdef"},  {7, -1, 0, ""},       {8, 2, 0, "ef"},      {8, 0, 0, ""},
-      {8, 9, 0, "abcdef"},  {8, -1, 0, ""},       {9, 1, 2, "aef"},     {9, 3, 3, "abcdef"},
-      {9, 6, 0, "abcdef"},  {9, 5, 0, "abcde"},   {9, 0, 0, ""},        {9, 0, 1, "f"},
-      {9, 7, 9, "abcdef"},  {9, 1, 5, "abcdef"},  {9, 9, 1, "abcdef"},  {9, -1, 2, "ef"},
-      {9, 2, -1, "ab"},
-  };
-  for (const auto& row : table) {
-    SCOPED_TRACE(::testing::PrintToString(std::array{row.mode, row.n, row.k}));
-    const ConstrItem item = CutOf(row.mode, row.n, row.k);
-    EXPECT_EQ(Transformed(item, "abcdef"), row.result);
-    EXPECT_EQ(Transformed(item, Translated("abcdef")), Translated(row.result));
-    EXPECT_EQ(Transformed(item, ""), "");
-  }
+  } table[] = {{2, 2, 0, "cdef"},   {2, 6, 0, ""},       {2, 0, 0, "abcdef"}, {3, 2, 0, "abcd"},
+               {3, 7, 0, ""},       {4, 2, 1, "adef"},   {4, 9, 1, "a"},      {4, 2, 6, "abcdef"},
+               {4, 0, 0, "abcdef"}, {4, 5, 1, "a"},      {4, 1, 9, "abcdef"}, {5, 2, 1, "abcf"},
+               {5, 9, 1, "f"},      {5, 2, 6, "abcdef"}, {5, 0, 0, "abcdef"}, {5, 1, 9, "abcdef"},
+               {6, 1, 2, "bcd"},    {6, 3, 3, ""},       {6, 6, 0, ""},       {6, 0, 0, "abcdef"},
+               {6, 9, 1, ""},       {6, 1, 9, ""},       {7, 2, 0, "ab"},     {7, 0, 0, ""},
+               {7, 9, 0, "abcdef"}, {8, 2, 0, "ef"},     {8, 0, 0, ""},       {8, 9, 0, "abcdef"},
+               {9, 1, 2, "aef"},    {9, 3, 3, "abcdef"}, {9, 6, 0, "abcdef"}, {9, 5, 0, "abcde"},
+               {9, 0, 0, ""},       {9, 0, 1, "f"},      {9, 7, 9, "abcdef"}, {9, 1, 5, "abcdef"},
+               {9, 9, 1, "abcdef"}};
+  for (const auto& row : table) Expect(CutOf(row.mode, row.n, row.k), row.result);
   EXPECT_EQ(Transformed(CutOf(6, kMost, kMost), "abc"), "");
   EXPECT_EQ(Transformed(CutOf(9, kMost, kMost), "abc"), "abc");
 }
 
 TEST(Cut, RemovesATextWhateverItsCase) {
-  ConstrItem item = CutOf(1, 0, 0);
-  item.CutFileText = "B\u0436";
-  EXPECT_EQ(Transformed(item, "a\u0436b\u0416B"), "a\u0436B");
-  EXPECT_EQ(mCut::RemoveText("abcABC", "B"), "acAC");
+  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B\u0436"), "a\u0436b\u0416B"), "a\u0436B");
+  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B"), "abcABC"), "acAC");
 }
 
 TEST(Cut, FailsWhereTheSumOfBothIsTooLarge) {
@@ -100,72 +83,60 @@ TEST(Add, PutsTheTextWhereToldAndAtTheFarEndBeyond) {
   const struct {
     std::int32_t mode, n;
     const char* result;
-  } table[] = {{0, 2, "abcdef"},      {1, 2, "Xabcdef"},     {2, 2, "abcdefX"},  {3, 2, "XabcdefX"},
-               {4, 2, "abXcdef"},     {4, 0, "Xabcdef"},     {4, -1, "Xabcdef"}, {4, 6, "abcdefX"},
-               {4, kMost, "abcdefX"}, {5, 2, "abcdXef"},     {5, 0, "abcdefX"},  {5, -1, "abcdefX"},
-               {5, 6, "Xabcdef"},     {5, kMost, "Xabcdef"}, {6, 2, "abcdef"}};
-  for (const auto& row : table) {
-    const ConstrItem item = AddOf(row.mode, row.n, "X", "X");
-    EXPECT_EQ(Transformed(item, "abcdef"), row.result) << row.mode << ' ' << row.n;
-    EXPECT_EQ(Transformed(item, Translated("abcdef")), Translated(row.result));
-  }
+  } table[] = {{0, 2, "abcdef"},  {1, 2, "Xabcdef"}, {2, 2, "abcdefX"}, {3, 2, "XabcdefX"},
+               {4, 2, "abXcdef"}, {4, 0, "Xabcdef"}, {4, 6, "abcdefX"}, {4, kMost, "abcdefX"},
+               {5, 2, "abcdXef"}, {5, 0, "abcdefX"}, {5, 6, "Xabcdef"}, {5, kMost, "Xabcdef"},
+               {6, 2, "abcdef"}};
+  for (const auto& row : table) Expect(AddOf(row.mode, row.n, "X", "X"), row.result);
   EXPECT_EQ(Transformed(AddOf(3, 0, "X", "Y"), "a"), "XaY");
 }
 
 TEST(Transform, ChangesCaseThenCutsThenReplacesThenAdds) {
   // Each other order of the four gives another name.
-  ConstrItem item = AddOf(1, 0, "naA", "");
-  item.CaseOldFile = kCaseFirstUpper;
-  item.CutFile = 2;
-  item.CutFileN = 1;
-  item.Replace1 = "a";
-  item.Replace2 = "xA";
-  EXPECT_EQ(Transformed(item, "abAab"), "naAbxAxAb");
+  const TransformOptions all{.Case = kCaseFirstUpper,
+                             .Cut = 2,
+                             .CutN = 1,
+                             .Replace1 = "a",
+                             .Replace2 = "xA",
+                             .Add = 1,
+                             .AddText1 = "naA"};
+  EXPECT_EQ(Transformed(all, "abAab"), "naAbxAxAb");
 }
 
 TEST(Transform, ChangesTheLetterCaseOfTheWholePart) {
   const struct {
     std::int32_t mode;
-    const char* part;
-    const char* result;
+    const char *part, *result;
   } table[] = {{0, "aB cD", "aB cD"},
                {1, "aB cD\u00DF", "AB CD\u00DF"},
                {2, "aB \u0416", "ab \u0436"},
-               {3, "aB cD", "Ab cd"},
-               {3, "aBC.dEF", "Abc.def"},
+               {3, "aBC.dEF gH", "Abc.def gh"},
                {3, "e\u0301A", "E\u0301a"},
                {3, "1A", "1a"},
                {4, "aB", "aB"}};
-  ConstrItem item;
   for (const auto& row : table) {
-    item.CaseOldFile = row.mode;
-    EXPECT_EQ(Transformed(item, row.part), row.result);
+    EXPECT_EQ(Transformed({.Case = row.mode}, row.part), row.result);
   }
 }
 
 TEST(Transform, AStepIsInUseWhenItChangesAnything) {
-  const auto expect = [](const ConstrItem& item, bool TransformSteps::*step) {
-    const TransformSteps steps = StepsInUse(item, kTransformFields[kSourceFileName]);
-    EXPECT_EQ(steps.*step, Transformed(item, "abcdef") != "abcdef")
-        << item.CutFile << ' ' << item.CutFileN << ' ' << item.CutFileX << item.CutFileText << ' '
-        << item.AddFile << item.AddFileText1 << item.AddFileText2;
+  const auto expect = [](const TransformOptions& options, bool TransformSteps::*step) {
+    const TransformSteps steps = StepsInUse(options);
+    EXPECT_EQ(steps.*step, Transformed(options, "abcdef") != "abcdef")
+        << options.Cut << ' ' << options.CutN << ' ' << options.CutX << options.CutText << ' '
+        << options.Add << options.AddText1 << options.AddText2;
     EXPECT_LE(steps.cut + steps.replace + steps.add, 1) << "of no other step";
   };
-  for (const char* text : {"", "X"}) {
+  for (const char* text : {"", "B"}) {
     for (std::int32_t mode = 0; mode <= 10; ++mode) {
       for (const std::int32_t n : {-1, 0, 1, 2}) {
         for (const std::int32_t k : {-1, 0, 1}) {
-          ConstrItem cut = CutOf(mode, n, k);
-          cut.CutFileText = *text == '\0' ? "" : "B";
-          expect(cut, &TransformSteps::cut);
+          expect(CutOf(mode, n, k, text), &TransformSteps::cut);
         }
       }
       expect(AddOf(mode, 1, text, ""), &TransformSteps::add);
       expect(AddOf(mode, 1, "", text), &TransformSteps::add);
     }
-    ConstrItem replace;
-    replace.Replace1 = *text == '\0' ? "" : "B";
-    replace.Replace2 = "x";
-    expect(replace, &TransformSteps::replace);
+    expect({.Replace1 = text, .Replace2 = "x"}, &TransformSteps::replace);
   }
 }

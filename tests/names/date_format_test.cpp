@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "names/months.h"
+#include "support/fake_services.h"
 
 TEST(DateFormat, PutsTheSeparatorBetweenChosenPartsOnly) {
   const struct {
@@ -31,7 +31,7 @@ TEST(DateFormat, TakesTheLongestTokenAndLeavesAllElse) {
                                   {"hh:nn", "hh:nn"},
                                   {"\xFF-d\u00E9", "\xFF-9\u00E9"},
                                   {"", ""}};
-  const Months months;
+  const PlainLocale months;
   for (const auto& [format, shown] : table) {
     EXPECT_EQ(FormatDate(format, 2024, 3, 9, months), shown) << format;
   }

@@ -5,14 +5,16 @@
 
 #include <limits>
 
-#include "names/counter.h"
-#include "names/months.h"
 #include "support/failure_report.h"
 #include "support/fake_services.h"
 
 using ::testing::ElementsAre;
 
 namespace {
+
+ConstrItem CounterFrom(std::int32_t start, bool resets) {
+  return {.ItemType = kCounter, .counter = {.Start = start, .Reset = resets, .Format = "00"}};
+}
 
 class PreviewTest : public testing::Test {
  protected:
@@ -23,25 +25,14 @@ class PreviewTest : public testing::Test {
     records.AddRecord(folder, "/p/" + std::string(folder) + "/", name, date, 1, "");
   }
 
-  ConstrItem& AddElement(ItemType type, std::string_view item_text = "") {
-    constructor.InsertArrConstrItem(constructor.ArrConstr.size(), type, item_text);
-    return constructor.ArrConstr.back();
-  }
-
-  ConstrItem& AddCounter(std::int32_t start, bool resets) {
-    ConstrItem& item = AddElement(kCounter);
-    item.CounterStart = start;
-    item.ResetCounter = resets ? 1 : 0;
-    item.CounterFormat = CounterFormatOfRange(1);
-    return item;
-  }
-
-  bool Preview() {
+  bool Walk() {
     grid.Populate();
-    return SetPreview({grid, constructor, state, events, clock, months});
+    return SetPreview({grid, constructor, state, fakes.events, fakes.clock, fakes.locale});
   }
 
-  std::vector<std::string> NewNames() const {
+  /// The new names that a whole pass gives, in the order of the scan.
+  std::vector<std::string> Preview() {
+    EXPECT_TRUE(Walk());
     std::vector<std::string> names;
     for (std::size_t i = 0; i < records.Count(); ++i) names.push_back(records[i].newFileName);
     return names;
@@ -51,8 +42,7 @@ class PreviewTest : public testing::Test {
   std::string NameOf(std::string_view name) {
     records.DeleteAll();
     AddFile(name);
-    EXPECT_TRUE(Preview());
-    return records[0].newFileName;
+    return Preview()[0];
   }
 
   /// What the failure that the pass over one file ends with begins with, or "".
@@ -65,10 +55,9 @@ class PreviewTest : public testing::Test {
   Records records;
   Grid grid{records};
   Constructor constructor;
+  std::vector<ConstrItem>& items = constructor.ArrConstr;
   RunState state;
-  FakeEvents events;
-  FakeClock clock;
-  Months months;
+  FakeServices fakes;
 };
 
 }  // namespace
@@ -81,70 +70,49 @@ TEST_F(PreviewTest, GivesEveryNameBackWithoutOptions) {
 }
 
 TEST_F(PreviewTest, AddsNothingToAPartThatWasEmptyOrReplacedAway) {
-  ConstrItem& stem = constructor.ArrConstr[0];
-  ConstrItem& extension = constructor.ArrConstr[2];
-  stem.AddFile = extension.AddExt = 2;
-  stem.AddFileText1 = extension.AddExtText1 = "new";
+  items[0].transform = {.Add = 2, .AddText1 = "new"};
+  items[2].transform = {.Add = 2, .AddText1 = "new"};
   EXPECT_EQ(NameOf("abc"), "abcnew");
   EXPECT_EQ(NameOf(".x"), ".xnew");
 
-  stem.AddFile = 0;
-  extension.CutExt = 2;
-  extension.CutExtN = 9;
+  items[0].transform = {};
+  items[2].transform = {.Cut = 2, .CutN = 9, .Add = 2, .AddText1 = "new"};
   EXPECT_EQ(NameOf("abc.x"), "abc.new") << "emptied by a cut it still counts";
-
-  extension.ReplaceExt1 = "q";
+  items[2].transform.Replace1 = "q";
   EXPECT_EQ(NameOf("abc.x"), "abc") << "with an active replace its end counts";
 
-  extension.CutExt = 0;
-  extension.ReplaceExt1 = "X";
+  items[2].transform = {.Replace1 = "X", .Add = 2, .AddText1 = "new"};
   EXPECT_EQ(NameOf("abc.x"), "abc");
   EXPECT_EQ(NameOf("abc.xy"), "abc.ynew");
 }
 
 TEST_F(PreviewTest, ReadsEachKindOfElement) {
-  constructor.ArrConstr.clear();
-  AddElement(kParentFolderName).CutParentFolder = 7;
-  constructor.ArrConstr.back().CutParentFolderN = 5;
-  AddElement(kText, "~");
-  AddElement(kFileDate).DateFormat = "d mmm yy";
-  AddElement(kText, "~");
-  AddElement(kTodaysDate).TDateFormat = "yyyy-mm-dd";
-  AddElement(kText, "~");
-  AddElement(kFileDate);                  // no format derived yet
-  AddElement(kCounter).CounterStart = 7;  // nor here: the plain number
-  AddElement(static_cast<ItemType>(6));
-  for (ConstrItem& item : constructor.ArrConstr) {  // what its kind doesn't read stays unread
-    if (item.ItemType != kFileDate) item.DateFormat = "yyyy";
-    if (item.ItemType != kTodaysDate) item.TDateFormat = "yyyy";
-  }
+  items = {{.ItemType = kParentFolderName, .transform = {.Cut = 7, .CutN = 5}},
+           {.ItemText = "~"},
+           {.ItemType = kFileDate, .date = {.Format = "d mmm yy"}},
+           {.ItemText = "~"},
+           {.ItemType = kTodaysDate, .date = {.Format = "yyyy-mm-dd"}},
+           {.ItemText = "~"},
+           {.ItemType = kFileDate},                          // no format derived yet
+           {.ItemType = kCounter, .counter = {.Start = 7}},  // nor here: the plain number
+           {.ItemType = static_cast<ItemType>(77), .ItemText = "~"}};
   AddFile("x", "a.b.cde", FileDate(2023, 2, 1, 0, 0, 0));
   AddFile("y", "", FileDate());
   AddFile("z", "e", FileDate(2023, 2, 2, 0, 0, 0));
   AddFile("z", "e", FileDate(2023, 3, 2, 0, 0, 0));
   AddFile("z", "e", FileDate(2024, 3, 2, 0, 0, 0));
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("a.b.c~1 Feb 23~2024-03-09~7", "~~2024-03-09~8",
-                                      "e~2 Feb 23~2024-03-09~9", "e~2 Mär 23~2024-03-09~10",
-                                      "e~2 Mär 24~2024-03-09~11"));
-  constructor.ArrConstr.resize(2);
-  constructor.ArrConstr[1].ItemText = ". ";
-  EXPECT_EQ(NameOf("x"), "Lisbo") << "the end of a new name is cleaned";
+  EXPECT_THAT(Preview(), ElementsAre("a.b.c~1 Feb 23~2024-03-09~7", "~~2024-03-09~8",
+                                     "e~2 Feb 23~2024-03-09~9", "e~2 Mär 23~2024-03-09~10",
+                                     "e~2 Mär 24~2024-03-09~11"));
 }
 
 TEST_F(PreviewTest, MakesEachRowAnew) {
-  ConstrItem& stem = constructor.ArrConstr[0];
-  stem.CutFile = 9;
-  stem.CutFileN = stem.CutFileX = 1;
-  stem.Replace1 = "b";
   AddFile("axb.x");
   AddFile("cyd.x");
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("a.x", "cd.x"));
-  stem.CutFile = 1;
-  stem.CutFileText = "y";
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("ax.x", "cd.x"));
+  items[0].transform = {.Cut = 9, .CutN = 1, .CutX = 1, .Replace1 = "b"};
+  EXPECT_THAT(Preview(), ElementsAre("a.x", "cd.x"));
+  items[0].transform = {.Cut = 1, .CutText = "y", .Replace1 = "b"};
+  EXPECT_THAT(Preview(), ElementsAre("ax.x", "cd.x"));
 }
 
 TEST_F(PreviewTest, NamesAFileThatARunMovedAsideByItsFormerName) {
@@ -152,27 +120,22 @@ TEST_F(PreviewTest, NamesAFileThatARunMovedAsideByItsFormerName) {
   records[0].KeepRollback();
   records[0].MoveAside("a_{1}.txt");
   records[0].SetPlannedName("x");
-  Preview();
-  EXPECT_THAT(NewNames(), ElementsAre("a.txt"));
+  EXPECT_THAT(Preview(), ElementsAre("a.txt"));
   EXPECT_EQ(records[0].PlannedName(), "");
 }
 
 TEST_F(PreviewTest, CountsCheckedRowsOnly) {
-  constructor.ArrConstr.clear();
-  AddCounter(1, true);
-  AddElement(kText, "-");
-  AddCounter(0, false);
+  items = {CounterFrom(1, true), {.ItemText = "-"}, CounterFrom(0, false)};
   for (const char* name : {"a", "b", "c", "d"}) AddFile(name);
   records[1].checked = false;
-  records[1].newFileName = "stale";
-  records[1].mark = Mark::kDone;
   records[2].RowTag = 1;
-  records[2].mark = Mark::kDone;
-  records[2].newFileName = "kept";
+  for (const std::size_t i : {1u, 2u}) {
+    records[i].newFileName = "kept";
+    records[i].mark = Mark::kDone;
+  }
   records[3].mark = Mark::kFailed;
   for (int pass = 0; pass < 2; ++pass) {
-    ASSERT_TRUE(Preview());
-    EXPECT_THAT(NewNames(), ElementsAre("01-00", "", "kept", "03-02"));
+    EXPECT_THAT(Preview(), ElementsAre("01-00", "", "kept", "03-02"));
   }
   EXPECT_EQ(records[1].mark, Mark::kWaiting);
   EXPECT_EQ(records[2].mark, Mark::kDone);
@@ -181,57 +144,43 @@ TEST_F(PreviewTest, CountsCheckedRowsOnly) {
 }
 
 TEST_F(PreviewTest, StartsCountersAgainAtEachGroupWhereAsked) {
-  constructor.ArrConstr.clear();
-  AddCounter(5, true);
-  AddElement(kText, "-");
-  AddCounter(1, false);
+  items = {CounterFrom(5, true), {.ItemText = "-"}, CounterFrom(1, false)};
   AddFile("a", "Porto");
   AddFile("b", "Lisbon");
   AddFile("c", "Porto");
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("05-01", "06-02", "07-03"));
+  EXPECT_THAT(Preview(), ElementsAre("05-01", "06-02", "07-03"));
 
   grid.SetGroupsOrder(GroupBy::kPath);
   state.panes.progressValue = 0;
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("05-02", "05-01", "06-03"));
+  EXPECT_THAT(Preview(), ElementsAre("05-02", "05-01", "06-03"));
   EXPECT_EQ(state.panes.progressValue, 5) << "group rows count too";
 
   grid.SetSortOrder(kColumnSourceName, false);
-  ASSERT_TRUE(Preview());
-  EXPECT_THAT(NewNames(), ElementsAre("06-03", "05-01", "05-02"));
+  EXPECT_THAT(Preview(), ElementsAre("06-03", "05-01", "05-02"));
 }
 
-TEST_F(PreviewTest, FailsWhenACounterPassesItsRange) {
-  constructor.ArrConstr.clear();
-  AddCounter(std::numeric_limits<std::int32_t>::max(), false);
-  EXPECT_EQ(FailureOf("a"), "Overflow");
-  EXPECT_EQ(records[0].newFileName, "2147483647");
-}
-
-TEST_F(PreviewTest, FailsOnAPartThatIsTooLong) {
+TEST_F(PreviewTest, FailsWhereACounterOrAPartPassesItsRange) {
   EXPECT_EQ(FailureOf(std::string(32'768, 'a')), "Overflow");
   std::string accents;
   for (int i = 0; i < 32'767; ++i) accents += "\u00E9";
   EXPECT_EQ(FailureOf(accents), "") << "characters count, not bytes";
-  constructor.ArrConstr[0].Replace1 = "\u00E9";
-  constructor.ArrConstr[0].Replace2 = "ee";
+  items[0].transform = {.Replace1 = "\u00E9", .Replace2 = "ee"};
   EXPECT_EQ(FailureOf(accents), "Overflow");
+
+  items = {CounterFrom(std::numeric_limits<std::int32_t>::max(), false)};
+  EXPECT_EQ(FailureOf("a"), "Overflow");
+  EXPECT_EQ(records[0].newFileName, "2147483647");
 }
 
 TEST_F(PreviewTest, LetsEventsRunAndEndsWhenCancelled) {
   for (int i = 0; i < 600; ++i) AddFile("a" + std::to_string(i));
-  events.on_events = [&] {
-    if (events.count == 11) state.gCancelRequested = true;
-  };
-  EXPECT_FALSE(Preview());
-  EXPECT_EQ(events.count, 11);
+  fakes.events.on_events = [&] { state.gCancelRequested = fakes.events.count == 11; };
+  EXPECT_FALSE(Walk());
   EXPECT_EQ(records[19].newFileName, "a19");
   EXPECT_EQ(records[20].newFileName, "");
   EXPECT_EQ(state.panes.progressValue, 20);
 
   state.gCancelRequested = false;
-  EXPECT_TRUE(Preview());
-  EXPECT_EQ(events.count, 311);
-  EXPECT_EQ(records[599].newFileName, "a599");
+  EXPECT_EQ(Preview()[599], "a599");
+  EXPECT_EQ(fakes.events.count, 311);
 }

@@ -62,11 +62,16 @@ class FakeTypeNames : public TypeNames {
   int asked = 0;
 };
 
-/// English numbers and no months.
+/// English numbers, German months: one has a letter beyond ASCII.
 class PlainLocale : public LocaleFacts {
  public:
-  std::string MonthName(int) const override { return {}; }
-  std::string ShortMonthName(int) const override { return {}; }
+  std::string MonthName(int month) const override {
+    static const char* const kNames[] = {"Januar", "Februar", "März"};
+    return month <= 3 ? kNames[month - 1] : "Monat";
+  }
+  std::string ShortMonthName(int month) const override {
+    return MonthName(month).substr(0, month == 3 ? 4 : 3);
+  }
   std::string DecimalPoint() const override { return "."; }
   std::string ThousandsSeparator() const override { return ","; }
 };

@@ -16,6 +16,7 @@
 #include "names/editor/constructor_strip.h"
 #include "names/editor/counter_pane.h"
 #include "names/editor/custom_text_dialog.h"
+#include "names/editor/date_pane.h"
 #include "names/editor/transform_pane.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
@@ -50,30 +51,53 @@ QTabWidget* TurnToPageOf(QWidget* control) {
 
 /// What the label of `field` says, without its letter and colon.
 QString CaptionOf(const QWidget* field) {
-  QString caption;
-  for (const QLabel* label : field->parentWidget()->findChildren<QLabel*>()) {
-    if (label->buddy() == field) caption = label->text();
+  return LabelOf(field)->text().remove(u'&').remove(u':');
+}
+
+/// The pane for the options of a kind; null for one that has none.
+OptionPane* NewPane(const OptionPane::Parts& parts) {
+  switch (parts.kind.number) {
+    case kSourceFileName:
+      return new TransformPane(parts, {"TabControl1", "Command1", "File", "OldFile", ""});
+    case kExtension:
+      return new TransformPane(parts, {"TabControl3", "bnResetCutExt", "Ext", "Ext", "Ext"});
+    case kParentFolderName:
+      return new TransformPane(parts, {"TabControl4", "bnResetCutParentFolder", "ParentFolder",
+                                       "ParentFolder", "ParentFolder"});
+    case kFileDate:
+      return new DatePane(parts, "Date");
+    case kTodaysDate:
+      return new DatePane(parts, "TDate");
+    case kCounter:
+      return new CounterPane(parts);
+    case kText:
+      break;
   }
-  return caption.remove(u'&').remove(u':');
+  return nullptr;
 }
 
 }  // namespace
 
-ConstructorEditor::ConstructorEditor(Constructor& constructor, const PaneServices& services,
+ConstructorEditor::ConstructorEditor(Constructor& constructor, const Services& services,
                                      QWidget* parent)
-    : QWidget(parent), constructor_(constructor), prompts_(services.prompts) {
-  BuildConstructorCard(services);
-  BuildPanes(services);
+    : QWidget(parent), constructor_(constructor), services_(services) {
+  BuildConstructorCard();
+  BuildPanes();
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(measure::kBlockGap);
   column->addWidget(fraConstructor);
   column->addWidget(panes_, 1);
   connect(strip, &ConstructorStrip::aboutToChange, this, &ConstructorEditor::CommitFocusedField);
+  connect(strip, &ConstructorStrip::commandPicked, this, &ConstructorEditor::commandPicked);
   connect(strip, &ConstructorStrip::elementsChanged, this, &ConstructorEditor::optionChanged);
   connect(strip, &ConstructorStrip::selectedChanged, this,
           &ConstructorEditor::tabConstructor_SelectedChanged);
   tabConstructor_SelectedChanged(strip->Selected());
+}
+
+void ConstructorEditor::Execute(int id) {
+  strip->Execute(id);
 }
 
 void ConstructorEditor::showEvent(QShowEvent* event) {
@@ -81,11 +105,11 @@ void ConstructorEditor::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
 }
 
-void ConstructorEditor::BuildConstructorCard(const PaneServices& services) {
+void ConstructorEditor::BuildConstructorCard() {
   fraConstructor =
       new Card(QStringLiteral("fraConstructor"), tr("New file name constructor"), this);
-  const auto ask = [this, services] {
-    return GetTextToInsert(services.prompts, services.settings, window());
+  const auto ask = [this] {
+    return GetTextToInsert(services_.prompts, services_.settings, window());
   };
   strip = new ConstructorStrip(constructor_, ask, fraConstructor);
   fraConstructor->Body()->addWidget(strip);
@@ -95,33 +119,25 @@ void ConstructorEditor::BuildConstructorCard(const PaneServices& services) {
   connect(Command4, &QPushButton::clicked, this, &ConstructorEditor::conflictsClicked);
 }
 
-void ConstructorEditor::BuildPanes(const PaneServices& services) {
-  const ShownItem item = [this] { return Shown(); };
+void ConstructorEditor::BuildPanes() {
   panes_ = new QStackedWidget(this);
-  const auto transform = [&](ItemType kind) {
-    auto* pane = new TransformPane(kind, services.prompts, item, panes_);
-    connect(pane, &TransformPane::optionChanged, this, &ConstructorEditor::optionChanged);
-    return pane;
-  };
-  const auto date = [&](ItemType kind) {
-    auto* pane = new DatePane(kind, services, item, panes_);
-    connect(pane, &DatePane::optionChanged, this, &ConstructorEditor::optionChanged);
-    return pane;
-  };
-  pbFileName = transform(kSourceFileName);
-  pbExt = transform(kExtension);
-  pbParentFolderName = transform(kParentFolderName);
-  pbFileDate = date(kFileDate);
-  pbTodayDate = date(kTodaysDate);
-  pbCounter = new CounterPane(item, panes_);
-  connect(pbCounter, &CounterPane::optionChanged, this, &ConstructorEditor::optionChanged);
-  pbDot = NewEmptyPane(panes_);
-  for (QWidget* pane :
-       {static_cast<QWidget*>(pbFileName), static_cast<QWidget*>(pbExt),
-        static_cast<QWidget*>(pbParentFolderName), static_cast<QWidget*>(pbFileDate),
-        static_cast<QWidget*>(pbTodayDate), static_cast<QWidget*>(pbCounter), pbDot}) {
+  for (const ElementKind& kind : kElementKinds) {
+    OptionPane* pane = NewPane({kind, services_, [this] { return Shown(); }, panes_});
+    if (pane == nullptr) continue;
     panes_->addWidget(pane);
+    connect(pane, &OptionPane::optionChanged, this, &ConstructorEditor::optionChanged);
   }
+  pbDot = NewEmptyPane(panes_);
+  panes_->addWidget(pbDot);
+}
+
+/// Null for a kind without options.
+OptionPane* ConstructorEditor::PaneOf(ItemType kind) const {
+  for (int i = 0; i < panes_->count(); ++i) {
+    auto* pane = qobject_cast<OptionPane*>(panes_->widget(i));
+    if (pane != nullptr && pane->Kind() == kind) return pane;
+  }
+  return nullptr;
 }
 
 ConstrItem* ConstructorEditor::Shown() {
@@ -150,62 +166,22 @@ bool ConstructorEditor::TellRefusedNumber() {
   }
   field->setFocus();
   field->selectAll();
-  prompts_.Tell(text::FromQt(QStringLiteral("The number “%1” %2 is too large.\n"
-                                            "The largest that can be used is %3.")
-                                 .arg(CaptionOf(field), place)
-                                 .arg(std::numeric_limits<std::int32_t>::max())),
-                PromptIcon::kExclamation);
+  services_.prompts.Tell(text::FromQt(QStringLiteral("The number “%1” %2 is too large.\n"
+                                                     "The largest that can be used is %3.")
+                                          .arg(CaptionOf(field), place)
+                                          .arg(std::numeric_limits<std::int32_t>::max())),
+                         PromptIcon::kExclamation);
   return true;
 }
 
-void ConstructorEditor::ShowOptionsPane(ItemType kind) {
-  switch (kind) {
-    case kSourceFileName:
-      return panes_->setCurrentWidget(pbFileName);
-    case kExtension:
-      return panes_->setCurrentWidget(pbExt);
-    case kParentFolderName:
-      return panes_->setCurrentWidget(pbParentFolderName);
-    case kFileDate:
-      return panes_->setCurrentWidget(pbFileDate);
-    case kTodaysDate:
-      return panes_->setCurrentWidget(pbTodayDate);
-    case kCounter:
-      return panes_->setCurrentWidget(pbCounter);
-    case kText:
-      break;
-  }
-  panes_->setCurrentWidget(pbDot);
-}
-
-void ConstructorEditor::ShowItem(ItemType kind) {
-  switch (kind) {
-    case kSourceFileName:
-      return pbFileName->ShowItem();
-    case kExtension:
-      return pbExt->ShowItem();
-    case kParentFolderName:
-      return pbParentFolderName->ShowItem();
-    case kFileDate:
-      return pbFileDate->ShowItem();
-    case kTodaysDate:
-      return pbTodayDate->ShowItem();
-    case kCounter:
-      return pbCounter->ShowItem();
-    case kText:
-      return;
-  }
-}
-
-void ConstructorEditor::tabConstructor_SelectedChanged(int index) {
-  const int Item = index;
+void ConstructorEditor::tabConstructor_SelectedChanged(int Item) {
   ErrTrace::top("Form1.tabConstructor_SelectedChanged(Item)", ErrTrace::args(Item), [&] {
     // What was typed belongs to the element that was shown until now.
     CommitFocusedField();
-    shown_ = index;
+    shown_ = Item;
     const ConstrItem* item = Shown();
-    const ItemType kind = item == nullptr ? kText : static_cast<ItemType>(item->ItemType);
-    ShowOptionsPane(kind);
-    ShowItem(kind);
+    OptionPane* pane = PaneOf(item == nullptr ? kText : item->ItemType);
+    panes_->setCurrentWidget(pane == nullptr ? pbDot : pane);
+    if (pane != nullptr) pane->ShowItem();
   });
 }

@@ -1,18 +1,16 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 
 #include "names/constructor.h"
-#include "names/editor/date_pane.h"
+#include "platform/services.h"
 
 class Card;
 class ConstructorStrip;
-class CounterPane;
 class NumberField;
+class OptionPane;
 class QPushButton;
 class QStackedWidget;
-class TransformPane;
 
 /// The editor of the constructor: the strip of elements, and below it the options of the selected
 /// one. The element is the store; the controls are a view of it, filled anew at each selection.
@@ -21,8 +19,10 @@ class ConstructorEditor : public QWidget {
 
  public:
   /// `constructor` and the services must outlive the editor.
-  ConstructorEditor(Constructor& constructor, const PaneServices& services,
-                    QWidget* parent = nullptr);
+  ConstructorEditor(Constructor& constructor, const Services& services, QWidget* parent = nullptr);
+
+  /// Does what the command `id` of an insert menu is for; nothing for any other number.
+  void Execute(int id);
 
   /// Lets the number field that is being edited hand over its number. Every command does this
   /// first.
@@ -35,18 +35,13 @@ class ConstructorEditor : public QWidget {
   Card* fraConstructor;
   ConstructorStrip* strip;
   QPushButton* Command4;
-  TransformPane* pbFileName;
-  TransformPane* pbExt;
-  TransformPane* pbParentFolderName;
-  DatePane* pbFileDate;
-  DatePane* pbTodayDate;
-  CounterPane* pbCounter;
-  QWidget* pbDot;
 
  signals:
   /// A control's value differs from what it held, or the elements changed: the names in the list
   /// no longer fit.
   void optionChanged();
+  /// A command was picked in a menu. It is for the owner to send it on, with all other commands.
+  void commandPicked(int id);
   /// "Conflicts..." was pressed.
   void conflictsClicked();
 
@@ -54,16 +49,16 @@ class ConstructorEditor : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void BuildConstructorCard(const PaneServices& services);
-  void BuildPanes(const PaneServices& services);
+  void BuildConstructorCard();
+  void BuildPanes();
   NumberField* RefusedField() const;
-  void ShowOptionsPane(ItemType kind);
-  void tabConstructor_SelectedChanged(int index);
-  void ShowItem(ItemType kind);
+  OptionPane* PaneOf(ItemType kind) const;
+  void tabConstructor_SelectedChanged(int Item);
   ConstrItem* Shown();
 
   Constructor& constructor_;
-  Prompts& prompts_;
+  const Services& services_;
   QStackedWidget* panes_;
+  QWidget* pbDot;
   int shown_ = -1;  ///< the element that the controls show
 };

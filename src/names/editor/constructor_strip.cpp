@@ -11,33 +11,12 @@
 #include <utility>
 
 #include "look/card.h"
+#include "look/handlers.h"
 #include "look/look.h"
 #include "names/editor/chip_bar.h"
 #include "names/editor/chip_well.h"
-#include "trace/err_trace.h"
 
 namespace {
-
-struct MenuCommand {
-  const char* caption;
-  ItemType kind;
-  const char* text;  ///< of a text element; null: the user is asked
-  bool begins_group = false;
-};
-
-constexpr MenuCommand kMenu[] = {
-    {"<Source file name>", kSourceFileName, ""},
-    {"<Extension>", kExtension, ""},
-    {"<Counter>", kCounter, ""},
-    {"<File date>", kFileDate, ""},
-    {"<Today's date>", kTodaysDate, ""},
-    {"<Parent folder name>", kParentFolderName, ""},
-    {". (dot)", kText, ".", true},
-    {"- (dash)", kText, "-"},
-    {"_ (underscore)", kText, "_"},
-    {"  (space)", kText, " "},
-    {"Custom text", kText, nullptr},
-};
 
 /// Around the text of a button with a menu, its arrow included.
 constexpr int kMenuButtonPadding = 36;
@@ -82,7 +61,7 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
 
   int index = 0;
   for (const ConstrItem& item : constructor_.ArrConstr) {
-    std::string caption(ElementCaption(static_cast<ItemType>(item.ItemType), item.ItemText));
+    std::string caption(ElementCaption(item));
     // The start item alone has a blank behind its caption.
     if (item.ItemType == kSourceFileName) caption += ' ';
     tabConstructor->InsertChip(index++, caption, item.ItemType);
@@ -121,30 +100,21 @@ void ConstructorStrip::BuildButtons() {
   row->addWidget(bnDeletePattern);
   layout()->addItem(row);
 
-  connect(bnMoveLeft, &QPushButton::clicked, this,
-          [this] { ErrTrace::top("Form1.bnMoveLeft_Click", [&] { Move(-1); }); });
-  connect(bnMoveRight, &QPushButton::clicked, this,
-          [this] { ErrTrace::top("Form1.bnMoveRight_Click", [&] { Move(1); }); });
-  connect(bnDeletePattern, &QPushButton::clicked, this, [this] {
-    ErrTrace::top("Form1.bnDeletePattern_Click", [&] { bnDeletePattern_Click(); });
-  });
+  OnSignal(bnMoveLeft, &QPushButton::clicked, "Form1.bnMoveLeft_Click", [this] { Move(-1); });
+  OnSignal(bnMoveRight, &QPushButton::clicked, "Form1.bnMoveRight_Click", [this] { Move(1); });
+  OnSignal(bnDeletePattern, &QPushButton::clicked, "Form1.bnDeletePattern_Click",
+           [this] { bnDeletePattern_Click(); });
 }
 
 QMenu* ConstructorStrip::NewMenu(Side side) {
   auto* menu = new QMenu(this);
   menu->setObjectName(side == Side::kLeft ? QStringLiteral("mnInsertLeft")
                                           : QStringLiteral("mnInsertRight"));
-  for (const MenuCommand& command : kMenu) {
-    if (command.begins_group) menu->addSeparator();
-    QAction* action = menu->addAction(QLatin1String(command.caption));
-    connect(action, &QAction::triggered, this, [this, side, &command] {
-      const int Control = command.kind;
-      ErrTrace::top("Form1.CommandBars1_Execute(Control)", ErrTrace::args(Control), [&] {
-        const std::string text = command.text != nullptr ? command.text : GetTextToInsert_();
-        if (command.kind == kText && text.empty()) return;
-        CommandBars1_Execute(side, command.kind, text);
-      });
-    });
+  bool texts = false;
+  for (const ElementKind& kind : kElementKinds) {
+    if (kind.number == kText && !std::exchange(texts, true)) menu->addSeparator();
+    const int id = side == Side::kLeft ? kind.insert_left : kind.insert_right;
+    menu->addAction(QLatin1String(kind.caption), this, [this, id] { emit commandPicked(id); });
   }
   return menu;
 }
@@ -153,21 +123,27 @@ int ConstructorStrip::Selected() const {
   return tabConstructor->currentIndex();
 }
 
-void ConstructorStrip::CommandBars1_Execute(Side side, ItemType kind, std::string_view text) {
+void ConstructorStrip::Execute(int id) {
+  const std::optional<InsertCommand> command = FindInsertCommand(id);
+  if (!command) return;
+  const ElementKind& kind = command->kind;
+  const std::string text = kind.text != nullptr ? kind.text : GetTextToInsert_();
+  if (kind.number == kText && text.empty()) return;
   emit aboutToChange();
+  emit elementsChanged();
   // An empty strip takes the first element at 0 for either button.
   const bool is_first = tabConstructor->count() == 0;
-  const int index = is_first ? 0 : Selected() + (side == Side::kRight ? 1 : 0);
-  emit elementsChanged();
-  Insert(index, kind, text);
+  const int index = is_first ? 0 : Selected() + (command->side == Side::kRight ? 1 : 0);
+  Insert(index, kind.number, text);
   emit selectedChanged(index);
 }
 
 void ConstructorStrip::Insert(int index, ItemType kind, std::string_view text) {
   // Model first: a tab that shows must have its item.
-  constructor_.InsertArrConstrItem(static_cast<std::size_t>(index), kind, text);
+  const auto at = static_cast<std::size_t>(index);
+  constructor_.InsertArrConstrItem(at, kind, text);
   const QSignalBlocker quiet(tabConstructor);
-  tabConstructor->InsertChip(index, ElementCaption(kind, text), kind);
+  tabConstructor->InsertChip(index, ElementCaption(constructor_.ArrConstr[at]), kind);
   tabConstructor->setCurrentIndex(index);
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "names/constructor.h"
+#include "names/element_kinds.h"
 
 class ChipBar;
 class QMenu;
@@ -23,6 +24,9 @@ class ConstructorStrip : public QWidget {
   /// `constructor` must outlive the strip.
   ConstructorStrip(Constructor& constructor, TextSource GetTextToInsert, QWidget* parent);
 
+  /// Does what the command `id` of an insert menu is for; nothing for any other number.
+  void Execute(int id);
+
   /// The index of the selected element, -1 when there is none.
   int Selected() const;
 
@@ -34,6 +38,8 @@ class ConstructorStrip : public QWidget {
   QPushButton* bnDeletePattern;
 
  signals:
+  /// A command of an insert menu was picked.
+  void commandPicked(int id);
   /// An element is about to be inserted, moved or deleted.
   void aboutToChange();
   /// The user asked for a change of the elements, so the new names no longer fit.
@@ -42,11 +48,8 @@ class ConstructorStrip : public QWidget {
   void selectedChanged(int index);
 
  private:
-  enum class Side { kLeft, kRight };
-
   void BuildButtons();
   QMenu* NewMenu(Side side);
-  void CommandBars1_Execute(Side side, ItemType kind, std::string_view text);
   void Insert(int index, ItemType kind, std::string_view text);
   void Move(int step);
   void bnDeletePattern_Click();

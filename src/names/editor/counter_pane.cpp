@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "look/handlers.h"
 #include "look/look.h"
@@ -16,15 +15,14 @@
 
 namespace {
 
-constexpr const char* kWidths[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
+constexpr std::string_view kWidths[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
 constexpr int kStartWidth = 84;
 constexpr int kRangeWidth = 64;
 constexpr int kPairGap = 13;
 
 }  // namespace
 
-CounterPane::CounterPane(ShownItem item, QWidget* parent)
-    : Card(QStringLiteral("pbCounter"), tr("Counter options"), parent), item_(std::move(item)) {
+CounterPane::CounterPane(const Parts& parts) : OptionPane(parts) {
   BuildControls();
   Lay();
 }
@@ -34,28 +32,21 @@ void CounterPane::BuildControls() {
   lbRangeSample->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
   const auto store = [this](std::int32_t start) {
-    if (ConstrItem* shown = item_()) shown->CounterStart = start;
+    if (ConstrItem* shown = Shown()) shown->counter.Start = start;
   };
   fdStartValue = new NumberField("fdStartValue", store, this);
   fdStartValue->ShowNumber(1);
   fdStartValue->setFixedWidth(kStartWidth);
-  HandleChange(fdStartValue, "fdStartValue", [this] {
-    emit optionChanged();
-    UpdateSample();
-  });
+  HandleChange(fdStartValue, "fdStartValue", [this] { UpdateSample(); });
 
-  const auto picked = [this](int) {
-    emit optionChanged();
-    TakeRange();
-  };
-  cmbRange = NewPick("cmbRange", kWidths, picked, this);
+  cmbRange = NewPick("cmbRange", kWidths, [this](int) { TakeRange(); });
   cmbRange->setFixedWidth(kRangeWidth);
 
   chResetCounter = new QCheckBox(tr("R&eset counter for each group in file list"), this);
   chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
   OnSignal(chResetCounter, &QCheckBox::toggled, "Form1.chResetCounter_Click", [this](bool on) {
     emit optionChanged();
-    if (ConstrItem* shown = item_()) shown->ResetCounter = on ? 1 : 0;
+    if (ConstrItem* shown = Shown()) shown->counter.Reset = on ? 1 : 0;
   });
 }
 
@@ -80,9 +71,9 @@ void CounterPane::Lay() {
 }
 
 void CounterPane::TakeRange() {
-  if (ConstrItem* shown = item_()) {
-    shown->CounterFormat = CounterFormatOfRange(cmbRange->currentIndex());
-    shown->CounterRange = cmbRange->currentIndex();
+  if (ConstrItem* shown = Shown()) {
+    shown->counter.Format = CounterFormatOfRange(cmbRange->currentIndex());
+    shown->counter.Range = cmbRange->currentIndex();
   }
   UpdateSample();
 }
@@ -93,12 +84,9 @@ void CounterPane::UpdateSample() {
   lbRangeSample->ShowSample(CounterSample(start, pattern));
 }
 
-void CounterPane::ShowItem() {
-  const ConstrItem* shown = item_();
-  if (shown == nullptr) return;
-  const ConstrItem item = *shown;
-  fdStartValue->ShowNumber(item.CounterStart);
-  cmbRange->setCurrentIndex(item.CounterRange);
-  chResetCounter->setChecked(item.ResetCounter != 0);
+void CounterPane::Fill(const ConstrItem& item) {
+  fdStartValue->ShowNumber(item.counter.Start);
+  cmbRange->setCurrentIndex(item.counter.Range);
+  chResetCounter->setChecked(item.counter.Reset != 0);
   TakeRange();
 }

@@ -1,27 +1,21 @@
 #pragma once
 
-#include "look/card.h"
-#include "names/editor/option_controls.h"
+#include "names/editor/option_pane.h"
 
 class NumberField;
 class QCheckBox;
-class QComboBox;
 class SampleLabel;
 
 /// The options of a counter element: its start, its width, and whether it starts again at each
 /// group.
-class CounterPane : public Card {
+class CounterPane : public OptionPane {
   Q_OBJECT
 
  public:
-  CounterPane(ShownItem item, QWidget* parent);
+  explicit CounterPane(const Parts& parts);
 
-  /// Fills the controls from the shown element, and derives its format and the sample. What
-  /// differs from what the controls held counts as an edit.
-  void ShowItem();
-
- signals:
-  void optionChanged();
+ protected:
+  void Fill(const ConstrItem& item) override;
 
  private:
   void BuildControls();
@@ -29,7 +23,6 @@ class CounterPane : public Card {
   void TakeRange();
   void UpdateSample();
 
-  ShownItem item_;
   NumberField* fdStartValue;
   QComboBox* cmbRange;
   QCheckBox* chResetCounter;

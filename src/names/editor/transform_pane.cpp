@@ -20,21 +20,14 @@
 #include "look/look.h"
 #include "look/name_field.h"
 #include "look/number_field.h"
-#include "names/editor/transform_controls.h"
 #include "names/transform.h"
 #include "platform/qt/text_qt.h"
 
-/// A text field and the member of an element that it edits.
-struct TextOption {
-  const char* control;
-  std::string ConstrItem::*text;
-};
-
 namespace {
 
-constexpr const char* kCases[] = {"Unchanged", "UPPERCASE", "lowercase",
-                                  "First letter uppercase only"};
-constexpr const char* kCuts[] = {
+constexpr std::string_view kCases[] = {"Unchanged", "UPPERCASE", "lowercase",
+                                       "First letter uppercase only"};
+constexpr std::string_view kCuts[] = {
     "Do nothing",
     "Remove Text",
     "Remove N characters from the start",
@@ -46,7 +39,7 @@ constexpr const char* kCuts[] = {
     "Remove all before the last N characters",
     "Remove all between the first N and last K characters",
 };
-constexpr const char* kAdds[] = {
+constexpr std::string_view kAdds[] = {
     "Do nothing",
     "Add Text to the left",
     "Add Text to the right",
@@ -97,7 +90,7 @@ QHBoxLayout* AddRow(QVBoxLayout* page) {
 }
 
 /// Labels of a first column have one width, so that all fields start on one line.
-QLabel* AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool is_first) {
+void AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool is_first) {
   QLabel* label = NewLabel(caption, field, field->parentWidget());
   if (is_first) {
     label->setMinimumWidth(measure::kOptionLabels);
@@ -108,7 +101,6 @@ QLabel* AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool 
   const bool is_number = qobject_cast<NumberField*>(field) != nullptr;
   if (is_number) field->setFixedWidth(kNumberWidth);
   row->addWidget(field, is_number ? 0 : 1);
-  return label;
 }
 
 QKeySequence KeysOfPage(int page) {
@@ -130,37 +122,31 @@ QIcon Dot(bool filled, qreal scale) {
   return QIcon(picture);
 }
 
-void SetShown(QLabel* label, QWidget* field, bool shown) {
-  label->setVisible(shown);
+void SetShown(QWidget* field, bool shown) {
+  LabelOf(field)->setVisible(shown);
   field->setVisible(shown);
 }
 
 }  // namespace
 
-TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QWidget* parent)
-    : Card(QLatin1String(kTransformControls[kind].pane),
-           QLatin1String(kTransformControls[kind].title), parent),
-      controls_(kTransformControls[kind]),
-      fields_(kTransformFields[kind]),
-      prompts_(prompts),
-      item_(std::move(item)) {
-  BuildCase();
+TransformPane::TransformPane(const Parts& parts, const TransformNames& names) : OptionPane(parts) {
+  BuildCase(names.letter_case);
   pages_ = new QTabWidget(this);
-  pages_->setObjectName(QLatin1String(controls_.pages));
+  pages_->setObjectName(text::ToQt(names.pages));
   pages_->setProperty("optionPages", true);
   pages_->setIconSize(QSize(kDot, kDot));
   pages_->setAccessibleName(accessibleName());
   Body()->addWidget(pages_, 1);
-  BuildRemovePage();
-  BuildReplacePage();
-  BuildAddPage();
+  BuildRemovePage(names);
+  BuildReplacePage(names.replace);
+  BuildAddPage(names.part);
   for (int page = 0; page < pages_->count(); ++page) {
     connect(new QShortcut(KeysOfPage(page), this), &QShortcut::activated, pages_,
             [this, page] { pages_->setCurrentIndex(page); });
   }
-  OnSignal(pages_, &QTabWidget::currentChanged,
-           HandlerOf(controls_.pages, "_SelectedChanged(Item)"), [this](int page) {
-             if (ConstrItem* shown = item_()) shown->OptionsTab = page;
+  OnSignal(pages_, &QTabWidget::currentChanged, HandlerOf(names.pages, "_SelectedChanged(Item)"),
+           [this](int page) {
+             if (ConstrItem* shown = Shown()) shown->transform.OptionsTab = page;
            });
   ShowCutFields();
   ShowAddFields();
@@ -168,8 +154,8 @@ TransformPane::TransformPane(ItemType kind, Prompts& prompts, ShownItem item, QW
 }
 
 void TransformPane::MarkPages() {
-  const ConstrItem* shown = item_();
-  const TransformSteps steps = shown == nullptr ? TransformSteps{} : StepsInUse(*shown, fields_);
+  const ConstrItem* shown = Shown();
+  const TransformSteps steps = shown == nullptr ? TransformSteps{} : StepsInUse(shown->transform);
   const bool in_use[] = {steps.cut, steps.replace, steps.add};
   for (int page = 0; page < pages_->count(); ++page) {
     const QString keys = KeysOfPage(page).toString(QKeySequence::NativeText);
@@ -191,123 +177,122 @@ void TransformPane::changeEvent(QEvent* event) {
   if (new_look && pages_ != nullptr) FitStyle();
 }
 
-QComboBox* TransformPane::NewModePick(const char* control, std::int32_t ConstrItem::*mode,
-                                      std::span<const char* const> entries,
+template <class Value>
+void TransformPane::Store(Value TransformOptions::*option, Value value) {
+  if (ConstrItem* shown = Shown()) shown->transform.*option = std::move(value);
+  MarkPages();
+}
+
+QComboBox* TransformPane::NewModePick(const std::string& name, std::int32_t TransformOptions::*mode,
+                                      std::span<const std::string_view> entries,
                                       std::function<void()> show_fields) {
-  const auto picked = [this, mode, show_fields = std::move(show_fields)](int index) {
-    emit optionChanged();
+  return NewPick(name, entries, [this, mode, show_fields = std::move(show_fields)](int index) {
     if (show_fields) show_fields();
-    if (ConstrItem* shown = item_()) shown->*mode = index;
-    MarkPages();
-  };
-  return NewPick(control, entries, picked, this);
+    Store(mode, std::int32_t{index});
+  });
 }
 
-QLineEdit* TransformPane::NewTextField(const TextOption& option, bool filtered) {
-  QLineEdit* field = filtered ? new NameField(prompts_, this) : new QLineEdit(this);
-  const auto changed = [this, field, text = option.text] {
-    emit optionChanged();
-    if (ConstrItem* shown = item_()) shown->*text = text::FromQt(field->text());
-    MarkPages();
-  };
-  HandleChange(field, option.control, changed);
+QLineEdit* TransformPane::NewTextField(const std::string& name, std::string TransformOptions::*text,
+                                       bool goes_into_names) {
+  QLineEdit* field =
+      goes_into_names ? new NameField(Supplied().prompts, this) : new QLineEdit(this);
+  HandleChange(field, name, [this, field, text] { Store(text, text::FromQt(field->text())); });
   return field;
 }
 
-NumberField* TransformPane::NewNumberField(const char* control, std::int32_t ConstrItem::*number) {
-  const auto store = [this, number](std::int32_t value) {
-    if (ConstrItem* shown = item_()) shown->*number = value;
-    MarkPages();
-  };
-  auto* field = new NumberField(control, store, this);
-  HandleChange(field, control, [this] { emit optionChanged(); });
+NumberField* TransformPane::NewNumberField(const std::string& name,
+                                           std::int32_t TransformOptions::*number) {
+  const auto store = [this, number](std::int32_t value) { Store(number, value); };
+  auto* field = new NumberField(name.c_str(), store, this);
+  HandleChange(field, name);
   return field;
 }
 
-void TransformPane::BuildCase() {
-  case_ = NewModePick(controls_.letter_case, fields_.Case, kCases, {});
+void TransformPane::BuildCase(const std::string& letter_case) {
+  case_ = NewModePick("cmbCase" + letter_case, &TransformOptions::Case, kCases);
   case_->setMinimumWidth(kLeastCombo);
   case_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   Head()->addWidget(NewLabel(tr("Letter c&ase"), case_, this));
   Head()->addWidget(case_);
 }
 
-void TransformPane::BuildRemovePage() {
+void TransformPane::BuildRemovePage(const TransformNames& names) {
   QVBoxLayout* page = NewPage(pages_, tr("Remove"));
-  cut_ = NewModePick(controls_.cut, fields_.Cut, kCuts, [this] { ShowCutFields(); });
-  cut_n_ = NewNumberField(controls_.cut_n, fields_.CutN);
-  cut_x_ = NewNumberField(controls_.cut_x, fields_.CutX);
-  cut_text_ = NewTextField({controls_.cut_text, fields_.CutText}, false);
+  const std::string field = "fdCut" + names.part;
+  cut_ = NewModePick("cmbCut" + names.part, &TransformOptions::Cut, kCuts,
+                     [this] { ShowCutFields(); });
+  cut_n_ = NewNumberField(field + "N", &TransformOptions::CutN);
+  cut_x_ = NewNumberField(field + "X", &TransformOptions::CutX);
+  cut_text_ = NewTextField(field + "Text", &TransformOptions::CutText, false);
   auto* reset = new QPushButton(tr("reset"), this);
-  reset->setObjectName(QLatin1String(controls_.reset));
+  reset->setObjectName(text::ToQt(names.reset));
   Explain(reset, tr("Set \"Cut\" to \"Do nothing\""));
-  OnSignal(reset, &QPushButton::clicked, HandlerOf(controls_.reset, "_Click"),
+  OnSignal(reset, &QPushButton::clicked, HandlerOf(names.reset, "_Click"),
            [this] { cut_->setCurrentIndex(0); });
 
   AddField(AddRow(page), tr("Cu&t"), cut_, true);
   QHBoxLayout* row = AddRow(page);
-  cut_n_label_ = AddField(row, tr("&N:"), cut_n_, true);
-  cut_x_label_ = AddField(row, tr("&K:"), cut_x_, false);
-  cut_text_label_ = AddField(row, tr("T&ext:"), cut_text_, true);
+  AddField(row, tr("&N:"), cut_n_, true);
+  AddField(row, tr("&K:"), cut_x_, false);
+  AddField(row, tr("T&ext:"), cut_text_, true);
   row->addStretch();
   row->addWidget(reset);
   page->addStretch();
 }
 
-void TransformPane::BuildReplacePage() {
+void TransformPane::BuildReplacePage(const std::string& replace) {
   QVBoxLayout* page = NewPage(pages_, tr("Replace"));
-  replace1_ = NewTextField({controls_.replace1, fields_.Replace1}, false);
-  replace2_ = NewTextField({controls_.replace2, fields_.Replace2}, true);
+  const std::string field = "fdReplace" + replace;
+  replace1_ = NewTextField(field + "1", &TransformOptions::Replace1, false);
+  replace2_ = NewTextField(field + "2", &TransformOptions::Replace2, true);
   AddField(AddRow(page), tr("R&eplace:"), replace1_, true);
   AddField(AddRow(page), tr("&With:"), replace2_, true);
   page->addStretch();
 }
 
-void TransformPane::BuildAddPage() {
+void TransformPane::BuildAddPage(const std::string& part) {
   QVBoxLayout* page = NewPage(pages_, tr("Add / Insert"));
-  add_ = NewModePick(controls_.add, fields_.Add, kAdds, [this] { ShowAddFields(); });
-  add_text1_ = NewTextField({controls_.add_text1, fields_.AddText1}, true);
-  add_text2_ = NewTextField({controls_.add_text2, fields_.AddText2}, true);
-  add_n_ = NewNumberField(controls_.add_n, fields_.AddN);
+  const std::string field = "fdAdd" + part;
+  add_ = NewModePick("cmbAdd" + part, &TransformOptions::Add, kAdds, [this] { ShowAddFields(); });
+  add_text1_ = NewTextField(field + "Text1", &TransformOptions::AddText1, true);
+  add_text2_ = NewTextField(field + "Text2", &TransformOptions::AddText2, true);
+  add_n_ = NewNumberField(field + "N", &TransformOptions::AddN);
   AddField(AddRow(page), tr("A&dd"), add_, true);
   QHBoxLayout* row = AddRow(page);
-  add_text1_label_ = AddField(row, tr("&Text1:"), add_text1_, true);
-  add_text2_label_ = AddField(row, tr("T&ext2:"), add_text2_, false);
-  add_n_label_ = AddField(row, tr("&N:"), add_n_, false);
+  AddField(row, tr("&Text1:"), add_text1_, true);
+  AddField(row, tr("T&ext2:"), add_text2_, false);
+  AddField(row, tr("&N:"), add_n_, false);
   page->addStretch();
 }
 
 void TransformPane::ShowCutFields() {
   const CutShows& shows = kCutShows[std::max(cut_->currentIndex(), 0)];
-  SetShown(cut_n_label_, cut_n_, shows.n);
-  SetShown(cut_x_label_, cut_x_, shows.x);
-  SetShown(cut_text_label_, cut_text_, shows.text);
+  SetShown(cut_n_, shows.n);
+  SetShown(cut_x_, shows.x);
+  SetShown(cut_text_, shows.text);
 }
 
 void TransformPane::ShowAddFields() {
   const AddShows& shows = kAddShows[std::max(add_->currentIndex(), 0)];
-  if (shows.text1) add_text1_label_->setText(shows.text2 ? tr("&Text1:") : tr("&Text:"));
-  SetShown(add_text1_label_, add_text1_, shows.text1);
-  SetShown(add_text2_label_, add_text2_, shows.text2);
-  SetShown(add_n_label_, add_n_, shows.n);
+  if (shows.text1) LabelOf(add_text1_)->setText(shows.text2 ? tr("&Text1:") : tr("&Text:"));
+  SetShown(add_text1_, shows.text1);
+  SetShown(add_text2_, shows.text2);
+  SetShown(add_n_, shows.n);
 }
 
-void TransformPane::ShowItem() {
-  const ConstrItem* shown = item_();
-  if (shown == nullptr) return;
-  // The handlers write into the element while it is read, each what it was given.
-  const ConstrItem item = *shown;
-  case_->setCurrentIndex(item.*fields_.Case);
-  cut_->setCurrentIndex(item.*fields_.Cut);
-  cut_n_->ShowNumber(item.*fields_.CutN);
-  cut_x_->ShowNumber(item.*fields_.CutX);
-  cut_text_->setText(text::ToQt(item.*fields_.CutText));
-  replace1_->setText(text::ToQt(item.*fields_.Replace1));
-  replace2_->setText(text::ToQt(item.*fields_.Replace2));
-  add_->setCurrentIndex(item.*fields_.Add);
-  add_n_->ShowNumber(item.*fields_.AddN);
-  add_text1_->setText(text::ToQt(item.*fields_.AddText1));
-  add_text2_->setText(text::ToQt(item.*fields_.AddText2));
-  pages_->setCurrentIndex(item.OptionsTab);
+void TransformPane::Fill(const ConstrItem& item) {
+  const TransformOptions& options = item.transform;
+  case_->setCurrentIndex(options.Case);
+  cut_->setCurrentIndex(options.Cut);
+  cut_n_->ShowNumber(options.CutN);
+  cut_x_->ShowNumber(options.CutX);
+  cut_text_->setText(text::ToQt(options.CutText));
+  replace1_->setText(text::ToQt(options.Replace1));
+  replace2_->setText(text::ToQt(options.Replace2));
+  add_->setCurrentIndex(options.Add);
+  add_n_->ShowNumber(options.AddN);
+  add_text1_->setText(text::ToQt(options.AddText1));
+  add_text2_->setText(text::ToQt(options.AddText2));
+  pages_->setCurrentIndex(options.OptionsTab);
   MarkPages();
 }

@@ -1,0 +1,54 @@
+#include "names/editor/option_pane.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <utility>
+
+#include "look/handlers.h"
+#include "platform/qt/text_qt.h"
+
+OptionPane::OptionPane(const Parts& parts)
+    : Card(QLatin1String(parts.kind.pane), QLatin1String(parts.kind.title), parts.parent),
+      kind_(parts.kind.number),
+      services_(parts.services),
+      shown_(parts.shown) {}
+
+void OptionPane::ShowItem() {
+  if (const ConstrItem* shown = Shown()) Fill(ConstrItem(*shown));
+}
+
+QComboBox* OptionPane::NewBox(const std::string& name, std::span<const std::string_view> entries) {
+  auto* box = new QComboBox(this);
+  box->setObjectName(text::ToQt(name));
+  for (const std::string_view entry : entries) box->addItem(text::ToQt(entry));
+  return box;
+}
+
+QComboBox* OptionPane::NewPick(const std::string& name, std::span<const std::string_view> entries,
+                               std::function<void(int)> picked) {
+  QComboBox* box = NewBox(name, entries);
+  OnSignal(box, &QComboBox::currentIndexChanged, HandlerOf(name, "_Click"),
+           [this, picked = std::move(picked)](int index) {
+             emit optionChanged();
+             picked(index);
+           });
+  return box;
+}
+
+void OptionPane::HandleChange(QLineEdit* field, const std::string& name,
+                              std::function<void()> changed) {
+  field->setObjectName(text::ToQt(name));
+  OnSignal(field, &QLineEdit::textChanged, HandlerOf(name, "_Change"),
+           [this, changed = std::move(changed)] {
+             emit optionChanged();
+             if (changed) changed();
+           });
+}
+
+QLabel* LabelOf(const QWidget* field) {
+  for (QLabel* label : field->parentWidget()->findChildren<QLabel*>()) {
+    if (label->buddy() == field) return label;
+  }
+  return nullptr;
+}
