@@ -30,19 +30,19 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell, QWidget* parent)
+Form1::Form1(const CommandParts& parts, const Services& services, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
-      settings_(settings),
+      settings_(services.settings),
       commands_(parts, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
-      editor_(new ConstructorEditor(
-          parts.constructor, {parts.prompts, parts.clock, parts.locale, settings}, left_column_)),
+      editor_(new ConstructorEditor(parts.constructor,
+                                    {parts.prompts, parts.clock, parts.locale, services.settings},
+                                    left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(parts.grid, this)),
       status_bar_(new StatusBar(this)) {
-  const ResultServices services{parts.files, parts.prompts, shell, settings};
   gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
   gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
   setObjectName(QStringLiteral("Form1"));

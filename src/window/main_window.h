@@ -7,6 +7,7 @@
 #include "commands/commands.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
+#include "platform/services.h"
 #include "platform/settings_store.h"
 #include "window/saved_controls.h"
 
@@ -15,7 +16,6 @@ class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
 class ResultWindow;
-class Shell;
 class StatusBar;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
@@ -24,9 +24,8 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// `parts`, `settings` and `shell` are the program's and outlive the window.
-  Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell,
-        QWidget* parent = nullptr);
+  /// `parts` and `services` are the program's and outlive the window.
+  Form1(const CommandParts& parts, const Services& services, QWidget* parent = nullptr);
   ~Form1() override;
 
   /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that

@@ -45,6 +45,8 @@ struct Program::Parts {
   QtShell shell;
   ErrorReporter reporter{{*facts, locale, folders}, *files, prompts, shell};
   QtSettingsStore settings;
+  Services services{*files,     *clock,  *facts,  events, locale,
+                    type_names, folders, prompts, shell,  settings};
   RunState state;
   Records records;
   Grid grid{records};
@@ -69,7 +71,7 @@ Form1& Program::MainWindow() {
     p.window =
         std::make_unique<Form1>(CommandParts{p.state, p.grid, p.constructor, p.reports, *p.files,
                                              *p.clock, p.events, p.locale, p.type_names, p.prompts},
-                                p.settings, p.shell);
+                                p.services);
     p.reporter.MainWindowLoaded(p.window.get());
   }
   return *p.window;

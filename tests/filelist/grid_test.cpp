@@ -5,11 +5,11 @@
 namespace {
 
 /// The rows in words: "[group count]" and source names.
-std::string Shown(const Grid& grid) {
+std::string Shown(Grid& grid) {
   std::string shown;
   for (std::size_t row = 0; row < grid.RowCount(); ++row) {
     if (grid.IsGroupRow(row)) {
-      const Grid::Group& group = grid.GroupOf(row);
+      const GroupedRows::Group& group = grid.List().Rows().GroupOf(row);
       shown += "[" + group.text + " " + std::to_string(group.file_count) + "] ";
     } else {
       shown += grid.AllRecords()[grid.RecordOf(row)].sourceFileName + " ";
@@ -61,9 +61,9 @@ TEST_F(GridTest, GroupsAndSorts) {
 
 TEST_F(GridTest, KnowsTheGroupOfEveryRowAndShowsNewRecordsOnlyWhenPopulated) {
   grid.Populate();
-  EXPECT_EQ(grid.GroupOf(1).text, "/A/");
-  EXPECT_EQ(grid.GroupOf(2).text, "/b/");
-  EXPECT_EQ(grid.GroupOf(5).text, "/b/");
+  EXPECT_EQ(grid.List().Rows().GroupOf(1).text, "/A/");
+  EXPECT_EQ(grid.List().Rows().GroupOf(2).text, "/b/");
+  EXPECT_EQ(grid.List().Rows().GroupOf(5).text, "/b/");
   records.AddRecord("c", "/c/", "n9", FileDate(), 1, "");
   EXPECT_EQ(grid.RowCount(), 6u);
   grid.Populate();

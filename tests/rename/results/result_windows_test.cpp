@@ -15,12 +15,10 @@
 #include "filelist/list_view.h"
 #include "support/fake_services.h"
 #include "support/keys.h"
-#include "support/memory_files.h"
-#include "support/memory_settings.h"
 
 namespace {
 
-class ResultWindowsTest : public testing::Test {
+class ResultWindowsTest : public testing::Test, protected FakeServices {
  protected:
   ResultWindowsTest() {
     files.folders = {"/in", "/out"};
@@ -51,11 +49,6 @@ class ResultWindowsTest : public testing::Test {
   }
 
   RunReports reports;
-  MemoryFiles files;
-  FakePrompts prompts;
-  FakeShell shell;
-  MemorySettings settings;
-  ResultServices services{files, prompts, shell, settings};
   ResultWindow Form3{kRenamingFailure, reports, services, nullptr};
   ResultWindow Form7{kResolvedConflicts, reports, services, nullptr};
 };

@@ -1,4 +1,4 @@
-#include "filelist/file_list_model.h"
+#include "filelist/file_list_panel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <cerrno>
 
-#include "filelist/file_list_panel.h"
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
 #include "platform/qt/text_qt.h"
@@ -107,7 +106,7 @@ TEST_F(FileListTest, CellsTellTheirTexts) {
 }
 
 TEST_F(FileListTest, GroupRowsSaySoInEveryColumnAndHaveNoBox) {
-  for (int column = 0; column < kColumnCount; ++column) {
+  for (int column = 0; column < panel.ReportControl1->model()->columnCount(); ++column) {
     EXPECT_EQ(Text(0, column, Qt::AccessibleDescriptionRole), "group, 3 files");
     EXPECT_EQ(Text(4, column, Qt::AccessibleDescriptionRole), "group, 1 file");
     EXPECT_FALSE(Data(0, column, Qt::CheckStateRole).isValid());
@@ -128,7 +127,7 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   records[0].problem = EEXIST;
   EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole),
             "failed: The name is already taken. not checked, name unchanged");
-  for (int column = 0; column < kColumnCount; ++column) {
+  for (int column = 0; column < panel.ReportControl1->model()->columnCount(); ++column) {
     EXPECT_EQ(Text(1, column, kReasonRole),
               column < kColumnSourceName ? "" : "The name is already taken.");
   }
@@ -205,12 +204,12 @@ TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
   const auto total = [&] { return list.horizontalHeader()->length(); };
   EXPECT_TRUE(list.isColumnHidden(kColumnPath));
   EXPECT_EQ(total(), list.viewport()->width());
-  panel.chColumnSize->setChecked(true);
+  panel.ColumnBox(kColumnSize)->setChecked(true);
   EXPECT_FALSE(list.isColumnHidden(kColumnSize));
   EXPECT_EQ(list.columnWidth(kColumnSize), 80);
   EXPECT_EQ(total(), list.viewport()->width());
   list.setColumnWidth(kColumnSourceName, 400);  // as a drag of the heading does
-  panel.chColumnSize->setChecked(false);
+  panel.ColumnBox(kColumnSize)->setChecked(false);
   EXPECT_EQ(list.columnWidth(kColumnSourceName), 400);
   EXPECT_EQ(total(), list.viewport()->width());
   panel.resize(200, 400);
