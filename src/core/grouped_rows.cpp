@@ -19,9 +19,7 @@ Numbers Ascending(std::size_t count) {
 /// `keys` holds one for each number.
 template <class Keys>
 void StableSort(Numbers& numbers, bool ascending, const Keys& keys) {
-  const auto sort = [&](auto before) {
-    std::stable_sort(numbers.begin(), numbers.end(), before);
-  };
+  const auto sort = [&](auto before) { std::stable_sort(numbers.begin(), numbers.end(), before); };
   if (ascending) {
     sort([&](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
   } else {
