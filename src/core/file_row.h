@@ -22,6 +22,8 @@ class FileDate {
   int Month() const { return static_cast<int>(digits_ / 100'000'000LL % 100); }
   int Day() const { return static_cast<int>(digits_ / 1'000'000LL % 100); }
   bool Empty() const { return digits_ == 0; }
+  /// The digits of the text as one number.
+  std::int64_t Digits() const { return digits_; }
   auto operator<=>(const FileDate&) const = default;
 
  private:

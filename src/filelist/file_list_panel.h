@@ -7,12 +7,11 @@
 #include "filelist/empty_list.h"
 #include "filelist/grid.h"
 
-class FileListModel;
+class GroupedRowsModel;
 class ListView;
 class QCheckBox;
 class QComboBox;
 class QLabel;
-class QModelIndex;
 class QPushButton;
 
 /// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
@@ -36,11 +35,12 @@ class FileListPanel : public QWidget {
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;
 
+  /// The check box that shows or hides a column; null where the column has none.
+  QCheckBox* ColumnBox(Column column) const {
+    return column_boxes_[static_cast<std::size_t>(column)];
+  }
+
   QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
-  QCheckBox* chColumnPath;
-  QCheckBox* chColumnSize;
-  QCheckBox* chColumnType;
-  QCheckBox* chColumnDate;
   QLabel* Label21;
   QComboBox* cmbGroupBy;
   ListView* ReportControl1;
@@ -59,22 +59,18 @@ class FileListPanel : public QWidget {
 
  private:
   void MakeControls();
+  void MakeColumnBoxes();
   void MakeList();
   void LayOut();
   void ConnectControls();
   void ConnectList();
-  void cmbGroupBy_Click();
-  void bnWideFileList_Click();
-  void SortBy(int column, Qt::SortOrder order);
   void SetWideCaption();
-  void SetWidths();
   void CheckSelected();
-  void RowDblClick(const QModelIndex& index);
-  void RowRClick(const QPoint& place);
   std::optional<std::size_t> CurrentRecord() const;
   void SetCurrentRecord(std::size_t record);
 
   Grid& grid_;
-  FileListModel* model_;
+  GroupedRowsModel* model_;
+  std::vector<QCheckBox*> column_boxes_;  ///< by column
   bool wide_ = false;
 };

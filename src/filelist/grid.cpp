@@ -1,142 +1,88 @@
 #include "filelist/grid.h"
 
-#include <algorithm>
-#include <numeric>
-
-#include "platform/text.h"
+#include "filelist/row_paths.h"
 
 namespace {
 
-/// The place of each text of a table in the order by lower case; equal texts share a place.
-template <class TextOf>
-std::vector<std::uint32_t> Ranks(std::size_t count, TextOf text_of) {
-  std::vector<std::string> lower(count);
-  std::vector<std::uint32_t> order(count);
-  for (std::uint32_t i = 0; i < count; ++i) {
-    lower[i] = text::ToLower(text_of(i));
-    order[i] = i;
-  }
-  std::sort(order.begin(), order.end(),
-            [&](std::uint32_t a, std::uint32_t b) { return lower[a] < lower[b]; });
-  std::vector<std::uint32_t> ranks(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const bool new_rank = i > 0 && lower[order[i]] != lower[order[i - 1]];
-    ranks[order[i]] = i == 0 ? 0 : ranks[order[i - 1]] + (new_rank ? 1 : 0);
-  }
-  return ranks;
+SharedTexts Folders(const Records& records) {
+  return {records.FolderCount(), [&](std::size_t i) { return records[i].folder; },
+          [&](std::uint32_t number) { return std::string_view(records.FolderPath(number)); }};
 }
 
-template <class Key>
-void StableSort(std::vector<std::uint32_t>& order, bool ascending, Key key) {
-  if (ascending) {
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::uint32_t a, std::uint32_t b) { return key(a) < key(b); });
-  } else {
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::uint32_t a, std::uint32_t b) { return key(b) < key(a); });
-  }
+SharedTexts Types(const Records& records) {
+  return {records.TextCount(), [&](std::size_t i) { return records[i].type; },
+          [&](std::uint32_t number) { return std::string_view(records.TextAt(number)); }};
 }
 
-template <class NameOf>
-void SortByName(std::vector<std::uint32_t>& order, bool ascending, NameOf name_of) {
-  std::vector<std::string> lower(order.size());
-  for (std::uint32_t i = 0; i < order.size(); ++i) lower[i] = text::ToLower(name_of(i));
-  StableSort(order, ascending, [&](std::uint32_t i) -> const std::string& { return lower[i]; });
+std::string SizeText(const FileRow& row) {
+  return std::to_string(static_cast<std::uint64_t>(row.size));
+}
+
+std::string DateText(const FileRow& row) {
+  return row.date.Text();
+}
+
+double DateNumber(const FileRow& row) {
+  return static_cast<double>(row.date.Digits());
+}
+
+std::string MarkOf(const FileRow& row) {
+  return std::string(MarkText(row.mark));
+}
+
+/// In the order of `Column`.
+std::vector<ListColumn> FileColumns(const Records& records) {
+  const auto of = FieldsOf(records);
+  const auto path = of([&](const FileRow& row) { return records.Path(row); });
+  const auto type = of([&](const FileRow& row) { return records.Type(row); });
+  const auto by_folder = [&] { return Folders(records); };
+  const auto by_type = [&] { return Types(records); };
+  const auto source = of(&FileRow::sourceFileName);
+  const auto target = of(&FileRow::newFileName);
+  const ColumnWidth date_width{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
+  return {
+      {"Path", Cell::kText, {WidthRule::kFree, 300}, path, by_folder, {"chColumnPath", '7'}},
+      {"Size",
+       Cell::kNumber,
+       {WidthRule::kFree, 80},
+       of(SizeText),
+       ByNumber(of(&FileRow::size)),
+       {"chColumnSize", '8'}},
+      {"Type", Cell::kText, {WidthRule::kFree, 100}, type, by_type, {"chColumnType", '9'}},
+      {"Date",
+       Cell::kText,
+       date_width,
+       of(DateText),
+       ByNumber(of(DateNumber)),
+       {"chColumnDate", '0'}},
+      {"", Cell::kCheck, {WidthRule::kFixed, 28}},
+      {"Source file name", Cell::kOldName, kNameWidth, source, ByText(source)},
+      {">>", Cell::kMark, kMarkWidth, of(MarkOf)},
+      {"New file name", Cell::kNewName, kNameWidth, target, ByText(target)},
+  };
+}
+
+RecordFacts FactsOf(const FileRow& row) {
+  static constexpr std::string_view kStates[] = {"waiting", "done", "failed", "waiting"};
+  const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
+  RecordFacts facts{not_undone ? "not undone" : kStates[static_cast<int>(row.mark)],
+                    row.mark,
+                    row.problem,
+                    row.sourceFileName,
+                    {},
+                    row.checked};
+  if (!row.newFileName.empty()) facts.new_name = row.newFileName;
+  return facts;
+}
+
+RecordSource FileSource(Records& records) {
+  return {FileColumns(records), [&] { return records.Count(); }, FieldsOf(records)(FactsOf),
+          [&](std::size_t i) { return PathOfRow(records, records[i]); },
+          [&](std::size_t i, bool checked) { records[i].checked = checked; }};
 }
 
 }  // namespace
 
-void Grid::SetSortOrder(int column, bool ascending) {
-  const bool sortable = column != kColumnCheck && column != kColumnMark && column < kColumnCount;
-  sort_column_ = sortable ? column : -1;
-  sort_ascending_ = ascending;
-}
-
-std::vector<std::uint32_t> Grid::SortedRecords() const {
-  const Records& records = records_;
-  std::vector<std::uint32_t> order(records.Count());
-  std::iota(order.begin(), order.end(), 0u);
-  const auto sort = [&](auto key) { StableSort(order, sort_ascending_, key); };
-  switch (sort_column_) {
-    case kColumnPath: {
-      const auto ranks =
-          Ranks(records.FolderCount(), [&](std::uint32_t i) { return records.FolderPath(i); });
-      sort([&](std::uint32_t i) { return ranks[records[i].folder]; });
-      break;
-    }
-    case kColumnType: {
-      const auto ranks =
-          Ranks(records.TextCount(), [&](std::uint32_t i) { return records.TextAt(i); });
-      sort([&](std::uint32_t i) { return ranks[records[i].type]; });
-      break;
-    }
-    case kColumnSize:
-      sort([&](std::uint32_t i) { return records[i].size; });
-      break;
-    case kColumnDate:
-      sort([&](std::uint32_t i) { return records[i].date; });
-      break;
-    case kColumnSourceName:
-      SortByName(order, sort_ascending_,
-                 [&](std::uint32_t i) -> const std::string& { return records[i].sourceFileName; });
-      break;
-    case kColumnNewName:
-      SortByName(order, sort_ascending_,
-                 [&](std::uint32_t i) -> const std::string& { return records[i].newFileName; });
-      break;
-    default:
-      break;
-  }
-  return order;
-}
-
-std::uint32_t Grid::GroupNumber(std::uint32_t record) const {
-  const FileRow& row = records_[record];
-  return group_by_ == GroupBy::kPath ? row.folder : row.type;
-}
-
-void Grid::Populate() {
-  Clear();
-  const std::vector<std::uint32_t> order = SortedRecords();
-  if (group_by_ == GroupBy::kNone) {
-    rows_.assign(order.begin(), order.end());
-    return;
-  }
-  const bool by_path = group_by_ == GroupBy::kPath;
-  const std::size_t number_count = by_path ? records_.FolderCount() : records_.TextCount();
-  std::vector<std::size_t> file_counts(number_count);
-  std::vector<std::uint32_t> groups;  // the numbers in use, in scan order
-  for (std::uint32_t i = 0; i < records_.Count(); ++i) {
-    if (file_counts[GroupNumber(i)]++ == 0) groups.push_back(GroupNumber(i));
-  }
-  const auto text_of = [&](std::uint32_t number) -> const std::string& {
-    return by_path ? records_.FolderPath(number) : records_.TextAt(number);
-  };
-  const std::vector<std::uint32_t> ranks = Ranks(number_count, text_of);
-  StableSort(groups, true, [&](std::uint32_t number) { return ranks[number]; });
-
-  std::vector<std::size_t> next_row(number_count);
-  rows_.resize(records_.Count() + groups.size());
-  std::size_t row = 0;
-  for (const std::uint32_t number : groups) {
-    rows_[row] = -1 - static_cast<std::int32_t>(groups_.size());
-    groups_.push_back({text_of(number), row, file_counts[number]});
-    next_row[number] = row + 1;
-    row += 1 + file_counts[number];
-  }
-  for (const std::uint32_t record : order) {
-    rows_[next_row[GroupNumber(record)]++] = static_cast<std::int32_t>(record);
-  }
-}
-
-void Grid::Clear() {
-  rows_.clear();
-  groups_.clear();
-}
-
-const Grid::Group& Grid::GroupOf(std::size_t row) const {
-  const auto behind =
-      std::upper_bound(groups_.begin(), groups_.end(), row,
-                       [](std::size_t value, const Group& group) { return value < group.row; });
-  return *std::prev(behind);
+Grid::Grid(Records& records) : records_(records), list_(FileSource(records)) {
+  SetGroupsOrder(GroupBy::kPath);
 }

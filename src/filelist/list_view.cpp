@@ -1,17 +1,23 @@
 #include "filelist/list_view.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "core/file_row.h"
+#include "filelist/grouped_rows_model.h"
 #include "filelist/row_painter.h"
 #include "look/look.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 
@@ -19,9 +25,11 @@ constexpr int kRowHeight = 24;
 constexpr int kRowAir = 8;
 constexpr int kHeadingHeight = 27;
 constexpr int kHeadingAir = 11;
-constexpr int kLeastMarkWidth = 40;
 constexpr int kLeastColumn = 24;
 constexpr int kEmptyPicture = 48;
+
+/// More selected rows than this are not carried through a sort: Qt keeps an index for each cell.
+constexpr std::size_t kMostCarriedRows = 5000;
 
 QLabel* NewLabel(QWidget* parent, const char* name) {
   auto* label = new QLabel(parent);
@@ -32,36 +40,73 @@ QLabel* NewLabel(QWidget* parent, const char* name) {
   return label;
 }
 
+int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
+  int widest = width.least;
+  for (const std::string& words : width.texts) {
+    widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
+  }
+  return widest;
+}
+
 }  // namespace
 
-ListView::ListView(QWidget* parent) : QTableView(parent) {
+ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent), model_(model) {
   setItemDelegate(new RowPainter(this));
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
   setEditTriggers(NoEditTriggers);
+  setContextMenuPolicy(Qt::CustomContextMenu);
   setShowGrid(false);
   setWordWrap(false);
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);
   setHorizontalScrollMode(ScrollPerPixel);
   setVerticalScrollMode(ScrollPerItem);
+  setModel(&model);
+  SetUpHeader();
+  MakeEmptyText();
+  ConnectRows();
+  SetHeights();
+  MeasureColumns();
+  ShowEmptyText();
+}
+
+void ListView::SetUpHeader() {
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setSectionsMovable(false);
-  horizontalHeader()->setMinimumSectionSize(kLeastColumn);
-  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  MakeEmptyText();
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+  QHeaderView* header = horizontalHeader();
+  header->setHighlightSections(false);
+  header->setSectionsMovable(false);
+  header->setMinimumSectionSize(kLeastColumn);
+  header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  header->setSectionsClickable(true);
+  header->setSortIndicator(-1, Qt::AscendingOrder);
+  header->setSortIndicatorShown(true);
+  header->setSortIndicatorClearable(true);
+  connect(header, &QHeaderView::sortIndicatorChanged, this, &ListView::AskForSort);
+  connect(header, &QHeaderView::sectionResized, this, [this](int section) {
     viewport()->update();  // the group rows reach over all columns
-    if (laying_out_) return;
-    for (SizedColumn& column : columns_) {
-      if (column.column == section) column.dragged = true;
-    }
+    const auto at = static_cast<std::size_t>(section);
+    if (!laying_out_ && at < columns_.size()) columns_[at].dragged = true;
   });
+}
+
+void ListView::ConnectRows() {
+  connect(&model_, &QAbstractItemModel::modelReset, this, &ListView::ShowEmptyText);
+  // The view itself repaints no more than the two cells.
+  connect(selectionModel(), &QItemSelectionModel::currentRowChanged, viewport(),
+          qOverload<>(&QWidget::update));
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, viewport(),
           qOverload<>(&QWidget::update));
-  SetHeights();
+  connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+    if (!(index.flags() & Qt::ItemIsUserCheckable)) emit rowDblClick(index.row(), index.column());
+  });
+  connect(this, &QWidget::customContextMenuRequested, this, &ListView::AskForMenu);
+  // Qt itself knows the Menu key only.
+  auto* menu_key = new QShortcut(Qt::SHIFT | Qt::Key_F10, this);
+  menu_key->setContext(Qt::WidgetShortcut);
+  connect(menu_key, &QShortcut::activated, this,
+          [this] { AskForMenu(visualRect(currentIndex()).center()); });
 }
 
 void ListView::MakeEmptyText() {
@@ -80,24 +125,52 @@ void ListView::MakeEmptyText() {
   layout->addStretch(3);
 }
 
-void ListView::setModel(QAbstractItemModel* new_model) {
-  QTableView::setModel(new_model);
-  connect(new_model, &QAbstractItemModel::modelReset, this, &ListView::ShowEmptyText);
-  // The view itself repaints no more than the two cells.
-  connect(selectionModel(), &QItemSelectionModel::currentRowChanged, viewport(),
-          qOverload<>(&QWidget::update));
-  ShowEmptyText();
-}
-
-void ListView::SetColumnWidths(const std::vector<ColumnWidth>& widths) {
-  columns_.clear();
-  for (const ColumnWidth& width : widths) {
-    columns_.push_back({width});
-    horizontalHeader()->setSectionResizeMode(width.column, width.rule == WidthRule::kFixed
-                                                               ? QHeaderView::Fixed
-                                                               : QHeaderView::Interactive);
+void ListView::MeasureColumns() {
+  for (int i = 0; i < model_.columnCount(); ++i) {
+    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
+    columns_.push_back({WidthOf(column.width, fontMetrics())});
+    const bool fixed = column.width.rule == WidthRule::kFixed;
+    horizontalHeader()->setSectionResizeMode(i,
+                                             fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
+  }
+  laying_out_ = true;
+  for (int i = 0; i < model_.columnCount(); ++i) {
+    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
+    setColumnHidden(i, column.cell == Cell::kHidden || !column.box.name.empty());
   }
   LayOutColumns();
+}
+
+int ListView::LeastWidth() const {
+  int least = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  for (int i = 0; i < model_.columnCount(); ++i) {
+    if (!isColumnHidden(i)) least += columns_[static_cast<std::size_t>(i)].width;
+  }
+  return least;
+}
+
+void ListView::AskForSort(int column, Qt::SortOrder order) {
+  const RecordList& list = model_.List();
+  if (column < 0 || list.CanSort(column)) {
+    emit sortAsked(column, order);
+    return;
+  }
+  const QSignalBlocker quiet(horizontalHeader());
+  horizontalHeader()->setSortIndicator(
+      list.SortColumn(), list.SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void ListView::SortRows(int column, Qt::SortOrder order) {
+  if (SelectedRows().size() > kMostCarriedRows) clearSelection();
+  QApplication::setOverrideCursor(Qt::WaitCursor);  // a million rows take a second
+  const auto restore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+  model_.sort(column, order);
+}
+
+void ListView::AskForMenu(const QPoint& place) {
+  const QModelIndex index = indexAt(place);
+  menu_place_ = viewport()->mapToGlobal(place);
+  emit rowRClick(index.row(), index.column());
 }
 
 void ListView::ShowColumn(int column, bool show) {
@@ -122,15 +195,6 @@ std::vector<int> ListView::SelectedRows() const {
   return rows;
 }
 
-int ListView::MarkWidth() const {
-  int widest = 0;
-  for (const Mark mark : {Mark::kWaiting, Mark::kDone, Mark::kFailed}) {
-    const auto words = QString::fromLatin1(MarkText(mark).data());
-    widest = std::max(widest, fontMetrics().horizontalAdvance(words));
-  }
-  return std::max(kLeastMarkWidth, widest + 6);
-}
-
 void ListView::SetHeights() {
   const int row = std::max(kRowHeight, fontMetrics().height() + kRowAir);
   verticalHeader()->setMinimumSectionSize(row);
@@ -143,27 +207,30 @@ void ListView::SetHeights() {
 
 void ListView::LayOutColumns() {
   int room = viewport()->width();
-  std::vector<const SizedColumn*> sharing;
+  std::vector<int> sharing;
   laying_out_ = true;
-  for (const SizedColumn& column : columns_) {
-    if (isColumnHidden(column.column)) continue;
-    if (column.rule == WidthRule::kShared && !column.dragged) {
-      sharing.push_back(&column);
+  for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
+    if (isColumnHidden(i)) continue;
+    const auto at = static_cast<std::size_t>(i);
+    const bool dragged = columns_[at].dragged;
+    if (!dragged && model_.List().Columns()[at].width.rule == WidthRule::kShared) {
+      sharing.push_back(i);
       continue;
     }
-    if (!column.dragged) setColumnWidth(column.column, column.width);
-    room -= columnWidth(column.column);
+    if (!dragged) setColumnWidth(i, columns_[at].width);
+    room -= columnWidth(i);
   }
   for (std::size_t i = 0; i < sharing.size(); ++i) {
-    const int width = std::max(sharing[i]->width, room / static_cast<int>(sharing.size() - i));
-    setColumnWidth(sharing[i]->column, width);
+    const int least = columns_[static_cast<std::size_t>(sharing[i])].width;
+    const int width = std::max(least, room / static_cast<int>(sharing.size() - i));
+    setColumnWidth(sharing[i], width);
     room -= width;
   }
   laying_out_ = false;
 }
 
 void ListView::ShowEmptyText() {
-  const bool no_rows = model() == nullptr || model()->rowCount() == 0;
+  const bool no_rows = model_.rowCount() == 0;
   const bool shown = no_rows && !empty_title_->text().isEmpty();
   empty_->setVisible(shown);
   // A table tells screen readers of its cells only. What others added to the description stays.
@@ -189,7 +256,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   if (plain && event->key() == Qt::Key_Space) {
     emit spacePressed();
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    emit rowEntered();
+    emit rowDblClick(currentIndex().row(), currentIndex().column());
   } else {
     QTableView::keyPressEvent(event);
   }

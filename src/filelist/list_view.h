@@ -3,33 +3,20 @@
 #include <QTableView>
 #include <vector>
 
+class GroupedRowsModel;
 class QLabel;
 
-/// How wide a column is.
-enum class WidthRule {
-  kFixed,   ///< as told; the user can't drag it
-  kFree,    ///< as told until the user drags it
-  kShared,  ///< shares with its like what the others leave, until the user drags it
-};
-
-struct ColumnWidth {
-  int column;
-  WidthRule rule;
-  int width;  ///< logical pixels; the least width of a shared column
-};
-
-/// A table of files: whole rows, no grid, painted by `RowPainter`, columns that fill the width, and
-/// a text in its middle, its description too, for as long as it has no rows. Its model tells by
-/// `ListRole` what the painter needs.
+/// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
+/// has them and together as wide as the view, and a text in its middle, its description too, for as
+/// long as it has no rows. A click on a heading asks for a sort, the third one for the order of the
+/// records.
 class ListView : public QTableView {
   Q_OBJECT
 
  public:
-  explicit ListView(QWidget* parent = nullptr);
+  /// `model` outlives the view.
+  explicit ListView(GroupedRowsModel& model, QWidget* parent = nullptr);
 
-  void setModel(QAbstractItemModel* model) override;
-  /// Widths for all columns of the model; the columns shown share the room.
-  void SetColumnWidths(const std::vector<ColumnWidth>& widths);
   /// Hides or shows a column and shares the width anew.
   void ShowColumn(int column, bool show);
   /// What stands in the middle while there are no rows; without a title nothing does.
@@ -38,13 +25,23 @@ class ListView : public QTableView {
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
 
-  /// The width that a column of marks needs in the present font.
-  int MarkWidth() const;
+  /// The width in which no shown column is out of sight.
+  int LeastWidth() const;
+
+  /// Sorts the model; the selection goes with its files unless it is very large.
+  void SortRows(int column, Qt::SortOrder order);
+
+  /// Where on the screen the menu belongs that was asked for last.
+  QPoint MenuPlace() const { return menu_place_; }
 
  signals:
   void spacePressed();
-  /// Enter on a row.
-  void rowEntered();
+  /// A double click on a row, but for one on a check box; or Enter, which means the current row.
+  void rowDblClick(int Row, int Item);
+  /// A menu is asked for; -1 where no row is.
+  void rowRClick(int Row, int Item);
+  /// The user wants a sort by a column, or by none: -1.
+  void sortAsked(int column, Qt::SortOrder order);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -53,15 +50,23 @@ class ListView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SetUpHeader();
   void MakeEmptyText();
+  void ConnectRows();
+  void MeasureColumns();
   void SetHeights();
   void LayOutColumns();
   void ShowEmptyText();
+  void AskForSort(int column, Qt::SortOrder order);
+  void AskForMenu(const QPoint& place);
 
-  struct SizedColumn : ColumnWidth {
+  GroupedRowsModel& model_;
+  struct SizedColumn {
+    int width;  ///< as told; the least of a shared column
     bool dragged = false;
   };
   std::vector<SizedColumn> columns_;
+  QPoint menu_place_;
   bool laying_out_ = false;
   QWidget* empty_ = nullptr;
   QLabel* empty_picture_ = nullptr;

@@ -8,8 +8,8 @@
 #include <QTextLayout>
 #include <QToolTip>
 
-#include "core/file_row.h"
 #include "filelist/list_roles.h"
+#include "filelist/record_list.h"
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 

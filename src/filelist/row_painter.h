@@ -22,6 +22,3 @@ class RowPainter : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 };
-
-/// The space between a cell's edges and its text, in logical pixels.
-inline constexpr int kCellInset = 6;

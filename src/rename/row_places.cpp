@@ -1,6 +1,7 @@
 #include "rename/row_places.h"
 
 #include "common/path_text.h"
+#include "filelist/row_paths.h"
 #include "platform/text.h"
 #include "rename/holders.h"
 #include "rename/output_options.h"
@@ -25,8 +26,7 @@ std::optional<RowPlace> PlaceOf(const Records& records, const FileRow& row, RowF
   const std::string& path = records.Path(row);
   if (file == RowFile::kResult) {
     if (row.RowTag != 1) return std::nullopt;
-    const std::string& output = records.NewPath(row);
-    return RowPlace{output.empty() ? path : output, row.newFileName};
+    return RowPlace{FolderAfterRun(path, records.NewPath(row)), row.newFileName};
   }
   const bool aside = row.RowTag != 1 && !row.Rollback().empty();
   const bool copied =

@@ -42,9 +42,8 @@ Form1::Form1(const CommandParts& parts, const Services& services, QWidget* paren
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(parts.grid, this)),
       status_bar_(new StatusBar(this)) {
-  const ResultServices results{services.files, services.prompts, services.shell, services.settings};
-  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, results, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, results, this);
+  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
+  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();

@@ -34,12 +34,12 @@ constexpr struct {
 
 constexpr struct {
   bool SavedOptions::*option;
-  QCheckBox* FileListPanel::*box;
+  Column column;
 } kColumnBoxes[] = {
-    {&SavedOptions::chColumnPath, &FileListPanel::chColumnPath},
-    {&SavedOptions::chColumnSize, &FileListPanel::chColumnSize},
-    {&SavedOptions::chColumnType, &FileListPanel::chColumnType},
-    {&SavedOptions::chColumnDate, &FileListPanel::chColumnDate},
+    {&SavedOptions::chColumnPath, kColumnPath},
+    {&SavedOptions::chColumnSize, kColumnSize},
+    {&SavedOptions::chColumnType, kColumnType},
+    {&SavedOptions::chColumnDate, kColumnDate},
 };
 
 }  // namespace
@@ -50,7 +50,9 @@ SavedOptions OptionsOf(const SavedControls& controls) {
   for (const auto& row : kFields) {
     options.*row.option = text::FromQt((controls.pages.*row.field)->text());
   }
-  for (const auto& row : kColumnBoxes) options.*row.option = (controls.list.*row.box)->isChecked();
+  for (const auto& row : kColumnBoxes) {
+    options.*row.option = controls.list.ColumnBox(row.column)->isChecked();
+  }
   options.cmbDestination = controls.pages.cmbDestination->currentIndex();
   options.cmbGroupBy = controls.list.cmbGroupBy->currentIndex();
   options.gConflictAddNumber = controls.state.gConflictAddNumber;
@@ -68,6 +70,8 @@ void ShowOptions(const SavedOptions& options, const SavedControls& controls) {
   for (const auto& row : kFields) {
     (controls.pages.*row.field)->setText(text::ToQt(options.*row.option));
   }
-  for (const auto& row : kColumnBoxes) (controls.list.*row.box)->setChecked(options.*row.option);
+  for (const auto& row : kColumnBoxes) {
+    controls.list.ColumnBox(row.column)->setChecked(options.*row.option);
+  }
   controls.list.cmbGroupBy->setCurrentIndex(options.cmbGroupBy);
 }

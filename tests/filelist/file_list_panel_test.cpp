@@ -1,0 +1,255 @@
+#include "filelist/file_list_panel.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <cerrno>
+
+#include "filelist/list_roles.h"
+#include "filelist/list_view.h"
+#include "filelist/row_menu.h"
+#include "platform/qt/text_qt.h"
+#include "support/keys.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+/// Two folders; rows are 0 "/a/", 1 to 3 its files, 4 "/b/", 5 its file.
+class FileListTest : public testing::Test {
+ protected:
+  FileListTest() {
+    const struct {
+      const char* folder;
+      const char* name;
+      double size;
+    } table[] = {{"/a/", "IMG_3.JPG", 5'000'000'000.0},
+                 {"/a/", "IMG_1.JPG", 20},
+                 {"/a/", "bad\xFF.JPG", 7},
+                 {"/b/", "x.txt", 1}};
+    for (const auto& row : table) {
+      records.AddRecord("", row.folder, row.name, FileDate(2024, 3, 12, 9, 8, 7), row.size, "File");
+    }
+    records[0].newFileName = "3_a.jpg";
+    grid.Populate();
+    panel.ListRepopulated();
+    panel.resize(700, 400);
+    panel.show();
+    QCoreApplication::processEvents();
+    QObject::connect(&panel, &FileListPanel::rowChecked, [&](int row) { checked.push_back(row); });
+  }
+
+  QVariant Data(int row, int column, int role = Qt::DisplayRole) {
+    return model.index(row, column).data(role);
+  }
+  std::string Text(int row, int column, int role = Qt::DisplayRole) {
+    return Data(row, column, role).toString().toStdString();
+  }
+  void Mouse(std::initializer_list<QEvent::Type> types, const QPoint& place) {
+    for (const QEvent::Type type : types) {
+      const bool up = type == QEvent::MouseButtonRelease;
+      QMouseEvent event(type, place, list.viewport()->mapToGlobal(place), Qt::LeftButton,
+                        up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(list.viewport(), &event);
+    }
+  }
+  void SortBy(int column) { list.horizontalHeader()->setSortIndicator(column, Qt::AscendingOrder); }
+
+  Records records;
+  Grid grid{records};
+  FileListPanel panel{grid};
+  ListView& list = *panel.ReportControl1;
+  QAbstractItemModel& model = *list.model();
+  std::vector<int> checked;  ///< the rows told of
+};
+
+}  // namespace
+
+TEST_F(FileListTest, CellsTellTheirTextsAndGroupRowsThatTheyAreGroups) {
+  const struct {
+    const char* caption;
+    const char* text;
+  } columns[] = {{"Path", "/a/"},  {"Size", "5000000000"},
+                 {"Type", "File"}, {"Date", "2024.03.12 09:08:07"},
+                 {"", ""},         {"Source file name", "IMG_3.JPG"},
+                 {">>", ">>"},     {"New file name", "3_a.jpg"}};
+  ASSERT_EQ(model.columnCount(), 8);
+  for (int column = 0; column < 8; ++column) {
+    EXPECT_EQ(model.headerData(column, Qt::Horizontal), QLatin1String(columns[column].caption));
+    EXPECT_EQ(Text(1, column), columns[column].text);
+    EXPECT_EQ(Text(0, column, Qt::AccessibleDescriptionRole), "group, 3 files");
+    EXPECT_EQ(Text(4, column, Qt::AccessibleDescriptionRole), "group, 1 file");
+    EXPECT_FALSE(Data(0, column, Qt::CheckStateRole).isValid());
+    EXPECT_EQ(Data(1, column, Qt::CheckStateRole).isValid(), column == kColumnCheck);
+    EXPECT_TRUE(model.flags(model.index(0, column)) & Qt::ItemIsSelectable);
+  }
+  EXPECT_TRUE(Data(1, kColumnSize, Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+  EXPECT_EQ(Text(3, kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
+  EXPECT_EQ(Text(0, kColumnSourceName), "/a/");
+  EXPECT_FALSE(model.setData(model.index(0, kColumnCheck), Qt::Unchecked, Qt::CheckStateRole));
+}
+
+TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
+  const struct {
+    Mark mark;
+    int problem;
+    bool checked;
+    const char *new_name, *words, *reason;
+  } table[] = {
+      {Mark::kWaiting, 0, true, "3_a.jpg", "waiting, IMG_ removed", ""},
+      {Mark::kFailed, 0, false, "IMG_3.JPG", "failed, not checked, name unchanged", ""},
+      {Mark::kFailed, EEXIST, false, "IMG_3.JPG",
+       "failed: The name is already taken. not checked, name unchanged",
+       "The name is already taken."},
+      {Mark::kDone, EEXIST, true, "", "not undone: The name is already taken.",
+       "The name is already taken."},
+  };
+  for (const auto& row : table) {
+    FileRow& file = records[0];
+    file.mark = row.mark;
+    file.problem = static_cast<std::int16_t>(row.problem);
+    file.checked = row.checked;
+    file.newFileName = row.new_name;
+    EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole), row.words);
+    EXPECT_EQ(Text(1, kColumnMark, kReasonRole), row.reason);
+    EXPECT_EQ(Text(1, kColumnDate, kReasonRole), "");
+  }
+}
+
+TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
+  const auto cell = [&](int row) {
+    return list.visualRect(model.index(row, kColumnCheck)).center();
+  };
+  Mouse({QEvent::MouseButtonPress, QEvent::MouseButtonRelease}, cell(1));
+  EXPECT_FALSE(records[0].checked);
+  Mouse({QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+         QEvent::MouseButtonRelease},
+        cell(2));
+  EXPECT_TRUE(records[1].checked) << "two quick clicks are two";
+  Mouse({QEvent::MouseButtonPress, QEvent::MouseButtonRelease}, cell(0));  // has no box
+  EXPECT_THAT(checked, ElementsAre(1, 2, 2));
+
+  list.setCurrentIndex(model.index(1, kColumnSourceName));
+  list.selectAll();
+  for (const bool on : {true, false}) {  // all go as the current row goes
+    Press(&list, Qt::Key_Space);
+    for (std::size_t i = 0; i < records.Count(); ++i) EXPECT_EQ(records[i].checked, on) << i;
+  }
+  EXPECT_EQ(checked.size(), 5U);
+}
+
+TEST_F(FileListTest, CurrentAndSelectedRowsGoWithTheirFilesThroughASort) {
+  int told = 0;
+  QObject::connect(&panel, &FileListPanel::sortChanged, [&] { ++told; });
+  list.selectRow(1);
+  SortBy(kColumnSize);
+  EXPECT_EQ(Text(1, kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
+  EXPECT_EQ(list.currentIndex().row(), 3);
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(3));
+  SortBy(kColumnMark);  // can't be sorted by, so nothing moves
+  EXPECT_EQ(list.horizontalHeader()->sortIndicatorSection(), kColumnSize);
+  EXPECT_EQ(told, 1);
+  SortBy(-1);
+  EXPECT_EQ(list.currentIndex().row(), 1);
+}
+
+TEST_F(FileListTest, GroupingAnewKeepsTheCurrentFileAndFillsNoClearedList) {
+  std::vector<int> told;
+  QObject::connect(&panel, &FileListPanel::groupByChanged, [&](int to) { told.push_back(to); });
+  list.selectRow(5);
+  panel.cmbGroupBy->setCurrentIndex(0);
+  EXPECT_EQ(model.rowCount(), 4);
+  EXPECT_EQ(list.currentIndex().row(), 3);
+  grid.Clear();
+  panel.ListRepopulated();
+  panel.cmbGroupBy->setCurrentIndex(2);
+  SortBy(kColumnSourceName);
+  EXPECT_EQ(model.rowCount(), 0);
+  EXPECT_THAT(told, ElementsAre(0, 2));
+}
+
+TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
+  const auto fills = [&] { return list.horizontalHeader()->length() == list.viewport()->width(); };
+  EXPECT_TRUE(list.isColumnHidden(kColumnPath));
+  EXPECT_TRUE(fills());
+  panel.ColumnBox(kColumnSize)->setChecked(true);
+  EXPECT_FALSE(list.isColumnHidden(kColumnSize));
+  EXPECT_EQ(list.columnWidth(kColumnSize), 80);
+  EXPECT_TRUE(fills());
+  list.setColumnWidth(kColumnSourceName, 400);  // as a drag of the heading does
+  panel.ColumnBox(kColumnSize)->setChecked(false);
+  EXPECT_EQ(list.columnWidth(kColumnSourceName), 400);
+  EXPECT_TRUE(fills());
+  panel.resize(200, 400);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(list.columnWidth(kColumnNewName), 140) << "narrower is not readable";
+}
+
+TEST_F(FileListTest, TheWideButtonTurnsAndKeepsItsKey) {
+  std::vector<bool> told;
+  QObject::connect(&panel, &FileListPanel::wideToggled, [&](bool wide) { told.push_back(wide); });
+  for (const char* caption : {">", "<"}) {
+    panel.bnWideFileList->click();
+    EXPECT_EQ(panel.bnWideFileList->text(), QLatin1String(caption));
+    EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9));
+  }
+  EXPECT_THAT(told, ElementsAre(true, false));
+}
+
+TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
+  const struct {
+    RowMenuPlace place;
+    const char* commands;
+  } table[] = {
+      {{true, false, false}, "102 112 105 113 101 "},
+      {{true, true, false}, "102 112 105 113 101 | 109 114 111 115 110 "},
+      {{true, false, true}, "102 112 105 113 101 | 106 107 | 108 "},
+      {{false, false, true}, "106 107 | 108 "},
+  };
+  for (const auto& row : table) {
+    QMenu menu;
+    std::string commands;
+    FillRowMenu(menu, row.place, [&](int id) { commands += std::to_string(id) + " "; });
+    for (QAction* action : menu.actions()) {
+      if (action->isSeparator()) {
+        commands += "| ";
+      } else {
+        action->trigger();
+      }
+    }
+    EXPECT_EQ(commands, row.commands);
+  }
+}
+
+TEST(NamePieces, AreTheShownNameWhateverStandsBesideTheirBorders) {
+  const std::string old_name = "\U0001F468\xFF-a\u200D1\u200C.x";
+  const std::string new_name = "\U0001F468\xFF-a\u200D23\n\u200C.x";
+  EXPECT_EQ(Join(MarkGone(old_name, new_name)), text::Shown(old_name));
+  EXPECT_EQ(Join(MarkNew(old_name, new_name)), text::Shown(new_name));
+  EXPECT_GT(MarkNew(old_name, new_name).size(), 1U);
+}
+
+TEST(NamePieces, AnElidedMiddleTakesTheMarkThatItHidesAndIsOneRunWithIt) {
+  const QFontMetrics metrics{QFont()};
+  const QString end = QStringLiteral("mmmm");
+  const int width = metrics.horizontalAdvance(end + end + QStringLiteral("nnnn"));
+  for (const bool marked : {false, true}) {
+    const NamePieces pieces = {
+        {end, !marked}, {QStringLiteral("nnnnnnnnnnnn"), marked}, {end, !marked}};
+    const NamePieces elided = ElideMiddle(pieces, metrics, width);
+    ASSERT_EQ(elided.size(), 3U) << Join(elided).toStdString();
+    EXPECT_EQ(elided[0], pieces[0]);
+    EXPECT_TRUE(elided[1].text.contains(u'…'));
+    EXPECT_EQ(elided[1].marked, marked);
+    EXPECT_EQ(elided[2], pieces[2]);
+    EXPECT_LE(metrics.horizontalAdvance(Join(elided)), width);
+    EXPECT_EQ(ElideMiddle(pieces, metrics, 10 * width), pieces);
+  }
+}
