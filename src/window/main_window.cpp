@@ -11,7 +11,6 @@
 
 #include "commands/command_buttons.h"
 #include "filelist/file_list_panel.h"
-#include "filelist/folder_pages.h"
 #include "look/look.h"
 #include "look/skin.h"
 #include "names/editor/constructor_editor.h"
@@ -20,6 +19,7 @@
 #include "rename/results/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
+#include "window/folder_pages.h"
 #include "window/status_bar.h"
 
 namespace {

@@ -6,8 +6,8 @@
 
 #include "core/run_state.h"
 #include "filelist/file_list_panel.h"
-#include "filelist/folder_pages.h"
 #include "platform/qt/text_qt.h"
+#include "window/folder_pages.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "filelist/folder_pages.h"
+#include "window/folder_pages.h"
 
 #include <QCheckBox>
 #include <QComboBox>
