@@ -13,10 +13,19 @@
 #include "filelist/file_list_model.h"
 #include "filelist/list_view.h"
 #include "look/look.h"
+#include "look/option_controls.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {
+
+constexpr std::tuple kOptions{
+    OptionControl{&ListOptions::chColumnPath, &FileListPanel::chColumnPath},
+    OptionControl{&ListOptions::chColumnSize, &FileListPanel::chColumnSize},
+    OptionControl{&ListOptions::chColumnType, &FileListPanel::chColumnType},
+    OptionControl{&ListOptions::chColumnDate, &FileListPanel::chColumnDate},
+    OptionControl{&ListOptions::cmbGroupBy, &FileListPanel::cmbGroupBy},
+};
 
 /// The optional columns.
 struct ColumnBox {
@@ -77,6 +86,14 @@ FileListPanel::FileListPanel(Grid& grid, QWidget* parent)
   ConnectControls();
   ConnectList();
   SetEmptyText(EmptyList::kNotListed);
+}
+
+ListOptions FileListPanel::ReadOptions() const {
+  return OptionsIn<ListOptions>(*this, kOptions);
+}
+
+void FileListPanel::Show(const ListOptions& options) {
+  ShowOptions(options, kOptions, *this);
 }
 
 void FileListPanel::MakeControls() {

@@ -6,6 +6,7 @@
 
 #include "filelist/empty_list.h"
 #include "filelist/grid.h"
+#include "settings/options.h"
 
 class FileListModel;
 class ListView;
@@ -29,6 +30,11 @@ class FileListPanel : public QWidget {
   void RowsChanged();
   /// What the list tells while it has no rows.
   void SetEmptyText(EmptyList reason);
+
+  /// What the controls hold.
+  ListOptions ReadOptions() const;
+  /// Sets the controls; one that changes runs its handlers.
+  void Show(const ListOptions& options);
 
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);

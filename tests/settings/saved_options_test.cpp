@@ -11,50 +11,50 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// Every option unlike the one of a first start.
-SavedOptions Unusual() {
-  SavedOptions options;
-  options.fdSourceFolder = "/photos/\xFF/";
-  options.chSubfolders = false;
-  options.fdIncludeMask = "*.jpg;*.png";
-  options.fdExcludeMask = " ";
-  options.cmbDestination = 2;
-  options.fdDestination = "/out/";
-  options.chDestinationSubfolders = false;
-  options.chColumnPath = options.chColumnSize = true;
-  options.chColumnType = options.chColumnDate = true;
-  options.cmbGroupBy = 2;
-  options.gConflictAddNumber = 0;
-  options.gNumberLeft = "(";
-  options.gNumberRight = "";
+Options Unusual() {
+  Options options;
+  options.source.fdSourceFolder = "/photos/\xFF/";
+  options.source.chSubfolders = false;
+  options.source.fdIncludeMask = "*.jpg;*.png";
+  options.source.fdExcludeMask = " ";
+  options.output.cmbDestination = 2;
+  options.output.fdDestination = "/out/";
+  options.output.chDestinationSubfolders = false;
+  options.list.chColumnPath = options.list.chColumnSize = true;
+  options.list.chColumnType = options.list.chColumnDate = true;
+  options.list.cmbGroupBy = 2;
+  options.numbering.gConflictAddNumber = 0;
+  options.numbering.gNumberLeft = "(";
+  options.numbering.gNumberRight = "";
   return options;
 }
 
 /// How many options were dealt with.
-std::size_t Read(SettingsStore& store, SavedOptions& options) {
+std::size_t Read(SettingsStore& store, Options& options) {
   std::size_t read = 0;
   ReadSavedOptions(store, options, read);
   return read;
 }
 
-void ExpectSame(const SavedOptions& a, const SavedOptions& b) {
+void ExpectSame(const Options& a, const Options& b) {
   MemorySettings left, right;
   for (auto [store, options] : {std::pair{&left, &a}, std::pair{&right, &b}}) {
     WriteSavedOptions(*store, *options);
-    WriteConflictOptions(*store, *options);
+    WriteConflictOptions(*store, options->numbering);
   }
   EXPECT_EQ(left.written, right.written);
 }
 
 TEST(SavedOptions, AnEmptyStoreIsAFirstStart) {
   MemorySettings store;
-  SavedOptions read = Unusual();
+  Options read = Unusual();
   Read(store, read);
-  ExpectSame(read, SavedOptions());
+  ExpectSame(read, Options());
 }
 
 TEST(SavedOptions, WritesInTheOrderOfTheReadingAndLeavesConflictsToTheirDialog) {
   MemorySettings store;
-  WriteSavedOptions(store, SavedOptions());
+  WriteSavedOptions(store, Options());
   EXPECT_THAT(store.written,
               ElementsAre("SaveSourceFolderOptions=1", "SaveOutputFolderOptions=1",
                           "SaveFileListOptions=1", "SourceFolderPath=", "SourceFolderSubfolders=1",
@@ -68,8 +68,9 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
   WriteSavedOptions(store, Unusual());
   const auto before = store.values;
 
-  SavedOptions off;
-  off.chSaveSourceFolderOptions = off.chSaveOutputFolderOptions = off.chSaveFileListOptions = false;
+  Options off;
+  off.save.chSaveSourceFolderOptions = off.save.chSaveOutputFolderOptions =
+      off.save.chSaveFileListOptions = false;
   WriteSavedOptions(store, off);
   EXPECT_EQ(store.values.size(), before.size());
   EXPECT_EQ((store.values[{"Settings\\Folders", "SourceFolderPath"}]), "/photos/\xFF/");
@@ -77,23 +78,23 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
 
   // The controls keep what they hold, but for the three that fall back.
   store.read.clear();
-  SavedOptions read = Unusual();
+  Options read = Unusual();
   Read(store, read);
   EXPECT_THAT(store.read,
               ElementsAre("SaveSourceFolderOptions", "SaveOutputFolderOptions",
                           "SaveFileListOptions", "AddNumber", "NumberLeft", "NumberRight"));
-  EXPECT_EQ(read.fdSourceFolder, "/photos/\xFF/");
-  EXPECT_TRUE(read.chSubfolders);
-  EXPECT_EQ(read.cmbDestination, 0);
-  EXPECT_EQ(read.fdDestination, "/out/");
-  EXPECT_TRUE(read.chDestinationSubfolders);
-  EXPECT_TRUE(read.chColumnDate);
-  EXPECT_EQ(read.cmbGroupBy, 1);
+  EXPECT_EQ(read.source.fdSourceFolder, "/photos/\xFF/");
+  EXPECT_TRUE(read.source.chSubfolders);
+  EXPECT_EQ(read.output.cmbDestination, 0);
+  EXPECT_EQ(read.output.fdDestination, "/out/");
+  EXPECT_TRUE(read.output.chDestinationSubfolders);
+  EXPECT_TRUE(read.list.chColumnDate);
+  EXPECT_EQ(read.list.cmbGroupBy, 1);
 }
 
 TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
   MemorySettings good;
-  SavedOptions any;
+  Options any;
   Read(good, any);
   const std::vector<std::string>& order = good.read;
   constexpr std::size_t kConflicts = 15;  // from here on their own dialog writes
@@ -112,7 +113,7 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
     WriteSavedOptions(store, Unusual());
     store.values[{row.section, row.key}] = row.text;
     store.written.clear();
-    SavedOptions options;
+    Options options;
     OptionsAtStart start;
     const auto read = [&] { ReadSavedOptions(store, options, start.read); };
     EXPECT_THAT(FailureReport(read), HasSubstr(row.failure));
@@ -120,7 +121,7 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
     EXPECT_EQ(order[start.read], row.key);
 
     start.shown = options;
-    options.fdIncludeMask = "*.raw";
+    options.source.fdIncludeMask = "*.raw";
     WriteSavedOptions(store, options, start);
     std::vector<std::string> written, expected;
     for (const std::string& one : store.written) written.push_back(one.substr(0, one.find('=')));
@@ -136,8 +137,8 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
 TEST(SavedOptions, AGroupTurnedOnBehindABadValueIsWritten) {
   MemorySettings store;
   OptionsAtStart start{.read = 0, .shown = {}};
-  start.shown.chSaveFileListOptions = false;
-  WriteSavedOptions(store, SavedOptions(), start);
+  start.shown.save.chSaveFileListOptions = false;
+  WriteSavedOptions(store, Options(), start);
   EXPECT_THAT(store.written,
               ElementsAre("SaveSourceFolderOptions=1", "SaveFileListOptions=1", "ColumnPath=0",
                           "ColumnSize=0", "ColumnType=0", "ColumnDate=0", "GroupBy=1"));

@@ -34,12 +34,12 @@ TEST_F(FolderPagesTest, ChoosesTheSourceFolderFromTheOneThatStands) {
   pages.SetSourceFolder("/pictures");
   changed = 0;
   pages.Command2->click();
-  EXPECT_EQ(pages.SourceFolder(), "/pictures") << "cancelled";
+  EXPECT_EQ(pages.Source().fdSourceFolder, "/pictures") << "cancelled";
   EXPECT_EQ(chosen, 0);
 
   answer = "/music";
   pages.Command2->click();
-  EXPECT_EQ(pages.SourceFolder(), "/music/");
+  EXPECT_EQ(pages.Source().fdSourceFolder, "/music/");
   EXPECT_EQ(changed, 1);
   pages.Command2->click();
   EXPECT_EQ(changed, 1);
@@ -51,7 +51,7 @@ TEST_F(FolderPagesTest, ChoosesTheOutputFolderWithoutASourceSignal) {
   pages.fdDestination->setText(QStringLiteral("/old/"));
   answer = "/";
   pages.bnDestination->click();
-  EXPECT_EQ(pages.DestinationFolder(), "/");
+  EXPECT_EQ(pages.Output().fdDestination, "/");
   EXPECT_EQ(starts, std::vector<std::string>{"/old/"});
   EXPECT_EQ(changed + chosen, 0);
 }
@@ -65,10 +65,10 @@ TEST_F(FolderPagesTest, ClosesATypedOutputFolderWhenItIsLeftAndNoOther) {
     SCOPED_TRACE(row.typed);
     pages.fdDestination->setText(QLatin1String(row.typed));
     Leave(pages.fdDestination);
-    EXPECT_EQ(pages.DestinationFolder(), row.left);
+    EXPECT_EQ(pages.Output().fdDestination, row.left);
     pages.SetSourceFolder(row.typed);
     Leave(pages.fdSourceFolder);
-    EXPECT_EQ(pages.SourceFolder(), row.typed);
+    EXPECT_EQ(pages.Source().fdSourceFolder, row.typed);
   }
 }
 
@@ -80,7 +80,7 @@ TEST_F(FolderPagesTest, HidesTheOutputFolderWhereItIsNotUsed) {
     EXPECT_EQ(pages.fdDestination->isHidden(), mode == 0);
     EXPECT_EQ(pages.bnDestination->isHidden(), mode == 0);
     EXPECT_EQ(pages.chDestinationSubfolders->isHidden(), mode == 0);
-    EXPECT_EQ(pages.DestinationFolder(), "/sorted/");
+    EXPECT_EQ(pages.Output().fdDestination, "/sorted/");
   }
 }
 

@@ -1,5 +1,3 @@
-#include "window/saved_controls.h"
-
 #include <gmock/gmock.h>
 
 #include <QApplication>
