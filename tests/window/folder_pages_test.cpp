@@ -2,84 +2,65 @@
 
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <vector>
 
-#include "platform/qt/text_qt.h"
 #include "support/keys.h"
 
 namespace {
 
-class FolderPagesTest : public testing::Test {
- protected:
-  FolderPagesTest() {
-    QObject::connect(&pages, &FolderPages::sourceFolderChanged, [this] { ++changed; });
-    QObject::connect(&pages, &FolderPages::folderChosen, [this] { ++chosen; });
-  }
-
-  std::string answer;
-  std::vector<std::string> starts;
-  FolderPages pages{nullptr, [this](const std::string& start) {
-                      starts.push_back(start);
-                      return answer;
-                    }};
-  int changed = 0;
-  int chosen = 0;
+struct FolderPagesTest : testing::Test {
+  std::string answer, start;
+  FolderPages pages{nullptr, [this](const std::string& from) { return start = from, answer; }};
 };
 
-TEST_F(FolderPagesTest, ChoosesTheSourceFolderFromTheOneThatStands) {
-  pages.SetSourceFolder("/pictures");
-  changed = 0;
-  pages.Command2->click();
-  EXPECT_EQ(pages.Source().fdSourceFolder, "/pictures") << "cancelled";
-  EXPECT_EQ(chosen, 0);
-
-  answer = "/music";
-  pages.Command2->click();
-  EXPECT_EQ(pages.Source().fdSourceFolder, "/music/");
-  EXPECT_EQ(changed, 1);
-  pages.Command2->click();
-  EXPECT_EQ(changed, 1);
-  EXPECT_EQ(chosen, 2) << "the same folder again is a choice too";
-  EXPECT_EQ(starts, (std::vector<std::string>{"/pictures", "/pictures", "/music/"}));
-}
-
-TEST_F(FolderPagesTest, ChoosesTheOutputFolderWithoutASourceSignal) {
-  pages.fdDestination->setText(QStringLiteral("/old/"));
-  answer = "/";
-  pages.bnDestination->click();
-  EXPECT_EQ(pages.Output().fdDestination, "/");
-  EXPECT_EQ(starts, std::vector<std::string>{"/old/"});
-  EXPECT_EQ(changed + chosen, 0);
-}
-
-TEST_F(FolderPagesTest, ClosesATypedOutputFolderWhenItIsLeftAndNoOther) {
+TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
+  pages.Show(SourceOptions{"/pictures", "", "", true});
+  pages.Show(OutputOptions{kUseSourceFolder, "/old/"});
+  std::string told;
+  QObject::connect(&pages, &FolderPages::sourceFolderChanged, [&] { told += "changed "; });
+  QObject::connect(&pages, &FolderPages::folderChosen, [&] { told += "chosen "; });
   const struct {
-    const char* typed;
-    const char* left;
-  } table[] = {{"/sorted", "/sorted/"}, {"/sorted/", "/sorted/"}, {"", ""}, {"sorted", "sorted"}};
+    QPushButton* button;
+    const char *answer, *start, *source, *output, *told;
+  } table[] = {
+      {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
+      {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
+      {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
+      {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
+  };
   for (const auto& row : table) {
-    SCOPED_TRACE(row.typed);
-    pages.fdDestination->setText(QLatin1String(row.typed));
-    Leave(pages.fdDestination);
-    EXPECT_EQ(pages.Output().fdDestination, row.left);
-    pages.SetSourceFolder(row.typed);
-    Leave(pages.fdSourceFolder);
-    EXPECT_EQ(pages.Source().fdSourceFolder, row.typed);
+    answer = row.answer;
+    told = "";
+    row.button->click();
+    EXPECT_EQ(start, row.start);
+    EXPECT_EQ(pages.Source().fdSourceFolder, row.source);
+    EXPECT_EQ(pages.Output().fdDestination, row.output);
+    EXPECT_EQ(told, row.told);
   }
 }
 
-TEST_F(FolderPagesTest, HidesTheOutputFolderWhereItIsNotUsed) {
-  pages.fdDestination->setText(QStringLiteral("/sorted/"));
+TEST_F(FolderPagesTest, CloseATypedOutputFolderWhenItIsLeftAndNoOther) {
+  const std::pair<const char*, const char*> table[] = {
+      {"/sorted", "/sorted/"}, {"/sorted/", "/sorted/"}, {"", ""}, {"sorted", "sorted"}};
+  for (const auto& [typed, left] : table) {
+    pages.fdDestination->setText(QLatin1String(typed));
+    Leave(pages.fdDestination);
+    EXPECT_EQ(pages.Output().fdDestination, left);
+    pages.SetSourceFolder(typed);
+    Leave(pages.fdSourceFolder);
+    EXPECT_EQ(pages.Source().fdSourceFolder, typed);
+  }
+}
+
+TEST_F(FolderPagesTest, HideTheOutputFolderWhereItIsNotUsed) {
+  pages.Show(OutputOptions{kUseSourceFolder, "/sorted/"});
   for (const int mode : {0, 1, 2, 0}) {
-    SCOPED_TRACE(mode);
     pages.cmbDestination->setCurrentIndex(mode);
-    EXPECT_EQ(pages.fdDestination->isHidden(), mode == 0);
-    EXPECT_EQ(pages.bnDestination->isHidden(), mode == 0);
-    EXPECT_EQ(pages.chDestinationSubfolders->isHidden(), mode == 0);
+    for (const char* name : {"fdDestination", "bnDestination", "chDestinationSubfolders"}) {
+      EXPECT_EQ(pages.findChild<QWidget*>(QLatin1String(name))->isHidden(), mode == 0) << name;
+    }
     EXPECT_EQ(pages.Output().fdDestination, "/sorted/");
   }
 }
