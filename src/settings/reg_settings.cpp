@@ -6,6 +6,8 @@
 
 namespace mRegSettings {
 
+namespace {
+
 std::int32_t ToInteger(std::string_view text) {
   std::int32_t value = 0;
   const char* const end = text.data() + text.size();
@@ -16,6 +18,8 @@ std::int32_t ToInteger(std::string_view text) {
   if (error == std::errc::result_out_of_range) throw Failure(kOverflow, "Overflow");
   return value;
 }
+
+}  // namespace
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
   return ErrTrace::inner(

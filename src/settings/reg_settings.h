@@ -17,17 +17,15 @@ struct Setting {
   std::string_view default_text;
 };
 
-/// The number that the whole of `text` is: digits, with "-" in front or not. Raises Failure
-/// kTypeMismatch when it is none, kOverflow when it needs more than 32 bits.
-std::int32_t ToInteger(std::string_view text);
-
 /// In bytes. No control takes as much; a damaged file can hold any length.
 inline constexpr std::size_t kLongestText = 64 * 1024;
 
 /// Raises Failure kInvalidPropertyValue for a text above kLongestText, and so do all that read.
 std::string ReadText(SettingsStore& store, const Setting& setting);
 
-/// As ToInteger; the report of a failure names the key.
+/// The number that the whole text is: digits, with "-" in front or not. Raises Failure
+/// kTypeMismatch when it is none, kOverflow when it needs more than 32 bits; the report names the
+/// key.
 std::int32_t ReadInteger(SettingsStore& store, const Setting& setting);
 
 /// As ReadInteger; raises Failure kInvalidPropertyValue for a number below `least` or above `most`.

@@ -13,11 +13,9 @@ struct OptionsAtStart {
   Options shown;                                               ///< what the controls held after it
 };
 
-/// Lays what is stored over `options`, which hold what the controls hold now: the three save boxes,
-/// then the source page, the output page and the file list, each only if its box is on (else it
-/// falls back to "Include subfolders" on; to "Use source folder" and "Create subfolders" on; to
-/// groups by path, and keeps the rest), then the numbering of conflicts. `read` is how many options
-/// are dealt with.
+/// Lays what is stored over `options`, which hold what the controls hold now, in the order of the
+/// table. Of a group whose box is off, some options take their defaults and the rest stay as they
+/// are. `read` is how many options are dealt with.
 ///
 /// Raises Failure at the first value that isn't what it should be (kTypeMismatch, kOverflow,
 /// kInvalidPropertyValue). What was read before stands in `options`, what comes after it is

@@ -107,14 +107,13 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
   }
 }
 
-TEST(SavedOptions, AGroupTurnedOnBehindABadValueIsWritten) {
+TEST(SavedOptions, AGroupTurnedOnAfterAStartThatReadNothingIsWritten) {
   MemorySettings store;
-  OptionsAtStart start{.read = 0, .shown = {}};
+  OptionsAtStart start{.could_read = false, .shown = {}};
   start.shown.save.chSaveFileListOptions = false;
   WriteSavedOptions(store, Options(), start);
-  EXPECT_EQ(store.written,
-            (Texts{"SaveSourceFolderOptions=1", "SaveFileListOptions=1", "ColumnPath=0",
-                   "ColumnSize=0", "ColumnType=0", "ColumnDate=0", "GroupBy=1"}));
+  EXPECT_EQ(store.written, (Texts{"SaveFileListOptions=1", "ColumnPath=0", "ColumnSize=0",
+                                  "ColumnType=0", "ColumnDate=0", "GroupBy=1"}));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -55,11 +54,11 @@ TEST_F(FolderPagesTest, CloseATypedOutputFolderWhenItIsLeftAndNoOther) {
 }
 
 TEST_F(FolderPagesTest, HideTheOutputFolderWhereItIsNotUsed) {
-  pages.Show(OutputOptions{kUseSourceFolder, "/sorted/"});
-  for (const int mode : {0, 1, 2, 0}) {
-    pages.cmbDestination->setCurrentIndex(mode);
+  for (const int mode : {kUseSourceFolder, kCopyTo, kMoveTo, kUseSourceFolder}) {
+    pages.Show(OutputOptions{mode, "/sorted/"});
     for (const char* name : {"fdDestination", "bnDestination", "chDestinationSubfolders"}) {
-      EXPECT_EQ(pages.findChild<QWidget*>(QLatin1String(name))->isHidden(), mode == 0) << name;
+      const auto* control = pages.findChild<QWidget*>(QLatin1String(name));
+      EXPECT_EQ(control->isHidden(), mode == kUseSourceFolder) << name;
     }
     EXPECT_EQ(pages.Output().fdDestination, "/sorted/");
   }

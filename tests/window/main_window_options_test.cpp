@@ -1,11 +1,9 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+#include <QVariant>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -50,17 +48,11 @@ const std::span<const Control> kOptions = kAll.first(12);  ///< of the pages and
 /// What the control holds, after it took a text, if one is given.
 std::string Held(QWidget& window, const Control& control, const std::string* text = nullptr) {
   auto* found = window.findChild<QWidget*>(QLatin1String(control.name.c_str()));
-  if (auto* box = qobject_cast<QCheckBox*>(found)) {
-    if (text) box->setChecked(*text == "1");
-    return box->isChecked() ? "1" : "0";
-  }
-  if (auto* list = qobject_cast<QComboBox*>(found)) {
-    if (text) list->setCurrentIndex(std::stoi(*text));
-    return std::to_string(list->currentIndex());
-  }
-  auto* field = qobject_cast<QLineEdit*>(found);
-  if (text) field->setText(text::ToQt(*text));
-  return text::FromQt(field->text());
+  const bool field = control.name.starts_with("fd");
+  const char* held = field ? "text" : control.name.starts_with("ch") ? "checked" : "currentIndex";
+  if (text) found->setProperty(held, text::ToQt(*text));
+  const QVariant value = found->property(held);
+  return field ? text::FromQt(value.toString()) : std::to_string(value.toInt());
 }
 
 /// The program, started anew as often as wanted over one folder of settings.
