@@ -104,7 +104,7 @@ Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName 
   }
   RunState state;
   RunReports reports;
-  const OutputOptions output{kUseSourceFolder, "", true, folder};
+  const RunOutput output{kUseSourceFolder, "", true, folder};
   Times times;
   times.run = bench::Seconds([&] {
     RenameRun(output, records, state, *world.files, world.events, *world.clock, reports)
@@ -129,7 +129,7 @@ void MeasureScan(World& world, const std::string& root) {
     RunState state;
     FileTypes types(world.type_names);
     LongPass pass(0, state, world.events, *world.clock);
-    mScanCD::Scan({mask, "", true}, records, state, *world.files, *world.clock, types, pass)
+    mScanCD::Scan({tree, mask, "", true}, records, state, *world.files, *world.clock, types, pass)
         .ShowDir3_FillPreview("tree", tree);
     Require(records.Count() == expected, "the scan");
   };

@@ -4,22 +4,13 @@
 
 #include "core/run_modes.h"
 #include "filelist/empty_list.h"
-#include "rename/output_options.h"
-
-/// Where to look for files, as the page "Source folder" holds it.
-struct SourceOptions {
-  std::string fdSourceFolder;
-  std::string fdIncludeMask;
-  std::string fdExcludeMask;
-  bool chSubfolders = true;
-};
+#include "settings/options.h"
 
 /// What the commands need of the main window.
 class CommandView : public ModeView {
  public:
   /// The options as they stand when a command starts; all option controls are off during a pass.
-  virtual SourceOptions ReadSourceOptions() = 0;
-  virtual OutputOptions ReadOutputOptions() = 0;
+  virtual Options ReadOptions() const = 0;
   virtual void SetSourceFolder(const std::string& folder) = 0;
 
   /// The rows of the grid were made anew; `reason` is what an empty list tells.

@@ -63,7 +63,7 @@ void Commands::bnCancel_Click() {
 
 void Commands::bnLoadFileList_Click() {
   ErrTrace::top("Form1.bnLoadFileList_Click", [&] {
-    SourceOptions source = view_.ReadSourceOptions();
+    SourceOptions source = view_.ReadOptions().source;
     source.fdSourceFolder = text::Trim(source.fdSourceFolder);
     view_.SetSourceFolder(source.fdSourceFolder);
     if (source.fdSourceFolder.empty()) return;
@@ -81,8 +81,7 @@ void Commands::RunScan(const SourceOptions& source) {
   state_.gFileCount = 0;
   Records& records = grid_.AllRecords();
   LongPass pass(0, state_, events_, parts_.clock);
-  mScanCD::Scan scan({source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders}, records,
-                     state_, parts_.files, parts_.clock, types_, pass);
+  mScanCD::Scan scan(source, records, state_, parts_.files, parts_.clock, types_, pass);
   scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
   if (state_.gCancelRequested) return ShowNoList(EmptyList::kNotComplete);
   if (records.Count() == 0) return ShowNoList(WhyNoneFound(source, scan.Findings()));
@@ -143,27 +142,29 @@ void Commands::bnPreview_Click() {
 void Commands::bnRename_Click() {
   ErrTrace::top("Form1.bnRename_Click", [&] {
     if (grid_.RowCount() == 0) return;
-    const OutputOptions output = view_.ReadOutputOptions();
-    if (output.cmbDestination >= kCopyTo && output.fdDestination.empty()) {
+    const Options options = view_.ReadOptions();
+    const OutputOptions& output = options.output;
+    if (AsksForFolder(output.cmbDestination) && output.fdDestination.empty()) {
       parts_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
       return;
     }
-    if (output.cmbDestination >= kCopyTo && !mMain::IsAbsolutePath(output.fdDestination)) {
+    if (AsksForFolder(output.cmbDestination) && !mMain::IsAbsolutePath(output.fdDestination)) {
       parts_.prompts.Tell(kNotAbsolute, PromptIcon::kExclamation);
       return;
     }
     const OnFailure usable([this] { LeaveUsable(ModeRunCancelled); });
     EnableDisable(ModeRunStarting);
-    fRename(output);
+    fRename(options);
   });
 }
 
-bool Commands::fRename(const OutputOptions& output) {
+bool Commands::fRename(const Options& options) {
   return ErrTrace::inner("Form1.fRename", [&] {
     Records& records = grid_.AllRecords();
     ShowProgress("Renaming ", records.Count());
     state_.gCancelRequested = false;
     parts_.reports.DeleteAll();
+    const RunOutput output{options.output, options.source.fdSourceFolder};
     RenameRun run(output, records, state_, parts_.files, events_, parts_.clock, parts_.reports);
     run.RunRename();
     parts_.files.LetFoldersGo();

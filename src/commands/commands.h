@@ -69,7 +69,7 @@ class Commands {
   /// After a failure: the mode from which the user can go on, the rows as far as they got.
   void LeaveUsable(int mode);
   void ShowProgress(const char* status, std::size_t max);
-  bool fRename(const OutputOptions& output);
+  bool fRename(const Options& options);
 
   CommandParts parts_;
   RunState& state_;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "settings/options.h"
+
 /// What the three panes of the status bar show. The passes write it; the window shows it whenever
 /// events run.
 struct StatusPanes {
@@ -21,8 +23,6 @@ struct RunState {
   bool gPreviewStale = false;     ///< names or checks changed since the last finished preview
   std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
-  std::int16_t gConflictAddNumber = 1;    ///< 1: a taken name is replaced by a numbered one
-  std::string gNumberLeft = "_{";         ///< stands between the name and its number
-  std::string gNumberRight = "}";         ///< stands behind the number
+  NumberingOptions numbering;
   StatusPanes panes;
 };

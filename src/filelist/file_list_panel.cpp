@@ -11,15 +11,12 @@
 #include "filelist/list_view.h"
 #include "look/handlers.h"
 #include "look/look.h"
+#include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
 
 namespace {
 
 constexpr int kWideButtonAir = 20;
-
-QString KeyTip(const QString& words, const QKeySequence& key) {
-  return QStringLiteral("%1 (%2)").arg(words, key.toString(QKeySequence::NativeText));
-}
 
 }  // namespace
 
@@ -33,13 +30,31 @@ FileListPanel::FileListPanel(Grid& grid, QWidget* parent)
   SetEmptyText(EmptyList::kNotListed);
 }
 
+ListOptions FileListPanel::ReadOptions() const {
+  ListOptions options;
+  for (std::size_t i = 0; i < column_boxes_.size(); ++i) {
+    const ColumnBox& box = grid_.List().Columns()[i].box;
+    if (box.option != nullptr) options.*box.option = column_boxes_[i]->isChecked();
+  }
+  options.cmbGroupBy = cmbGroupBy->currentIndex();
+  return options;
+}
+
+void FileListPanel::Show(const ListOptions& options) {
+  for (std::size_t i = 0; i < column_boxes_.size(); ++i) {
+    const ColumnBox& box = grid_.List().Columns()[i].box;
+    if (box.option != nullptr) column_boxes_[i]->setChecked(options.*box.option);
+  }
+  cmbGroupBy->setCurrentIndex(options.cmbGroupBy);
+}
+
 void FileListPanel::MakeControls() {
   bnWideFileList = new QPushButton(this);
   bnWideFileList->setObjectName(QStringLiteral("bnWideFileList"));
   bnWideFileList->setProperty("narrow", true);
   bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
-  const QString tip = KeyTip(QStringLiteral("Wide or narrow file list"), Qt::Key_F9);
+  const QString tip = WithKeys(tr("Wide or narrow file list"), Keys::kWideList);
   bnWideFileList->setToolTip(tip);
   bnWideFileList->setAccessibleDescription(tip);
   MakeColumnBoxes();
@@ -60,12 +75,11 @@ void FileListPanel::MakeColumnBoxes() {
   for (const ListColumn& column : grid_.List().Columns()) {
     column_boxes_.push_back(nullptr);
     if (column.box.name.empty()) continue;
-    const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(column.box.key));
     const QString caption = text::ToQt(column.caption);
     auto* box = column_boxes_.back() = new QCheckBox(caption, this);
     box->setObjectName(text::ToQt(column.box.name));
-    box->setShortcut(key);
-    box->setToolTip(KeyTip(QStringLiteral("Show the column “%1”").arg(caption), key));
+    box->setShortcut(KeysOf(column.box.keys));
+    box->setToolTip(WithKeys(tr("Show the column “%1”").arg(caption), column.box.keys));
   }
 }
 
@@ -140,7 +154,7 @@ void FileListPanel::ConnectList() {
 
 void FileListPanel::SetWideCaption() {
   bnWideFileList->setText(wide_ ? QStringLiteral(">") : QStringLiteral("<"));
-  bnWideFileList->setShortcut(Qt::Key_F9);  // a new caption takes the key away
+  bnWideFileList->setShortcut(KeysOf(Keys::kWideList));  // a new caption takes the key away
 }
 
 void FileListPanel::CheckSelected() {

@@ -6,6 +6,7 @@
 
 #include "filelist/empty_list.h"
 #include "filelist/grid.h"
+#include "settings/options.h"
 
 class GroupedRowsModel;
 class ListView;
@@ -29,6 +30,11 @@ class FileListPanel : public QWidget {
   /// What the list tells while it has no rows.
   void SetEmptyText(EmptyList reason);
 
+  /// What the controls hold.
+  ListOptions ReadOptions() const;
+  /// Sets the controls; one that changes runs its handlers.
+  void Show(const ListOptions& options);
+
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);
 
@@ -36,9 +42,7 @@ class FileListPanel : public QWidget {
   std::vector<int> SelectedRows() const;
 
   /// The check box that shows or hides a column; null where the column has none.
-  QCheckBox* ColumnBox(Column column) const {
-    return column_boxes_[static_cast<std::size_t>(column)];
-  }
+  QCheckBox* BoxOf(Column column) const { return column_boxes_[static_cast<std::size_t>(column)]; }
 
   QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
   QLabel* Label21;

@@ -10,6 +10,8 @@
 
 #include "core/file_row.h"
 #include "core/grouped_rows.h"
+#include "look/keys.h"
+#include "settings/options.h"
 
 /// What the cells of a column are.
 enum class Cell {
@@ -46,7 +48,8 @@ inline const ColumnWidth kMarkWidth{WidthRule::kFixed, 40, {">>", "Done", "Faile
 /// A check box that shows its column and bears the same caption; it starts off.
 struct ColumnBox {
   std::string_view name;
-  char key = 0;  ///< with Alt
+  bool ListOptions::*option = nullptr;
+  Keys keys = Keys::kNone;
 };
 
 /// A column of a list, wholly.

@@ -25,7 +25,7 @@ FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns) {
   });
 }
 
-Scan::Scan(const ScanOptions& options, Records& records, RunState& state, FileSystem& files,
+Scan::Scan(const SourceOptions& options, Records& records, RunState& state, FileSystem& files,
            Clock& clock, FileTypes& types, LongPass& pass)
     : subfolders_(options.chSubfolders),
       include_all_(text::Trim(options.fdIncludeMask).empty()),

@@ -11,21 +11,15 @@
 #include "filelist/masks.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "settings/options.h"
 
 namespace mScanCD {
-
-/// What files the scan takes.
-struct ScanOptions {
-  std::string fdIncludeMask;  ///< blanks only takes every file
-  std::string fdExcludeMask;  ///< blanks only leaves out none; wins over the include mask
-  bool chSubfolders = true;
-};
 
 /// Fills the records from a folder tree. Files become rows, folders never do; folders whose names
 /// begin with a dot are passed over, links are not followed.
 class Scan {
  public:
-  Scan(const ScanOptions& options, Records& records, RunState& state, FileSystem& files,
+  Scan(const SourceOptions& options, Records& records, RunState& state, FileSystem& files,
        Clock& clock, FileTypes& types, LongPass& pass);
 
   /// Adds the files of one folder and, depth first, of its subfolders: `sParentPath` with its

@@ -14,6 +14,7 @@ struct Row {
 
 /// All keys of the program, one row each, in the order of `Keys`.
 constexpr std::array kTable = {
+    Row{Keys::kNone, ""},
     Row{Keys::kPrepare, "F5"},
     Row{Keys::kPreview, "F6"},
     Row{Keys::kRename, "Ctrl+Return; Ctrl+Enter"},
@@ -57,7 +58,7 @@ QList<QKeySequence> AllKeysOf(Keys keys) {
 }
 
 QKeySequence KeysOf(Keys keys) {
-  return AllKeysOf(keys).first();
+  return AllKeysOf(keys).value(0);
 }
 
 QString ShownKeys(Keys keys) {

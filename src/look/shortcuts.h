@@ -3,43 +3,11 @@
 #include <QKeySequence>
 #include <QString>
 
+#include "look/keys.h"
+
 class QKeyEvent;
 class QShortcut;
 class QWidget;
-
-/// What has keys of its own, beside the underlined letters of the captions.
-enum class Keys {
-  kPrepare,
-  kPreview,
-  kRename,
-  kUndo,
-  kCancel,
-  kChooseFolder,
-  kSourcePage,
-  kOutputPage,
-  kSettingsPage,
-  kRemovePage,
-  kReplacePage,
-  kAddPage,
-  kColumnPath,
-  kColumnSize,
-  kColumnType,
-  kColumnDate,
-  kWideList,
-  kRowMenu,
-  kInsertLeft,
-  kInsertRight,
-  kMoveLeft,
-  kMoveRight,
-  kDelete,
-  kAbout,
-  kHelp,
-};
-
-/// The one that goes `further` rows behind `keys`: the pages and the columns stand in their order.
-constexpr Keys Behind(Keys keys, int further) {
-  return static_cast<Keys>(static_cast<int>(keys) + further);
-}
 
 /// The keys, the one first that tooltips tell.
 QList<QKeySequence> AllKeysOf(Keys keys);

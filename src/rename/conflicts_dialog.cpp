@@ -95,9 +95,10 @@ void Form8::LayOut() {
 }
 
 void Form8::Form_Load() {
-  chConflict->setChecked(state_.gConflictAddNumber == 1);
-  fdConflictLeft->setText(text::ToQt(state_.gNumberLeft));
-  fdConflictRight->setText(text::ToQt(state_.gNumberRight));
+  const NumberingOptions& numbering = state_.numbering;
+  chConflict->setChecked(numbering.gConflictAddNumber == 1);
+  fdConflictLeft->setText(text::ToQt(numbering.gNumberLeft));
+  fdConflictRight->setText(text::ToQt(numbering.gNumberRight));
   chConflict_Click();
   fdConflictLeft->selectAll();
   if (chConflict->isChecked()) {
@@ -116,13 +117,8 @@ void Form8::chConflict_Click() {
 
 void Form8::bnOK_Click() {
   const auto close = qScopeGuard([this] { accept(); });  // what can't be stored holds for now
-  state_.gConflictAddNumber = chConflict->isChecked() ? 1 : 0;
-  state_.gNumberLeft = text::FromQt(fdConflictLeft->text());
-  state_.gNumberRight = text::FromQt(fdConflictRight->text());
-  SavedOptions options;
-  options.gConflictAddNumber = state_.gConflictAddNumber;
-  options.gNumberLeft = state_.gNumberLeft;
-  options.gNumberRight = state_.gNumberRight;
-  WriteConflictOptions(settings_, options);
+  state_.numbering = {static_cast<std::int16_t>(chConflict->isChecked()),
+                      text::FromQt(fdConflictLeft->text()), text::FromQt(fdConflictRight->text())};
+  WriteConflictOptions(settings_, state_.numbering);
   mRegSettings::Flush(settings_);
 }

@@ -6,7 +6,7 @@
 #include "trace/err_trace.h"
 
 std::string NameFreer::MoveAside(const RowPlace& place) {
-  const NumberTexts users{state_.gNumberLeft, state_.gNumberRight};
+  const NumberTexts users{state_.numbering.gNumberLeft, state_.numbering.gNumberRight};
   std::string aside = MoveAside(place, users);
   return aside.empty() && users != kSafeNumberTexts ? MoveAside(place, kSafeNumberTexts) : aside;
 }

@@ -75,8 +75,8 @@ std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) 
 
 std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view pName) {
   const std::string_view extension = mMain::GetFileExt(pName, ".");
-  Series series{std::string(pPath), state_.gNumberRight};
-  series.head.append(mMain::GetFileName(pName)).append(state_.gNumberLeft);
+  Series series{std::string(pPath), state_.numbering.gNumberRight};
+  series.head.append(mMain::GetFileName(pName)).append(state_.numbering.gNumberLeft);
   if (!extension.empty()) series.tail.append(".").append(extension);
   series.last = kHighest;
   return FreeIn(std::move(series), pPath.size());
@@ -145,7 +145,7 @@ void Numbering::Freed(std::string_view path) {
   if (series_.empty()) return;
   const std::size_t folder_size = path.rfind(kNative.separator) + 1;
   const std::string lower = text::ToLower(Resolved(path, folder_size));
-  const std::string left = text::ToLower(state_.gNumberLeft);
+  const std::string left = text::ToLower(state_.numbering.gNumberLeft);
   const auto behind_left_text = [&](std::string_view head) {
     return head.ends_with(left) || head.ends_with(kSafeNumberTexts.left);
   };

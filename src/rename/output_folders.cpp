@@ -19,7 +19,7 @@ void ExpectKnownFolders(FileSystem& files, const Records& records) {
 }
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
-  if (output_.cmbDestination == kUseSourceFolder) {
+  if (!AsksForFolder(output_.cmbDestination)) {
     latest_ = {records_.Path(row), 0, {}, 0};
     return latest_;
   }
@@ -39,7 +39,7 @@ bool OutputFolders::LeadsThere(const std::string& text, const Folder& folder) {
 
 std::string OutputFolders::Text(const FileRow& row) const {
   if (!output_.chDestinationSubfolders) return output_.fdDestination;
-  return mMain::ReplacePathText(records_.Path(row), output_.fdSourceFolder, output_.fdDestination);
+  return mMain::ReplacePathText(records_.Path(row), fdSourceFolder_, output_.fdDestination);
 }
 
 /// A relative folder would lead to wherever the program happens to have been started.

@@ -8,8 +8,8 @@
 #include "core/records.h"
 #include "platform/files.h"
 #include "rename/holders.h"
-#include "rename/output_options.h"
 #include "rename/row_places.h"
+#include "rename/run_output.h"
 
 /// Expects of every folder that the rows name that it is still the one that was scanned, or used by
 /// a run; see FileSystem::ExpectFolder.
@@ -20,8 +20,12 @@ void ExpectKnownFolders(FileSystem& files, const Records& records);
 class OutputFolders {
  public:
   /// All for the length of one run.
-  OutputFolders(const OutputOptions& output, Records& records, FileSystem& files)
-      : output_(output), records_(records), files_(files), keys_(files) {}
+  OutputFolders(const RunOutput& output, Records& records, FileSystem& files)
+      : output_(output.chosen),
+        fdSourceFolder_(output.fdSourceFolder),
+        records_(records),
+        files_(files),
+        keys_(files) {}
   OutputFolders(const OutputFolders&) = delete;
   OutputFolders& operator=(const OutputFolders&) = delete;
 
@@ -50,6 +54,7 @@ class OutputFolders {
   void Know(std::string_view path);
 
   const OutputOptions& output_;
+  const std::string& fdSourceFolder_;
   Records& records_;
   FileSystem& files_;
   EntryKeys keys_;

@@ -4,7 +4,7 @@
 #include "filelist/row_paths.h"
 #include "platform/text.h"
 #include "rename/holders.h"
-#include "rename/output_options.h"
+#include "settings/output_modes.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ std::optional<RowPlace> PlaceOf(const Records& records, const FileRow& row, RowF
   }
   const bool aside = row.RowTag != 1 && !row.Rollback().empty();
   const bool copied =
-      row.RowTag == 1 && row.mode == kCopyTo && row.sourceFileName != row.Rollback();
+      row.RowTag == 1 && KeepsSource(row.mode) && row.sourceFileName != row.Rollback();
   if (!aside && !copied) return std::nullopt;
   return RowPlace{path, row.sourceFileName};
 }

@@ -15,9 +15,10 @@ int ProblemOfName(std::string_view name) {
 
 }  // namespace
 
-RenameRun::RenameRun(const OutputOptions& output, Records& records, RunState& state,
-                     FileSystem& files, EventPump& events, Clock& clock, RunReports& reports)
-    : output_(output),
+RenameRun::RenameRun(const RunOutput& output, Records& records, RunState& state, FileSystem& files,
+                     EventPump& events, Clock& clock, RunReports& reports)
+    : output_(output.chosen),
+      fdSourceFolder_(output.fdSourceFolder),
       records_(records),
       state_(state),
       files_(files),
@@ -59,9 +60,7 @@ void RenameRun::ProcessRow(std::size_t record) {
 int RenameRun::Process(Turn& turn) {
   FileRow& row = records_[turn.record];
   if (const int problem = ProblemOfName(row.newFileName)) return problem;
-  if (output_.cmbDestination < kUseSourceFolder || output_.cmbDestination > kMoveTo) {
-    return kNoSuchMode;
-  }
+  if (!IsOutputMode(output_.cmbDestination)) return kNoSuchMode;
   const OutputFolders::Folder& folder = folders_.Of(row);
   if (folder.problem != 0) return folder.problem;
   turn.target_folder = folder.path;
@@ -76,11 +75,11 @@ int RenameRun::Process(Turn& turn) {
 void RenameRun::ResolveConflict(Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
-  const bool may_stay = output_.cmbDestination != kCopyTo;
+  const bool may_stay = !KeepsSource(output_.cmbDestination);
   if ((may_stay && turn.source == target) || !mScanCD::FileExist(files_, target)) return;
   if (may_stay && IsOneEntry(files_, turn.source, target)) return;
   const std::string corrected = CorrectedName(turn);
-  if (corrected.empty() || state_.gConflictAddNumber != 1) return;
+  if (corrected.empty() || state_.numbering.gConflictAddNumber != 1) return;
   row.SetPlannedName(turn.planned);
   row.newFileName = corrected;
   turn.resolved = true;
@@ -90,16 +89,16 @@ void RenameRun::ResolveConflict(Turn& turn) {
 /// numbered.
 std::string RenameRun::CorrectedName(const Turn& turn) {
   const std::string& name = records_[turn.record].newFileName;
+  const bool in_place = !AsksForFolder(output_.cmbDestination);
   const bool to_itself =
-      output_.cmbDestination == kMoveTo && output_.fdSourceFolder == output_.fdDestination;
+      !KeepsSource(output_.cmbDestination) && fdSourceFolder_ == output_.fdDestination;
   std::string corrected;
-  if (output_.cmbDestination == kUseSourceFolder || to_itself) {
-    const bool own_folder =
-        output_.cmbDestination == kUseSourceFolder || output_.chDestinationSubfolders;
+  if (in_place || to_itself) {
+    const bool own_folder = in_place || output_.chDestinationSubfolders;
     const auto made_way = freer_.FindAndRename(
         own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination, name, corrected);
     if (made_way) folders_.RowChanged(*made_way);
-  } else if (state_.gConflictAddNumber == 1) {
+  } else if (state_.numbering.gConflictAddNumber == 1) {
     numbering_.CreateUniqueName(turn.target_folder, name, corrected);
   }
   return corrected;
@@ -108,8 +107,8 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
 bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to,
                              CopyIdentities& copied) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
-  return output_.cmbDestination == kCopyTo ? files_.CopyFile(from, to, go_on, &copied)
-                                           : files_.MoveFile(from, to, go_on);
+  return KeepsSource(output_.cmbDestination) ? files_.CopyFile(from, to, go_on, &copied)
+                                             : files_.MoveFile(from, to, go_on);
 }
 
 int RenameRun::DoOperation(const Turn& turn) {
@@ -120,7 +119,7 @@ int RenameRun::DoOperation(const Turn& turn) {
     const int problem = files_.Problem();
     return problem != 0 ? problem : kUnknownProblem;
   }
-  if (output_.cmbDestination == kCopyTo) {
+  if (KeepsSource(output_.cmbDestination)) {
     records_.SetMadeCopy(row, copied);
   } else if (turn.source != target) {
     numbering_.Freed(turn.source);
@@ -142,13 +141,13 @@ void RenameRun::Succeed(const Turn& turn) {
   FileRow& row = records_[turn.record];
   if (row.Rollback().empty()) {
     row.KeepRollback();
-  } else if (output_.cmbDestination != kCopyTo) {
+  } else if (!KeepsSource(output_.cmbDestination)) {
     row.ShowRollbackName();
   }
   row.RowTag = 1;
   row.mark = Mark::kDone;
   row.problem = 0;
-  if (output_.cmbDestination > kUseSourceFolder) records_.SetNewPath(row, turn.target_folder);
+  if (AsksForFolder(output_.cmbDestination)) records_.SetNewPath(row, turn.target_folder);
   if (turn.resolved) {
     reports_.gConflictReport.push_back({records_.Path(row), records_.NewPath(row),
                                         row.sourceFileName, row.newFileName, turn.planned});

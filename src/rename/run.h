@@ -12,8 +12,8 @@
 #include "rename/find_and_rename.h"
 #include "rename/numbering.h"
 #include "rename/output_folders.h"
-#include "rename/output_options.h"
 #include "rename/result_rows.h"
+#include "rename/run_output.h"
 
 /// The pass that turns new names into file operations, row by row in scan order.
 ///
@@ -23,7 +23,7 @@
 /// rest as they stand.
 class RenameRun {
  public:
-  RenameRun(const OutputOptions& output, Records& records, RunState& state, FileSystem& files,
+  RenameRun(const RunOutput& output, Records& records, RunState& state, FileSystem& files,
             EventPump& events, Clock& clock, RunReports& reports);
 
   /// Walks all rows. Ends early with `gCancelRequested` set when the user cancels, also in the
@@ -50,6 +50,7 @@ class RenameRun {
   void Succeed(const Turn& turn);
 
   const OutputOptions& output_;
+  const std::string& fdSourceFolder_;
   Records& records_;
   RunState& state_;
   FileSystem& files_;

@@ -5,7 +5,7 @@
 
 #include "common/path_text.h"
 #include "rename/output_folders.h"
-#include "rename/output_options.h"
+#include "settings/output_modes.h"
 #include "trace/err_trace.h"
 
 UndoRun::UndoRun(Records& records, RunState& state, FileSystem& files, EventPump& events,
@@ -44,7 +44,7 @@ void UndoRun::CountDown(std::size_t record) {
 
 void UndoRun::UndoRow(std::size_t record) {
   FileRow& row = records_[record];
-  if (row.RowTag == 1 && (row.mode < kUseSourceFolder || row.mode > kMoveTo)) return;
+  if (row.RowTag == 1 && !IsOutputMode(row.mode)) return;
   if (TakeBack(record) || state_.gCancelRequested) return;
   row.problem = static_cast<std::int16_t>(problem_);
   reports_.gFailureReport.push_back(
@@ -66,7 +66,7 @@ bool UndoRun::TakeBack(std::size_t record) {
 /// Afterwards the row is as after a preview, but for the name of a file that was moved aside.
 bool UndoRun::TakeBackDone(std::size_t record) {
   FileRow& row = records_[record];
-  const bool copied = row.mode == kCopyTo;
+  const bool copied = KeepsSource(row.mode);
   if (!(copied ? DeleteCopy(row) : MoveBack(record, RowFile::kResult))) return false;
   row.ShowTemp();
   row.ShowPlannedName();

@@ -6,6 +6,8 @@
 
 namespace mRegSettings {
 
+namespace {
+
 std::int32_t ToInteger(std::string_view text) {
   std::int32_t value = 0;
   const char* const end = text.data() + text.size();
@@ -16,6 +18,8 @@ std::int32_t ToInteger(std::string_view text) {
   if (error == std::errc::result_out_of_range) throw Failure(kOverflow, "Overflow");
   return value;
 }
+
+}  // namespace
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
   return ErrTrace::inner(
@@ -51,14 +55,6 @@ bool ReadCheck(SettingsStore& store, const Setting& setting) {
   return ReadInteger(store, setting, 0, 1) == 1;
 }
 
-void WriteText(SettingsStore& store, const Setting& setting, std::string_view value) {
-  store.SaveSetting(setting.section, setting.key, value);
-}
-
-void WriteInteger(SettingsStore& store, const Setting& setting, std::int32_t value) {
-  WriteText(store, setting, std::to_string(value));
-}
-
 void DeleteSetting(SettingsStore& store, std::string_view section, std::string_view key) {
   ErrTrace::inner("mRegSettings.DeleteSetting(section,key)", ErrTrace::args(section, key), [&] {
     if (!store.DeleteSetting(section, key)) {
@@ -91,10 +87,10 @@ void CheckReadable(SettingsStore& store) {
 
 void SaveVersion(SettingsStore& store, const ProgramVersion& version, std::string_view app_path) {
   ErrTrace::inner("mRegSettings.SaveVersion", [&] {
-    WriteInteger(store, setting::kMajor, version.Major);
-    WriteInteger(store, setting::kMinor, version.Minor);
-    WriteInteger(store, setting::kRevision, version.Revision);
-    WriteText(store, setting::kAppPath, app_path);
+    store.SaveSetting("Version", "Major", std::to_string(version.Major));
+    store.SaveSetting("Version", "Minor", std::to_string(version.Minor));
+    store.SaveSetting("Version", "Revision", std::to_string(version.Revision));
+    store.SaveSetting("Path", "AppPath", app_path);
     Flush(store);
   });
 }

@@ -9,6 +9,16 @@
 
 namespace {
 
+/// A window whose placement is kept.
+struct PlacedWindow {
+  std::string_view name;
+  std::string_view section;
+  bool keeps_size = false;
+  float default_width = 0;  ///< 0: the one that the window has by itself
+  float default_height = 0;
+};
+
+/// `Form11` has its row, yet nobody places it: what tells of failures must not depend on the store.
 constexpr PlacedWindow kWindows[] = {
     {"Form1", "Windows\\Main", true},
     {"Form2", "Windows\\Template"},
@@ -23,8 +33,7 @@ constexpr PlacedWindow kWindows[] = {
 };
 
 const PlacedWindow* Find(std::string_view frm) {
-  const auto row = std::find_if(std::begin(kWindows), std::end(kWindows),
-                                [&](const PlacedWindow& window) { return window.name == frm; });
+  const auto row = std::ranges::find(kWindows, frm, &PlacedWindow::name);
   return row == std::end(kWindows) ? nullptr : row;
 }
 
@@ -59,10 +68,6 @@ float OntoScreen(float place, float size, float screen) {
 }
 
 }  // namespace
-
-std::span<const PlacedWindow> PlacedWindows() {
-  return kWindows;
-}
 
 std::string SingleText(float value) {
   char buffer[64];  // the longest float in plain decimals has 47 digits

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -26,19 +25,6 @@ struct ScreenSize {
   float width;
   float height;
 };
-
-/// A window whose placement is kept.
-struct PlacedWindow {
-  std::string_view name;
-  std::string_view section;
-  bool keeps_size = false;
-  float default_width = 0;  ///< 0: the one that the window has by itself
-  float default_height = 0;
-};
-
-/// The table of windows. `Form11` has its row, yet nobody places it: what tells of failures must
-/// not depend on the store.
-std::span<const PlacedWindow> PlacedWindows();
 
 /// A stored length: a number with "." as decimal point in every locale. ToSingle raises Failure
 /// kTypeMismatch when the whole of `text` isn't one, kOverflow when it is out of range.

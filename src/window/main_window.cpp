@@ -11,7 +11,6 @@
 
 #include "commands/command_buttons.h"
 #include "filelist/file_list_panel.h"
-#include "filelist/folder_pages.h"
 #include "look/look.h"
 #include "look/skin.h"
 #include "names/editor/constructor_editor.h"
@@ -21,6 +20,7 @@
 #include "rename/results/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
+#include "window/folder_pages.h"
 #include "window/status_bar.h"
 
 namespace {
@@ -103,15 +103,24 @@ void Form1::ConnectPanels() {
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
 }
 
-SavedControls Form1::Saved() const {
-  return {*folder_pages_, *list_, parts_.state};
+Options Form1::ReadOptions() const {
+  return {folder_pages_->Saved(), folder_pages_->Source(), folder_pages_->Output(),
+          list_->ReadOptions(), parts_.state.numbering};
+}
+
+void Form1::Show(const Options& options) {
+  parts_.state.numbering = options.numbering;
+  folder_pages_->Show(options.save);
+  folder_pages_->Show(options.source);
+  folder_pages_->Show(options.output);
+  list_->Show(options.list);
 }
 
 void Form1::IniSettings(const std::string& pTemplateName) {
   ErrTrace::inner("Form1.IniSettings(pTemplateName)", ErrTrace::args(pTemplateName), [&] {
-    SavedOptions options = OptionsOf(Saved());
-    const auto show = qScopeGuard(
-        [&] { ErrTrace::top("Form1.IniSettings", [&] { ShowOptions(options, Saved()); }); });
+    Options options = ReadOptions();
+    const auto show =
+        qScopeGuard([&] { ErrTrace::top("Form1.IniSettings", [&] { Show(options); }); });
     at_start_.could_read = settings_.CanBeRead();
     ReadSavedOptions(settings_, options, at_start_.read);
     folder_pages_->chEnableSkin->setChecked(true);
@@ -120,9 +129,9 @@ void Form1::IniSettings(const std::string& pTemplateName) {
 
 void Form1::Form_Load() {
   ErrTrace::top("Form1.Form_Load", [&] { IniSettings(""); });
-  at_start_.shown = OptionsOf(Saved());
+  at_start_.shown = ReadOptions();
   ErrTrace::top("Form1.Form_Load", [&] {
-    const bool no_folder = folder_pages_->SourceFolder().empty();
+    const bool no_folder = folder_pages_->Source().fdSourceFolder.empty();
     commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
   });
 }
@@ -131,7 +140,7 @@ void Form1::Form_Unload() {
   const bool Cancel = false;
   ErrTrace::top("Form1.Form_Unload(Cancel)", ErrTrace::args(Cancel), [&] {
     folder_pages_->CommitFocusedField();
-    WriteSavedOptions(settings_, OptionsOf(Saved()), at_start_);
+    WriteSavedOptions(settings_, ReadOptions(), at_start_);
   });
 }
 
@@ -190,7 +199,7 @@ void Form1::showEvent(QShowEvent* event) {
 }
 
 void Form1::FocusFirst() {
-  if (folder_pages_->SourceFolder().empty()) {
+  if (folder_pages_->Source().fdSourceFolder.empty()) {
     folder_pages_->fdSourceFolder->setFocus();
   } else {
     buttons_->FocusPrimary();
@@ -231,16 +240,6 @@ void Form1::EnableButton(CommandButton button, bool enable) {
 
 void Form1::ShowPanes() {
   status_bar_->ShowPanes(parts_.state.panes);
-}
-
-SourceOptions Form1::ReadSourceOptions() {
-  return {folder_pages_->SourceFolder(), folder_pages_->IncludeMask(), folder_pages_->ExcludeMask(),
-          folder_pages_->Subfolders()};
-}
-
-OutputOptions Form1::ReadOutputOptions() {
-  return {folder_pages_->Destination(), folder_pages_->DestinationFolder(),
-          folder_pages_->DestinationSubfolders(), folder_pages_->SourceFolder()};
 }
 
 void Form1::SetSourceFolder(const std::string& folder) {

@@ -9,7 +9,7 @@
 #include "names/constructor.h"
 #include "platform/services.h"
 #include "platform/settings_store.h"
-#include "window/saved_controls.h"
+#include "settings/saved_options.h"
 
 class CommandButtons;
 class ConstructorEditor;
@@ -43,7 +43,7 @@ class Form1 : public QWidget, private CommandView {
   void Form_Load();
   /// Stores the options; the placement, stored next, brings both to disk.
   void Form_Unload();
-  SavedControls Saved() const;
+  void Show(const Options& options);
   /// Runs a command with the focused field's value handed over first.
   void Start(CommandButton button);
   void GiveFocusBack(QWidget* focused);
@@ -58,8 +58,7 @@ class Form1 : public QWidget, private CommandView {
   void SetWaitPointer(bool wait) override;
   void EnableButton(CommandButton button, bool enable) override;
   void ShowPanes() override;
-  SourceOptions ReadSourceOptions() override;
-  OutputOptions ReadOutputOptions() override;
+  Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
   void ListRepopulated(EmptyList reason) override;
   void RowsChanged() override;

@@ -20,8 +20,7 @@ class FakeView : public CommandView {
     buttons[static_cast<std::size_t>(button)] = enable ? '1' : '0';
   }
   void ShowPanes() override {}
-  SourceOptions ReadSourceOptions() override { return source; }
-  OutputOptions ReadOutputOptions() override { return output; }
+  Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
@@ -36,7 +35,7 @@ class FakeView : public CommandView {
   }
 
   SourceOptions source{"/in/", "", "", false};
-  OutputOptions output{kUseSourceFolder, "", true, "/in/"};
+  OutputOptions output;
   bool elements = false;
   bool waiting = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
@@ -231,15 +230,15 @@ TEST_F(CommandsTest, KeepThePreviewStaleWhenItIsCancelled) {
 TEST_F(CommandsTest, AskForAWholeOutputFolder) {
   commands.bnLoadFileList_Click();
   commands.bnPreview_Click();
-  view.output = {kCopyTo, "", true, "/in/"};
+  view.output = {kCopyTo, "", true};
   commands.bnRename_Click();
-  view.output = {kMoveTo, "pictures/", true, "/in/"};
+  view.output = {kMoveTo, "pictures/", true};
   commands.bnRename_Click();
   EXPECT_EQ(prompts.told, (std::vector<std::string>{
                               "Please select output folder",
                               "The output folder must be a full path, as in /home/me/pictures/."}));
   EXPECT_EQ(commands.Mode(), ModePreviewReady);
-  view.output = {kUseSourceFolder, "pictures/", true, "/in/"};
+  view.output = {kUseSourceFolder, "pictures/", true};
   commands.bnRename_Click();
   EXPECT_EQ(commands.Mode(), ModeRunFinished) << "the folder isn't used";
 }

@@ -179,12 +179,12 @@ TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
   const auto fills = [&] { return list.horizontalHeader()->length() == list.viewport()->width(); };
   EXPECT_TRUE(list.isColumnHidden(kColumnPath));
   EXPECT_TRUE(fills());
-  panel.ColumnBox(kColumnSize)->setChecked(true);
+  panel.BoxOf(kColumnSize)->setChecked(true);
   EXPECT_FALSE(list.isColumnHidden(kColumnSize));
   EXPECT_EQ(list.columnWidth(kColumnSize), 80);
   EXPECT_TRUE(fills());
   list.setColumnWidth(kColumnSourceName, 400);  // as a drag of the heading does
-  panel.ColumnBox(kColumnSize)->setChecked(false);
+  panel.BoxOf(kColumnSize)->setChecked(false);
   EXPECT_EQ(list.columnWidth(kColumnSourceName), 400);
   EXPECT_TRUE(fills());
   panel.resize(200, 400);

@@ -16,13 +16,12 @@ class ScanTest : public testing::Test, protected FakeServices {
     }
   }
 
-  std::string Scanned(const mScanCD::ScanOptions& options, std::string_view name,
-                      std::string_view path) {
+  std::string Scanned(const SourceOptions& source) {
     records.DeleteAll();
     state.gFileCount = 0;
     LongPass pass(0, state, events, clock);
-    mScanCD::Scan scan(options, records, state, files, clock, types, pass);
-    scan.ShowDir3_FillPreview(name, path);
+    mScanCD::Scan scan(source, records, state, files, clock, types, pass);
+    scan.ShowDir3_FillPreview("in", source.fdSourceFolder);
     std::string scanned;
     for (std::size_t i = 0; i < records.Count(); ++i) {
       scanned += records.ParentName(records[i]) + ":" + records[i].sourceFileName + " ";
@@ -39,21 +38,21 @@ class ScanTest : public testing::Test, protected FakeServices {
 
 TEST_F(ScanTest, TakesFilesByMaskAndFolderAndFillsTheirRows) {
   const struct {
-    mScanCD::ScanOptions options;
+    SourceOptions source;
     const char* scanned;
   } table[] = {
-      {{"", "", false}, "in:.profile in:README in:a.txt in:b.JPG "},
-      {{"  ", " ", true}, "deep:d.xyz sub:c.txt in:.profile in:README in:a.txt in:b.JPG "},
-      {{"*.*", "", false}, "in:.profile in:a.txt in:b.JPG "},
-      {{"*.txt *.jpg", "", true}, "sub:c.txt in:a.txt in:b.JPG "},
-      {{"*.txt *.jpg", "B*", false}, "in:a.txt "},
-      {{"nothing", "", true}, ""},
+      {{"/in/", "", "", false}, "in:.profile in:README in:a.txt in:b.JPG "},
+      {{"/in/", "  ", " ", true}, "deep:d.xyz sub:c.txt in:.profile in:README in:a.txt in:b.JPG "},
+      {{"/in/", "*.*", "", false}, "in:.profile in:a.txt in:b.JPG "},
+      {{"/in/", "*.txt *.jpg", "", true}, "sub:c.txt in:a.txt in:b.JPG "},
+      {{"/in/", "*.txt *.jpg", "B*", false}, "in:a.txt "},
+      {{"/in/", "nothing", "", true}, ""},
   };
   for (const auto& row : table) {
-    EXPECT_EQ(Scanned(row.options, "in", "/in/"), row.scanned);
+    EXPECT_EQ(Scanned(row.source), row.scanned);
   }
   EXPECT_EQ(state.panes.paneTotal, "Total 1 files") << "an empty scan leaves the last total";
-  Scanned({"a.txt b.jpg", "", false}, "in", "/in/");
+  Scanned({"/in/", "a.txt b.jpg", "", false});
   const auto text = [&](const FileRow& row) {
     return records.Path(row) + row.date.Text() + " " + std::to_string(row.size) + records.Type(row);
   };
@@ -63,24 +62,24 @@ TEST_F(ScanTest, TakesFilesByMaskAndFolderAndFillsTheirRows) {
 }
 
 TEST_F(ScanTest, ReadsATypedFolderWithoutItsSeparatorAsTheBeginningOfNames) {
-  EXPECT_EQ(Scanned({"", "", true}, "in", "/in"), "") << "the folders /in and /inner only";
+  EXPECT_EQ(Scanned({"/in", "", "", true}), "") << "the folders /in and /inner only";
   files.folders.insert("");
   files.contents["/info.txt"] = "";
-  EXPECT_EQ(Scanned({"", "", false}, "in", "/in"), "in:info.txt ");
+  EXPECT_EQ(Scanned({"/in", "", "", false}), "in:info.txt ");
   EXPECT_EQ(records.Path(records[0]), "/in");
 }
 
 TEST_F(ScanTest, LetsEventsRunByTimeAndEndsAtOnceWhenTheUserCancels) {
   for (int i = 0; i < 500; ++i) files.contents["/in/f" + std::to_string(i)] = "";
-  Scanned({"f*", "", false}, "in", "/in/");
+  Scanned({"/in/", "f*", "", false});
   EXPECT_LT(events.count, 20);
   clock.step_ms = 50;
-  Scanned({"f*", "", false}, "in", "/in/");
+  Scanned({"/in/", "f*", "", false});
   EXPECT_GT(events.count, 500);
   events.count = 0;
   clock.step_ms = 0;
   events.on_events = [&] { state.gCancelRequested = events.count == 3; };
-  Scanned({"f*", "", false}, "in", "/in/");
+  Scanned({"/in/", "f*", "", false});
   EXPECT_LT(records.Count(), 300u);
   EXPECT_EQ(events.count, 3);
 }

@@ -41,9 +41,9 @@ TEST_F(ConflictsDialogTest, TakesTheTemplateOnOkOnly) {
     dialog.chConflict->click();
     row.end(dialog);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(state.gConflictAddNumber, row.taken ? 0 : 1);
-    EXPECT_EQ(state.gNumberLeft, row.taken ? " (" : "_{");
-    EXPECT_EQ(state.gNumberRight, row.taken ? "" : "}");
+    EXPECT_EQ(state.numbering.gConflictAddNumber, row.taken ? 0 : 1);
+    EXPECT_EQ(state.numbering.gNumberLeft, row.taken ? " (" : "_{");
+    EXPECT_EQ(state.numbering.gNumberRight, row.taken ? "" : "}");
     std::vector<std::string> written = settings.written;
     if (row.taken) {
       ASSERT_GE(written.size(), 3u);
@@ -58,7 +58,7 @@ TEST_F(ConflictsDialogTest, TakesTheTemplateOnOkOnly) {
 }
 
 TEST_F(ConflictsDialogTest, HidesTheTemplateWithNumberingOff) {
-  state.gConflictAddNumber = 0;
+  state.numbering.gConflictAddNumber = 0;
   Form8 dialog(state, settings, nullptr);
   dialog.show();
   const QSize size = dialog.size();

@@ -237,9 +237,9 @@ void TwoWorlds::SetOptions(const PlainOptions& options) {
   model.options = options;
   output_ = {options.destination, options.fdDestination, options.subfolders,
              options.fdSourceFolder};
-  state_.gConflictAddNumber = static_cast<std::int16_t>(options.add_number);
-  state_.gNumberLeft = options.left;
-  state_.gNumberRight = options.right;
+  state_.numbering.gConflictAddNumber = static_cast<std::int16_t>(options.add_number);
+  state_.numbering.gNumberLeft = options.left;
+  state_.numbering.gNumberRight = options.right;
 }
 
 template <class Pass>

@@ -9,9 +9,9 @@
 
 #include "core/records.h"
 #include "core/run_state.h"
-#include "rename/output_options.h"
 #include "rename/plain_model.h"
 #include "rename/result_rows.h"
+#include "rename/run_output.h"
 #include "support/fake_services.h"
 #include "support/memory_files.h"
 #include "support/temp_folder.h"
@@ -88,7 +88,7 @@ class TwoWorlds {
   MemoryFiles plain_files_;
   Records records_;
   RunState state_;
-  OutputOptions output_;
+  RunOutput output_;
   RunReports reports_;
   FakeEvents events_;
   FakeClock clock_;

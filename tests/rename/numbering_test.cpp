@@ -14,7 +14,8 @@ std::string PlainSearch(MemoryFiles& files, const RunState& state, const std::st
                         const std::string& base, const std::string& extension) {
   std::string name = base + extension;
   for (int n = 1; files.Exists(folder + name); ++n) {
-    name = base + state.gNumberLeft + std::to_string(n) + state.gNumberRight + extension;
+    name = base + state.numbering.gNumberLeft + std::to_string(n) + state.numbering.gNumberRight +
+           extension;
   }
   return name;
 }
@@ -57,8 +58,8 @@ TEST(Numbering, GivesWhatThePlainSearchGivesWhileFilesComeAndGo) {
   std::mt19937 random(7);
   for (const auto& row : templates) {
     RunState state;
-    state.gNumberLeft = row.left;
-    state.gNumberRight = row.right;
+    state.numbering.gNumberLeft = row.left;
+    state.numbering.gNumberRight = row.right;
     MemoryFiles files;
     Numbering numbering(state, files, [] { return true; });
     const std::string base = row.base;

@@ -25,7 +25,7 @@ class RunOnDisk : public testing::Test {
     records.DeleteAll();
     state.gFileCount = 0;
     LongPass pass(0, state, events, clock);
-    mScanCD::Scan({"", "", true}, records, state, *files, clock, types, pass)
+    mScanCD::Scan({path, "", "", true}, records, state, *files, clock, types, pass)
         .ShowDir3_FillPreview("in", path);
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].newFileName = records[i].sourceFileName;
@@ -40,7 +40,7 @@ class RunOnDisk : public testing::Test {
     }
   }
 
-  void Run(const OutputOptions& output = {}) {
+  void Run(const RunOutput& output = {}) {
     RunReports reports;
     RenameRun(output, records, state, *files, events, clock, reports).RunRename();
     files->LetFoldersGo();
@@ -84,7 +84,7 @@ TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   folder.MakeFolder("subfolder");
   ASSERT_EQ(::link((folder / "onto a twin").c_str(), (folder / "twin").c_str()), 0);
   Scan();
-  state.gConflictAddNumber = 0;
+  state.numbering.gConflictAddNumber = 0;
   Plan({{bad, "good"},
         {line, "bad\xFE\n again"},
         {gone, "never"},
@@ -218,7 +218,7 @@ TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
   for (const char* name : {"kept", "edited", "replaced", "gone"}) Add(name);
   Scan();
   TempFolder out;
-  const OutputOptions output{kCopyTo, out.path() + "/", false, folder.path() + "/"};
+  const RunOutput output{kCopyTo, out.path() + "/", false, folder.path() + "/"};
   Run(output);
   out.Write("edited", "longer than it was");
   ASSERT_EQ(::unlink((out / "replaced").c_str()), 0);

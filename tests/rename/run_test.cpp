@@ -64,7 +64,7 @@ class RunTest : public testing::Test {
   FakeEvents events;
   FakeClock clock;
   RunReports reports;
-  OutputOptions output{kUseSourceFolder, "", true, "/in/"};
+  RunOutput output{kUseSourceFolder, "", true, "/in/"};
 };
 
 }  // namespace
@@ -97,7 +97,7 @@ TEST_F(RunTest, RenamesInPlace) {
     SCOPED_TRACE(row.what);
     files.contents.clear();
     records.DeleteAll();
-    state.gConflictAddNumber = static_cast<std::int16_t>(row.add_number);
+    state.numbering.gConflictAddNumber = static_cast<std::int16_t>(row.add_number);
     Plan(row.rows);
     Run();
     EXPECT_EQ(Marks(), row.marks);
@@ -110,7 +110,7 @@ TEST_F(RunTest, RenamesInPlace) {
 TEST_F(RunTest, CopiesAndMovesIntoTheOutputFolder) {
   const struct {
     const char* what;
-    OutputOptions output;
+    RunOutput output;
     int add_number;
     const char* marks;
     const char* in;
@@ -140,7 +140,7 @@ TEST_F(RunTest, CopiesAndMovesIntoTheOutputFolder) {
     files.contents.clear();
     records.DeleteAll();
     output = row.output;
-    state.gConflictAddNumber = static_cast<std::int16_t>(row.add_number);
+    state.numbering.gConflictAddNumber = static_cast<std::int16_t>(row.add_number);
     Plan({{"a", "n"}});
     Plan({{"b", "n"}}, "/in/sub/");
     Run();

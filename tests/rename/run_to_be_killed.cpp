@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
   if (argc != 4) return 2;
   ::alarm(60);  // should nobody come to kill it
   const std::string folder = argv[2];
-  const OutputOptions output{std::atoi(argv[1]), argv[3], false, folder};
+  const RunOutput output{std::atoi(argv[1]), argv[3], false, folder};
   const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
   const std::unique_ptr<Clock> clock = MakeSystemClock();
   NoEvents events;

@@ -2,101 +2,74 @@
 
 #include <gmock/gmock.h>
 
+#include "settings/option_table.h"
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
+using option_table::kRows;
+using Texts = std::vector<std::string>;
 
-/// Every option unlike the one of a first start.
-SavedOptions Unusual() {
-  SavedOptions options;
-  options.fdSourceFolder = "/photos/\xFF/";
-  options.chSubfolders = false;
-  options.fdIncludeMask = "*.jpg;*.png";
-  options.fdExcludeMask = " ";
-  options.cmbDestination = 2;
-  options.fdDestination = "/out/";
-  options.chDestinationSubfolders = false;
-  options.chColumnPath = options.chColumnSize = true;
-  options.chColumnType = options.chColumnDate = true;
-  options.cmbGroupBy = 2;
-  options.gConflictAddNumber = 0;
-  options.gNumberLeft = "(";
-  options.gNumberRight = "";
+/// Every option but the save boxes unlike the one of a first start.
+Options Unusual() {
+  const struct {
+    void operator()(bool* held) const { *held = !*held; }
+    void operator()(int* held) const { *held = 2; }
+    void operator()(std::int16_t* held) const { *held = 0; }
+    void operator()(std::string* held) const { *held += "\xFF"; }
+  } change;
+  Options options;
+  for (const OptionRow& row : kRows) std::visit(change, row.in(options));
+  options.save = {};
   return options;
 }
 
-/// How many options were dealt with.
-std::size_t Read(SettingsStore& store, SavedOptions& options) {
+Texts TextsOf(const Options& options) {
+  Texts texts;
+  for (const OptionRow& row : kRows) texts.push_back(option_table::TextOf(row, options));
+  return texts;
+}
+
+TEST(SavedOptions, AreWrittenInTheOrderOfTheReadingWithTheConflictsLeftToTheirDialog) {
+  MemorySettings store;
+  Options options = Unusual();
   std::size_t read = 0;
   ReadSavedOptions(store, options, read);
-  return read;
+  EXPECT_EQ(TextsOf(options), TextsOf(Options())) << "an empty store";
+  WriteSavedOptions(store, options);
+  store.written.push_back("then");
+  WriteConflictOptions(store, options.numbering);
+  EXPECT_EQ(store.written,
+            (Texts{"SaveSourceFolderOptions=1", "SaveOutputFolderOptions=1",
+                   "SaveFileListOptions=1", "SourceFolderPath=", "SourceFolderSubfolders=1",
+                   "IncludeMask=", "ExcludeMask=", "OutputFolderMode=0",
+                   "OutputFolderPath=", "OutputFolderSubfolders=1", "ColumnPath=0", "ColumnSize=0",
+                   "ColumnType=0", "ColumnDate=0", "GroupBy=1", "then", "AddNumber=1",
+                   "NumberLeft=_{", "NumberRight=}"}));
 }
 
-void ExpectSame(const SavedOptions& a, const SavedOptions& b) {
-  MemorySettings left, right;
-  for (auto [store, options] : {std::pair{&left, &a}, std::pair{&right, &b}}) {
-    WriteSavedOptions(*store, *options);
-    WriteConflictOptions(*store, *options);
-  }
-  EXPECT_EQ(left.written, right.written);
-}
-
-TEST(SavedOptions, AnEmptyStoreIsAFirstStart) {
+TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorReadAndPartlyReset) {
   MemorySettings store;
-  SavedOptions read = Unusual();
-  Read(store, read);
-  ExpectSame(read, SavedOptions());
-}
-
-TEST(SavedOptions, WritesInTheOrderOfTheReadingAndLeavesConflictsToTheirDialog) {
-  MemorySettings store;
-  WriteSavedOptions(store, SavedOptions());
-  EXPECT_THAT(store.written,
-              ElementsAre("SaveSourceFolderOptions=1", "SaveOutputFolderOptions=1",
-                          "SaveFileListOptions=1", "SourceFolderPath=", "SourceFolderSubfolders=1",
-                          "IncludeMask=", "ExcludeMask=", "OutputFolderMode=0",
-                          "OutputFolderPath=", "OutputFolderSubfolders=1", "ColumnPath=0",
-                          "ColumnSize=0", "ColumnType=0", "ColumnDate=0", "GroupBy=1"));
-}
-
-TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorRead) {
-  MemorySettings store;
-  WriteSavedOptions(store, Unusual());
-  const auto before = store.values;
-
-  SavedOptions off;
-  off.chSaveSourceFolderOptions = off.chSaveOutputFolderOptions = off.chSaveFileListOptions = false;
-  WriteSavedOptions(store, off);
-  EXPECT_EQ(store.values.size(), before.size());
-  EXPECT_EQ((store.values[{"Settings\\Folders", "SourceFolderPath"}]), "/photos/\xFF/");
-  EXPECT_EQ((store.values[{"Settings\\FileList", "GroupBy"}]), "2");
-
-  // The controls keep what they hold, but for the three that fall back.
-  store.read.clear();
-  SavedOptions read = Unusual();
-  Read(store, read);
-  EXPECT_THAT(store.read,
-              ElementsAre("SaveSourceFolderOptions", "SaveOutputFolderOptions",
-                          "SaveFileListOptions", "AddNumber", "NumberLeft", "NumberRight"));
-  EXPECT_EQ(read.fdSourceFolder, "/photos/\xFF/");
-  EXPECT_TRUE(read.chSubfolders);
-  EXPECT_EQ(read.cmbDestination, 0);
-  EXPECT_EQ(read.fdDestination, "/out/");
-  EXPECT_TRUE(read.chDestinationSubfolders);
-  EXPECT_TRUE(read.chColumnDate);
-  EXPECT_EQ(read.cmbGroupBy, 1);
+  Options options = Unusual();
+  options.save = {false, false, false};
+  WriteSavedOptions(store, options);
+  EXPECT_EQ(store.written, (Texts{"SaveSourceFolderOptions=0", "SaveOutputFolderOptions=0",
+                                  "SaveFileListOptions=0"}));
+  std::size_t read = 0;
+  ReadSavedOptions(store, options, read);
+  EXPECT_EQ(store.read, (Texts{"SaveSourceFolderOptions", "SaveOutputFolderOptions",
+                               "SaveFileListOptions", "AddNumber", "NumberLeft", "NumberRight"}));
+  Options expected = Unusual();
+  expected.save = {false, false, false};
+  expected.source.chSubfolders = expected.output.chDestinationSubfolders = true;
+  expected.output.cmbDestination = kUseSourceFolder;
+  expected.list.cmbGroupBy = 1;
+  expected.numbering = {};
+  EXPECT_EQ(TextsOf(options), TextsOf(expected));
 }
 
 TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
-  MemorySettings good;
-  SavedOptions any;
-  Read(good, any);
-  const std::vector<std::string>& order = good.read;
-  constexpr std::size_t kConflicts = 15;  // from here on their own dialog writes
   const struct {
     std::string section, key, text, failure, mended;
   } table[] = {
@@ -105,6 +78,7 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
       {"Settings\\Folders", "SourceFolderSubfolders", "2", "Invalid property", "1"},
       {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "0"},
       {"Settings\\FileList", "GroupBy", "-1", "Invalid property", "1"},
+      {"Settings\\FileList", "GroupBy", "3", "Invalid property", "1"},
       {"Conflicts", "AddNumber", "32768", "Overflow", "1"},
   };
   for (const auto& row : table) {
@@ -112,35 +86,34 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
     WriteSavedOptions(store, Unusual());
     store.values[{row.section, row.key}] = row.text;
     store.written.clear();
-    SavedOptions options;
     OptionsAtStart start;
-    const auto read = [&] { ReadSavedOptions(store, options, start.read); };
-    EXPECT_THAT(FailureReport(read), HasSubstr(row.failure));
+    const auto read = [&] { ReadSavedOptions(store, start.shown, start.read); };
+    EXPECT_THAT(FailureReport(read), testing::StartsWith(row.failure)) << row.key;
     EXPECT_EQ(store.read.back(), row.key);
-    EXPECT_EQ(order[start.read], row.key);
+    ASSERT_EQ(kRows[start.read].key, row.key);
 
-    start.shown = options;
-    options.fdIncludeMask = "*.raw";
+    // Written: what was read, the bad value, and of the rest what was changed since.
+    Options options = start.shown;
+    options.source.fdIncludeMask = "*.raw";
     WriteSavedOptions(store, options, start);
-    std::vector<std::string> written, expected;
-    for (const std::string& one : store.written) written.push_back(one.substr(0, one.find('=')));
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      const bool shown = i < start.read || order[i] == "IncludeMask";
-      if (i == start.read || (i < kConflicts && shown)) expected.push_back(order[i]);
+    Texts expected;
+    for (const OptionRow& one : kRows) {
+      const bool shown = one.section != option_table::kConflicts && &one < kRows + start.read;
+      if (!shown && one.key != row.key && one.key != "IncludeMask") continue;
+      expected.push_back(std::string(one.key) + "=" + option_table::TextOf(one, options));
     }
-    EXPECT_EQ(written, expected) << row.key;
+    EXPECT_EQ(store.written, expected) << row.key;
     EXPECT_EQ((store.values[{row.section, row.key}]), row.mended);
   }
 }
 
-TEST(SavedOptions, AGroupTurnedOnBehindABadValueIsWritten) {
+TEST(SavedOptions, AGroupTurnedOnAfterAStartThatReadNothingIsWritten) {
   MemorySettings store;
-  OptionsAtStart start{.read = 0, .shown = {}};
-  start.shown.chSaveFileListOptions = false;
-  WriteSavedOptions(store, SavedOptions(), start);
-  EXPECT_THAT(store.written,
-              ElementsAre("SaveSourceFolderOptions=1", "SaveFileListOptions=1", "ColumnPath=0",
-                          "ColumnSize=0", "ColumnType=0", "ColumnDate=0", "GroupBy=1"));
+  OptionsAtStart start{.could_read = false, .shown = {}};
+  start.shown.save.chSaveFileListOptions = false;
+  WriteSavedOptions(store, Options(), start);
+  EXPECT_EQ(store.written, (Texts{"SaveFileListOptions=1", "ColumnPath=0", "ColumnSize=0",
+                                  "ColumnType=0", "ColumnDate=0", "GroupBy=1"}));
 }
 
 }  // namespace

@@ -12,15 +12,15 @@
 
 namespace {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
 /// How far a window's place is from where its size puts it in the middle of the screen.
 int OffTheMiddle(const QWidget& window) {
   const QSize spare = window.screen()->size() - window.size();
   return (window.pos() - QPoint(spare.width(), spare.height()) / 2).manhattanLength();
 }
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 struct PlacedWidget : QWidget {
   PlacedWidget(SettingsStore& store, const char* frm) {
@@ -30,11 +30,13 @@ struct PlacedWidget : QWidget {
   }
 };
 
-TEST(WindowPlacementQt, AWindowReturnsWhereItWasClosed) {
+TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   MemorySettings store;
   {
     PlacedWidget window(store, "Form1");
     window.show();
+    EXPECT_LE(OffTheMiddle(window), 1);
+    EXPECT_EQ(window.size(), QSize(200, 100));
     window.resize(321, 222);
     window.move(33, 44);
     EXPECT_THAT(store.written, IsEmpty());
@@ -49,15 +51,7 @@ TEST(WindowPlacementQt, AWindowReturnsWhereItWasClosed) {
   EXPECT_EQ(again.size(), QSize(321, 222));
 }
 
-TEST(WindowPlacementQt, AFirstStartOpensInTheMiddle) {
-  MemorySettings store;
-  PlacedWidget window(store, "Form1");
-  window.show();
-  EXPECT_LE(OffTheMiddle(window), 1);
-  EXPECT_EQ(window.size(), QSize(200, 100));
-}
-
-TEST(WindowPlacementQt, AMaximisedWindowKeepsItsNormalPlace) {
+TEST(WindowPlacementQt, AMaximisedWindowKeepsItsNormalPlaceAndAMinimisedOneWritesNothing) {
   MemorySettings store;
   {
     PlacedWidget window(store, "Form3");
@@ -67,21 +61,14 @@ TEST(WindowPlacementQt, AMaximisedWindowKeepsItsNormalPlace) {
     window.showMaximized();
     window.close();
   }
-  {
-    PlacedWidget window(store, "Form3");
-    window.show();
-    EXPECT_TRUE(window.isMaximized());
-    EXPECT_EQ(window.normalGeometry(), QRect(33, 44, 321, 222));
-    window.showNormal();
-    EXPECT_EQ(window.size(), QSize(321, 222));
-  }
-}
-
-TEST(WindowPlacementQt, AMinimisedWindowWritesNothing) {
-  MemorySettings store;
-  PlacedWidget window(store, "Form1");
+  PlacedWidget window(store, "Form3");
   window.show();
+  EXPECT_TRUE(window.isMaximized());
+  EXPECT_EQ(window.normalGeometry(), QRect(33, 44, 321, 222));
+  window.showNormal();
+  EXPECT_EQ(window.size(), QSize(321, 222));
   window.showMinimized();
+  store.written.clear();
   window.close();
   EXPECT_THAT(store.written, IsEmpty());
 }
@@ -106,8 +93,8 @@ TEST(WindowPlacementQt, ADialogIsPlacedByTheSizeOfItsLayoutAndStoredHoweverItEnd
 
 TEST(WindowPlacementQt, BadValuesAndAFullDiskAreReportedAndTheWindowWorks) {
   MemorySettings store;
-  store.values[{"Windows\\Main", "MainWidth"}] = "6000";
-  store.values[{"Windows\\Main", "MainHeight"}] = "tall";
+  store.values = {{{"Windows\\Main", "MainWidth"}, "6000"},
+                  {{"Windows\\Main", "MainHeight"}, "tall"}};
   PlacedWidget window(store, "Form1");
   EXPECT_THAT(FailureReport([&] { window.show(); }), HasSubstr("'tall'"));
   EXPECT_TRUE(window.isVisible());

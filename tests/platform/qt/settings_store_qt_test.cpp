@@ -4,8 +4,8 @@
 #include <signal.h>
 #include <sys/wait.h>
 
+#include <filesystem>
 #include <functional>
-#include <optional>
 
 #include "support/temp_folder.h"
 
@@ -25,163 +25,118 @@ class SettingsStoreQt : public testing::Test {
 
 /// What stands in the file of `folder`. QSettings keeps in memory what this process has read and
 /// written of a file, so it is read from a copy in another place.
-class OnDisk {
- public:
-  explicit OnDisk(const TempFolder& folder) {
-    copy_.MakeFolder("Quorvane");
-    copy_.Write(kFile, folder.Read(kFile).value_or(""));
-    store_.emplace(FileIn(copy_));
-  }
+struct OnDisk {
+  explicit OnDisk(const TempFolder& folder)
+      : store((copy.MakeFolder("Quorvane"), copy.Write(kFile, folder.Read(kFile).value_or("")),
+               FileIn(copy))) {}
   std::string operator()(std::string_view section, std::string_view key) {
-    return store_->GetSetting(section, key, "(none)");
+    return store.GetSetting(section, key, "(none)");
   }
 
- private:
-  const TempFolder copy_;
-  std::optional<QtSettingsStore> store_;
+  const TempFolder copy;
+  QtSettingsStore store;
 };
 
-/// Runs `body` in a second process; answers its id.
-pid_t InProcess(const std::function<void()>& body) {
+/// Writes one key; what Flush tells.
+int Save(QtSettingsStore& store, const std::string& key, const std::string& text) {
+  store.SaveSetting("A", key, text);
+  return store.Flush().error;
+}
+
+/// Starts `body` in a second process, which ends with what it answers.
+pid_t InProcess(const std::function<int()>& body) {
   const pid_t process = ::fork();
-  if (process == 0) {
-    body();
-    ::_exit(0);
-  }
+  if (process == 0) ::_exit(body());
   return process;
 }
 
-const std::string kHardTexts[] = {
-    "plain",
-    "",
-    " ",
-    "  both ends\t",
-    "\"quoted\"",
-    "a\"b",
-    "a|b\\c\\",
-    "\\n",
-    "100%",
-    "%41%",
-    "a;b,c=d",
-    "@Invalid()",
-    "@",
-    "[section]",
-    "line\nbreak\r\n",
-    std::string("nul\0nul", 7),
-    "\x01\x1F\x7F",
-    "gr\xC3\xBC\xC3\x9F \xE6\x97\xA5\xE6\x9C\xAC",
-    "\xF0\x9F\x8F\xB3\xEF\xB8\x8F\xE2\x80\x8D\xF0\x9F\x8C\x88",
-    "/photos/\xFF\xC3/\xED\xB2\x80/",
-    "\xEF\xBB\xBFmark",
-    "\xEF\xBF\xBE\xEF\xBF\xBD",
-    "\xE2\x80\xA8\xC2\x85",
-    std::string(10000, 'x') + "\xC3\xA4",
-};
-
-TEST_F(SettingsStoreQt, TextsOfEveryKindComeBackFromDiskUnchanged) {
-  QtSettingsStore store(FileIn(folder));
-  for (const std::string& text : kHardTexts) {
-    store.SaveSetting("Texts", text, text);
-    store.SaveSetting("Sections\\" + text, "Key", text);
-  }
-  ASSERT_EQ(store.Flush().text, "");
-  OnDisk on_disk(folder);
-  for (const std::string& text : kHardTexts) {
-    EXPECT_EQ(on_disk("Texts", text), text);
-    EXPECT_EQ(on_disk("Sections\\" + text, "Key"), text);
-  }
+int EndOf(pid_t process) {
+  int status = -1;
+  return ::waitpid(process, &status, 0) == process ? status : -1;
 }
 
-TEST_F(SettingsStoreQt, SectionsAndKeysAreTheirNamesAndNothingElse) {
-  const std::pair<std::string, std::string> names[] = {
-      {"A\\B", "C"}, {"A", "B\\C"},       {"A.B", "C"},   {"A/B", "C"},     {"A-B", "C"},
-      {"A", "B/C"},  {"A", "b"},          {"A", "B"},     {"a", "B"},       {"A\\", "B"},
-      {"", "A"},     {"A", ""},           {"\\A", "B"},   {"General", "A"}, {"general", "A"},
-      {"-", "A"},    {"A\\General", "A"}, {"A%2FB", "C"}, {"A-2DB", "C"},
-  };
+TEST_F(SettingsStoreQt, TextsSectionsAndKeysComeBackFromDiskAsTheyWere) {
+  std::vector<std::string> texts = {"", "  ", "@Invalid()", "%41", "\\x41", "line\r\n"};
+  texts.push_back(
+      "\xEF\xBB\xBFgr\xC3\xBC\xC3\x9F \xE6\x97\xA5 \xED\xB2\x80/\xFF\xC3/\xEF\xBF\xBE\xE2\x80\xA8");
+  texts.push_back("\xF0\x9F\x8F\xB3\xEF\xB8\x8F\xE2\x80\x8D\xF0\x9F\x8C\x88" +
+                  std::string(10000, 'x'));
+  for (int byte = 0; byte < 256; ++byte) {
+    const std::string one(1, static_cast<char>(byte));
+    texts.insert(texts.end(), {one, "a" + one + "b"});
+  }
+  std::vector<std::pair<std::string, std::string>> names;
+  for (const char* section : {"", "-", "A", "a", "A\\", "\\A", "A\\B", "A.B", "A/B", "A-B", "A%2FB",
+                              "A-2DB", "General", "general", "A\\General"}) {
+    for (const char* key : {"", "A", "b", "B", "C", "B/C", "B\\C"})
+      names.emplace_back(section, key);
+  }
+  for (const std::string& text : texts) {
+    names.emplace_back("Keys", text);
+    names.emplace_back("Sections\\" + text, "Key");
+  }
   QtSettingsStore store(FileIn(folder));
   for (const auto& [section, key] : names) store.SaveSetting(section, key, section + "|" + key);
+  for (const std::string& text : texts) store.SaveSetting("Texts", "of" + text, text);
   ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
   for (const auto& [section, key] : names) EXPECT_EQ(on_disk(section, key), section + "|" + key);
+  for (const std::string& text : texts) EXPECT_EQ(on_disk("Texts", "of" + text), text);
 }
 
 TEST_F(SettingsStoreQt, AKeyAndASectionOfOneNameLiveSideBySide) {
   QtSettingsStore store(FileIn(folder));
-  const auto fill = [&] {
-    store.SaveSetting("Templates", "1", "Report");
-    store.SaveSetting("Templates\\1", "Start", "5");
-    store.SaveSetting("Templates\\1\\Deep", "Start", "6");
-    store.SaveSetting("Templates\\10", "Start", "7");
-  };
-  fill();
-  EXPECT_TRUE(store.DeleteSetting("Templates", "1"));
-  EXPECT_FALSE(store.DeleteSetting("Templates", "1"));
-  EXPECT_EQ(store.GetSetting("Templates\\1", "Start"), "5");
-  fill();
-  EXPECT_TRUE(store.DeleteSetting("Templates\\1"));
-  EXPECT_FALSE(store.DeleteSetting("Templates\\1"));
+  for (const char* section : {"T", "T\\1", "T\\1\\Deep", "T\\10"}) {
+    store.SaveSetting(section, "1", "x");
+  }
+  EXPECT_TRUE(store.DeleteSetting("T", "1"));
+  EXPECT_FALSE(store.DeleteSetting("T", "1"));
+  EXPECT_EQ(store.GetSetting("T\\1", "1"), "x");
+  store.SaveSetting("T", "1", "x");
+  EXPECT_TRUE(store.DeleteSetting("T\\1"));
+  EXPECT_FALSE(store.DeleteSetting("T\\1"));
   ASSERT_EQ(store.Flush().text, "");
   OnDisk on_disk(folder);
-  EXPECT_EQ(on_disk("Templates", "1"), "Report");
-  EXPECT_EQ(on_disk("Templates\\1", "Start"), "(none)");
-  EXPECT_EQ(on_disk("Templates\\1\\Deep", "Start"), "(none)");
-  EXPECT_EQ(on_disk("Templates\\10", "Start"), "7");
-  EXPECT_TRUE(store.DeleteSetting("Templates"));
-  EXPECT_EQ(store.GetSetting("Templates", "1", "(none)"), "(none)");
+  const std::pair<const char*, const char*> left[] = {
+      {"T", "x"}, {"T\\1", "(none)"}, {"T\\1\\Deep", "(none)"}, {"T\\10", "x"}};
+  for (const auto& [section, text] : left) EXPECT_EQ(on_disk(section, "1"), text) << section;
+  EXPECT_TRUE(store.DeleteSetting("T"));
+  EXPECT_EQ(store.GetSetting("T", "1", "(none)"), "(none)");
 }
 
 TEST_F(SettingsStoreQt, TwoWritersKeepEachOthersKeys) {
-  QtSettingsStore store(FileIn(folder));
-  store.SaveSetting("Shared", "Mine", "before");
-  ASSERT_EQ(store.Flush().text, "");
-  constexpr int kWrites = 25;
-  const auto write = [&](const std::string& who) {
+  const auto write = [&](char who) {
     QtSettingsStore own(FileIn(folder));
-    for (int i = 0; i < kWrites; ++i) {
-      own.SaveSetting("Shared", who + std::to_string(i), who);
-      if (own.Flush()) ::_exit(1);
-    }
+    int error = 0;
+    for (int i = 0; i < 15; ++i) error |= Save(own, who + std::to_string(i), std::string(1, who));
+    return error;
   };
-  const pid_t other = InProcess([&] { write("Other"); });
-  write("Mine");
-  int status = -1;
-  ::waitpid(other, &status, 0);
-  ASSERT_EQ(status, 0);
-  ASSERT_EQ(store.Flush().text, "");
+  EXPECT_EQ(write('-'), 0);
+  const pid_t other = InProcess([&] { return write('o'); });
+  EXPECT_EQ(write('m'), 0);
+  ASSERT_EQ(EndOf(other), 0);
   OnDisk on_disk(folder);
-  for (int i = 0; i < kWrites; ++i) {
-    EXPECT_EQ(on_disk("Shared", "Mine" + std::to_string(i)), "Mine") << i;
-    EXPECT_EQ(on_disk("Shared", "Other" + std::to_string(i)), "Other") << i;
+  for (const std::string who : {"-", "m", "o"}) {
+    for (int i = 0; i < 15; ++i) EXPECT_EQ(on_disk("A", who + std::to_string(i)), who) << i;
   }
 }
 
 TEST_F(SettingsStoreQt, AWriterKilledAtWorkLeavesAWholeFileAndNoLock) {
-  int ends[2];
-  ASSERT_EQ(::pipe(ends), 0);
   const pid_t writer = InProcess([&] {
     QtSettingsStore store(FileIn(folder));
-    for (int i = 0;; ++i) {
-      store.SaveSetting("Texts", "Long", std::string(10000, static_cast<char>('a' + i % 26)));
-      (void)store.Flush();
-      if (i == 3) (void)!::write(ends[1], "x", 1);
-    }
+    for (char sign = 'a';; sign ^= 3) (void)Save(store, "Long", std::string(10000, sign));
+    return 0;
   });
-  char sign;
-  ASSERT_EQ(::read(ends[0], &sign, 1), 1);
+  while (!std::filesystem::exists(folder / kFile)) ::usleep(100);
   ::usleep(20000);
   ::kill(writer, SIGKILL);
-  ::waitpid(writer, nullptr, 0);
-  ::close(ends[0]);
-  ::close(ends[1]);
+  EndOf(writer);
 
   QtSettingsStore store(FileIn(folder));
   EXPECT_EQ(store.ReadProblem().text, "");
-  const std::string text = store.GetSetting("Texts", "Long");
-  ASSERT_EQ(text.size(), 10000U);
+  const std::string text = store.GetSetting("A", "Long", " ");
   EXPECT_EQ(text, std::string(10000, text[0]));
-  store.SaveSetting("Texts", "Next", "1");
-  EXPECT_EQ(store.Flush().text, "");
+  EXPECT_EQ(Save(store, "Next", "1"), 0);
 }
 
 TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritten) {
@@ -189,17 +144,16 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
   const struct {
     std::string content, read;
     bool damaged;
-  } table[] = {
-      {good, "0", false},
-      {"; somebody's note\n\n" + good, "0", false},
-      {"", "(none)", false},
-      {good + "Sourc", "0", true},
-      {good + "SourceFolderPath=/ho", "0", true},
-      {good + "[Conflic\n", "0", true},
-      {std::string(300, '\0'), "(none)", true},
-      {good + "x=" + std::string(9 << 20, ',') + "\n", "(none)", true},
-      {std::string("\x89PNG\r\n\x1A\n\xFF\xFE=\n", 12), "(none)", true},
-  };
+  } table[] = {{good, "0", false},
+               {"; somebody's note\n\n" + good, "0", false},
+               {"", "(none)", false},
+               {good + "Sourc", "0", true},
+               {good + "SourceFolderPath=/ho", "0", true},
+               {good + "[Conflic\n", "0", true},
+               {std::string(300, '\0'), "(none)", true},
+               {good + "x=" + std::string(9 << 20, ',') + "\n", "(none)", true},
+               {std::string("\x89PNG\r\n\x1A\n\xFF\xFE=\n", 12), "(none)", true}};
+  const std::string copy = std::string(kFile) + ".damaged";
   for (const auto& row : table) {
     const TempFolder config;
     config.MakeFolder("Quorvane");
@@ -207,65 +161,47 @@ TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritt
     QtSettingsStore store(FileIn(config));
     EXPECT_TRUE(store.CanBeRead());
     EXPECT_EQ(static_cast<bool>(store.ReadProblem()), row.damaged) << row.content.substr(0, 99);
-    EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
     EXPECT_TRUE(config.Read(kFile) == row.content) << "reading changes nothing";
-
-    store.SaveSetting("Conflicts", "NumberLeft", "(");
-    EXPECT_EQ(store.Flush().text, "");
-    EXPECT_EQ(store.ReadProblem().text, "");
-    EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
-    EXPECT_EQ(store.GetSetting("Conflicts", "NumberLeft"), "(");
-    const std::string copy = std::string(kFile) + ".damaged";
+    for (const std::string text : {"first", "second"}) {
+      EXPECT_EQ(store.GetSetting("Settings", "CheckForSystemFolders", "(none)"), row.read);
+      EXPECT_EQ(Save(store, "B", text), 0);
+      EXPECT_EQ(store.ReadProblem().text, "");
+      EXPECT_EQ(store.GetSetting("A", "B"), text);
+    }
     EXPECT_TRUE(config.Read(copy) == (row.damaged ? std::optional(row.content) : std::nullopt));
+    config.Write(kFile, "again");
+    EXPECT_EQ(Save(store, "B", "third"), 0);
+    EXPECT_TRUE(config.Read(copy) == (row.damaged ? row.content : "again"));
+    EXPECT_EQ(config.Read(copy + "2").value_or(""), row.damaged ? "again" : "");
   }
 }
-
-TEST_F(SettingsStoreQt, ASecondDamageKeepsTheFirstCopy) {
-  QtSettingsStore store(FileIn(folder));
-  for (const std::string content : {"first", "second"}) {
-    store.SaveSetting("A", "B", content);
-    ASSERT_EQ(store.Flush().text, "");
-    folder.Write(kFile, content);
-  }
-  store.SaveSetting("A", "B", "third");
-  ASSERT_EQ(store.Flush().text, "");
-  EXPECT_EQ(folder.Read(std::string(kFile) + ".damaged"), "first");
-  EXPECT_EQ(folder.Read(std::string(kFile) + ".damaged2"), "second");
-}
-
-/// What can stand in the place of the file: at `path`, below the folder of the test.
-struct Place {
-  std::string path;
-  std::function<void(const TempFolder&, const std::string& path)> make;
-  int read_error;  ///< what ReadProblem tells; 0: nothing is wrong at the start
-  int error;       ///< what the first Flush tells behind it; 0: nothing new
-};
-
-const Place kPlaces[] = {
-    {"fifo", [](auto& in, auto& path) { ::mkfifo((in / path).c_str(), 0600); }, ENXIO, 0},
-    {"folder", [](auto& in, auto& path) { in.MakeFolder(path); }, EISDIR, 0},
-    {"fifo_far", [](auto& in, auto& path) { in.MakeLink(path, "fifo"); }, ENXIO, 0},
-    {"loop", [](auto& in, auto& path) { in.MakeLink(path, "loop"); }, ELOOP, 0},
-    {"nowhere", [](auto& in, auto& path) { in.MakeLink(path, "none/file"); }, ENOENT, 0},
-    {"file/below", [](auto& in, auto&) { in.Write("file", ""); }, ENOTDIR, 0},
-    {"locked", [](auto& in, auto& path) { in.MakeFolder(path + ".lock"); }, 0, EEXIST},
-};
 
 TEST_F(SettingsStoreQt, WhatIsNoFileIsToldOnceAndItsChangesAreKeptUntilItIsGone) {
-  for (const Place& place : kPlaces) {
-    place.make(folder, place.path);
-    const std::string path = folder / place.path;
-    const mode_t kind = folder.Facts(place.path).st_mode;
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+  folder.MakeFolder("folder");
+  folder.MakeLink("fifo_far", "fifo");
+  folder.MakeLink("loop", "loop");
+  folder.MakeLink("nowhere", "none/file");
+  folder.Write("file", "");
+  folder.MakeFolder("locked.lock");
+  const struct {
+    const char* name;
+    int read_error;  ///< what ReadProblem tells; 0: nothing is wrong at the start
+    int error = 0;   ///< what the first Flush tells behind it; 0: nothing new
+  } table[] = {{"fifo", ENXIO},     {"folder", EISDIR},      {"fifo_far", ENXIO},  {"loop", ELOOP},
+               {"nowhere", ENOENT}, {"file/below", ENOTDIR}, {"locked", 0, EEXIST}};
+  for (const auto& row : table) {
+    const std::string path = folder / row.name;
+    const mode_t kind = folder.Facts(row.name).st_mode;
     QtSettingsStore store(QString::fromStdString(path));
-    EXPECT_EQ(store.CanBeRead(), place.read_error == 0) << path;
+    EXPECT_EQ(store.CanBeRead(), row.read_error == 0) << path;
     const StoreProblem read = store.ReadProblem();
-    EXPECT_EQ(read.error, place.read_error) << path;
-    EXPECT_EQ(read.text.find(path) != read.text.npos, place.read_error != 0) << read.text;
-    for (const int error : {place.error, 0}) {
-      store.SaveSetting("A", "B", "new");
-      EXPECT_EQ(store.Flush().error, error) << path;
+    EXPECT_EQ(read.error, row.read_error) << path;
+    EXPECT_EQ(read.text.find(path) != read.text.npos, row.read_error != 0) << read.text;
+    for (const int error : {row.error, 0}) {
+      EXPECT_EQ(Save(store, "B", "new"), error) << path;
       EXPECT_EQ(store.GetSetting("A", "B"), "new");
-      EXPECT_EQ(folder.Facts(place.path).st_mode, kind) << path;
+      EXPECT_EQ(folder.Facts(row.name).st_mode, kind) << path;
     }
     EXPECT_TRUE(store.DeleteSetting("A"));
     EXPECT_FALSE(store.DeleteSetting("A", "B"));
@@ -275,59 +211,46 @@ TEST_F(SettingsStoreQt, WhatIsNoFileIsToldOnceAndItsChangesAreKeptUntilItIsGone)
 TEST_F(SettingsStoreQt, EachCauseIsToldOnceWhateverComesBetween) {
   folder.MakeFolder("Quorvane");
   QtSettingsStore store(FileIn(folder));
-  const struct {
-    std::function<void()> make;
-    int error;
-  } steps[] = {
-      {[&] { folder.MakeFolder(kFile); }, EISDIR},
-      {[] {}, 0},
-      {[&] { ::rmdir((folder / kFile).c_str()), ::mkfifo((folder / kFile).c_str(), 0600); }, ENXIO},
-      {[&] { ::unlink((folder / kFile).c_str()), folder.MakeFolder(kFile); }, 0},
-      {[&] { ::rmdir((folder / kFile).c_str()); }, 0},
-      {[&] { ::unlink((folder / kFile).c_str()), ::mkfifo((folder / kFile).c_str(), 0600); }, 0},
-  };
-  for (const auto& step : steps) {
-    step.make();
-    const std::string key = std::to_string(&step - steps);
-    store.SaveSetting("A", key, key);
-    EXPECT_EQ(store.Flush().error, step.error) << key;
-    if (&step - steps != 4) continue;
+  const std::string file = folder / kFile;
+  // A folder, a pipe or nothing in its place, and what is told.
+  const std::pair<char, int> steps[] = {{'d', EISDIR}, {'d', 0}, {'p', ENXIO},
+                                        {'d', 0},      {'-', 0}, {'p', 0}};
+  std::string keys;
+  for (const auto& [kind, error] : steps) {
+    std::filesystem::remove(file);
+    if (kind == 'd') folder.MakeFolder(kFile);
+    if (kind == 'p') ::mkfifo(file.c_str(), 0600);
+    keys += 'k';
+    EXPECT_EQ(Save(store, keys, keys), error) << keys;
+    if (kind != '-') continue;
     OnDisk on_disk(folder);
-    for (const char* kept : {"0", "1", "2", "3", "4"}) EXPECT_EQ(on_disk("A", kept), kept);
+    for (std::string key = keys; !key.empty(); key.pop_back()) EXPECT_EQ(on_disk("A", key), key);
   }
 }
 
 TEST_F(SettingsStoreQt, ALinkToAFileStaysALink) {
   folder.MakeFolder("Quorvane");
-  for (const char* content : {"", "[A]\nB=old\n"}) {
-    folder.Write("far", content);
-    if (*content == 0) ::unlink((folder / "far").c_str());
-    ::unlink((folder / kFile).c_str());
-    folder.MakeLink(kFile, folder / "far");
+  folder.MakeLink(kFile, folder / "far");
+  for (const std::string text : {"made", "changed"}) {
     QtSettingsStore store(FileIn(folder));
     EXPECT_EQ(store.ReadProblem().text, "");
-    store.SaveSetting("A", "B", "new");
-    EXPECT_EQ(store.Flush().text, "");
-    EXPECT_TRUE(S_ISLNK(folder.Facts(kFile).st_mode)) << content;
-    EXPECT_EQ(folder.Read("far"), "[A]\nB=new\n");
+    EXPECT_EQ(Save(store, "B", text), 0);
+    EXPECT_TRUE(S_ISLNK(folder.Facts(kFile).st_mode));
+    EXPECT_EQ(folder.Read("far"), "[A]\nB=" + text + "\n");
   }
 }
 
-/// Runs in a process of its own, since it gives up the superuser's rights and its room for files.
+/// Runs in a process of its own, since it gives up the superuser's rights.
 TEST_F(SettingsStoreQt, AFailedWriteTellsTheErrnoOfWhatFailed) {
   folder.MakeFolder("Quorvane");
   ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
   ASSERT_EQ(::chmod((folder / "Quorvane").c_str(), 0555), 0);
-  int status = -1;
-  ::waitpid(InProcess([&] {
-              if (::geteuid() == 0 && ::setuid(65534) != 0) ::_exit(1);
-              QtSettingsStore store(FileIn(folder));
-              store.SaveSetting("A", "B", "new");
-              const int error = store.Flush().error;
-              ::_exit(error == EACCES && store.GetSetting("A", "B") == "new" ? 0 : 2);
-            }),
-            &status, 0);
-  EXPECT_EQ(status, 0);
+  const pid_t user = InProcess([&] {
+    if (::geteuid() == 0 && ::setuid(65534) != 0) return 1;
+    QtSettingsStore store(FileIn(folder));
+    return Save(store, "B", "new") == EACCES && store.GetSetting("A", "B") == "new" ? 0 : 2;
+  });
+  EXPECT_EQ(EndOf(user), 0);
   EXPECT_TRUE(folder.List("Quorvane").empty());
 }
 

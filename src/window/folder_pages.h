@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QTabWidget>
+#include <array>
 #include <functional>
 #include <string>
+
+#include "settings/options.h"
 
 class QCheckBox;
 class QComboBox;
@@ -21,14 +24,15 @@ class FolderPages : public QTabWidget {
   /// Without `browse`, the dialog is that of `BrowseForDisk`.
   explicit FolderPages(QWidget* parent = nullptr, FolderDialog browse = {});
 
-  std::string SourceFolder() const;
-  std::string IncludeMask() const;
-  std::string ExcludeMask() const;
-  bool Subfolders() const;
-  int Destination() const;  ///< 0 "Use source folder", 1 "Copy to", 2 "Move to"
-  std::string DestinationFolder() const;
-  bool DestinationSubfolders() const;
+  /// What the controls hold.
+  SaveOptions Saved() const;
+  SourceOptions Source() const;
+  OutputOptions Output() const;
 
+  /// Sets the controls; one that changes runs its handlers.
+  void Show(const SaveOptions& options);
+  void Show(const SourceOptions& options);
+  void Show(const OutputOptions& options);
   void SetSourceFolder(const std::string& folder);
 
   /// Gives a typed output folder its closing separator. Every command does this first.
@@ -59,6 +63,8 @@ class FolderPages : public QTabWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
+  /// Those that make sense only with a folder of its own.
+  std::array<QWidget*, 4> OutputControls() const;
   QWidget* BuildSourcePage();
   QWidget* BuildOutputPage();
   QWidget* BuildSettingsPage();

@@ -1,23 +1,39 @@
-#include "filelist/folder_pages.h"
+#include "window/folder_pages.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <utility>
 
 #include "common/path_text.h"
 #include "look/card.h"
+#include "look/handlers.h"
 #include "look/look.h"
+#include "look/option_controls.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
 namespace {
+
+constexpr std::tuple kSaved{
+    OptionControl{&SaveOptions::chSaveSourceFolderOptions, &FolderPages::chSaveSourceFolderOptions},
+    OptionControl{&SaveOptions::chSaveOutputFolderOptions, &FolderPages::chSaveOutputFolderOptions},
+    OptionControl{&SaveOptions::chSaveFileListOptions, &FolderPages::chSaveFileListOptions},
+};
+constexpr std::tuple kSource{
+    OptionControl{&SourceOptions::fdSourceFolder, &FolderPages::fdSourceFolder},
+    OptionControl{&SourceOptions::fdIncludeMask, &FolderPages::fdIncludeMask},
+    OptionControl{&SourceOptions::fdExcludeMask, &FolderPages::fdExcludeMask},
+    OptionControl{&SourceOptions::chSubfolders, &FolderPages::chSubfolders},
+};
+constexpr std::tuple kOutput{
+    OptionControl{&OutputOptions::cmbDestination, &FolderPages::cmbDestination},
+    OptionControl{&OutputOptions::fdDestination, &FolderPages::fdDestination},
+    OptionControl{&OutputOptions::chDestinationSubfolders, &FolderPages::chDestinationSubfolders},
+};
 
 constexpr int kPageTop = 10;
 constexpr int kPageBottom = 7;
@@ -33,7 +49,6 @@ QLineEdit* NewField(const char* name, QWidget* parent) {
 QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
   auto* box = new QCheckBox(text, parent);
   box->setObjectName(QLatin1String(name));
-  box->setChecked(true);
   box->setMinimumHeight(measure::kCheckHeight);
   return box;
 }
@@ -73,17 +88,18 @@ FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
   addTab(BuildOutputPage(), tr("Output folder"));
   addTab(BuildSettingsPage(), tr("Settings"));
   AddKeys();
+  Show(SaveOptions());
+  Show(SourceOptions());
+  Show(OutputOptions());
+  chEnableSkin->setChecked(true);
   cmbDestination_Click();
 
   connect(fdSourceFolder, &QLineEdit::textChanged, this, &FolderPages::sourceFolderChanged);
-  connect(Command2, &QPushButton::clicked, this,
-          [this] { ErrTrace::top("Form1.Command2_Click", [this] { Command2_Click(); }); });
-  connect(bnDestination, &QPushButton::clicked, this, [this] {
-    ErrTrace::top("Form1.bnDestination_Click", [this] { bnDestination_Click(); });
-  });
-  connect(cmbDestination, &QComboBox::currentIndexChanged, this, [this] {
-    ErrTrace::top("Form1.cmbDestination_Click", [this] { cmbDestination_Click(); });
-  });
+  OnSignal(Command2, &QPushButton::clicked, "Form1.Command2_Click", [this] { Command2_Click(); });
+  OnSignal(bnDestination, &QPushButton::clicked, "Form1.bnDestination_Click",
+           [this] { bnDestination_Click(); });
+  OnSignal(cmbDestination, &QComboBox::currentIndexChanged, "Form1.cmbDestination_Click",
+           [this] { cmbDestination_Click(); });
   connect(fdDestination, &QLineEdit::editingFinished, this, &FolderPages::CommitFocusedField);
   connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
 }
@@ -122,19 +138,21 @@ QWidget* FolderPages::BuildSourcePage() {
   return page;
 }
 
+std::array<QWidget*, 4> FolderPages::OutputControls() const {
+  return {destination_label_, fdDestination, bnDestination, chDestinationSubfolders};
+}
+
 QWidget* FolderPages::BuildOutputPage() {
   auto* page = new QWidget(this);
   cmbDestination = new QComboBox(page);
   cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
-  cmbDestination->addItems({tr("Use source folder"), tr("Copy to"), tr("Move to")});
+  for (const OutputModeRow& mode : kOutputModes) cmbDestination->addItem(tr(mode.caption));
   fdDestination = NewField("fdDestination", page);
   bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
   Explain(bnDestination, tr("Choose a folder (Ctrl+O)"));
   chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);
   destination_label_ = NewLabel(tr("&Folder:"), fdDestination, page);
-  for (QWidget* control :
-       {static_cast<QWidget*>(destination_label_), static_cast<QWidget*>(fdDestination),
-        static_cast<QWidget*>(bnDestination), static_cast<QWidget*>(chDestinationSubfolders)}) {
+  for (QWidget* control : OutputControls()) {
     QSizePolicy policy = control->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     control->setSizePolicy(policy);
@@ -183,54 +201,49 @@ void FolderPages::AddKeys() {
 }
 
 void FolderPages::Command2_Click() {
-  const std::string folder = mScanCD::NormalizePath(browse_(SourceFolder()));
+  const std::string folder = mScanCD::NormalizePath(browse_(Source().fdSourceFolder));
   if (folder.empty()) return;
   SetSourceFolder(folder);
   emit folderChosen();
 }
 
 void FolderPages::bnDestination_Click() {
-  const std::string folder = mScanCD::NormalizePath(browse_(DestinationFolder()));
+  const std::string folder = mScanCD::NormalizePath(browse_(Output().fdDestination));
   if (!folder.empty()) fdDestination->setText(text::ToQt(folder));
 }
 
 void FolderPages::cmbDestination_Click() {
-  const bool shown = Destination() != 0;
-  destination_label_->setVisible(shown);
-  fdDestination->setVisible(shown);
-  bnDestination->setVisible(shown);
-  chDestinationSubfolders->setVisible(shown);
+  const bool shown = AsksForFolder(cmbDestination->currentIndex());
+  for (QWidget* control : OutputControls()) control->setVisible(shown);
 }
 
 void FolderPages::CommitFocusedField() {
   ErrTrace::top("FolderPages.CommitFocusedField", [this] {
-    const std::string typed = DestinationFolder();
+    const std::string typed = Output().fdDestination;
     if (!mMain::IsAbsolutePath(typed)) return;
     const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
     if (closed != fdDestination->text()) fdDestination->setText(closed);
   });
 }
 
-std::string FolderPages::SourceFolder() const {
-  return text::FromQt(fdSourceFolder->text());
+SaveOptions FolderPages::Saved() const {
+  return OptionsIn<SaveOptions>(*this, kSaved);
 }
-std::string FolderPages::IncludeMask() const {
-  return text::FromQt(fdIncludeMask->text());
+SourceOptions FolderPages::Source() const {
+  return OptionsIn<SourceOptions>(*this, kSource);
 }
-std::string FolderPages::ExcludeMask() const {
-  return text::FromQt(fdExcludeMask->text());
+OutputOptions FolderPages::Output() const {
+  return OptionsIn<OutputOptions>(*this, kOutput);
 }
-bool FolderPages::Subfolders() const {
-  return chSubfolders->isChecked();
+
+void FolderPages::Show(const SaveOptions& options) {
+  ShowOptions(options, kSaved, *this);
 }
-int FolderPages::Destination() const {
-  return cmbDestination->currentIndex();
+void FolderPages::Show(const SourceOptions& options) {
+  ShowOptions(options, kSource, *this);
 }
-std::string FolderPages::DestinationFolder() const {
-  return text::FromQt(fdDestination->text());
-}
-bool FolderPages::DestinationSubfolders() const {
-  return chDestinationSubfolders->isChecked();
+void FolderPages::Show(const OutputOptions& options) {
+  ShowOptions(options, kOutput, *this);
 }
 
 void FolderPages::SetSourceFolder(const std::string& folder) {

@@ -1,0 +1,36 @@
+#pragma once
+
+/// What has keys of its own, beside the underlined letters of the captions.
+enum class Keys {
+  kNone,
+  kPrepare,
+  kPreview,
+  kRename,
+  kUndo,
+  kCancel,
+  kChooseFolder,
+  kSourcePage,
+  kOutputPage,
+  kSettingsPage,
+  kRemovePage,
+  kReplacePage,
+  kAddPage,
+  kColumnPath,
+  kColumnSize,
+  kColumnType,
+  kColumnDate,
+  kWideList,
+  kRowMenu,
+  kInsertLeft,
+  kInsertRight,
+  kMoveLeft,
+  kMoveRight,
+  kDelete,
+  kAbout,
+  kHelp,
+};
+
+/// The one that goes `further` rows behind `keys`: the pages and the columns stand in their order.
+constexpr Keys Behind(Keys keys, int further) {
+  return static_cast<Keys>(static_cast<int>(keys) + further);
+}
