@@ -13,6 +13,7 @@ class GridTest : public testing::Test {
     records.AddRecord("b", "/b/", "N1", FileDate(2024, 1, 1, 0, 0, 0), 9, "Image");
     records.AddRecord("A", "/A/", "n3", FileDate(), 100, "text");
     records.AddRecord("b", "/b/", "n1", FileDate(2024, 1, 2, 0, 0, 0), 9, "Text");
+    for (std::size_t i = 0; i < records.Count(); ++i) records[i].newFileName = "zyxw"[i];
   }
 
   /// The rows in words: "[group count] " and source names.
@@ -46,6 +47,7 @@ TEST_F(GridTest, GroupsAndSorts) {
                {GroupBy::kType, -1, true, "[Image 1] N1 [Text 2] n2 n1 [text 1] n3 "},
                {GroupBy::kNone, kColumnSourceName, true, "N1 n1 n2 n3 "},
                {GroupBy::kNone, kColumnSourceName, false, "n3 n2 N1 n1 "},
+               {GroupBy::kNone, kColumnNewName, true, "n1 n3 N1 n2 "},
                {GroupBy::kNone, kColumnSize, true, "N1 n1 n2 n3 "},
                {GroupBy::kNone, kColumnSize, false, "n3 n2 N1 n1 "},
                {GroupBy::kNone, kColumnDate, true, "n3 N1 n2 n1 "},
