@@ -106,15 +106,6 @@ TEST_F(PreviewTest, ReadsEachKindOfElement) {
                                      "e~2 Mär 24~2024-03-09~11"));
 }
 
-TEST_F(PreviewTest, MakesEachRowAnew) {
-  AddFile("axb.x");
-  AddFile("cyd.x");
-  items[0].transform = {.Cut = 9, .CutN = 1, .CutX = 1, .Replace1 = "b"};
-  EXPECT_THAT(Preview(), ElementsAre("a.x", "cd.x"));
-  items[0].transform = {.Cut = 1, .CutText = "y", .Replace1 = "b"};
-  EXPECT_THAT(Preview(), ElementsAre("ax.x", "cd.x"));
-}
-
 TEST_F(PreviewTest, NamesAFileThatARunMovedAsideByItsFormerName) {
   AddFile("a.txt");
   records[0].KeepRollback();

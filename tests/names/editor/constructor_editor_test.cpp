@@ -411,7 +411,7 @@ TEST_F(ConstructorEditorTest, KeepsEachOptionInItsElementAndAsksForAPreviewWhere
     const auto set = Values(Pane(), &changes);
     EXPECT_FALSE(set.empty());
     InsertLeft(kind.caption);
-    EXPECT_NE(Values(Pane()), set);
+    for (const auto& [name, fresh] : Values(Pane())) EXPECT_NE(fresh, set.at(name)) << name;
     const int text = Chips()->count() - 2;
     for (const auto& [index, asks] : {std::pair{1, true}, {text, false}, {1, false}}) {
       changes = 0;
