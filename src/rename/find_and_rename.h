@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/records.h"
-#include "core/run_state.h"
+#include "core/pass.h"
 #include "platform/files.h"
 #include "rename/holders.h"
 #include "rename/numbering.h"
@@ -17,8 +16,11 @@
 class NameFreer {
  public:
   /// All for the length of one pass.
-  NameFreer(const RunState& state, Records& records, FileSystem& files, Numbering& numbering)
-      : state_(state), records_(records), files_(files), numbering_(numbering) {}
+  NameFreer(const Pass& pass, Numbering& numbering)
+      : state_(pass.state),
+        records_(pass.records),
+        files_(pass.services.files),
+        numbering_(numbering) {}
   NameFreer(const NameFreer&) = delete;
   NameFreer& operator=(const NameFreer&) = delete;
 

@@ -13,9 +13,10 @@ std::string_view FolderPart(std::string_view path) {
 
 }  // namespace
 
-void ExpectKnownFolders(FileSystem& files, const Records& records) {
-  for (const auto& [path, identity] : records.used_folders) files.ExpectFolder(path, identity);
-  for (const auto& [path, identity] : records.scanned_folders) files.ExpectFolder(path, identity);
+void ExpectKnownFolders(const Pass& pass) {
+  for (const auto* known : {&pass.records.used_folders, &pass.records.scanned_folders}) {
+    for (const auto& [path, identity] : *known) pass.services.files.ExpectFolder(path, identity);
+  }
 }
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {

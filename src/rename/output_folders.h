@@ -5,7 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "core/records.h"
+#include "core/pass.h"
 #include "platform/files.h"
 #include "rename/holders.h"
 #include "rename/output_options.h"
@@ -13,15 +13,15 @@
 
 /// Expects of every folder that the rows name that it is still the one that was scanned, or used by
 /// a run; see FileSystem::ExpectFolder.
-void ExpectKnownFolders(FileSystem& files, const Records& records);
+void ExpectKnownFolders(const Pass& pass);
 
 /// The folders that a run puts files into: makes them where they are missing, notes which they are
 /// and which of them it has made.
 class OutputFolders {
  public:
   /// All for the length of one run.
-  OutputFolders(const OutputOptions& output, Records& records, FileSystem& files)
-      : output_(output), records_(records), files_(files), keys_(files) {}
+  OutputFolders(const Pass& pass, const OutputOptions& output)
+      : output_(output), records_(pass.records), files_(pass.services.files), keys_(files_) {}
   OutputFolders(const OutputFolders&) = delete;
   OutputFolders& operator=(const OutputFolders&) = delete;
 

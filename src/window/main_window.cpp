@@ -30,21 +30,23 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell, QWidget* parent)
+Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
-      parts_(parts),
-      settings_(settings),
-      commands_(parts, *this),
+      session_(session),
+      settings_(services.settings),
+      commands_(session, services, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
       editor_(new ConstructorEditor(
-          parts.constructor, {parts.prompts, parts.clock, parts.locale, settings}, left_column_)),
+          session.constructor,
+          {services.prompts, services.clock, services.locale, services.settings}, left_column_)),
       buttons_(new CommandButtons(left_column_)),
-      list_(new FileListPanel(parts.grid, this)),
+      list_(new FileListPanel(session.grid, this)),
       status_bar_(new StatusBar(this)) {
-  const ResultServices services{parts.files, parts.prompts, shell, settings};
-  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
+  const ResultServices result_services{services.files, services.prompts, services.shell,
+                                       services.settings};
+  gFailureReport = new ResultWindow(kRenamingFailure, session.reports, result_services, this);
+  gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, result_services, this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -84,7 +86,7 @@ void Form1::LayOut() {
 }
 
 void Form1::ConnectPanels() {
-  const auto mark_stale = [this] { MarkStale(parts_.state, *this); };
+  const auto mark_stale = [this] { MarkStale(session_.state, *this); };
   connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
   connect(list_, &FileListPanel::rowChecked, this, mark_stale);
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
@@ -104,7 +106,7 @@ void Form1::ConnectPanels() {
 }
 
 SavedControls Form1::Saved() const {
-  return {*folder_pages_, *list_, parts_.state};
+  return {*folder_pages_, *list_, session_.state};
 }
 
 void Form1::IniSettings(const std::string& pTemplateName) {
@@ -164,7 +166,7 @@ void Form1::GiveFocusBack(QWidget* focused) {
 }
 
 void Form1::MarkStaleWhereOrderCounts() {
-  if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
+  if (session_.constructor.Holds(kCounter)) MarkStale(session_.state, *this);
 }
 
 void Form1::SetWide(bool wide) {
@@ -177,7 +179,7 @@ void Form1::closeEvent(QCloseEvent* event) {
     return;
   }
   close_wanted_ = true;
-  parts_.state.gCancelRequested = true;
+  session_.state.gCancelRequested = true;
   event->ignore();
 }
 
@@ -197,7 +199,7 @@ void Form1::FocusFirst() {
 }
 
 void Form1::Command4_Click() {
-  ErrTrace::top("Form1.Command4_Click", [&] { Form8(parts_.state, settings_, this).exec(); });
+  ErrTrace::top("Form1.Command4_Click", [&] { Form8(session_.state, settings_, this).exec(); });
 }
 
 void Form1::EnableElements(bool pEnable) {
@@ -223,7 +225,7 @@ void Form1::EnableButton(CommandButton button, bool enable) {
 }
 
 void Form1::ShowPanes() {
-  status_bar_->ShowPanes(parts_.state.panes);
+  status_bar_->ShowPanes(session_.state.panes);
 }
 
 SourceOptions Form1::ReadSourceOptions() {

@@ -15,7 +15,6 @@ class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
 class ResultWindow;
-class Shell;
 class StatusBar;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
@@ -24,9 +23,8 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// `parts`, `settings` and `shell` are the program's and outlive the window.
-  Form1(const CommandParts& parts, SettingsStore& settings, Shell& shell,
-        QWidget* parent = nullptr);
+  /// Both are the program's and outlive the window.
+  Form1(Session& session, const Services& services, QWidget* parent = nullptr);
   ~Form1() override;
 
   /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that
@@ -66,7 +64,7 @@ class Form1 : public QWidget, private CommandView {
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
-  CommandParts parts_;
+  Session& session_;
   SettingsStore& settings_;
   Commands commands_;
   QWidget* left_column_;

@@ -60,7 +60,7 @@ class FakeReporter : public ErrTrace::Reporter {
   std::vector<std::string> reports;
 };
 
-class CommandsTest : public testing::Test {
+class CommandsTest : public testing::Test, protected FakeServices {
  protected:
   void SetUp() override {
     files.folders = {"/in", "/out"};
@@ -76,21 +76,15 @@ class CommandsTest : public testing::Test {
     };
   }
 
-  RunState state;
-  Records records;
-  Grid grid{records};
-  Constructor constructor;
-  RunReports reports;
-  MemoryFiles files;
-  FakeClock clock;
-  FakeEvents events;
-  PlainLocale locale;
-  FakeTypeNames type_names;
-  FakePrompts prompts;
+  Session session;
+  RunState& state = session.state;
+  Records& records = session.records;
+  Grid& grid = session.grid;
+  Constructor& constructor = session.constructor;
+  RunReports& reports = session.reports;
   FakeView view{grid, reports};
   FakeReporter reporter;
-  Commands commands{
-      {state, grid, constructor, reports, files, clock, events, locale, type_names, prompts}, view};
+  Commands commands{session, services, view};
 };
 
 }  // namespace

@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 
 namespace {
 
-class ScanTest : public testing::Test {
+class ScanTest : public testing::Test, protected FakeServices {
  protected:
   void SetUp() override {
     files.folders = {"/in", "/in/sub", "/in/sub/deep", "/in/.svn", "/inner"};
@@ -21,8 +20,8 @@ class ScanTest : public testing::Test {
                       std::string_view path) {
     records.DeleteAll();
     state.gFileCount = 0;
-    LongPass pass(0, state, events, clock);
-    mScanCD::Scan scan(options, records, state, files, clock, types, pass);
+    Pass pass(records, state, services, 0);
+    mScanCD::Scan scan(pass, options, types);
     scan.ShowDir3_FillPreview(name, path);
     std::string scanned;
     for (std::size_t i = 0; i < records.Count(); ++i) {
@@ -31,12 +30,8 @@ class ScanTest : public testing::Test {
     return scanned;
   }
 
-  MemoryFiles files;
   Records records;
   RunState state;
-  FakeClock clock;
-  FakeEvents events;
-  FakeTypeNames type_names;
   FileTypes types{type_names};
 };
 

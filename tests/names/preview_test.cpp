@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 
 namespace {
 
-class PreviewTest : public testing::Test {
+class PreviewTest : public testing::Test, protected FakeServices {
  protected:
   PreviewTest() { grid.SetGroupsOrder(GroupBy::kNone); }
 
@@ -38,7 +38,8 @@ class PreviewTest : public testing::Test {
 
   bool Preview() {
     grid.Populate();
-    return SetPreview({grid, constructor, state, events, clock, months});
+    Pass pass(records, state, services, grid.RowCount());
+    return SetPreview(pass, grid, constructor);
   }
 
   std::vector<std::string> NewNames() const {
@@ -66,9 +67,8 @@ class PreviewTest : public testing::Test {
   Grid grid{records};
   Constructor constructor;
   RunState state;
-  FakeEvents events;
-  FakeClock clock;
   Months months;
+  const Services services = With(files, clock, months);
 };
 
 }  // namespace

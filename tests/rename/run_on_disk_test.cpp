@@ -24,9 +24,8 @@ class RunOnDisk : public testing::Test {
   void ScanFolder(const std::string& path) {
     records.DeleteAll();
     state.gFileCount = 0;
-    LongPass pass(0, state, events, clock);
-    mScanCD::Scan({"", "", true}, records, state, *files, clock, types, pass)
-        .ShowDir3_FillPreview("in", path);
+    Pass pass(records, state, on_disk, 0);
+    mScanCD::Scan(pass, {"", "", true}, types).ShowDir3_FillPreview("in", path);
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].newFileName = records[i].sourceFileName;
     }
@@ -42,13 +41,15 @@ class RunOnDisk : public testing::Test {
 
   void Run(const OutputOptions& output = {}) {
     RunReports reports;
-    RenameRun(output, records, state, *files, events, clock, reports).RunRename();
+    Pass pass(records, state, on_disk, records.Count());
+    RenameRun(pass, output, reports).RunRename();
     files->LetFoldersGo();
   }
 
   std::size_t Undo() {
     RunReports reports;
-    UndoRun(records, state, *files, events, clock, reports).Undo();
+    Pass pass(records, state, on_disk, records.Count());
+    UndoRun(pass, reports).Undo();
     files->LetFoldersGo();
     return reports.gFailureReport.size();
   }
@@ -61,13 +62,13 @@ class RunOnDisk : public testing::Test {
   }
 
   TempFolder folder;
+  FakeServices fakes;
+  FakeEvents& events = fakes.events;
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  const Services on_disk = fakes.With(*files, fakes.clock, fakes.locale);
   Records records;
   RunState state;
-  FakeEvents events;
-  FakeClock clock;
-  FakeTypeNames type_names;
-  FileTypes types{type_names};
+  FileTypes types{fakes.type_names};
 };
 
 }  // namespace

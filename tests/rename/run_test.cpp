@@ -15,7 +15,7 @@ struct PlannedRow {
 };
 
 /// Rows over files of /in that hold their own first names, so that a mixed-up file shows.
-class RunTest : public testing::Test {
+class RunTest : public testing::Test, protected FakeServices {
  protected:
   void SetUp() override { files.folders = {"/in", "/in/sub", "/out"}; }
 
@@ -32,12 +32,14 @@ class RunTest : public testing::Test {
 
   void Run() {
     reports.DeleteAll();
-    RenameRun(output, records, state, files, events, clock, reports).RunRename();
+    Pass pass(records, state, services, records.Count());
+    RenameRun(pass, output, reports).RunRename();
   }
 
   void Undo() {
     reports.DeleteAll();
-    UndoRun(records, state, files, events, clock, reports).Undo();
+    Pass pass(records, state, services, records.Count());
+    UndoRun(pass, reports).Undo();
   }
 
   /// A letter a row: "d"one, "F"ailed, or ">".
@@ -58,11 +60,8 @@ class RunTest : public testing::Test {
     return list;
   }
 
-  MemoryFiles files;
   Records records;
   RunState state;
-  FakeEvents events;
-  FakeClock clock;
   RunReports reports;
   OutputOptions output{kUseSourceFolder, "", true, "/in/"};
 };

@@ -135,6 +135,11 @@ struct FakeServices {
   FakeShell shell;
   MemorySettings settings;
 
-  Services services{files,      clock,   facts,   events, locale,
-                    type_names, folders, prompts, shell,  settings};
+  /// The same system over other files, by another clock or in another language.
+  Services With(FileSystem& its_files, Clock& its_clock, LocaleFacts& its_locale) {
+    return {its_files,  its_clock, facts,   events, its_locale,
+            type_names, folders,   prompts, shell,  settings};
+  }
+
+  Services services = With(files, clock, locale);
 };
