@@ -53,6 +53,7 @@ class RunNameFreer : public NameFreer {
  private:
   std::size_t Key(std::string_view path, std::string_view name) const;
   std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);
+  void MakeIndex();
   bool WantsAnotherName(const FileRow& row);
   bool MakeWay(std::size_t record);
 
@@ -70,11 +71,9 @@ class UndoNameFreer : public NameFreer {
 
  private:
   void MakeIndex();
-  void Add(std::size_t record, RowFile file);
-  bool MoveHolderAside(std::size_t asker, const RowPlace& wanted, bool by_exact_name);
+  void MoveHolderAside(std::size_t asker, const RowPlace& wanted);
   void MakeWay(std::size_t record, RowFile file);
 
   EntryKeys keys_{files_};
-  HolderIndex holders_;
-  bool made_ = false;
+  std::optional<HolderIndex> holders_;  ///< as above
 };

@@ -140,11 +140,8 @@ void RenameRun::Fail(const Turn& turn, int problem) {
 
 void RenameRun::Succeed(const Turn& turn) {
   FileRow& row = records_[turn.record];
-  if (row.Rollback().empty()) {
-    row.KeepRollback();
-  } else if (output_.cmbDestination != kCopyTo) {
-    row.ShowRollbackName();
-  }
+  row.KeepRollback();
+  if (output_.cmbDestination != kCopyTo) row.ShowRollbackName();
   row.RowTag = 1;
   row.mark = Mark::kDone;
   row.problem = 0;
