@@ -45,10 +45,12 @@ class FakePrompts : public Prompts {
   void Tell(std::string_view message, PromptIcon icon) override {
     told.emplace_back(message);
     icons += icon == PromptIcon::kCritical ? 'x' : '!';
+    if (on_tell) on_tell();
   }
 
   std::vector<std::string> told;
-  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
+  std::function<void()> on_tell;  ///< what is seen behind the message
+  std::string icons;              ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
 /// Knows text files only.
