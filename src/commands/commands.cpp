@@ -49,19 +49,27 @@ void Commands::bnCancel_Click() {
 
 // What all passes have in common.
 
-const Commands::PassKind Commands::kScan{ModeScanning, ModeListReady,      ModeListEmpty, "",
-                                         "",           &Commands::ShowList};
-const Commands::PassKind Commands::kPreview{
-    ModeScanning, ModePreviewReady, ModeListReady, "Preview ", "", &Commands::ShowRows};
+const Commands::PassKind Commands::kScan{.running = ModeScanning,
+                                         .done = ModeListReady,
+                                         .cancelled = ModeListEmpty,
+                                         .show = &Commands::ShowList};
+const Commands::PassKind Commands::kPreview{.running = ModeScanning,
+                                            .done = ModePreviewReady,
+                                            .cancelled = ModeListReady,
+                                            .show = &Commands::ShowRows,
+                                            .status = "Preview "};
 const Commands::PassKind Commands::kRename{
-    ModeRunStarting,
-    ModeRunFinished,
-    ModeRunCancelled,
-    "Renaming ",
-    "Process is not completed.\nSome of the files have been renamed.",
-    &Commands::ShowRows};
-const Commands::PassKind Commands::kUndo{
-    ModeRunning, ModeUndoFinished, ModeUndoCancelled, "Renaming ", "", &Commands::ShowRows};
+    .running = ModeRunStarting,
+    .done = ModeRunFinished,
+    .cancelled = ModeRunCancelled,
+    .show = &Commands::ShowRows,
+    .status = "Renaming ",
+    .told_when_cancelled = "Process is not completed.\nSome of the files have been renamed."};
+const Commands::PassKind Commands::kUndo{.running = ModeRunning,
+                                         .done = ModeUndoFinished,
+                                         .cancelled = ModeUndoCancelled,
+                                         .show = &Commands::ShowRows,
+                                         .status = "Renaming "};
 
 bool Commands::RunPass(const PassKind& kind, std::size_t count,
                        const std::function<bool(Pass&)>& work) {
@@ -71,8 +79,9 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
     state_.gCancelRequested = false;
   };
   const auto leave_usable = [&] {
+    EnableDisable(kind.cancelled);  // first, for nothing after it matters as much
     let_go();
-    EnableDisable(kind.cancelled);
+    view_.ShowPanes();
   };
   bool done = false;
   ErrTrace::OnFailure("Commands.OnFailure", leave_usable, [&] {

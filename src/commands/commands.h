@@ -63,10 +63,10 @@ class Commands {
   struct PassKind {
     RunMode running;
     RunMode done;
-    RunMode cancelled;        ///< also after a failure
-    std::string_view status;  ///< what paneStatus shows; empty where nothing is counted
-    std::string_view told_when_cancelled;  ///< before the mode changes; empty tells nothing
-    void (Commands::*show)();              ///< shows what the pass left behind, however it ended
+    RunMode cancelled;             ///< also after a failure
+    void (Commands::*show)();      ///< shows what the pass left behind, however it ended
+    std::string_view status = {};  ///< of the progress pane; empty: nothing is counted
+    std::string_view told_when_cancelled = {};  ///< before the mode changes; empty: nothing is told
   };
   static const PassKind kScan, kPreview, kRename, kUndo;
 
