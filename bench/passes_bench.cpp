@@ -14,10 +14,10 @@
 #include "filelist/scan.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/services.h"
 #include "ratio.h"
 #include "rename/run.h"
 #include "rename/undo.h"
+#include "support/fake_services.h"
 #include "workspace.h"
 
 namespace {
@@ -30,21 +30,12 @@ constexpr int kRenames = 20'000;
 constexpr int kFew = 5'000;
 constexpr int kRounds = 5;
 
-class NoEvents : public EventPump {
- public:
-  void LetEventsRun() override {}
-};
-
-class NoTypeNames : public TypeNames {
- public:
-  std::string TypeName(std::string_view) override { return {}; }
-};
-
+/// Real files and a real clock; the rest is none of the passes' work.
 struct World {
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
   std::unique_ptr<Clock> clock = MakeSystemClock();
-  NoEvents events;
-  NoTypeNames type_names;
+  FakeServices fakes;
+  const Services services = fakes.With(*files, *clock, fakes.locale);
 };
 
 std::string Name(int i) {
@@ -107,12 +98,14 @@ Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName 
   const RunOutput output{kUseSourceFolder, "", true, folder};
   Times times;
   times.run = bench::Seconds([&] {
-    RenameRun(output, records, state, *world.files, world.events, *world.clock, reports)
-        .RunRename();
+    Pass pass(records, state, world.services, records.Count());
+    RenameRun(pass, output, reports).RunRename();
   });
   Require(reports.gFailureReport.empty(), "the run");
-  times.undo = bench::Seconds(
-      [&] { UndoRun(records, state, *world.files, world.events, *world.clock, reports).Undo(); });
+  times.undo = bench::Seconds([&] {
+    Pass pass(records, state, world.services, records.Count());
+    UndoRun(pass, reports).Undo();
+  });
   Require(reports.gFailureReport.empty(), "the undo");
   return times;
 }
@@ -127,10 +120,9 @@ void MeasureScan(World& world, const std::string& root) {
   const auto ours = [&](const char* mask, std::size_t expected) {
     Records records;
     RunState state;
-    FileTypes types(world.type_names);
-    LongPass pass(0, state, world.events, *world.clock);
-    mScanCD::Scan({tree, mask, "", true}, records, state, *world.files, *world.clock, types, pass)
-        .ShowDir3_FillPreview("tree", tree);
+    FileTypes types(world.fakes.type_names);
+    Pass pass(records, state, world.services, 0);
+    mScanCD::Scan(pass, {tree, mask, "", true}, types).ShowDir3_FillPreview("tree", tree);
     Require(records.Count() == expected, "the scan");
   };
   const std::string command = "find '" + tree + "' -type f -printf '%s %T@ %p\\n' > /dev/null";

@@ -13,13 +13,9 @@
 #include "names/counter.h"
 #include "names/date_format.h"
 #include "names/preview.h"
+#include "support/fake_services.h"
 
 namespace {
-
-class NoEvents : public EventPump {
- public:
-  void LetEventsRun() override {}
-};
 
 class PlainMonths : public LocaleFacts {
  public:
@@ -66,12 +62,12 @@ void FillWithOptions(Constructor& constructor) {
   items[0].transform.AddText1 = "_";
 }
 
-template <class Pass>
-double BestSeconds(Pass pass) {
+template <class Work>
+double BestSeconds(Work work) {
   double best = 1e9;
   for (int round = 0; round < 5; ++round) {
     const auto start = std::chrono::steady_clock::now();
-    pass();
+    work();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     best = std::min(best, taken.count());
   }
@@ -93,11 +89,13 @@ void PlainLoop(Records& records) {
 
 void Measure(const char* label, Grid& grid, Constructor& constructor, double plain) {
   const std::unique_ptr<Clock> clock = MakeSystemClock();
-  NoEvents events;
   PlainMonths months;
+  FakeServices fakes;
+  const Services services = fakes.With(fakes.files, *clock, months);
   RunState state;
   const double taken = BestSeconds([&] {
-    SetPreview({grid, constructor, state, events, *clock, months});
+    Pass pass(grid.AllRecords(), state, services, grid.RowCount());
+    SetPreview(pass, grid, constructor);
   });
   const double rows = static_cast<double>(grid.AllRecords().Count());
   std::printf("%-28s %8.3f s %12.0f rows/s %6.2f x plain   %s\n", label, taken, rows / taken,

@@ -1,10 +1,9 @@
 #include "commands/commands.h"
 
-#include <exception>
 #include <string>
 
 #include "common/path_text.h"
-#include "core/long_pass.h"
+#include "core/pass.h"
 #include "filelist/scan.h"
 #include "names/preview.h"
 #include "platform/text.h"
@@ -17,37 +16,24 @@ namespace {
 constexpr std::string_view kNotAbsolute =
     "The output folder must be a full path, as in /home/me/pictures/.";
 
-/// Does `step` when a failure ends the block that it stands in.
-template <class Step>
-class OnFailure {
- public:
-  explicit OnFailure(Step step) : step_(step), failures_(std::uncaught_exceptions()) {}
-  ~OnFailure() {
-    if (std::uncaught_exceptions() > failures_) {
-      ErrTrace::top("Commands.OnFailure", step_);
-    }
-  }
-  OnFailure(const OnFailure&) = delete;
-  OnFailure& operator=(const OnFailure&) = delete;
-
- private:
-  const Step step_;
-  const int failures_;
-};
+Services WithEvents(const Services& s, EventPump& events) {
+  return {s.files,      s.clock,   s.facts,   events,  s.locale,
+          s.type_names, s.folders, s.prompts, s.shell, s.settings};
+}
 
 }  // namespace
 
-Commands::Commands(const CommandParts& parts, CommandView& view)
-    : parts_(parts),
-      state_(parts.state),
-      grid_(parts.grid),
+Commands::Commands(Session& session, const Services& services, CommandView& view)
+    : session_(session),
+      state_(session.state),
       view_(view),
-      events_(parts.events, view),
-      types_(parts.type_names) {}
+      events_(services.events, view),
+      services_(WithEvents(services, events_)),
+      types_(services.type_names) {}
 
 void Commands::EnableDisable(int mode) {
   mode_ = mode;
-  ::EnableDisable(mode, grid_.AllRecords().Count(), state_, view_);
+  ::EnableDisable(mode, session_.records.Count(), state_, view_);
 }
 
 bool Commands::Busy() const {
@@ -61,147 +47,166 @@ void Commands::bnCancel_Click() {
   });
 }
 
-void Commands::bnLoadFileList_Click() {
-  ErrTrace::top("Form1.bnLoadFileList_Click", [&] {
-    SourceOptions source = view_.ReadOptions().source;
-    source.fdSourceFolder = text::Trim(source.fdSourceFolder);
-    view_.SetSourceFolder(source.fdSourceFolder);
-    if (source.fdSourceFolder.empty()) return;
-    grid_.AllRecords().DeleteAll();
-    grid_.Clear();
-    view_.ListRepopulated(EmptyList::kListing);
-    const OnFailure usable([this] { ShowNoList(EmptyList::kNotComplete); });
-    EnableDisable(ModeScanning);
-    RunScan(source);
+// What all passes have in common.
+
+const Commands::PassKind Commands::kScan{.running = ModeScanning,
+                                         .done = ModeListReady,
+                                         .cancelled = ModeListEmpty,
+                                         .show = &Commands::ShowList};
+const Commands::PassKind Commands::kPreview{.running = ModeScanning,
+                                            .done = ModePreviewReady,
+                                            .cancelled = ModeListReady,
+                                            .show = &Commands::ShowRows,
+                                            .status = "Preview "};
+const Commands::PassKind Commands::kRename{
+    .running = ModeRunStarting,
+    .done = ModeRunFinished,
+    .cancelled = ModeRunCancelled,
+    .show = &Commands::ShowRows,
+    .status = "Renaming ",
+    .told_when_cancelled = "Process is not completed.\nSome of the files have been renamed."};
+const Commands::PassKind Commands::kUndo{.running = ModeRunning,
+                                         .done = ModeUndoFinished,
+                                         .cancelled = ModeUndoCancelled,
+                                         .show = &Commands::ShowRows,
+                                         .status = "Renaming "};
+
+bool Commands::RunPass(const PassKind& kind, std::size_t count,
+                       const std::function<bool(Pass&)>& work) {
+  const auto let_go = [&] {
+    services_.files.LetFoldersGo();
+    (this->*kind.show)();
+    state_.gCancelRequested = false;
+  };
+  const auto leave_usable = [&] {
+    EnableDisable(kind.cancelled);  // first, for nothing after it matters as much
+    let_go();
+    view_.ShowPanes();
+  };
+  bool done = false;
+  ErrTrace::OnFailure("Commands.OnFailure", leave_usable, [&] {
+    EnableDisable(kind.running);
+    if (!kind.status.empty()) ShowProgress(kind.status, count);
+    state_.gCancelRequested = false;
+    Pass pass(session_.records, state_, services_, count);
+    done = work(pass);
+    let_go();
+    if (!done && !kind.told_when_cancelled.empty()) {
+      services_.prompts.Tell(kind.told_when_cancelled, PromptIcon::kExclamation);
+    }
+    EnableDisable(done ? kind.done : kind.cancelled);
   });
+  return done;
 }
 
-void Commands::RunScan(const SourceOptions& source) {
-  state_.gCancelRequested = false;
-  state_.gFileCount = 0;
-  Records& records = grid_.AllRecords();
-  LongPass pass(0, state_, events_, parts_.clock);
-  mScanCD::Scan scan(source, records, state_, parts_.files, parts_.clock, types_, pass);
-  scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
-  if (state_.gCancelRequested) return ShowNoList(EmptyList::kNotComplete);
-  if (records.Count() == 0) return ShowNoList(WhyNoneFound(source, scan.Findings()));
-  parts_.files.LetFoldersGo();
-  grid_.Populate();
-  view_.ListRepopulated(EmptyList::kNotListed);
-  EnableDisable(ModeListReady);
-}
-
-EmptyList Commands::WhyNoneFound(const SourceOptions& source, const ScanFindings& findings) {
-  const bool is_there = parts_.files.IdentifyFolder(source.fdSourceFolder).has_value();
-  return WhyEmpty(findings, source.fdSourceFolder, is_there, source.fdIncludeMask,
-                  source.fdExcludeMask);
-}
-
-void Commands::ShowNoList(EmptyList reason) {
-  state_.gCancelRequested = false;
-  state_.panes.paneTotal = "Total 0 files";
-  EnableDisable(ModeListEmpty);
-  parts_.files.LetFoldersGo();
-  view_.ListRepopulated(reason);
-}
-
-void Commands::LeaveUsable(int mode) {
-  state_.gCancelRequested = false;
-  EnableDisable(mode);
-  parts_.files.LetFoldersGo();
-  view_.RowsChanged();
-}
-
-void Commands::ShowProgress(const char* status, std::size_t max) {
+void Commands::ShowProgress(std::string_view status, std::size_t max) {
   state_.panes.paneStatus = status;
   state_.panes.progressVisible = true;
   state_.panes.totalStretched = false;
   state_.panes.progressMax = static_cast<std::int64_t>(max);
 }
 
+void Commands::ShowList() {
+  if (list_state_ != EmptyList::kNotListed) state_.panes.paneTotal = "Total 0 files";
+  view_.ListRepopulated(list_state_);
+}
+
+void Commands::ShowRows() {
+  view_.RowsChanged();
+}
+
+// The commands.
+
+void Commands::bnLoadFileList_Click() {
+  ErrTrace::top("Form1.bnLoadFileList_Click", [&] {
+    SourceOptions source = view_.ReadOptions().source;
+    source.fdSourceFolder = text::Trim(source.fdSourceFolder);
+    view_.SetSourceFolder(source.fdSourceFolder);
+    if (source.fdSourceFolder.empty()) return;
+    session_.records.DeleteAll();
+    session_.grid.Clear();
+    view_.ListRepopulated(EmptyList::kListing);
+    list_state_ = EmptyList::kNotComplete;
+    state_.gFileCount = 0;
+    RunPass(kScan, 0, [&](Pass& pass) { return FillList(pass, source); });
+  });
+}
+
+/// False when no list came of it; why not stands in `list_state_`.
+bool Commands::FillList(Pass& pass, const SourceOptions& source) {
+  mScanCD::Scan scan(pass, {source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders},
+                     types_);
+  scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
+  if (state_.gCancelRequested) return false;
+  if (session_.records.Count() == 0) {
+    list_state_ = WhyNoneFound(source, scan.Findings());
+    return false;
+  }
+  session_.grid.Populate();
+  list_state_ = EmptyList::kNotListed;
+  return true;
+}
+
+EmptyList Commands::WhyNoneFound(const SourceOptions& source, const ScanFindings& findings) {
+  const bool is_there = services_.files.IdentifyFolder(source.fdSourceFolder).has_value();
+  return WhyEmpty(findings, source.fdSourceFolder, is_there, source.fdIncludeMask,
+                  source.fdExcludeMask);
+}
+
 void Commands::bnPreview_Click() {
   ErrTrace::top("Form1.bnPreview_Click", [&] {
-    if (grid_.RowCount() == 0 || parts_.constructor.ArrConstr.empty()) return;
-    const OnFailure usable([this] { LeaveUsable(ModeListReady); });
-    EnableDisable(ModeScanning);
-    ShowProgress("Preview ", grid_.RowCount());
-    state_.panes.progressValue = 0;
-    state_.gCancelRequested = false;
-    SetPreview({grid_, parts_.constructor, state_, events_, parts_.clock, parts_.locale});
-    view_.RowsChanged();
-    if (state_.gCancelRequested) {
-      state_.gCancelRequested = false;
-      EnableDisable(ModeListReady);
-      return;
-    }
-    EnableDisable(ModePreviewReady);
-    state_.gPreviewStale = false;
+    if (session_.grid.RowCount() == 0 || session_.constructor.ArrConstr.empty()) return;
+    const bool done = RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
+      return SetPreview(pass, session_.grid, session_.constructor);
+    });
+    if (done) state_.gPreviewStale = false;
   });
 }
 
 void Commands::bnRename_Click() {
   ErrTrace::top("Form1.bnRename_Click", [&] {
-    if (grid_.RowCount() == 0) return;
+    if (session_.grid.RowCount() == 0) return;
     const Options options = view_.ReadOptions();
     const OutputOptions& output = options.output;
     if (AsksForFolder(output.cmbDestination) && output.fdDestination.empty()) {
-      parts_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
+      services_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
       return;
     }
     if (AsksForFolder(output.cmbDestination) && !mMain::IsAbsolutePath(output.fdDestination)) {
-      parts_.prompts.Tell(kNotAbsolute, PromptIcon::kExclamation);
+      services_.prompts.Tell(kNotAbsolute, PromptIcon::kExclamation);
       return;
     }
-    const OnFailure usable([this] { LeaveUsable(ModeRunCancelled); });
-    EnableDisable(ModeRunStarting);
-    fRename(options);
+    fRename({output, options.source.fdSourceFolder});
   });
 }
 
-bool Commands::fRename(const Options& options) {
+bool Commands::fRename(const RunOutput& output) {
   return ErrTrace::inner("Form1.fRename", [&] {
-    Records& records = grid_.AllRecords();
-    ShowProgress("Renaming ", records.Count());
-    state_.gCancelRequested = false;
-    parts_.reports.DeleteAll();
-    const RunOutput output{options.output, options.source.fdSourceFolder};
-    RenameRun run(output, records, state_, parts_.files, events_, parts_.clock, parts_.reports);
-    run.RunRename();
-    parts_.files.LetFoldersGo();
-    view_.RowsChanged();
-    if (state_.gCancelRequested) {
-      state_.gCancelRequested = false;
-      parts_.prompts.Tell("Process is not completed.\nSome of the files have been renamed.",
-                          PromptIcon::kExclamation);
-      EnableDisable(ModeRunCancelled);
-      return false;
-    }
-    EnableDisable(ModeRunFinished);
-    if (!parts_.reports.gFailureReport.empty()) view_.ShowFailureReport();
-    if (!parts_.reports.gConflictReport.empty()) view_.ShowConflictReport();
-    return true;
+    RunReports& reports = session_.reports;
+    const bool done = RunPass(kRename, session_.records.Count(), [&](Pass& pass) {
+      reports.DeleteAll();
+      return RenameRun(pass, output, reports).RunRename();
+    });
+    if (done && !reports.gFailureReport.empty()) view_.ShowFailureReport();
+    if (done && !reports.gConflictReport.empty()) view_.ShowConflictReport();
+    return done;
   });
 }
 
 void Commands::bnUndo_Click() {
   ErrTrace::top("Form1.bnUndo_Click", [&] {
-    const OnFailure usable([this] { LeaveUsable(ModeUndoCancelled); });
-    state_.gCancelRequested = false;
-    EnableDisable(ModeRunning);
-    parts_.reports.DeleteAll();
-    UndoRun(grid_.AllRecords(), state_, parts_.files, events_, parts_.clock, parts_.reports).Undo();
-    parts_.files.LetFoldersGo();
-    view_.RowsChanged();
-    if (state_.gCancelRequested) {
-      EnableDisable(ModeUndoCancelled);
-      parts_.prompts.Tell("Process is not completed.\nSome of the files are still renamed.",
-                          PromptIcon::kExclamation);
-      return;
+    RunReports& reports = session_.reports;
+    const bool done = RunPass(kUndo, session_.records.Count(), [&](Pass& pass) {
+      reports.DeleteAll();
+      return UndoRun(pass, reports).Undo();
+    });
+    const std::size_t failed = reports.gFailureReport.size();
+    if (!done) {
+      services_.prompts.Tell("Process is not completed.\nSome of the files are still renamed.",
+                             PromptIcon::kExclamation);
+    } else if (failed != 0) {
+      services_.prompts.Tell("Undo failed for " + std::to_string(failed) + " file(s)",
+                             PromptIcon::kCritical);
     }
-    EnableDisable(ModeUndoFinished);
-    const std::size_t failed = parts_.reports.gFailureReport.size();
-    if (failed == 0) return;
-    parts_.prompts.Tell("Undo failed for " + std::to_string(failed) + " file(s)",
-                        PromptIcon::kCritical);
   });
 }

@@ -1,29 +1,25 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <string_view>
 
 #include "commands/command_view.h"
+#include "core/pass.h"
 #include "core/run_state.h"
 #include "filelist/file_type.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
-#include "platform/clock.h"
-#include "platform/files.h"
 #include "platform/services.h"
 #include "rename/result_rows.h"
 
-/// What the commands work on; all of it is the program's and outlives them.
-struct CommandParts {
-  RunState& state;
-  Grid& grid;
-  Constructor& constructor;
-  RunReports& reports;
-  FileSystem& files;
-  Clock& clock;
-  EventPump& events;
-  LocaleFacts& locale;
-  TypeNames& type_names;
-  Prompts& prompts;
+/// What the commands work on, for the whole life of the program.
+struct Session {
+  RunState state;
+  Records records;
+  Grid grid{records};
+  Constructor constructor;
+  RunReports reports;
 };
 
 /// The user's commands, each run to its end: "Prepare file list", then "Preview", then "Rename".
@@ -31,7 +27,8 @@ struct CommandParts {
 /// go on, and is reported.
 class Commands {
  public:
-  Commands(const CommandParts& parts, CommandView& view);
+  /// All of them outlive the commands.
+  Commands(Session& session, const Services& services, CommandView& view);
 
   void bnLoadFileList_Click();
   void bnPreview_Click();
@@ -62,20 +59,35 @@ class Commands {
     CommandView& view_;
   };
 
-  void RunScan(const SourceOptions& source);
-  EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
-  /// Ends a scan with an empty list.
-  void ShowNoList(EmptyList reason);
-  /// After a failure: the mode from which the user can go on, the rows as far as they got.
-  void LeaveUsable(int mode);
-  void ShowProgress(const char* status, std::size_t max);
-  bool fRename(const Options& options);
+  /// What differs between the passes.
+  struct PassKind {
+    RunMode running;
+    RunMode done;
+    RunMode cancelled;             ///< also after a failure
+    void (Commands::*show)();      ///< shows what the pass left behind, however it ended
+    std::string_view status = {};  ///< of the progress pane; empty: nothing is counted
+    std::string_view told_when_cancelled = {};  ///< before the mode changes; empty: nothing is told
+  };
+  static const PassKind kScan, kPreview, kRename, kUndo;
 
-  CommandParts parts_;
+  /// One pass from its first mode to its last. `work` answers whether it came to its end, as this
+  /// does.
+  bool RunPass(const PassKind& kind, std::size_t count, const std::function<bool(Pass&)>& work);
+  void ShowProgress(std::string_view status, std::size_t max);
+  /// What follows a scan, and what any other pass.
+  void ShowList();
+  void ShowRows();
+
+  bool FillList(Pass& pass, const SourceOptions& source);
+  EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
+  bool fRename(const RunOutput& output);
+
+  Session& session_;
   RunState& state_;
-  Grid& grid_;
   CommandView& view_;
   ShowingPump events_;
+  const Services services_;  ///< as the program has them, but with `events_`
   FileTypes types_;
+  EmptyList list_state_ = EmptyList::kNotListed;  ///< of the last scan
   int mode_ = ModeNoFolder;
 };

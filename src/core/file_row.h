@@ -96,3 +96,4 @@ class FileRow {
   bool rollback_is_source_ = false;
   std::unique_ptr<RareTexts> rare_;
 };
+static_assert(sizeof(FileRow) <= 112, "a list may hold a million rows");

@@ -2,6 +2,30 @@
 
 namespace {
 
+/// What a mode does to a button.
+enum class Switch : std::uint8_t {
+  kKeep,
+  kOff,
+  kOn,
+  kStale,  ///< off when the preview is stale, else on
+};
+enum class Pointer : std::uint8_t { kKeep, kWait, kNormal };
+enum class PaneStep : std::uint8_t {
+  kKeep,
+  kIdle,
+  kIdleKeepingValue,
+  kPreviewReady,  ///< Value 0, the counted rows made anew, then as kIdleKeepingValue
+  kRunning,
+};
+
+struct ModeRow {
+  RunMode mode;  ///< which is also its place in the table
+  bool elements;
+  Pointer pointer;
+  Switch buttons[kCommandButtonCount];
+  PaneStep panes;
+};
+
 constexpr Switch o = Switch::kOff, I = Switch::kOn, _ = Switch::kKeep, S = Switch::kStale;
 
 constexpr ModeRow kModes[] = {
@@ -50,10 +74,6 @@ void ApplyPanes(PaneStep step, std::size_t record_count, RunState& state) {
 }
 
 }  // namespace
-
-std::span<const ModeRow> ModeTable() {
-  return kModes;
-}
 
 void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView& view) {
   if (mode < 0 || mode >= static_cast<int>(std::size(kModes))) return;

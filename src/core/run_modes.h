@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "core/run_state.h"
 
@@ -31,33 +30,6 @@ enum class CommandButton : std::uint8_t {
   bnCancel,
 };
 inline constexpr std::size_t kCommandButtonCount = 5;
-
-/// What a mode does to a button.
-enum class Switch : std::uint8_t {
-  kKeep,
-  kOff,
-  kOn,
-  kStale,  ///< off when the preview is stale, else on
-};
-enum class Pointer : std::uint8_t { kKeep, kWait, kNormal };
-enum class PaneStep : std::uint8_t {
-  kKeep,
-  kIdle,
-  kIdleKeepingValue,
-  kPreviewReady,  ///< Value 0, the counted rows made anew, then as kIdleKeepingValue
-  kRunning,
-};
-
-struct ModeRow {
-  RunMode mode;
-  bool elements;
-  Pointer pointer;
-  Switch buttons[kCommandButtonCount];
-  PaneStep panes;
-};
-
-/// The mode table, one row a mode, by number.
-std::span<const ModeRow> ModeTable();
 
 /// What a mode acts on: the main window.
 class ModeView {

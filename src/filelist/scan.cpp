@@ -25,19 +25,17 @@ FileDate SysToVBTime(Clock& clock, std::int64_t modified_ns) {
   });
 }
 
-Scan::Scan(const SourceOptions& options, Records& records, RunState& state, FileSystem& files,
-           Clock& clock, FileTypes& types, LongPass& pass)
+Scan::Scan(Pass& pass, const SourceOptions& options, FileTypes& types)
     : subfolders_(options.chSubfolders),
       include_all_(text::Trim(options.fdIncludeMask).empty()),
       exclude_none_(text::Trim(options.fdExcludeMask).empty()),
       include_(options.fdIncludeMask),
       exclude_(options.fdExcludeMask),
-      records_(records),
-      state_(state),
-      files_(files),
-      clock_(clock),
-      types_(types),
       pass_(pass),
+      records_(pass.records),
+      state_(pass.state),
+      files_(pass.services.files),
+      types_(types),
       total_(kTotal) {}
 
 void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath) {
@@ -97,7 +95,8 @@ void Scan::LookAt(std::string_view name, std::string_view pParentName, std::stri
   ++state_.gFileCount;
   total_.resize(kTotal.size());
   state_.panes.paneTotal = total_.append(std::to_string(state_.gFileCount)).append(" files");
-  records_.AddRecord(pParentName, sParentPath, name, SysToVBTime(clock_, facts->modified_ns),
+  records_.AddRecord(pParentName, sParentPath, name,
+                     SysToVBTime(pass_.services.clock, facts->modified_ns),
                      static_cast<double>(facts->size), types_.GetFileType(name));
 }
 

@@ -3,9 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/long_pass.h"
-#include "core/records.h"
-#include "core/run_state.h"
+#include "core/pass.h"
 #include "filelist/empty_list.h"
 #include "filelist/file_type.h"
 #include "filelist/masks.h"
@@ -19,8 +17,7 @@ namespace mScanCD {
 /// begin with a dot are passed over, links are not followed.
 class Scan {
  public:
-  Scan(const SourceOptions& options, Records& records, RunState& state, FileSystem& files,
-       Clock& clock, FileTypes& types, LongPass& pass);
+  Scan(Pass& pass, const SourceOptions& options, FileTypes& types);
 
   /// Adds the files of one folder and, depth first, of its subfolders: `sParentPath` with its
   /// closing separator, `pParentName` its last name. Counts in `gFileCount` and writes
@@ -46,12 +43,11 @@ class Scan {
   const bool exclude_none_;
   const MaskList include_;
   const MaskList exclude_;
+  Pass& pass_;
   Records& records_;
   RunState& state_;
   FileSystem& files_;
-  Clock& clock_;
   FileTypes& types_;
-  LongPass& pass_;
   ScanFindings findings_;
   std::string path_;   ///< of the file looked at; kept for its room, as is the next one
   std::string total_;  ///< what `paneTotal` shows

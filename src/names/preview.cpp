@@ -5,7 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "core/long_pass.h"
 #include "names/name_composer.h"
 #include "trace/err_trace.h"
 
@@ -55,22 +54,19 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
 
 }  // namespace
 
-bool SetPreview(const PreviewParts& parts) {
+bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor) {
   return ErrTrace::inner("Form1.SetPreview", [&] {
-    Grid& grid = parts.grid;
-    Records& records = grid.AllRecords();
-    Counters counters(parts.constructor);
-    NameComposer composer(parts.constructor, parts.clock, parts.locale);
-    LongPass pass(grid.RowCount(), parts.state, parts.events, parts.clock);
+    Counters counters(constructor);
+    NameComposer composer(constructor, pass.services.clock, pass.services.locale);
     for (std::size_t i = 0; i < grid.RowCount(); ++i) {
       if (!pass.GoOnAt(i)) return false;
-      ++parts.state.panes.progressValue;
+      ++pass.state.panes.progressValue;
       if (grid.IsGroupRow(i)) {
         counters.StartGroup();
         continue;
       }
-      FileRow& row = records[grid.RecordOf(i)];
-      PreviewRow(row, records, composer);
+      FileRow& row = pass.records[grid.RecordOf(i)];
+      PreviewRow(row, pass.records, composer);
       if (row.checked) counters.Step();
     }
     return true;

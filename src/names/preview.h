@@ -1,20 +1,8 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "core/pass.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
-#include "platform/clock.h"
-#include "platform/services.h"
-
-/// What the preview pass works on.
-struct PreviewParts {
-  Grid& grid;
-  Constructor& constructor;
-  RunState& state;
-  EventPump& events;
-  Clock& clock;
-  const LocaleFacts& locale;
-};
 
 /// The preview pass: walks the displayed rows from top to bottom and gives every row that is
 /// checked and not yet done its new name; a row that is unchecked loses it. Rows done keep theirs,
@@ -24,4 +12,4 @@ struct PreviewParts {
 /// rows reached by then have their names. Fails with kOverflow when a counter passes the range of
 /// a signed 32-bit integer, and as the elements' transforms do; `RunState::gPreviewStale` is left
 /// alone.
-bool SetPreview(const PreviewParts& parts);
+bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor);

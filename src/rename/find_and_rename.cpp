@@ -5,6 +5,16 @@
 
 #include "trace/err_trace.h"
 
+namespace {
+
+constexpr RowFile kRowFiles[] = {RowFile::kResult, RowFile::kSource};
+
+bool StillToRename(const FileRow& row) {
+  return row.checked && row.RowTag != 1;
+}
+
+}  // namespace
+
 std::string NameFreer::MoveAside(const RowPlace& place) {
   const NumberTexts users{state_.numbering.gNumberLeft, state_.numbering.gNumberRight};
   std::string aside = MoveAside(place, users);
@@ -40,30 +50,28 @@ std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) cons
 }
 
 std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::string_view pName) {
-  const auto still_to_rename = [](const FileRow& row) { return row.checked && row.RowTag != 1; };
-  if (!holders_) {
-    holders_.emplace();
-    for (std::size_t i = 0; i < records_.Count(); ++i) {
-      const FileRow& row = records_[i];
-      if (still_to_rename(row)) {
-        holders_->AddFirst(Key(records_.Path(row), row.sourceFileName), i);
-      }
-    }
-    holders_->EndOfFirst();
-  }
+  if (!holders_) MakeIndex();
+  const std::vector<std::size_t> candidates = holders_->Under(Key(pPath, pName));
   const std::string wanted = std::string(pPath).append(pName);
-  const auto first = [&](auto&& is_held_by) {
-    return holders_->First(Key(pPath, pName), [&](std::size_t record) {
+  for (const bool exact : {true, false}) {
+    for (const std::size_t record : candidates) {
       const FileRow& row = records_[record];
-      return still_to_rename(row) && records_.Path(row) == pPath &&
-             is_held_by(row.sourceFileName) && WantsAnotherName(row);
-    });
-  };
-  const auto exact = first([&](const std::string& name) { return name == pName; });
-  if (exact) return exact;
-  return first([&](const std::string& name) {
-    return IsOneEntry(files_, wanted, std::string(pPath).append(name));
-  });
+      if (!StillToRename(row) || records_.Path(row) != pPath) continue;
+      const bool holds = exact
+                             ? row.sourceFileName == pName
+                             : IsOneEntry(files_, wanted, records_.Path(row) + row.sourceFileName);
+      if (holds && WantsAnotherName(row)) return record;
+    }
+  }
+  return std::nullopt;
+}
+
+void RunNameFreer::MakeIndex() {
+  holders_.emplace();
+  for (std::size_t i = 0; i < records_.Count(); ++i) {
+    const FileRow& row = records_[i];
+    if (StillToRename(row)) holders_->Add(Key(records_.Path(row), row.sourceFileName), i);
+  }
 }
 
 bool RunNameFreer::WantsAnotherName(const FileRow& row) {
@@ -88,46 +96,31 @@ void UndoNameFreer::FindAndRename(std::size_t asker) {
   const std::string_view pPath = wanted.folder, pName = wanted.name, CorrectedNewName;
   const bool pRollback = true;
   ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
-                  ErrTrace::args(pPath, pName, pRollback, CorrectedNewName), [&] {
-                    if (!made_) MakeIndex();
-                    if (!MoveHolderAside(asker, wanted, true))
-                      MoveHolderAside(asker, wanted, false);
-                  });
+                  ErrTrace::args(pPath, pName, pRollback, CorrectedNewName),
+                  [&] { MoveHolderAside(asker, wanted); });
 }
 
-void UndoNameFreer::MakeIndex() {
-  made_ = true;
-  for (std::size_t i = 0; i < records_.Count(); ++i) {
-    for (const RowFile file : {RowFile::kResult, RowFile::kSource}) {
-      if (const auto place = PlaceOf(records_, records_[i], file)) {
-        holders_.AddFirst(keys_(*place), i);
+void UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
+  if (!holders_) MakeIndex();
+  const std::vector<std::size_t> candidates = holders_->Under(keys_(wanted));
+  for (const bool exact : {true, false}) {
+    for (const std::size_t record : candidates) {
+      if (record == asker) continue;
+      for (const RowFile file : kRowFiles) {
+        const auto place = PlaceOf(records_, records_[record], file);
+        if (place && keys_.AreOne(*place, wanted, exact)) return MakeWay(record, file);
       }
     }
   }
-  holders_.EndOfFirst();
 }
 
-/// Answers whether there is such a holder.
-bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted, bool by_exact_name) {
-  RowFile held = RowFile::kResult;
-  const auto holds = [&](std::size_t record) {
-    if (record == asker) return false;
-    for (const RowFile file : {RowFile::kResult, RowFile::kSource}) {
-      const auto place = PlaceOf(records_, records_[record], file);
-      if (!place) continue;
-      held = file;
-      if (by_exact_name ? keys_.AreEqual(*place, wanted)
-                        : IsOneEntry(files_, place->Path(), wanted.Path())) {
-        return true;
-      }
+void UndoNameFreer::MakeIndex() {
+  holders_.emplace();
+  for (std::size_t i = 0; i < records_.Count(); ++i) {
+    for (const RowFile file : kRowFiles) {
+      if (const auto place = PlaceOf(records_, records_[i], file)) holders_->Add(keys_(*place), i);
     }
-    return false;
-  };
-  const auto holder = holders_.First(keys_(wanted), holds);
-  if (!holder) return false;
-  holds(*holder);  // a later record may have been asked since
-  MakeWay(*holder, held);
-  return true;
+  }
 }
 
 void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
@@ -140,5 +133,5 @@ void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
     if (row.Temp().empty()) row.SetTemp(row.newFileName);
     row.newFileName = std::move(aside);
   }
-  holders_.Add(keys_(*PlaceOf(records_, row, file)), record);
+  holders_->Add(keys_(*PlaceOf(records_, row, file)), record);
 }

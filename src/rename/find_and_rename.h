@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/records.h"
-#include "core/run_state.h"
+#include "core/pass.h"
 #include "platform/files.h"
 #include "rename/holders.h"
 #include "rename/numbering.h"
@@ -17,8 +16,11 @@
 class NameFreer {
  public:
   /// All for the length of one pass.
-  NameFreer(const RunState& state, Records& records, FileSystem& files, Numbering& numbering)
-      : state_(state), records_(records), files_(files), numbering_(numbering) {}
+  NameFreer(const Pass& pass, Numbering& numbering)
+      : state_(pass.state),
+        records_(pass.records),
+        files_(pass.services.files),
+        numbering_(numbering) {}
   NameFreer(const NameFreer&) = delete;
   NameFreer& operator=(const NameFreer&) = delete;
 
@@ -51,6 +53,7 @@ class RunNameFreer : public NameFreer {
  private:
   std::size_t Key(std::string_view path, std::string_view name) const;
   std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);
+  void MakeIndex();
   bool WantsAnotherName(const FileRow& row);
   bool MakeWay(std::size_t record);
 
@@ -68,11 +71,9 @@ class UndoNameFreer : public NameFreer {
 
  private:
   void MakeIndex();
-  void Add(std::size_t record, RowFile file);
-  bool MoveHolderAside(std::size_t asker, const RowPlace& wanted, bool by_exact_name);
+  void MoveHolderAside(std::size_t asker, const RowPlace& wanted);
   void MakeWay(std::size_t record, RowFile file);
 
   EntryKeys keys_{files_};
-  HolderIndex holders_;
-  bool made_ = false;
+  std::optional<HolderIndex> holders_;  ///< as above
 };

@@ -65,8 +65,7 @@ std::string SeriesKey(std::string_view lower_head, std::string_view lower_tail) 
 
 }  // namespace
 
-Numbering::Numbering(const RunState& state, FileSystem& files, GoOn go_on)
-    : state_(state), files_(files), go_on_(std::move(go_on)) {}
+Numbering::Numbering(Pass& pass) : pass_(pass), state_(pass.state), files_(pass.services.files) {}
 
 std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) {
   if (!mScanCD::FileExist(files_, std::string(pPath).append(pName))) return std::string(pName);
@@ -95,7 +94,7 @@ std::string Numbering::FreeAsideName(std::string_view pPath, std::string_view pN
     const bool roomy = digits == 1 && number == AsideParts(pName, texts, beginning + kMostDigits);
     series.last = roomy ? kHighest : first * 10 - 1;
     std::string free = FreeIn(std::move(series), pPath.size());
-    if (!free.empty() || roomy || !go_on_()) return free;
+    if (!free.empty() || roomy || !pass_.GoOn()) return free;
   }
   return {};
 }
@@ -117,7 +116,7 @@ std::string Numbering::FreeIn(Series wanted, std::size_t folder_size) {
 }
 
 std::string Numbering::FirstFree(Series& series) {
-  while (go_on_()) {
+  while (pass_.GoOn()) {
     const bool again = !series.freed.empty();
     const std::uint64_t number = again ? *series.freed.begin() : series.untried;
     if (number > series.last) break;

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/run_state.h"
+#include "core/pass.h"
 #include "platform/files.h"
 
 /// What stands around the number of a numbered name.
@@ -26,9 +26,9 @@ inline const NumberTexts kSafeNumberTexts{"_{", "}"};
 /// itself takes away (`Freed`) counts as open again.
 class Numbering {
  public:
-  /// `go_on` is asked between the probes, of which a folder full of numbered names needs many;
-  /// when it says no, the search gives up.
-  Numbering(const RunState& state, FileSystem& files, GoOn go_on);
+  /// `pass` is asked between the probes, of which a folder full of numbered names needs many;
+  /// when it is to end, the search gives up.
+  explicit Numbering(Pass& pass);
 
   /// `pName` when it is free in the folder `pPath` (with closing separator), else the first free
   /// of its numbered names: base, left text, number, right text, and the extension with its dot.
@@ -69,9 +69,9 @@ class Numbering {
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 
+  Pass& pass_;
   const RunState& state_;
   FileSystem& files_;
-  GoOn go_on_;
   /// By the lower case of head and tail, because a file system may take two cases for one name.
   std::unordered_map<std::string, std::vector<Series>> series_;
   std::string last_folder_;

@@ -1,5 +1,7 @@
 #include "rename/output_folders.h"
 
+#include <algorithm>
+
 #include "common/drives.h"
 #include "common/path_text.h"
 #include "rename/folder_path.h"
@@ -13,9 +15,10 @@ std::string_view FolderPart(std::string_view path) {
 
 }  // namespace
 
-void ExpectKnownFolders(FileSystem& files, const Records& records) {
-  for (const auto& [path, identity] : records.used_folders) files.ExpectFolder(path, identity);
-  for (const auto& [path, identity] : records.scanned_folders) files.ExpectFolder(path, identity);
+void ExpectKnownFolders(const Pass& pass) {
+  for (const auto* known : {&pass.records.used_folders, &pass.records.scanned_folders}) {
+    for (const auto& [path, identity] : *known) pass.services.files.ExpectFolder(path, identity);
+  }
 }
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
@@ -85,25 +88,18 @@ bool OutputFolders::Make(const std::string& level) {
 bool OutputFolders::StandsInTheWay(const std::string& level, bool by_exact_name) {
   const std::string_view folder = FolderPart(level);
   const RowPlace wanted{folder, std::string_view(level).substr(folder.size())};
-  return former_
-      ->First(keys_(wanted),
-              [&](std::size_t record) {
-                const FileRow& row = records_[record];
-                const RowPlace former = FormerPlace(records_, row);
-                if (former.name.empty()) return false;
-                return by_exact_name ? keys_.AreEqual(former, wanted)
-                                     : IsOneEntry(files_, former.Path(), level);
-              })
-      .has_value();
+  const std::vector<std::size_t> candidates = former_->Under(keys_(wanted));
+  return std::any_of(candidates.begin(), candidates.end(), [&](std::size_t record) {
+    const RowPlace former = FormerPlace(records_, records_[record]);
+    return !former.name.empty() && keys_.AreOne(former, wanted, by_exact_name);
+  });
 }
 
 void OutputFolders::MakeIndex() {
   former_.emplace();
   for (std::size_t i = 0; i < records_.Count(); ++i) {
-    if (!records_[i].TakesPartInUndo()) continue;
-    former_->AddFirst(keys_(FormerPlace(records_, records_[i])), i);
+    if (records_[i].TakesPartInUndo()) RowChanged(i);
   }
-  former_->EndOfFirst();
 }
 
 void OutputFolders::RowChanged(std::size_t record) {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "core/records.h"
+#include "core/pass.h"
 #include "platform/files.h"
 #include "rename/holders.h"
 #include "rename/row_places.h"
@@ -13,19 +13,19 @@
 
 /// Expects of every folder that the rows name that it is still the one that was scanned, or used by
 /// a run; see FileSystem::ExpectFolder.
-void ExpectKnownFolders(FileSystem& files, const Records& records);
+void ExpectKnownFolders(const Pass& pass);
 
 /// The folders that a run puts files into: makes them where they are missing, notes which they are
 /// and which of them it has made.
 class OutputFolders {
  public:
   /// All for the length of one run.
-  OutputFolders(const RunOutput& output, Records& records, FileSystem& files)
+  OutputFolders(const Pass& pass, const RunOutput& output)
       : output_(output.chosen),
         fdSourceFolder_(output.fdSourceFolder),
-        records_(records),
-        files_(files),
-        keys_(files) {}
+        records_(pass.records),
+        files_(pass.services.files),
+        keys_(files_) {}
   OutputFolders(const OutputFolders&) = delete;
   OutputFolders& operator=(const OutputFolders&) = delete;
 

@@ -56,7 +56,8 @@ std::size_t EntryKeys::operator()(const RowPlace& place) {
   return HolderKey(FolderNumber(entry.folder), entry.name);
 }
 
-bool EntryKeys::AreEqual(const RowPlace& a, const RowPlace& b) {
+bool EntryKeys::AreOne(const RowPlace& a, const RowPlace& b, bool exact) {
+  if (!exact) return IsOneEntry(files_, a.Path(), b.Path());
   const Entry first(a), second(b);
   return first.name == second.name && FolderNumber(first.folder) == FolderNumber(second.folder);
 }

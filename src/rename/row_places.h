@@ -45,8 +45,9 @@ class EntryKeys {
 
   std::size_t operator()(const RowPlace& place);
 
-  /// Whether both are one entry, or would be if something were there, by folder and exact name.
-  bool AreEqual(const RowPlace& a, const RowPlace& b);
+  /// Whether both are one entry: by folder and `exact` name, be something there or not, or else as
+  /// the file system has it.
+  bool AreOne(const RowPlace& a, const RowPlace& b, bool exact);
 
  private:
   std::size_t FolderNumber(std::string_view folder);

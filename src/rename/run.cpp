@@ -15,29 +15,29 @@ int ProblemOfName(std::string_view name) {
 
 }  // namespace
 
-RenameRun::RenameRun(const RunOutput& output, Records& records, RunState& state, FileSystem& files,
-                     EventPump& events, Clock& clock, RunReports& reports)
-    : output_(output.chosen),
+RenameRun::RenameRun(Pass& pass, const RunOutput& output, RunReports& reports)
+    : pass_(pass),
+      output_(output.chosen),
       fdSourceFolder_(output.fdSourceFolder),
-      records_(records),
-      state_(state),
-      files_(files),
+      records_(pass.records),
+      state_(pass.state),
+      files_(pass.services.files),
       reports_(reports),
-      pass_(records.Count(), state, events, clock),
-      numbering_(state, files, [this] { return pass_.GoOn(); }),
-      freer_(state, records, files, numbering_),
-      folders_(output, records, files) {}
+      numbering_(pass),
+      freer_(pass, numbering_),
+      folders_(pass, output) {}
 
-void RenameRun::RunRename() {
-  ErrTrace::inner("Form1.RunRename", [&] {
-    ExpectKnownFolders(files_, records_);
+bool RenameRun::RunRename() {
+  return ErrTrace::inner("Form1.RunRename", [&] {
+    ExpectKnownFolders(pass_);
     for (std::size_t i = 0; i < records_.Count(); ++i) {
-      if (!pass_.GoOnAt(i)) return;
+      if (!pass_.GoOnAt(i)) break;
       Count(i);
       if (!records_[i].checked || records_[i].RowTag == 1) continue;
       ProcessRow(i);
-      if (state_.gCancelRequested) return;
+      if (state_.gCancelRequested) break;
     }
+    return !state_.gCancelRequested;
   });
 }
 
@@ -139,11 +139,8 @@ void RenameRun::Fail(const Turn& turn, int problem) {
 
 void RenameRun::Succeed(const Turn& turn) {
   FileRow& row = records_[turn.record];
-  if (row.Rollback().empty()) {
-    row.KeepRollback();
-  } else if (!KeepsSource(output_.cmbDestination)) {
-    row.ShowRollbackName();
-  }
+  row.KeepRollback();
+  if (!KeepsSource(output_.cmbDestination)) row.ShowRollbackName();
   row.RowTag = 1;
   row.mark = Mark::kDone;
   row.problem = 0;

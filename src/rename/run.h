@@ -3,12 +3,8 @@
 #include <cstddef>
 #include <string>
 
-#include "core/long_pass.h"
-#include "core/records.h"
-#include "core/run_state.h"
-#include "platform/clock.h"
+#include "core/pass.h"
 #include "platform/files.h"
-#include "platform/services.h"
 #include "rename/find_and_rename.h"
 #include "rename/numbering.h"
 #include "rename/output_folders.h"
@@ -23,12 +19,11 @@
 /// rest as they stand.
 class RenameRun {
  public:
-  RenameRun(const RunOutput& output, Records& records, RunState& state, FileSystem& files,
-            EventPump& events, Clock& clock, RunReports& reports);
+  RenameRun(Pass& pass, const RunOutput& output, RunReports& reports);
 
-  /// Walks all rows. Ends early with `gCancelRequested` set when the user cancels, also in the
-  /// middle of a long copy: that row then stays as it was.
-  void RunRename();
+  /// Walks all rows. Ends early, with the answer false, when the user cancels, also in the middle
+  /// of a long copy: that row then stays as it was.
+  bool RunRename();
 
  private:
   /// One row's turn.
@@ -49,13 +44,13 @@ class RenameRun {
   void Fail(const Turn& turn, int problem);
   void Succeed(const Turn& turn);
 
+  Pass& pass_;
   const OutputOptions& output_;
   const std::string& fdSourceFolder_;
   Records& records_;
   RunState& state_;
   FileSystem& files_;
   RunReports& reports_;
-  LongPass pass_;
   Numbering numbering_;
   RunNameFreer freer_;
   OutputFolders folders_;

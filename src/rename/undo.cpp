@@ -8,24 +8,23 @@
 #include "settings/output_modes.h"
 #include "trace/err_trace.h"
 
-UndoRun::UndoRun(Records& records, RunState& state, FileSystem& files, EventPump& events,
-                 Clock& clock, RunReports& reports)
-    : records_(records),
-      state_(state),
-      files_(files),
+UndoRun::UndoRun(Pass& pass, RunReports& reports)
+    : pass_(pass),
+      records_(pass.records),
+      state_(pass.state),
+      files_(pass.services.files),
       reports_(reports),
-      pass_(records.Count(), state, events, clock),
-      numbering_(state, files, [this] { return pass_.GoOn(); }),
-      freer_(state, records, files, numbering_) {}
+      numbering_(pass),
+      freer_(pass, numbering_) {}
 
-void UndoRun::Undo() {
-  ExpectKnownFolders(files_, records_);
+bool UndoRun::Undo() {
+  ExpectKnownFolders(pass_);
   for (std::size_t i = 0; i < records_.Count(); ++i) {
-    if (!pass_.GoOnAt(i)) return;
+    if (!pass_.GoOnAt(i)) return false;
     CountDown(i);
     if (records_[i].TakesPartInUndo()) {
       UndoRow(i);
-      if (state_.gCancelRequested) return;
+      if (state_.gCancelRequested) return false;
     }
     if (records_[i].mark != Mark::kFailed) continue;
     records_[i].mark = Mark::kWaiting;
@@ -34,6 +33,7 @@ void UndoRun::Undo() {
   RemoveMadeFolders();
   // The next run may use other folders of these names.
   if (reports_.gFailureReport.empty()) records_.used_folders.clear();
+  return true;
 }
 
 void UndoRun::CountDown(std::size_t record) {

@@ -3,12 +3,8 @@
 #include <cstddef>
 #include <string>
 
-#include "core/long_pass.h"
-#include "core/records.h"
-#include "core/run_state.h"
-#include "platform/clock.h"
+#include "core/pass.h"
 #include "platform/files.h"
-#include "platform/services.h"
 #include "rename/find_and_rename.h"
 #include "rename/numbering.h"
 #include "rename/result_rows.h"
@@ -24,12 +20,11 @@
 /// runs without failures an undo brings everything back.
 class UndoRun {
  public:
-  UndoRun(Records& records, RunState& state, FileSystem& files, EventPump& events, Clock& clock,
-          RunReports& reports);
+  UndoRun(Pass& pass, RunReports& reports);
 
-  /// Walks all rows. Ends early with `gCancelRequested` set when the user cancels; called again
-  /// after that, it goes on with the rows still done.
-  void Undo();
+  /// Walks all rows. Ends early, with the answer false, when the user cancels; the next undo then
+  /// goes on with the rows still done.
+  bool Undo();
 
  private:
   void CountDown(std::size_t record);
@@ -40,11 +35,11 @@ class UndoRun {
   bool MoveBack(std::size_t record, RowFile file);
   void RemoveMadeFolders();
 
+  Pass& pass_;
   Records& records_;
   RunState& state_;
   FileSystem& files_;
   RunReports& reports_;
-  LongPass pass_;
   Numbering numbering_;
   UndoNameFreer freer_;
   int problem_ = 0;  ///< of the last row that could not be taken back

@@ -176,4 +176,16 @@ bool top(TraceString<0> trace, Body&& body) noexcept {
   return top(trace, args(), body);
 }
 
+/// Runs `body`. When it fails, does `step` before the failure goes on; what fails in `step` is
+/// reported by itself, with the line of `trace`.
+template <class Step, class Body>
+void OnFailure(TraceString<0> trace, Step&& step, Body&& body) {
+  try {
+    body();
+  } catch (...) {
+    top(trace, step);
+    throw;
+  }
+}
+
 }  // namespace ErrTrace

@@ -31,19 +31,19 @@ constexpr int kLeastHeight = 484;
 
 }  // namespace
 
-Form1::Form1(const CommandParts& parts, const Services& services, QWidget* parent)
+Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
-      parts_(parts),
+      session_(session),
       settings_(services.settings),
-      commands_(parts, *this),
+      commands_(session, services, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
-      editor_(new ConstructorEditor(parts.constructor, services, left_column_)),
+      editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
-      list_(new FileListPanel(parts.grid, this)),
+      list_(new FileListPanel(session.grid, this)),
       status_bar_(new StatusBar(this)) {
-  gFailureReport = new ResultWindow(kRenamingFailure, parts.reports, services, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, parts.reports, services, this);
+  gFailureReport = new ResultWindow(kRenamingFailure, session.reports, services, this);
+  gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, services, this);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -83,7 +83,7 @@ void Form1::LayOut() {
 }
 
 void Form1::ConnectPanels() {
-  const auto mark_stale = [this] { MarkStale(parts_.state, *this); };
+  const auto mark_stale = [this] { MarkStale(session_.state, *this); };
   connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
   connect(list_, &FileListPanel::rowChecked, this, mark_stale);
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
@@ -105,11 +105,11 @@ void Form1::ConnectPanels() {
 
 Options Form1::ReadOptions() const {
   return {folder_pages_->Saved(), folder_pages_->Source(), folder_pages_->Output(),
-          list_->ReadOptions(), parts_.state.numbering};
+          list_->ReadOptions(), session_.state.numbering};
 }
 
 void Form1::Show(const Options& options) {
-  parts_.state.numbering = options.numbering;
+  session_.state.numbering = options.numbering;
   folder_pages_->Show(options.save);
   folder_pages_->Show(options.source);
   folder_pages_->Show(options.output);
@@ -174,7 +174,7 @@ void Form1::GiveFocusBack(QWidget* focused) {
 }
 
 void Form1::MarkStaleWhereOrderCounts() {
-  if (parts_.constructor.Holds(kCounter)) MarkStale(parts_.state, *this);
+  if (session_.constructor.Holds(kCounter)) MarkStale(session_.state, *this);
 }
 
 void Form1::SetWide(bool wide) {
@@ -187,7 +187,7 @@ void Form1::closeEvent(QCloseEvent* event) {
     return;
   }
   close_wanted_ = true;
-  parts_.state.gCancelRequested = true;
+  session_.state.gCancelRequested = true;
   event->ignore();
 }
 
@@ -207,7 +207,7 @@ void Form1::FocusFirst() {
 }
 
 void Form1::Command4_Click() {
-  ErrTrace::top("Form1.Command4_Click", [&] { Form8(parts_.state, settings_, this).exec(); });
+  ErrTrace::top("Form1.Command4_Click", [&] { Form8(session_.state, settings_, this).exec(); });
 }
 
 void Form1::CommandBars1_Execute(int Control) {
@@ -239,7 +239,7 @@ void Form1::EnableButton(CommandButton button, bool enable) {
 }
 
 void Form1::ShowPanes() {
-  status_bar_->ShowPanes(parts_.state.panes);
+  status_bar_->ShowPanes(session_.state.panes);
 }
 
 void Form1::SetSourceFolder(const std::string& folder) {

@@ -24,8 +24,8 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// `parts` and `services` are the program's and outlive the window.
-  Form1(const CommandParts& parts, const Services& services, QWidget* parent = nullptr);
+  /// Both are the program's and outlive the window.
+  Form1(Session& session, const Services& services, QWidget* parent = nullptr);
   ~Form1() override;
 
   /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that
@@ -66,7 +66,7 @@ class Form1 : public QWidget, private CommandView {
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
-  CommandParts parts_;
+  Session& session_;
   SettingsStore& settings_;
   Commands commands_;
   QWidget* left_column_;

@@ -47,11 +47,7 @@ struct Program::Parts {
   QtSettingsStore settings;
   const Services services{*files,     *clock,  *facts,  events, locale,
                           type_names, folders, prompts, shell,  settings};
-  RunState state;
-  Records records;
-  Grid grid{records};
-  Constructor constructor;
-  RunReports reports;
+  Session session;
   std::unique_ptr<SingleInstance> instance;  ///< held from the start to the end
   std::unique_ptr<Form1> window;             ///< last, for it uses all of the above
 };
@@ -68,10 +64,7 @@ bool Program::MayStart() {
 Form1& Program::MainWindow() {
   Parts& p = *parts_;
   if (p.window == nullptr) {
-    p.window =
-        std::make_unique<Form1>(CommandParts{p.state, p.grid, p.constructor, p.reports, *p.files,
-                                             *p.clock, p.events, p.locale, p.type_names, p.prompts},
-                                p.services);
+    p.window = std::make_unique<Form1>(p.session, p.services);
     p.reporter.MainWindowLoaded(p.window.get());
   }
   return *p.window;

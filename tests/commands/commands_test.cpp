@@ -4,7 +4,6 @@
 
 #include "platform/text.h"
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -25,7 +24,7 @@ class FakeView : public CommandView {
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
-  void RowsChanged() override { ++rows_changed; }
+  void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
   void ShowFailureReport() override {
     shown.push_back("failed " + std::to_string(reports_.gFailureReport.size()));
@@ -40,7 +39,6 @@ class FakeView : public CommandView {
   bool waiting = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
-  int rows_changed = 0;
   bool focus_away = false;
   std::vector<std::string> shown;  ///< the report windows, with their counts
 
@@ -59,7 +57,7 @@ class FakeReporter : public ErrTrace::Reporter {
   std::vector<std::string> reports;
 };
 
-class CommandsTest : public testing::Test {
+class CommandsTest : public testing::Test, protected FakeServices {
  protected:
   void SetUp() override {
     files.folders = {"/in", "/out"};
@@ -67,51 +65,80 @@ class CommandsTest : public testing::Test {
     commands.EnableDisable(ModeFolderChosen);
   }
 
-  /// Cancels when events run for the n-th time from now.
+  /// Cancels when events run for the n-th time from now; 0 is never.
   void CancelAt(int n) {
-    const int last = events.count + n;
+    const int last = n == 0 ? 0 : events.count + n;
     events.on_events = [this, last] {
       if (events.count == last) commands.bnCancel_Click();
     };
   }
 
-  RunState state;
-  Records records;
-  Grid grid{records};
-  Constructor constructor;
-  RunReports reports;
-  MemoryFiles files;
-  FakeClock clock;
-  FakeEvents events;
-  PlainLocale locale;
-  FakeTypeNames type_names;
-  FakePrompts prompts;
+  /// Presses the buttons, a letter each, and answers the mode that each ends in. With a number, it
+  /// is cancelled when events run for that time.
+  std::string Walk(const std::string& road) {
+    std::string modes;
+    for (std::size_t i = 0; i < road.size(); ++i) {
+      if (road[i] == ' ') continue;
+      const bool cancelled = i + 1 < road.size() && road[i + 1] != ' ';
+      CancelAt(cancelled ? road[i + 1] - '0' : 0);
+      if (road[i] == 'l') commands.bnLoadFileList_Click();
+      if (road[i] == 'p') commands.bnPreview_Click();
+      if (road[i] == 'r') commands.bnRename_Click();
+      if (road[i] == 'u') commands.bnUndo_Click();
+      modes += (modes.empty() ? "" : " ") + std::to_string(commands.Mode());
+      EXPECT_FALSE(state.gCancelRequested);
+      EXPECT_TRUE(view.elements && !view.waiting && !commands.Busy());
+      i += cancelled;
+    }
+    return modes;
+  }
+
+  Session session;
+  RunState& state = session.state;
+  Records& records = session.records;
+  Grid& grid = session.grid;
+  Constructor& constructor = session.constructor;
+  RunReports& reports = session.reports;
   FakeView view{grid, reports};
   FakeReporter reporter;
-  Commands commands{
-      {state, grid, constructor, reports, files, clock, events, locale, type_names, prompts}, view};
+  Commands commands{session, services, view};
 };
 
 }  // namespace
 
-TEST_F(CommandsTest, GoTheRoadFromListToRename) {
+TEST_F(CommandsTest, GoFromModeToMode) {
+  const struct {
+    const char* road;
+    const char* modes;
+    const char* buttons;
+    const char* files;
+  } table[] = {
+      {"p r", "1 1", "1000-", "a.txt b.txt "},
+      {"l p r", "3 5 8", "10010", "x a.txt x b.txt "},
+      {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt "},
+      {"l2 p", "4 4", "10000", "a.txt b.txt "},
+      {"l p2 p", "3 3 5", "11100", "a.txt b.txt "},
+      {"l p r1", "3 5 9", "10110", "a.txt b.txt "},
+      {"l p r2 r", "3 5 9 8", "10010", "x a.txt x b.txt "},
+      {"l p r2 u", "3 5 9 10", "11100", "a.txt b.txt "},
+      {"l p r u2", "3 5 8 11", "10110", "a.txt x b.txt "},
+      {"l p r u2 u", "3 5 8 11 10", "11100", "a.txt b.txt "},
+  };
+  clock.step_ms = 50;
   constructor.InsertArrConstrItem(0, kText, "x ");
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(view.buttons, "11000");
-  EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
-  EXPECT_EQ(state.panes.paneTotal, "Total 2 files");
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(state.panes.paneTotal, "Total 2 files") << "a second list counts anew";
-  commands.bnPreview_Click();
-  EXPECT_EQ(view.buttons, "11100");
-  EXPECT_EQ(records[0].newFileName, "x a.txt");
-  EXPECT_EQ(state.panes.progressValue, 0);
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeRunFinished);
-  EXPECT_EQ(view.buttons, "10010");
-  EXPECT_TRUE(files.contents.contains("/in/x a.txt"));
-  EXPECT_TRUE(view.elements);
-  EXPECT_FALSE(view.waiting);
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.road);
+    files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
+    records.DeleteAll();
+    grid.Clear();
+    commands.EnableDisable(ModeFolderChosen);
+    view.buttons = "1000-";
+    EXPECT_EQ(Walk(row.road), row.modes);
+    EXPECT_EQ(view.buttons, row.buttons);
+    std::string names;
+    for (const auto& [path, content] : files.contents) names += path.substr(4) + " ";
+    EXPECT_EQ(names, row.files);
+  }
 }
 
 TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
@@ -134,22 +161,19 @@ TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
                     (panes.totalStretched ? "stretched|" : "|") + std::to_string(panes.progressMax),
                 row.panes);
       EXPECT_EQ(view.buttons, "00001");
-      EXPECT_FALSE(view.elements);
-      EXPECT_TRUE(view.waiting && commands.Busy());
+      EXPECT_TRUE(!view.elements && view.waiting && commands.Busy());
     };
     (commands.*row.command)();
     EXPECT_GT(events.count, 0);
-    EXPECT_TRUE(view.elements && !view.waiting && !commands.Busy());
     EXPECT_TRUE(state.panes.totalStretched && !state.panes.progressVisible);
   }
 }
 
-TEST_F(CommandsTest, KeepEveryNameWithTheStartItems) {
-  files.contents = {{"/in/a.b.c", ""}, {"/in/noext", ""}, {"/in/.profile", ""}};
-  commands.bnLoadFileList_Click();
-  commands.bnPreview_Click();
-  for (std::size_t i = 0; i < records.Count(); ++i) {
-    EXPECT_EQ(records[i].newFileName, records[i].sourceFileName);
+TEST_F(CommandsTest, CountAnewInEachList) {
+  for (int list = 0; list < 2; ++list) {
+    Walk("l");
+    EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
+    EXPECT_EQ(state.panes.paneTotal, "Total 2 files");
   }
 }
 
@@ -163,12 +187,10 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
     EmptyList reason;
   } table[] = {
       {{"  /nowhere/ ", "", "", true}, EmptyList::kFolderMissing},
-      {{"/nowhere", "", "", true}, EmptyList::kFolderMissing},
       {{"/up", "", "", false}, EmptyList::kSeparatorMissing},
       {{"/locked/", "", "", true}, EmptyList::kFolderUnreadable},
       {{"/bare/", "*.jpg;*.png", "", false}, EmptyList::kNoFile},
       {{"/up/", "", "", false}, EmptyList::kOnlySubfolders},
-      {{"/up/", "*.jpg", "", true}, EmptyList::kNoMatch},
       {{"/shut/", "", "", true}, EmptyList::kSubfolderUnreadable},
       {{"/in/", "", "*", true}, EmptyList::kNoMatch},
       {{"/in/", "*.jpg;*.png", "", true}, EmptyList::kMasksNotParted},
@@ -178,160 +200,105 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
     SCOPED_TRACE(row.source.fdSourceFolder + row.source.fdIncludeMask);
     view.source = row.source;
     state.panes.paneTotal = "";
-    commands.bnLoadFileList_Click();
+    EXPECT_EQ(Walk("l"), "4");
     EXPECT_EQ(view.source.fdSourceFolder, text::Trim(row.source.fdSourceFolder));
-    EXPECT_EQ(view.buttons, "10000");
     EXPECT_EQ(view.empty, row.reason);
-    EXPECT_FALSE(TextsOf(row.reason).note.empty());
     EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   }
-
   view.source = {"/in/", "", "", false};
   clock.step_ms = 50;
-  CancelAt(3);
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(view.buttons, "10000");
+  Walk("l3");
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
-  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
-  EXPECT_EQ(grid.RowCount(), 0u);
   EXPECT_EQ(records.Count(), 1u) << "what was found stays out of sight";
-  EXPECT_FALSE(state.gCancelRequested);
-  EXPECT_TRUE(view.focus_away);
+  EXPECT_TRUE(grid.RowCount() == 0 && view.focus_away);
 }
 
-TEST_F(CommandsTest, DoNothingWithoutAFolderOrRowsOrElements) {
+TEST_F(CommandsTest, DoNothingWithoutAFolderOrElements) {
   view.source.fdSourceFolder = "  ";
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(commands.Mode(), ModeFolderChosen);
-  commands.bnPreview_Click();
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeFolderChosen);
+  EXPECT_EQ(Walk("l"), "1");
   view.source.fdSourceFolder = "/in/";
-  commands.bnLoadFileList_Click();
   constructor.ArrConstr.clear();
-  commands.bnPreview_Click();
-  EXPECT_EQ(commands.Mode(), ModeListReady);
+  EXPECT_EQ(Walk("l p"), "3 3");
 }
 
-TEST_F(CommandsTest, KeepThePreviewStaleWhenItIsCancelled) {
-  commands.bnLoadFileList_Click();
+TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
+  Walk("l");
   MarkStale(state, view);
-  CancelAt(2);
-  commands.bnPreview_Click();
-  EXPECT_EQ(commands.Mode(), ModeListReady);
+  Walk("p2");
   EXPECT_TRUE(state.gPreviewStale);
   EXPECT_EQ(records[0].newFileName, "") << "the group row came first";
-  events.on_events = nullptr;
-  commands.bnPreview_Click();
+  Walk("p");
   EXPECT_FALSE(state.gPreviewStale);
-  EXPECT_EQ(commands.Mode(), ModePreviewReady);
 }
 
 TEST_F(CommandsTest, AskForAWholeOutputFolder) {
-  commands.bnLoadFileList_Click();
-  commands.bnPreview_Click();
+  Walk("l p");
   view.output = {kCopyTo, "", true};
-  commands.bnRename_Click();
+  EXPECT_EQ(Walk("r"), "5");
   view.output = {kMoveTo, "pictures/", true};
-  commands.bnRename_Click();
+  EXPECT_EQ(Walk("r"), "5");
   EXPECT_EQ(prompts.told, (std::vector<std::string>{
                               "Please select output folder",
                               "The output folder must be a full path, as in /home/me/pictures/."}));
-  EXPECT_EQ(commands.Mode(), ModePreviewReady);
   view.output = {kUseSourceFolder, "pictures/", true};
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeRunFinished) << "the folder isn't used";
+  EXPECT_EQ(Walk("r"), "8") << "the folder isn't used";
 }
 
-TEST_F(CommandsTest, GoOnAfterACancelledRun) {
+TEST_F(CommandsTest, TellThatAPassWasCancelled) {
   constructor.InsertArrConstrItem(0, kText, "x ");
-  commands.bnLoadFileList_Click();
-  commands.bnPreview_Click();
-  CancelAt(1);
-  commands.bnRename_Click();
-  EXPECT_EQ(prompts.told, std::vector<std::string>{
-                              "Process is not completed.\nSome of the files have been renamed."});
-  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
-  EXPECT_EQ(view.buttons, "10110");
+  std::string modes;
+  prompts.on_tell = [&] { modes += std::to_string(commands.Mode()) + " "; };
+  Walk("l p r2");
   EXPECT_EQ(state.panes.paneStatus, "Renaming ") << "stays until another mode clears it";
-  EXPECT_TRUE(files.contents.contains("/in/a.txt"));
-  events.on_events = nullptr;
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeRunFinished);
-  EXPECT_TRUE(files.contents.contains("/in/x b.txt"));
+  EXPECT_EQ(state.panes.progressValue, 1);
+  Walk("r");
   EXPECT_EQ(state.panes.paneStatus, "");
+  Walk("u2");
+  EXPECT_EQ(state.panes.progressValue, 1) << "the bar runs backwards";
+  EXPECT_EQ(prompts.told, (std::vector<std::string>{
+                              "Process is not completed.\nSome of the files have been renamed.",
+                              "Process is not completed.\nSome of the files are still renamed."}));
+  EXPECT_EQ(modes, "6 11 ");
+  EXPECT_EQ(prompts.icons, "!!");
 }
 
 TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   files.contents["/in/c.txt"] = "c";
   constructor.ArrConstr.clear();
   constructor.InsertArrConstrItem(0, kText, "same");
-  const auto list_and_preview = [&] {
-    commands.bnLoadFileList_Click();
-    commands.bnPreview_Click();
-    view.shown.clear();
-  };
-  list_and_preview();
   files.fails = [](std::string_view, std::string_view path) { return path == "/in/a.txt"; };
-  commands.bnRename_Click();
+  Walk("l p r");
   EXPECT_EQ(view.shown, (std::vector<std::string>{"failed 1", "numbered 1"}));
   files.fails = nullptr;
-  commands.bnUndo_Click();
-  EXPECT_EQ(prompts.told, std::vector<std::string>()) << "what failed has nothing to take back";
-  for (const char* path : {"/in/a.txt", "/in/b.txt", "/in/c.txt"}) {
-    EXPECT_TRUE(files.contents.contains(path)) << path;
-  }
-
+  Walk("u");
+  EXPECT_TRUE(prompts.told.empty()) << "what failed has nothing to take back";
+  view.shown.clear();
+  files.fails = [](std::string_view, std::string_view) { return true; };
+  Walk("p r2");
+  EXPECT_EQ(reports.gFailureReport.size(), 1u);
+  EXPECT_TRUE(view.shown.empty()) << "a cancelled run";
+  files.fails = nullptr;
   constructor.ArrConstr.clear();
   constructor.InsertArrConstrItem(0, kSourceFileName, "");
-  list_and_preview();
-  commands.bnRename_Click();
-  EXPECT_EQ(view.shown, std::vector<std::string>()) << "a clean run";
-  EXPECT_EQ(reports.gFailureReport.size(), 0u) << "those of the run before are gone";
-  EXPECT_EQ(reports.gConflictReport.size(), 0u);
-
-  list_and_preview();
-  files.fails = [](std::string_view, std::string_view) { return true; };
-  CancelAt(2);
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
-  EXPECT_EQ(reports.gFailureReport.size(), 1u);
-  EXPECT_EQ(view.shown, std::vector<std::string>()) << "a cancelled run";
+  Walk("l p r");
+  EXPECT_TRUE(view.shown.empty()) << "a clean run";
+  EXPECT_TRUE(reports.gFailureReport.empty() && reports.gConflictReport.empty());
 }
 
-TEST_F(CommandsTest, TakeARunBack) {
+TEST_F(CommandsTest, TellHowManyFilesWereNotTakenBack) {
   constructor.InsertArrConstrItem(0, kText, "x ");
-  commands.bnLoadFileList_Click();
-  commands.bnPreview_Click();
-  commands.bnRename_Click();
-  CancelAt(2);
-  commands.bnUndo_Click();
-  EXPECT_EQ(prompts.told, std::vector<std::string>{
-                              "Process is not completed.\nSome of the files are still renamed."});
-  EXPECT_EQ(commands.Mode(), ModeUndoCancelled);
-  EXPECT_EQ(state.panes.progressValue, 1) << "the bar runs backwards";
-  EXPECT_TRUE(files.contents.contains("/in/a.txt"));
-  EXPECT_TRUE(files.contents.contains("/in/x b.txt"));
-  events.on_events = nullptr;
-  commands.bnUndo_Click();
-  EXPECT_EQ(commands.Mode(), ModeUndoFinished);
-  EXPECT_EQ(view.buttons, "11100") << "the same run can be done again";
-  EXPECT_TRUE(files.contents.contains("/in/b.txt"));
-  EXPECT_EQ(records[1].newFileName, "x b.txt");
-
-  commands.bnRename_Click();
+  Walk("l p r");
   files.contents["/in/a.txt"] = "a stranger";
-  commands.bnUndo_Click();
-  EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
-  EXPECT_EQ(prompts.icons, "!x");
+  EXPECT_EQ(Walk("u"), "10");
+  EXPECT_EQ(prompts.told, std::vector<std::string>{"Undo failed for 1 file(s)"});
+  EXPECT_EQ(prompts.icons, "x");
   EXPECT_EQ(files.contents["/in/a.txt"], "a stranger");
-  EXPECT_EQ(view.shown, std::vector<std::string>()) << "an undo tells its failures by number only";
+  EXPECT_TRUE(view.shown.empty()) << "an undo tells its failures by number only";
 }
 
 TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   view.source.fdIncludeMask = "[a";
-  commands.bnLoadFileList_Click();
-  EXPECT_EQ(commands.Mode(), ModeListEmpty);
+  EXPECT_EQ(Walk("l"), "4");
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
   EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   ASSERT_EQ(reporter.reports.size(), 1u);
@@ -339,24 +306,16 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
        {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
     EXPECT_NE(reporter.reports[0].find(line), std::string::npos) << line;
   }
-
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
   constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
-  commands.bnLoadFileList_Click();
-  commands.bnPreview_Click();
-  EXPECT_EQ(commands.Mode(), ModeListReady);
-  EXPECT_EQ(reporter.reports.size(), 2u);
-
-  files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
+  EXPECT_EQ(Walk("l p"), "3 3");
   constructor.ArrConstr[0].counter.Start = 1;
-  commands.bnPreview_Click();
-  commands.bnRename_Click();
-  EXPECT_EQ(commands.Mode(), ModeRunCancelled);
-  EXPECT_EQ(view.buttons, "10110");
-  EXPECT_FALSE(view.waiting);
+  files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
+  EXPECT_EQ(Walk("p r"), "5 9");
+  EXPECT_NE(reporter.reports[2].find("Form1.fRename"), std::string::npos);
   records[0].RowTag = 1;
   records[0].mode = kUseSourceFolder;
-  commands.bnUndo_Click();
-  EXPECT_EQ(commands.Mode(), ModeUndoCancelled);
+  EXPECT_EQ(Walk("u"), "11");
+  EXPECT_EQ(reporter.reports.size(), 4u);
 }

@@ -4,25 +4,6 @@
 
 #include "core/records.h"
 
-TEST(FileRow, KeepsTheNameItHadBeforeTheRunThroughAsideAndBack) {
-  FileRow row;
-  row.sourceFileName = "b";
-  EXPECT_EQ(row.Rollback(), "");
-  row.KeepRollback();
-  row.MoveAside("b_{1}");
-  EXPECT_EQ(row.sourceFileName, "b_{1}");
-  EXPECT_EQ(row.Rollback(), "b");
-  row.KeepRollback();
-  EXPECT_EQ(row.Rollback(), "b") << "a kept name is not kept anew";
-  row.ShowRollbackName();
-  EXPECT_EQ(row.sourceFileName, "b");
-  EXPECT_EQ(row.Rollback(), "b");
-  row.ClearRollback();
-  EXPECT_EQ(row.Rollback(), "");
-  EXPECT_EQ(row.sourceFileName, "b");
-  EXPECT_LE(sizeof row, 112u) << "a list may hold a million";
-}
-
 TEST(FileDate, WritesAllNineteenCharactersOrNone) {
   EXPECT_EQ(FileDate(2024, 3, 9, 7, 5, 2).Text(), "2024.03.09 07:05:02");
   EXPECT_EQ(FileDate().Text(), "");

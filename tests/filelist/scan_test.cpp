@@ -19,8 +19,8 @@ class ScanTest : public testing::Test, protected FakeServices {
   std::string Scanned(const SourceOptions& source) {
     records.DeleteAll();
     state.gFileCount = 0;
-    LongPass pass(0, state, events, clock);
-    mScanCD::Scan scan(source, records, state, files, clock, types, pass);
+    Pass pass(records, state, services, 0);
+    mScanCD::Scan scan(pass, source, types);
     scan.ShowDir3_FillPreview("in", source.fdSourceFolder);
     std::string scanned;
     for (std::size_t i = 0; i < records.Count(); ++i) {

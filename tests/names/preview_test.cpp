@@ -16,7 +16,7 @@ ConstrItem CounterFrom(std::int32_t start, bool resets) {
   return {.ItemType = kCounter, .counter = {.Start = start, .Reset = resets, .Format = "00"}};
 }
 
-class PreviewTest : public testing::Test {
+class PreviewTest : public testing::Test, protected FakeServices {
  protected:
   PreviewTest() { grid.SetGroupsOrder(GroupBy::kNone); }
 
@@ -27,7 +27,8 @@ class PreviewTest : public testing::Test {
 
   bool Walk() {
     grid.Populate();
-    return SetPreview({grid, constructor, state, fakes.events, fakes.clock, fakes.locale});
+    Pass pass(records, state, services, grid.RowCount());
+    return SetPreview(pass, grid, constructor);
   }
 
   /// The new names that a whole pass gives, in the order of the scan.
@@ -57,7 +58,6 @@ class PreviewTest : public testing::Test {
   Constructor constructor;
   std::vector<ConstrItem>& items = constructor.ArrConstr;
   RunState state;
-  FakeServices fakes;
 };
 
 }  // namespace
@@ -165,7 +165,7 @@ TEST_F(PreviewTest, FailsWhereACounterOrAPartPassesItsRange) {
 
 TEST_F(PreviewTest, LetsEventsRunAndEndsWhenCancelled) {
   for (int i = 0; i < 600; ++i) AddFile("a" + std::to_string(i));
-  fakes.events.on_events = [&] { state.gCancelRequested = fakes.events.count == 11; };
+  events.on_events = [&] { state.gCancelRequested = events.count == 11; };
   EXPECT_FALSE(Walk());
   EXPECT_EQ(records[19].newFileName, "a19");
   EXPECT_EQ(records[20].newFileName, "");
@@ -173,5 +173,5 @@ TEST_F(PreviewTest, LetsEventsRunAndEndsWhenCancelled) {
 
   state.gCancelRequested = false;
   EXPECT_EQ(Preview()[599], "a599");
-  EXPECT_EQ(fakes.events.count, 311);
+  EXPECT_EQ(events.count, 311);
 }

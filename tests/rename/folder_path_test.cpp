@@ -4,28 +4,12 @@
 
 #include "support/memory_files.h"
 
-namespace {
-
-std::string_view Create(MemoryFiles& files, std::string_view path, PathStyle style) {
-  return CreateFolderPath(
-      files, path, [&](const std::string& level) { return files.CreateDirectory(level); }, style);
-}
-
-}  // namespace
-
-TEST(FolderPath, MakesEachMissingLevel) {
-  MemoryFiles files;
-  files.folders = {"/out"};
-  EXPECT_EQ(Create(files, "/out/2024/Lisbon", kPosix), "");
-  EXPECT_EQ(files.folders, (std::set<std::string>{"/out", "/out/2024", "/out/2024/Lisbon"}));
-  EXPECT_EQ(Create(files, "", kPosix), "");
-  EXPECT_EQ(Create(files, "out/x", kPosix), "The drive is not present.");
-  EXPECT_EQ(files.folders.size(), 3u);
-}
-
-TEST(FolderPath, KeepsTheRootsSeparatorInDriveStyle) {
+TEST(FolderPath, MakesEachMissingLevelOnADriveThatIsThere) {
   MemoryFiles files;
   files.contents = {{"C:\\", ""}};  // the root that the drive test looks at
-  EXPECT_EQ(Create(files, "C:\\a\\b", kDrive), "");
+  const auto make = [&](const std::string& level) { return files.CreateDirectory(level); };
+  EXPECT_EQ(CreateFolderPath(files, "C:\\a\\b", make, kDrive), "");
+  EXPECT_EQ(CreateFolderPath(files, "", make, kPosix), "");
+  EXPECT_EQ(CreateFolderPath(files, "out/x", make, kPosix), "The drive is not present.");
   EXPECT_EQ(files.folders, (std::set<std::string>{"C:\\a", "C:\\a\\b"}));
 }

@@ -1,150 +1,121 @@
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <random>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "rename/killed_run.h"
+#include "rename/run.h"
+#include "rename/undo.h"
+#include "support/fake_services.h"
 #include "support/temp_folder.h"
 
 namespace {
 
-constexpr int kKillsAWork = 12;
+constexpr int kFiles = 40;
+constexpr int kKillsAMode = 12;
 constexpr int kLongestLifeMs = 60;
 
-/// The program, started; killed at the end of its life.
-class Victim {
- public:
-  Victim(KilledWork work, std::string folder, std::string output) {
-    int ends[2];
-    if (::pipe(ends) != 0) return;
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    ::posix_spawn_file_actions_addclose(&actions, ends[0]);
-    std::string program = QUORVANE_RUN_TO_BE_KILLED;
-    std::string number = std::to_string(static_cast<int>(work));
-    std::array<char*, 5> arguments = {program.data(), number.data(), folder.data(), output.data(),
-                                      nullptr};
-    if (::posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), environ)) {
-      process_ = -1;
+std::string Name(int i) {
+  return "f" + std::to_string(i) + ".jpg";
+}
+
+/// The first half swaps names in pairs, the second half turns them round.
+std::string NewName(int i) {
+  constexpr int kHalf = kFiles / 2;
+  return Name(i < kHalf ? i ^ 1 : i + 1 < kFiles ? i + 1 : kHalf);
+}
+
+/// A whole content tells which file it is, and every eighth is large.
+std::vector<std::string> Contents() {
+  std::vector<std::string> contents(kFiles);
+  for (int i = 0; i < kFiles; ++i) {
+    std::string& content = contents[static_cast<std::size_t>(i)];
+    for (int line = i % 8 == 0 ? 100'000 : 1 + i; line > 0; --line) {
+      content += "file " + std::to_string(i) + "\n";
     }
-    ::posix_spawn_file_actions_destroy(&actions);
-    ::close(ends[1]);
-    char first = 0;
-    started_ = ::read(ends[0], &first, 1) == 1;
-    ::close(ends[0]);
   }
-  Victim(const Victim&) = delete;
-  Victim& operator=(const Victim&) = delete;
-  ~Victim() { Kill(); }
+  return contents;
+}
 
-  /// True when it was running until now.
-  bool Kill() {
-    if (process_ < 0) return false;
-    ::kill(process_, SIGKILL);
-    int status = 0;
-    ::waitpid(process_, &status, 0);
-    process_ = -1;
-    return started_ && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+/// Runs and undoes, round and round, until the process is killed; 1 when a run goes wrong.
+int RunForever(const RunOutput& output) {
+  const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  FakeServices fakes;
+  const Services services = fakes.With(*files, fakes.clock, fakes.locale);
+  RunState state;
+  RunReports reports;
+  Records records;
+  for (int i = 0; i < kFiles; ++i) {
+    records.AddRecord("", output.fdSourceFolder, Name(i), FileDate(), 0, "");
+    records[records.Count() - 1].newFileName = NewName(i);
   }
-
- private:
-  pid_t process_ = -1;
-  bool started_ = false;
-};
-
-class KilledRun : public testing::TestWithParam<KilledWork> {
- protected:
-  static void SetUpTestSuite() {
-    Contents().clear();
-    for (int i = 0; i < kKilledFiles; ++i) Contents().push_back(KilledContent(i));
+  while (reports.gFailureReport.empty()) {
+    Pass run(records, state, services, records.Count());
+    RenameRun(run, output, reports).RunRename();
+    Pass undo(records, state, services, records.Count());
+    UndoRun(undo, reports).Undo();
   }
+  return 1;
+}
 
-  /// The whole files.
-  static std::vector<std::string>& Contents() {
-    static std::vector<std::string> contents;
-    return contents;
+/// Runs in a process of its own and kills it after `ms`; false when it ended by itself.
+bool RunAndKill(const RunOutput& output, std::chrono::milliseconds ms) {
+  const pid_t process = ::fork();
+  if (process == 0) {
+    ::alarm(60);  // should nobody come to kill it
+    ::_exit(RunForever(output));
   }
+  std::this_thread::sleep_for(ms);
+  ::kill(process, SIGKILL);
+  int status = 0;
+  return process > 0 && ::waitpid(process, &status, 0) == process && WIFSIGNALED(status) &&
+         WTERMSIG(status) == SIGKILL;
+}
 
-  /// How often each file stands whole in the folder; whatever else is there is a failure.
-  static std::vector<int> Count(const TempFolder& folder) {
-    std::vector<int> count(kKilledFiles);
-    for (const std::string& name : folder.List()) {
-      if (name.starts_with(".qv-") && name.ends_with(".part")) continue;
-      EXPECT_TRUE(HasAnExpectedName(name)) << name;
-      const std::string content = folder.Read(name).value_or("unreadable");
-      const auto found = std::find(Contents().begin(), Contents().end(), content);
-      EXPECT_NE(found, Contents().end())
-          << name << " holds " << content.size() << " bytes and is not whole";
-      if (found != Contents().end()) {
-        ++count[static_cast<std::size_t>(found - Contents().begin())];
-      }
-    }
-    return count;
+/// How often each file stands whole in `folder`; whatever else is there is a failure, but for an
+/// unfinished copy under its temporary name. `moved`: some bears another name than at first.
+std::vector<int> Count(const TempFolder& folder, const std::vector<std::string>& contents,
+                       bool& moved) {
+  std::vector<int> count(kFiles);
+  for (const std::string& name : folder.List()) {
+    if (name.starts_with(".qv-") && name.ends_with(".part")) continue;
+    const std::string content = folder.Read(name).value_or("unreadable");
+    const auto found = std::find(contents.begin(), contents.end(), content);
+    EXPECT_NE(found, contents.end()) << name << " is not whole, " << content.size() << " bytes";
+    if (found == contents.end()) continue;
+    const auto i = found - contents.begin();
+    ++count[static_cast<std::size_t>(i)];
+    moved = moved || name != Name(static_cast<int>(i));
   }
-
-  /// Old and new names are the same ones; a holder moved aside is numbered.
-  static bool HasAnExpectedName(const std::string& name) {
-    for (int i = 0; i < kKilledFiles; ++i) {
-      const std::string stem = "f" + std::to_string(i);
-      if (name == stem + ".jpg" || name == stem + "_{1}.jpg") return true;
-    }
-    return false;
-  }
-
-  /// Whether every file stands under its old name, or every one under its new name.
-  static bool AtRest(const TempFolder& folder) {
-    bool old_names = true, new_names = true;
-    for (int i = 0; i < kKilledFiles; ++i) {
-      const std::string& content = Contents()[static_cast<std::size_t>(i)];
-      old_names = old_names && folder.Read(KilledName(i)) == content;
-      new_names = new_names && folder.Read(KilledNewName(i)) == content;
-    }
-    return old_names || new_names;
-  }
-};
-
-std::string NameOf(const testing::TestParamInfo<KilledWork>& work) {
-  return work.param == KilledWork::kRename ? "Renaming"
-         : work.param == KilledWork::kCopy ? "Copying"
-                                           : "Moving";
+  return count;
 }
 
 }  // namespace
 
-TEST_P(KilledRun, LeavesEveryFileWhole) {
+TEST(KilledRun, LeavesEveryFileWhole) {
   std::mt19937 random(std::random_device{}());
-  int in_the_middle = 0;
-  for (int kill = 0; kill < kKillsAWork; ++kill) {
-    SCOPED_TRACE(kill);
-    TempFolder in("/dev/shm");
-    TempFolder out(GetParam() == KilledWork::kMove ? "" : "/dev/shm");
-    for (int i = 0; i < kKilledFiles; ++i) {
-      in.Write(KilledName(i), Contents()[static_cast<std::size_t>(i)]);
+  const std::vector<std::string> contents = Contents();
+  for (const int mode : {kUseSourceFolder, kCopyTo, kMoveTo}) {
+    bool at_work = false;
+    for (int kill = 0; kill < kKillsAMode; ++kill) {
+      SCOPED_TRACE(testing::Message() << "mode " << mode << ", kill " << kill);
+      const TempFolder in("/dev/shm"), out(mode == kMoveTo ? "" : "/dev/shm");
+      for (int i = 0; i < kFiles; ++i) in.Write(Name(i), contents[static_cast<std::size_t>(i)]);
+      const std::chrono::milliseconds life(random() % kLongestLifeMs);
+      ASSERT_TRUE(RunAndKill({mode, out / "", false, in / ""}, life)) << "it ended by itself";
+      const std::vector<int> stayed = Count(in, contents, at_work);
+      const std::vector<int> left = Count(out, contents, at_work);
+      for (std::size_t i = 0; i < contents.size(); ++i) {
+        EXPECT_GE(stayed[i] + (mode == kMoveTo ? left[i] : 0), 1) << i << " is lost";
+        EXPECT_LE(stayed[i] + left[i], mode == kUseSourceFolder ? 1 : 2) << i;
+      }
     }
-    Victim victim(GetParam(), in / "", out / "");
-    std::this_thread::sleep_for(std::chrono::milliseconds(random() % kLongestLifeMs));
-    ASSERT_TRUE(victim.Kill()) << "it did not start, or it ended by itself";
-    const std::vector<int> stayed = Count(in), left = Count(out);
-    for (std::size_t i = 0; i < stayed.size(); ++i) {
-      const int most = GetParam() == KilledWork::kRename ? 1 : 2;
-      EXPECT_GE(stayed[i] + (GetParam() == KilledWork::kMove ? left[i] : 0), 1) << i << " is lost";
-      EXPECT_LE(stayed[i] + left[i], most) << i;
-    }
-    if (!AtRest(in) || !out.List().empty()) ++in_the_middle;
+    EXPECT_TRUE(at_work) << "no kill met a run at work";
   }
-  EXPECT_GT(in_the_middle, 0) << "no kill met a run at work";
 }
-
-INSTANTIATE_TEST_SUITE_P(All, KilledRun,
-                         testing::Values(KilledWork::kRename, KilledWork::kCopy, KilledWork::kMove),
-                         NameOf);

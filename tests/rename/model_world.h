@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -13,45 +12,29 @@
 #include "rename/result_rows.h"
 #include "rename/run_output.h"
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 #include "support/temp_folder.h"
-
-/// The disk that the real passes work on, and how a test writes to it and reads it.
-class ModelDisk {
- public:
-  virtual ~ModelDisk() = default;
-  virtual FileSystem& Files() = 0;
-  virtual void MakeFolder(const std::string& path) = 0;
-  virtual void Write(const std::string& path, const std::string& content) = 0;
-  /// `leads_to` is a folder or nothing.
-  virtual void MakeLink(const std::string& path, const std::string& leads_to) = 0;
-  virtual void Remove(const std::string& path) = 0;
-  /// `between` is called between the pieces of a copy, where the disk can tell.
-  virtual void OnCopy(std::function<void()> between) = 0;
-  /// All below the folders that the case works in: a folder as "<folder>", a link as "-> target".
-  virtual std::map<std::string, std::string> Everything() = 0;
-
-  std::string root;      ///< the case's folder, without a closing separator
-  std::string out_root;  ///< where output folders are; may be on another file system
-};
 
 inline const std::string kFolderContent = "<folder>";
 
-/// `case_blind`: takes names that differ in letter case only for one.
-std::unique_ptr<ModelDisk> MakeMemoryDisk(bool case_blind);
-/// Two temporary folders, on two file systems with `two_devices`.
-std::unique_ptr<ModelDisk> MakeRealDisk(bool two_devices);
+/// What goes wrong during one pass; all counted from 1, 0 is never.
+struct Trouble {
+  int cancel_at = 0;         ///< at which letting of events the user cancels
+  bool slow_copies = false;  ///< events run inside each copy too; in memory only
+  std::set<int> failing;     ///< which changes of the disk fail; in memory only
+};
 
 /// The real passes over a disk, beside the plain model over one in memory. What is done to one is
 /// done to the other.
 class TwoWorlds {
  public:
-  TwoWorlds(ModelDisk& disk, bool case_blind);
+  enum Disk { kMemory, kCaseBlind, kReal, kTwoDevices };
+  explicit TwoWorlds(Disk disk);
 
   bool Has(const std::string& path) { return plain_files_.Look(path).has_value(); }
   bool IsFile(const std::string& path) { return plain_files_.contents.contains(path); }
   void MakeFolder(const std::string& path);
   void Write(const std::string& path, const std::string& content);
+  /// `leads_to` is a folder or nothing.
   void MakeLink(const std::string& path, const std::string& leads_to);
   void Remove(const std::string& path);
 
@@ -61,38 +44,38 @@ class TwoWorlds {
   void CountAnew();
   void SetOptions(const PlainOptions& options);
 
-  void Run(const PlainTrouble& trouble);
-  void Undo(const PlainTrouble& trouble);
+  void Run(const Trouble& trouble);
+  void Undo(const Trouble& trouble);
 
-  /// Where the two differ, in words; empty when they agree and nothing was lost.
+  /// Where the two differ, in words, and which files are lost; empty when all is well.
   std::string Differences();
-  /// All files, links and folders below the folders of the case, by path.
-  std::map<std::string, std::string> Everything();
+  /// All files, links and folders of the case, by path: a link as "-> target".
+  std::map<std::string, std::string> Everything() const { return AllOf(plain_files_); }
   /// The items of each row.
   std::vector<std::string> Rows() const;
 
-  PlainModel model;
-  bool meddled = false;  ///< somebody else took or changed files
-  /// The contents that must still be there, and how often at least.
-  std::map<std::string, int> owned;
+  std::string root = "/m";        ///< the case's folder, without a closing separator
+  std::string out_root = "/m/o";  ///< where output folders are; may be on another file system
 
  private:
-  template <class Pass>
-  void Do(const PlainTrouble& trouble, Pass&& pass);
-  std::string RowDifferences() const;
-  std::string DiskDifferences();
-  std::string Losses() const;
-  std::string FalseMarks();
+  template <class RealPass>
+  void Do(const Trouble& trouble, RealPass&& real_pass);
+  bool IsReal() const { return in_ != nullptr; }
+  std::map<std::string, std::string> AllOf(const MemoryFiles& files) const;
+  std::map<std::string, std::string> OnDisk() const;
+  std::vector<std::string> Told() const;
 
-  ModelDisk& disk_;
   MemoryFiles plain_files_;
+  MemoryFiles memory_;  ///< the disk of the passes, unless they work on a real one
+  std::unique_ptr<TempFolder> in_, out_;
+  std::unique_ptr<FileSystem> files_;
+  std::set<std::string> owned_;  ///< contents that must still be there
   Records records_;
   RunState state_;
   RunOutput output_;
   RunReports reports_;
-  FakeEvents events_;
-  FakeClock clock_;
-};
+  FakeServices fakes_;
 
-/// `t` with every byte that can't be read shown by its number.
-std::string Readable(const std::string& t);
+ public:
+  PlainModel model{plain_files_};
+};

@@ -12,6 +12,12 @@ bool CanBeAName(const std::string& name) {
   return !name.empty() && name.find_first_of("/\0"s) == name.npos;
 }
 
+/// `name` takes `kept`, if that is set, and `kept` is emptied.
+void Restore(std::string& name, std::string& kept) {
+  if (!kept.empty()) name = kept;
+  kept.clear();
+}
+
 }  // namespace
 
 std::string PlainModel::Joined(const std::vector<std::string>& parts) {
@@ -25,30 +31,28 @@ bool PlainModel::AnyTakesPart() const {
   return !made_folders_.empty() || std::any_of(rows.begin(), rows.end(), takes_part);
 }
 
-/// One directory entry, be it under two names that differ in letter case.
-bool PlainModel::AreOneName(const std::string& a, const std::string& b) {
-  return a == b || files_->IsSameEntry(a, b);
-}
-
 // Both passes.
 
-void PlainModel::Begin(FileSystem& files, const PlainTrouble& trouble) {
-  files_ = &files;
-  trouble_ = trouble;
+void PlainModel::Begin(int cancel_at) {
+  cancel_at_ = cancel_at;
   events_ = 0;
-  gCancelRequested = false;
+  cancelled = false;
   failures.clear();
   conflicts.clear();
 }
 
 void PlainModel::LetEventsRun() {
-  if (++events_ == trouble_.cancel_at) gCancelRequested = true;
+  if (++events_ == cancel_at_) cancelled = true;
 }
 
 bool PlainModel::GoesOn(std::size_t i) {
-  const std::size_t step = rows.size() / 300 == 0 ? 1 : rows.size() / 300;
-  if (i % step == 0) LetEventsRun();
-  return !gCancelRequested;
+  if (i % std::max<std::size_t>(1, rows.size() / 300) == 0) LetEventsRun();
+  return !cancelled;
+}
+
+/// One directory entry, be it under two names that differ in letter case.
+bool PlainModel::AreOneName(const std::string& a, const std::string& b) {
+  return a == b || files_.IsSameEntry(a, b);
 }
 
 // Names.
@@ -57,7 +61,7 @@ std::string PlainModel::NumberedName(const std::string& path, const std::string&
   const std::size_t dot = name.rfind('.');
   const std::string extension = dot == name.npos ? "" : name.substr(dot + 1);
   std::string candidate = name;
-  for (int number = 1; files_->Exists(path + candidate); ++number) {
+  for (int number = 1; files_.Exists(path + candidate); ++number) {
     candidate = name.substr(0, dot) + options.left + std::to_string(number) + options.right;
     if (!extension.empty()) candidate += "." + extension;
   }
@@ -80,7 +84,7 @@ std::string PlainModel::AsideName(const std::string& path, const std::string& na
       stem = text::Left(stem, text::Length(stem) - 1);
     }
     const std::string candidate = stem + middle + extension;
-    if (!files_->Exists(path + candidate)) return candidate;
+    if (!files_.Exists(path + candidate)) return candidate;
   }
 }
 
@@ -89,90 +93,99 @@ std::string PlainModel::MoveAside(const std::string& path, const std::string& na
   const Texts users{options.left, options.right}, safe{"_{", "}"};
   for (const Texts& texts : {users, safe}) {
     const std::string aside = AsideName(path, name, texts);
-    if (!aside.empty() && files_->MoveFile(path + name, path + aside, {})) return aside;
+    if (!aside.empty() && files_.MoveFile(path + name, path + aside, {})) return aside;
     if (texts == safe) break;
   }
   return "";
 }
 
-/// False where a folder would take the place of a file that undo is to bring back.
+// Folders.
+
+/// Whether a folder would take the place of a file that undo is to bring back.
+bool PlainModel::NeededByUndo(const std::string& folder) {
+  return std::any_of(rows.begin(), rows.end(), [&](const PlainRow& row) {
+    const std::string former = row.path + row.rollback;
+    return row.TakesPart() && (files_.ResolveFolder(former) == files_.ResolveFolder(folder) ||
+                               files_.IsSameEntry(former, folder));
+  });
+}
+
+/// False where undo needs the name of a level.
 bool PlainModel::CreateFolderPath(const std::string& path) {
   for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
     const std::string level = path.substr(0, end);
-    if (!files_->Look(level)) {
-      const auto in_the_way = [&] {
-        for (const PlainRow& row : rows) {
-          if (!row.TakesPart()) continue;
-          const std::string former = row.path + row.rollback;
-          if (files_->ResolveFolder(former) == files_->ResolveFolder(level)) return true;
-          if (files_->IsSameEntry(former, level)) return true;
-        }
-        return false;
-      };
-      if (in_the_way()) return false;
-      if (files_->CreateDirectory(level)) {
-        const std::string made = files_->ResolveFolder(level);
-        const FolderIdentity identity = *files_->IdentifyFolder(made);
-        if (in_the_way() && files_->DeleteMadeFolder(made, identity)) return false;
+    if (!files_.Look(level)) {
+      if (NeededByUndo(level)) return false;
+      if (files_.CreateDirectory(level)) {
+        const std::string made = files_.ResolveFolder(level);
+        const FolderIdentity identity = *files_.IdentifyFolder(made);
+        if (NeededByUndo(level) && files_.DeleteMadeFolder(made, identity)) return false;
         made_folders_.emplace_back(made, identity);
-        if (in_the_way()) return false;
+        if (NeededByUndo(level)) return false;
       }
     }
     if (end == path.npos) return true;
   }
 }
 
+/// False where nothing may be put there.
+bool PlainModel::TargetFolder(const PlainRow& row, std::string& folder) {
+  folder = row.path;
+  if (options.destination == 0) return true;
+  if (!options.subfolders) {
+    folder = options.fdDestination;
+  } else if (row.path.starts_with(options.fdSourceFolder)) {
+    folder = options.fdDestination + row.path.substr(options.fdSourceFolder.size());
+  }
+  if (!folder.starts_with('/')) return false;
+  const std::string bare = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
+  if (!files_.Look(bare) && !CreateFolderPath(bare)) return false;
+  folder = files_.ResolveFolder(folder);
+  return true;
+}
+
 // The run.
 
-void PlainModel::Run(FileSystem& files, const PlainTrouble& trouble) {
-  Begin(files, trouble);
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (!GoesOn(i)) return;
-    if (counted[i] == 0) {
-      counted[i] = 1;
-      ++progress;
-    }
+void PlainModel::Run(int cancel_at, bool slow_copies) {
+  Begin(cancel_at);
+  slow_copies_ = slow_copies;
+  for (std::size_t i = 0; i < rows.size() && GoesOn(i) && !cancelled; ++i) {
     PlainRow& row = rows[i];
-    if (!row.checked || row.RowTag == 1) continue;
-    if (!RunRow(row)) {
-      if (!gCancelRequested) {
-        failures.push_back(Joined({row.path, row.source, row.new_name}));
-        row.mark = "Failed";
-      }
-      if (!row.planned_name.empty()) row.new_name = row.planned_name;
-      row.planned_name.clear();
+    row.counted = true;
+    if (!row.checked || row.RowTag == 1 || RunRow(row)) continue;
+    if (!cancelled) {
+      failures.push_back(Joined({row.path, row.source, row.new_name}));
+      row.mark = "Failed";
     }
-    if (gCancelRequested) return;
+    Restore(row.new_name, row.planned_name);
   }
 }
 
 bool PlainModel::RunRow(PlainRow& row) {
-  if (!CanBeAName(row.new_name)) return false;
-  std::string folder = row.path;
-  if (options.destination != 0) {
-    if (!options.subfolders) {
-      folder = options.fdDestination;
-    } else if (row.path.starts_with(options.fdSourceFolder)) {
-      folder = options.fdDestination + row.path.substr(options.fdSourceFolder.size());
-    }
-    if (!folder.starts_with('/')) return false;
-    const std::string bare = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
-    if (!files_->Look(bare) && !CreateFolderPath(bare)) return false;
-    folder = files_->ResolveFolder(folder);
-  }
+  std::string folder;
+  if (!CanBeAName(row.new_name) || !TargetFolder(row, folder)) return false;
   const std::string planned = row.new_name;
   const bool resolved = ResolveConflict(row, folder);
   if (!CanBeAName(row.new_name)) return false;
   const auto go_on = [this] {
-    if (trouble_.slow_copies) LetEventsRun();
-    return !gCancelRequested;
+    if (slow_copies_) LetEventsRun();
+    return !cancelled;
   };
   const std::string source = row.path + row.source, target = folder + row.new_name;
-  if (options.destination == 1 ? !files_->CopyFile(source, target, go_on, &row.copied)
-                               : !files_->MoveFile(source, target, {})) {
+  const bool copies = options.destination == 1;
+  if (copies ? !files_.CopyFile(source, target, go_on, &row.copied)
+             : !files_.MoveFile(source, target, {})) {
     return false;
   }
-  Succeed(row, folder, resolved, planned);
+  if (row.rollback.empty()) row.rollback = row.source;
+  if (!copies) row.source = row.rollback;
+  row.RowTag = 1;
+  row.mark = "Done";
+  row.mode = options.destination;
+  if (row.mode != 0) row.new_path = folder;
+  if (resolved) {
+    conflicts.push_back(Joined({row.path, row.new_path, row.source, row.new_name, planned}));
+  }
   return true;
 }
 
@@ -180,7 +193,7 @@ bool PlainModel::RunRow(PlainRow& row) {
 bool PlainModel::ResolveConflict(PlainRow& row, const std::string& folder) {
   const std::string target = folder + row.new_name;
   if (options.destination != 1 && AreOneName(row.path + row.source, target)) return false;
-  if (!files_->Exists(target)) return false;
+  if (!files_.Exists(target)) return false;
   const bool onto_itself =
       options.destination == 2 && options.fdSourceFolder == options.fdDestination;
   std::string where = folder;
@@ -196,59 +209,37 @@ bool PlainModel::ResolveConflict(PlainRow& row, const std::string& folder) {
 
 /// The holder is a file that is itself still to get another name.
 bool PlainModel::MoveHolderAside(const std::string& path, const std::string& name) {
-  const auto first = [&](bool exact) -> PlainRow* {
+  for (const bool exact : {true, false}) {
     for (PlainRow& row : rows) {
       const std::string held = row.path + row.source;
       if (!row.checked || row.RowTag == 1 || row.path != path) continue;
       if (exact ? row.source != name : !AreOneName(held, path + name)) continue;
-      if (!AreOneName(held, row.path + row.new_name)) return &row;
+      if (AreOneName(held, row.path + row.new_name)) continue;
+      const std::string aside = MoveAside(row.path, row.source);
+      if (aside.empty()) return false;
+      if (row.rollback.empty()) row.rollback = row.source;
+      row.source = aside;
+      return true;
     }
-    return nullptr;
-  };
-  PlainRow* holder = first(true);
-  if (holder == nullptr) holder = first(false);
-  if (holder == nullptr) return false;
-  const std::string aside = MoveAside(holder->path, holder->source);
-  if (aside.empty()) return false;
-  if (holder->rollback.empty()) holder->rollback = holder->source;
-  holder->source = aside;
-  return true;
-}
-
-void PlainModel::Succeed(PlainRow& row, const std::string& folder, bool resolved,
-                         const std::string& planned) {
-  if (row.rollback.empty()) {
-    row.rollback = row.source;
-  } else if (options.destination != 1) {
-    row.source = row.rollback;
   }
-  row.RowTag = 1;
-  row.mark = "Done";
-  if (options.destination > 0) row.new_path = folder;
-  if (resolved) {
-    conflicts.push_back(Joined({row.path, row.new_path, row.source, row.new_name, planned}));
-  }
-  row.mode = options.destination;
+  return false;
 }
 
 // The undo.
 
-void PlainModel::Undo(FileSystem& files, const PlainTrouble& trouble) {
-  Begin(files, trouble);
+void PlainModel::Undo(int cancel_at) {
+  Begin(cancel_at);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (!GoesOn(i)) return;
     PlainRow& row = rows[i];
-    if (counted[i] == 1) {
-      counted[i] = 0;
-      --progress;
-    }
+    row.counted = false;
     if (row.TakesPart() && !UndoRow(row)) {
       failures.push_back(Joined({row.path, row.source, row.rollback}));
     }
     if (row.mark == "Failed") row.mark = ">>";
   }
   for (std::size_t i = made_folders_.size(); i-- > 0;) {
-    if (files.DeleteMadeFolder(made_folders_[i].first, made_folders_[i].second)) {
+    if (files_.DeleteMadeFolder(made_folders_[i].first, made_folders_[i].second)) {
       made_folders_.erase(made_folders_.begin() + static_cast<std::ptrdiff_t>(i));
     }
   }
@@ -265,16 +256,12 @@ bool PlainModel::UndoRow(PlainRow& row) {
 
 bool PlainModel::UndoDone(PlainRow& row) {
   const std::string present = (row.mode == 0 ? row.path : row.new_path) + row.new_name;
-  if (row.mode == 1) {
-    if (!files_->IsVeryFile(row.path + row.source, row.copied.source)) return false;
-    if (!files_->DeleteMadeFile(present, row.copied.made)) return false;
-  } else if (!MoveBack(row, present)) {
-    return false;
-  }
-  if (!row.temp.empty()) row.new_name = row.temp;
-  row.temp.clear();
-  if (!row.planned_name.empty()) row.new_name = row.planned_name;
-  row.planned_name.clear();
+  const bool back = row.mode != 1 ? MoveBack(row, present)
+                                  : files_.IsVeryFile(row.path + row.source, row.copied.source) &&
+                                        files_.DeleteMadeFile(present, row.copied.made);
+  if (!back) return false;
+  Restore(row.new_name, row.temp);
+  Restore(row.new_name, row.planned_name);
   if (row.mode != 1) row.source = row.rollback;
   row.RowTag = 0;
   row.new_path.clear();
@@ -283,39 +270,40 @@ bool PlainModel::UndoDone(PlainRow& row) {
   return true;
 }
 
+bool PlainModel::MoveBack(PlainRow& row, const std::string& present) {
+  const std::string former = row.path + row.rollback;
+  if (!AreOneName(present, former) && files_.Look(former)) FreeFormerName(row, former);
+  return files_.MoveFile(present, former, {});
+}
+
+/// Whatever file of another row stands there is moved aside.
+void PlainModel::FreeFormerName(const PlainRow& row, const std::string& former) {
+  for (const bool exact : {true, false}) {
+    for (PlainRow& other : rows) {
+      if (&other == &row) continue;
+      for (const auto& [folder, name] : FilesOf(other)) {
+        const std::string path = folder + other.*name;
+        if (exact ? files_.ResolveFolder(path) != files_.ResolveFolder(former)
+                  : !AreOneName(path, former)) {
+          continue;
+        }
+        const std::string aside = MoveAside(folder, other.*name);
+        if (aside.empty()) return;
+        if (name == &PlainRow::new_name && other.temp.empty()) other.temp = other.new_name;
+        other.*name = aside;
+        return;
+      }
+    }
+  }
+}
+
 std::vector<PlainModel::Held> PlainModel::FilesOf(const PlainRow& row) {
   std::vector<Held> held;
   if (row.RowTag == 1) {
-    held.push_back({row.new_path.empty() ? row.path : row.new_path, &PlainRow::new_name});
+    held.emplace_back(row.new_path.empty() ? row.path : row.new_path, &PlainRow::new_name);
   }
   const bool aside = row.RowTag != 1 && !row.rollback.empty();
   const bool original = row.RowTag == 1 && row.mode == 1 && row.source != row.rollback;
-  if (aside || original) held.push_back({row.path, &PlainRow::source});
+  if (aside || original) held.emplace_back(row.path, &PlainRow::source);
   return held;
-}
-
-/// Whatever file of another row stands under the former name is moved aside first.
-bool PlainModel::MoveBack(PlainRow& row, const std::string& present) {
-  const std::string former = row.path + row.rollback;
-  const auto free_former = [&] {
-    for (const bool exact : {true, false}) {
-      for (PlainRow& other : rows) {
-        if (&other == &row) continue;
-        for (const Held& held : FilesOf(other)) {
-          const std::string path = held.folder + other.*held.name;
-          if (exact ? files_->ResolveFolder(path) != files_->ResolveFolder(former)
-                    : !AreOneName(path, former)) {
-            continue;
-          }
-          const std::string aside = MoveAside(held.folder, other.*held.name);
-          if (aside.empty()) return;
-          if (held.name == &PlainRow::new_name && other.temp.empty()) other.temp = other.new_name;
-          other.*held.name = aside;
-          return;
-        }
-      }
-    }
-  };
-  if (!AreOneName(present, former) && files_->Look(former)) free_former();
-  return files_->MoveFile(present, former, {});
 }

@@ -8,9 +8,9 @@
 #include "platform/files.h"
 
 /// Run and undo once more, in the plainest way: every search goes through all rows or all names
-/// from the first, on a disk of its own. Slow, short and without any index, so that it can be read
-/// beside the rules and believed; the passes are held against it. Shares only texts (letter case,
-/// characters) with the program.
+/// from the first. Slow, short and without any index, so that it can be read beside the rules and
+/// believed; the passes are held against it. Shares only texts (letter case, characters) with the
+/// program.
 
 /// The items of a row that take part.
 struct PlainRow {
@@ -25,7 +25,8 @@ struct PlainRow {
   int mode = -1;             ///< 12, -1 is empty
   std::string planned_name;  ///< 13
   int RowTag = 0;            ///< 0 is empty
-  CopyIdentities copied;
+  bool counted = false;      ///< on the progress bar
+  CopyIdentities copied = {};
 
   bool TakesPart() const { return RowTag == 1 || !rollback.empty(); }
 };
@@ -40,25 +41,20 @@ struct PlainOptions {
   std::string right = "}";
 };
 
-/// What goes wrong during one pass; all counted from 1.
-struct PlainTrouble {
-  std::set<int> failing;     ///< which of its operations fail
-  int cancel_at = 0;         ///< at which letting of events the user cancels; 0 is never
-  bool slow_copies = false;  ///< events run inside each copy too
-};
-
 class PlainModel {
  public:
+  explicit PlainModel(FileSystem& files) : files_(files) {}
+
   std::vector<PlainRow> rows;
   PlainOptions options;
-  std::vector<int> counted;  ///< per row
-  int progress = 0;
-  bool gCancelRequested = false;
+  bool cancelled = false;
   std::vector<std::string> failures;   ///< path, source name, new name
   std::vector<std::string> conflicts;  ///< path, new path, source, final and planned name
 
-  void Run(FileSystem& files, const PlainTrouble& trouble);
-  void Undo(FileSystem& files, const PlainTrouble& trouble);
+  /// The user cancels when events run for the `cancel_at`th time; 0 is never. With `slow_copies`,
+  /// they run inside each copy too.
+  void Run(int cancel_at, bool slow_copies);
+  void Undo(int cancel_at);
 
   /// Whether undo has anything to do.
   bool AnyTakesPart() const;
@@ -69,34 +65,34 @@ class PlainModel {
  private:
   /// The two texts around a number.
   using Texts = std::pair<std::string, std::string>;
-  /// A name in a row, and the folder before it.
-  struct Held {
-    std::string folder;
-    std::string PlainRow::*name;
-  };
+  /// The folder of a file of a row, and where the row has its name.
+  using Held = std::pair<std::string, std::string PlainRow::*>;
 
-  void Begin(FileSystem& files, const PlainTrouble& trouble);
-  bool GoesOn(std::size_t i);
+  void Begin(int cancel_at);
   void LetEventsRun();
+  bool GoesOn(std::size_t i);
 
   bool AreOneName(const std::string& a, const std::string& b);
+  bool NeededByUndo(const std::string& folder);
   bool CreateFolderPath(const std::string& path);
   std::string NumberedName(const std::string& path, const std::string& name);
   std::string AsideName(const std::string& path, const std::string& name, const Texts& texts);
   std::string MoveAside(const std::string& path, const std::string& name);
 
   bool RunRow(PlainRow& row);
+  bool TargetFolder(const PlainRow& row, std::string& folder);
   bool ResolveConflict(PlainRow& row, const std::string& folder);
   bool MoveHolderAside(const std::string& path, const std::string& name);
-  void Succeed(PlainRow& row, const std::string& folder, bool resolved, const std::string& planned);
 
   static std::vector<Held> FilesOf(const PlainRow& row);
   bool UndoRow(PlainRow& row);
   bool UndoDone(PlainRow& row);
   bool MoveBack(PlainRow& row, const std::string& present);
+  void FreeFormerName(const PlainRow& row, const std::string& former);
 
-  PlainTrouble trouble_;
-  FileSystem* files_ = nullptr;
+  FileSystem& files_;
+  int cancel_at_ = 0;
   int events_ = 0;
+  bool slow_copies_ = false;
   std::vector<std::pair<std::string, FolderIdentity>> made_folders_;
 };

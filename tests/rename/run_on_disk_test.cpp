@@ -24,9 +24,8 @@ class RunOnDisk : public testing::Test {
   void ScanFolder(const std::string& path) {
     records.DeleteAll();
     state.gFileCount = 0;
-    LongPass pass(0, state, events, clock);
-    mScanCD::Scan({path, "", "", true}, records, state, *files, clock, types, pass)
-        .ShowDir3_FillPreview("in", path);
+    Pass pass(records, state, on_disk, 0);
+    mScanCD::Scan(pass, {"", "", true}, types).ShowDir3_FillPreview("in", path);
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].newFileName = records[i].sourceFileName;
     }
@@ -42,13 +41,15 @@ class RunOnDisk : public testing::Test {
 
   void Run(const RunOutput& output = {}) {
     RunReports reports;
-    RenameRun(output, records, state, *files, events, clock, reports).RunRename();
+    Pass pass(records, state, on_disk, records.Count());
+    RenameRun(pass, output, reports).RunRename();
     files->LetFoldersGo();
   }
 
   std::size_t Undo() {
     RunReports reports;
-    UndoRun(records, state, *files, events, clock, reports).Undo();
+    Pass pass(records, state, on_disk, records.Count());
+    UndoRun(pass, reports).Undo();
     files->LetFoldersGo();
     return reports.gFailureReport.size();
   }
@@ -61,13 +62,13 @@ class RunOnDisk : public testing::Test {
   }
 
   TempFolder folder;
+  FakeServices fakes;
+  FakeEvents& events = fakes.events;
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  const Services on_disk = fakes.With(*files, fakes.clock, fakes.locale);
   Records records;
   RunState state;
-  FakeEvents events;
-  FakeClock clock;
-  FakeTypeNames type_names;
-  FileTypes types{type_names};
+  FileTypes types{fakes.type_names};
 };
 
 }  // namespace
@@ -113,22 +114,11 @@ TEST_F(RunOnDisk, EndsEveryRowWithEveryFileWhole) {
   EXPECT_EQ(folder.List().size(), 14u) << "no file more and none less";
 }
 
-TEST_F(RunOnDisk, FailsWhereNumberingMakesANameTooLong) {
-  const std::string longest(255, 'x');
-  Add("a");
-  Add(longest);
-  Scan();
-  Plan({{"a", longest}});
-  Run();
-  EXPECT_EQ(MarkOf("a"), 'F');
-  EXPECT_EQ(folder.Read("a"), "a");
-  EXPECT_EQ(folder.Read(longest), longest);
-}
-
-TEST_F(RunOnDisk, LeavesNothingOfACopyThatTheDiskHasNoRoomFor) {
+TEST_F(RunOnDisk, LeavesNothingOfACopyThatCanNotBeWhole) {
   const std::string content(100'000, 'x');
   folder.Write("large", content);
   folder.Write("small", "s");
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
   Scan();
   TempFolder out;
   struct rlimit old;
@@ -138,18 +128,10 @@ TEST_F(RunOnDisk, LeavesNothingOfACopyThatTheDiskHasNoRoomFor) {
   Run({kCopyTo, out.path() + "/", false, folder.path() + "/"});
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &old), 0);
   EXPECT_EQ(MarkOf("large"), 'F');
+  EXPECT_EQ(MarkOf("fifo"), 'F') << "and nobody waited for it";
   EXPECT_EQ(MarkOf("small"), 'D');
   EXPECT_EQ(out.List(), std::vector<std::string>{"small"});
   EXPECT_EQ(folder.Read("large"), content);
-}
-
-TEST_F(RunOnDisk, CopiesNoFifoAndDoesNotWaitForIt) {
-  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
-  Scan();
-  TempFolder out;
-  Run({kCopyTo, out.path() + "/", false, folder.path() + "/"});
-  EXPECT_EQ(MarkOf("fifo"), 'F');
-  EXPECT_TRUE(out.List().empty());
 }
 
 TEST_F(RunOnDisk, TouchesNothingInAFolderThatTookThePlaceOfAnother) {
@@ -212,19 +194,4 @@ TEST_F(RunOnDisk, TellsWhyNothingCanBePutIntoAnOutputFolder) {
     EXPECT_EQ(records[0].problem, problem) << output;
   }
   EXPECT_EQ(folder.List(), (std::vector<std::string>{"a", "file"}));
-}
-
-TEST_F(RunOnDisk, UndoDeletesOnlyTheCopiesThatTheRunMade) {
-  for (const char* name : {"kept", "edited", "replaced", "gone"}) Add(name);
-  Scan();
-  TempFolder out;
-  const RunOutput output{kCopyTo, out.path() + "/", false, folder.path() + "/"};
-  Run(output);
-  out.Write("edited", "longer than it was");
-  ASSERT_EQ(::unlink((out / "replaced").c_str()), 0);
-  out.Write("replaced", "replaced");
-  ASSERT_EQ(::unlink((out / "gone").c_str()), 0);
-  EXPECT_EQ(Undo(), 3u) << "and whatever the output choice is by now";
-  EXPECT_EQ(out.List(), (std::vector<std::string>{"edited", "replaced"}));
-  EXPECT_EQ(folder.List().size(), 4u);
 }

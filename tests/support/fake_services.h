@@ -45,10 +45,12 @@ class FakePrompts : public Prompts {
   void Tell(std::string_view message, PromptIcon icon) override {
     told.emplace_back(message);
     icons += icon == PromptIcon::kCritical ? 'x' : '!';
+    if (on_tell) on_tell();
   }
 
   std::vector<std::string> told;
-  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
+  std::function<void()> on_tell;  ///< what is seen behind the message
+  std::string icons;              ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
 /// Knows text files only.
@@ -140,6 +142,11 @@ struct FakeServices {
   FakeShell shell;
   MemorySettings settings;
 
-  Services services{files,      clock,   facts,   events, locale,
-                    type_names, folders, prompts, shell,  settings};
+  /// The same system over other files, by another clock or in another language.
+  Services With(FileSystem& its_files, Clock& its_clock, LocaleFacts& its_locale) {
+    return {its_files,  its_clock, facts,   events, its_locale,
+            type_names, folders,   prompts, shell,  settings};
+  }
+
+  Services services = With(files, clock, locale);
 };

@@ -136,6 +136,7 @@ class MemoryFiles : public FileSystem {
   }
   bool CreateDirectory(std::string_view path) override {
     const std::string target = Target(path);
+    if (Fails("create", path)) return No(EIO);
     if (path.starts_with('/') && !Fits(target)) return false;
     made_[target] = ++last_inode_;
     return folders.insert(target).second;
@@ -145,7 +146,8 @@ class MemoryFiles : public FileSystem {
     const auto inside = [&](const std::string& entry) {
       return entry.size() > real.size() && entry.starts_with(real) && entry[real.size()] == '/';
     };
-    return IdentifyFolder(path) == made && std::none_of(folders.begin(), folders.end(), inside) &&
+    return !Fails("delete", path) && IdentifyFolder(path) == made &&
+           std::none_of(folders.begin(), folders.end(), inside) &&
            std::none_of(contents.begin(), contents.end(),
                         [&](const auto& file) { return inside(file.first); }) &&
            folders.erase(real) > 0;
