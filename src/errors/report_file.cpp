@@ -9,8 +9,8 @@
 
 #include "common/path_text.h"
 #include "common/size_text.h"
+#include "platform/append_file.h"
 #include "platform/build_facts.h"
-#include "platform/posix/append_file.h"
 
 namespace ErrTrace {
 namespace {

@@ -19,7 +19,7 @@
 #include <map>
 #include <optional>
 
-#include "platform/posix/ending_signals.h"
+#include "platform/ending_signals.h"
 #include "platform/qt/text_qt.h"
 #include "support/temp_folder.h"
 #include "window/program.h"

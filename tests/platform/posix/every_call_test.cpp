@@ -131,7 +131,7 @@ const Operation kOperations[] = {
 };
 
 bool Perform(const Operation& operation, const Lack& lack, const World& world, Fault& fault) {
-  Syscalls calls = RealSyscalls();
+  Syscalls calls;
   lack.apply(calls);
   operation.on(calls, world);
   Inject(calls, fault);

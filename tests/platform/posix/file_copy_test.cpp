@@ -60,7 +60,7 @@ TEST(CopyFile, CopiesWholeByEveryWay) {
       TempFolder folder;
       const std::string bytes = Pattern(size);
       folder.Write("a", bytes);
-      Syscalls calls = RealSyscalls();
+      Syscalls calls;
       way.apply(calls);
       EXPECT_TRUE(Copy(folder, calls));
       EXPECT_TRUE(folder.Read("b") == bytes);
@@ -80,7 +80,7 @@ TEST(CopyFile, KeepsHoles) {
     ASSERT_EQ(::ftruncate(fd, 3 << 20), 0);  // and a hole at the end
     ::close(fd);
     if (folder.Facts("a").st_blocks * 512 >= 3 << 20) GTEST_SKIP() << "no holes here";
-    Syscalls calls = RealSyscalls();
+    Syscalls calls;
     way.apply(calls);
     EXPECT_TRUE(Copy(folder, calls));
     EXPECT_TRUE(folder.Read("b") == folder.Read("a"));
@@ -134,7 +134,7 @@ TEST(CopyFile, LeavesNothingBehindWhenCancelled) {
     for (const bool named : {false, true}) {
       TempFolder folder;
       folder.Write("a", Pattern(40 << 20));
-      Syscalls calls = RealSyscalls();
+      Syscalls calls;
       Fail(calls.clone, EOPNOTSUPP);
       if (!by_kernel) Fail(calls.copy_file_range, EXDEV);
       if (named) kLacks[3].apply(calls);
@@ -158,7 +158,7 @@ TEST(CopyFile, RefusesASourceThatChangesMeanwhile) {
     folder.Write("a", Pattern(700'000));
     const struct timespec earlier[2] = {{1, 0}, {1, 0}};
     ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "a").c_str(), earlier, 0), 0);
-    Syscalls calls = RealSyscalls();
+    Syscalls calls;
     Fail(calls.clone, EOPNOTSUPP);
     Fail(calls.copy_file_range, EXDEV);
     const auto files = MakePosixFileSystem(calls);
@@ -201,7 +201,7 @@ TEST(CopyFile, SurvivesTheFileSizeLimit) {
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const struct rlimit low = {100'000, before.rlim_max};
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &low), 0);
-  Syscalls calls = RealSyscalls();
+  Syscalls calls;
   Fail(calls.clone, EOPNOTSUPP);
   EXPECT_FALSE(Copy(folder, calls));
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);

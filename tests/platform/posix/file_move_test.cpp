@@ -18,7 +18,7 @@ TEST(MoveFile, NeverReplacesWhateverTheFileSystemLacks) {
   for (const Lack& lack : kLacks) {
     SCOPED_TRACE(lack.what);
     TempFolder folder;
-    Syscalls calls = RealSyscalls();
+    Syscalls calls;
     lack.apply(calls);
     const auto files = MakePosixFileSystem(calls);
     folder.Write("a", "A");
@@ -61,7 +61,7 @@ TEST(MoveFile, MovesFilesAndLinksToAnotherDeviceWhole) {
   EXPECT_FALSE(files->MoveFile(home / "a", away / "d", {}));
 
   home.Write("e", "E");
-  Syscalls calls = RealSyscalls();
+  Syscalls calls;
   calls.fsync = [&, real = calls.fsync](int fd) {
     home.Write("e", "changed");
     return real(fd);

@@ -121,7 +121,7 @@ TEST(PosixFilesKinds, AreAskedForWhereTheListingDoesNotTell) {
   TempFolder folder;
   folder.Write("file", "");
   folder.MakeFolder("sub");
-  Syscalls calls = RealSyscalls();
+  Syscalls calls;
   calls.getdents = [real = calls.getdents](int fd, void* buffer, std::size_t size) {
     const ssize_t filled = real(fd, buffer, size);
     auto* bytes = static_cast<unsigned char*>(buffer);

@@ -1,4 +1,4 @@
-#include "platform/posix/single_instance.h"
+#include "platform/single_instance.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
