@@ -43,7 +43,9 @@ struct Program::Parts {
   QtFolders folders;
   QtPrompts prompts;
   QtShell shell;
-  ErrorReporter reporter{{*facts, locale, folders}, *files, prompts, shell};
+  Services services{*files,     *clock,  *facts,  events, locale,
+                    type_names, folders, prompts, shell,  settings};
+  ErrorReporter reporter{services};
   QtSettingsStore settings;
   RunState state;
   Records records;
