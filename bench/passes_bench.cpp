@@ -39,7 +39,7 @@ struct World {
 };
 
 std::string Name(int i) {
-  char buffer[16];
+  char buffer[24];
   std::snprintf(buffer, sizeof buffer, "IMG_%05d.JPG", i);
   return buffer;
 }

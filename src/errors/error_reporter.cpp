@@ -35,10 +35,9 @@ std::string KindOf(const std::string& report) {
 
 }  // namespace
 
-ErrorReporter::ErrorReporter(ReportSources sources, FileSystem& files, Prompts& prompts,
-                             Shell& shell)
-    : sources_(std::move(sources)), files_(files), prompts_(prompts), shell_(shell) {
-  ErrTrace::SetFacts(&sources_.facts);
+ErrorReporter::ErrorReporter(const Services& services, Wait wait)
+    : sources_{services, {}, std::move(wait)} {
+  ErrTrace::SetFacts(&services.facts);
   ErrTrace::SetReporter(this);
 }
 
@@ -91,10 +90,9 @@ void ErrorReporter::ShowWindow() noexcept {
   ++making_;
   ErrTrace::top("ErrTrace.ShowErrorReport", [&] {
     if (making_ == 1) {
-      window = new Form11({files_, prompts_, shell_, ErrTrace::ReportFolder(sources_.folders)},
-                          Parent());
+      window = new Form11(sources_.services, Parent());
     } else {
-      prompts_.Tell(mLanguageGobals::kErrorOccurred, PromptIcon::kCritical);
+      sources_.services.prompts.Tell(mLanguageGobals::kErrorOccurred, PromptIcon::kCritical);
     }
   });
   --making_;

@@ -18,8 +18,8 @@
 /// painting is over.
 class ErrorReporter : public ErrTrace::Reporter {
  public:
-  /// What is handed in outlives the reporter.
-  ErrorReporter(ReportSources sources, FileSystem& files, Prompts& prompts, Shell& shell);
+  /// The services outlive the reporter.
+  explicit ErrorReporter(const Services& services, Wait wait = SystemWait());
   ErrorReporter(const ErrorReporter&) = delete;
   ErrorReporter& operator=(const ErrorReporter&) = delete;
   ~ErrorReporter() override;
@@ -47,9 +47,6 @@ class ErrorReporter : public ErrTrace::Reporter {
   void Open(Form11& window);
 
   ReportSources sources_;
-  FileSystem& files_;
-  Prompts& prompts_;
-  Shell& shell_;
   QPointer<QWidget> main_window_;
   /// How many ways to tell the user are being tried: the window (1), if it can't be made a plain
   /// message (2), if that fails too standard error.

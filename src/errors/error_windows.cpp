@@ -15,6 +15,7 @@
 #include "common/shell_actions.h"
 #include "errors/report_file.h"
 #include "errors/send_mail.h"
+#include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
 #include "platform/build_facts.h"
@@ -62,8 +63,10 @@ std::string Subject() {
 
 }  // namespace
 
-Form11::Form11(const ErrorWindowParts& parts, QWidget* parent)
-    : QDialog(parent), parts_(parts), bnOK(new QPushButton) {
+Form11::Form11(const Services& services, QWidget* parent)
+    : QDialog(parent),
+      services_(services),
+      report_folder_(ErrTrace::ReportFolder(services.folders)) {
   ErrTrace::inner("Form11.Form_Load", [&] { LayOut(); });
 }
 
@@ -77,12 +80,13 @@ void Form11::LayOut() {
   AddHeading(*column);
   AddWays(*column);
   column->addStretch(1);
+  auto* bnOK = new QPushButton;
   bnOK->setObjectName(QStringLiteral("bnOK"));
   bnOK->setText(QLatin1Char('&') + text::Shown(kOK));
   bnOK->setMinimumWidth(88);
   bnOK->setDefault(true);
   column->addWidget(bnOK, 0, Qt::AlignRight);
-  connect(bnOK, &QPushButton::clicked, this, &Form11::bnOK_Click);
+  OnSignal(bnOK, &QPushButton::clicked, "Form11.bnOK_Click", [this] { accept(); });
   bnOK->setFocus();
   resize(kWidth, column->totalHeightForWidth(kWidth));
 }
@@ -109,23 +113,23 @@ void Form11::AddHeading(QVBoxLayout& column) {
 }
 
 void Form11::AddWays(QVBoxLayout& column) {
-  const std::string& folder = parts_.report_folder;
+  const std::string& folder = report_folder_;
   const std::string mail = build_facts::kSupportAddress;
   const std::vector<Line> ways[] = {
       {{std::string(kGoToFolder)},
-       {folder, "Label56", &Form11::Label56_Click},
+       {folder, "Label56", &Form11::ShowReportFile},
        {std::string(kLocateFile)},
        {std::string(kRightClickFile)},
        {kSendFile + mail}},
       {{std::string(kClickLink)},
-       {mail, "Label5", &Form11::Label5_Click},
+       {mail, "Label5", &Form11::BeginMail},
        {std::string(kAttachFileSecond)},
-       {folder, "Label57", &Form11::Label57_Click},
+       {folder, "Label57", &Form11::ShowReportFile},
        {std::string(kSendMail)}},
       {{std::string(kOpenClient)},
        {std::string(kCreateDocument)},
        {std::string(kAttachFileThird)},
-       {folder, "Label58", &Form11::Label58_Click},
+       {folder, "Label58", &Form11::ShowReportFile},
        {kSendFile + mail}},
   };
   for (const std::vector<Line>& way : ways) {
@@ -151,7 +155,8 @@ void Form11::AddCard(QVBoxLayout& column, std::span<const Line> way) {
     auto* link = new LinkButton(shown);
     link->setObjectName(QLatin1String(line.link));
     link->setAccessibleDescription(before);
-    connect(link, &LinkButton::clicked, this, line.click);
+    OnSignal(link, &LinkButton::clicked, std::string("Form11.").append(line.link) + "_Click",
+             [this, follow = line.follow] { (this->*follow)(); });
     auto* row = new QHBoxLayout;
     row->addSpacing(kLinkIndent);
     row->addWidget(link);
@@ -161,33 +166,14 @@ void Form11::AddCard(QVBoxLayout& column, std::span<const Line> way) {
   column.addWidget(card);
 }
 
-void Form11::bnOK_Click() {
-  ErrTrace::top("Form11.bnOK_Click", [&] { accept(); });
-}
-
-void Form11::Label5_Click() {
-  ErrTrace::top("Form11.Label5_Click", [&] {
-    const std::string subject = Subject();
-    mMain::SendMail(parts_.shell, {.Address = build_facts::kSupportAddress, .Subject = subject});
-  });
-}
-
-void Form11::Label56_Click() {
-  ErrTrace::top("Form11.Label56_Click", [&] { ShowReportFile(); });
-}
-
-void Form11::Label57_Click() {
-  ErrTrace::top("Form11.Label57_Click", [&] { ShowReportFile(); });
-}
-
-void Form11::Label58_Click() {
-  ErrTrace::top("Form11.Label58_Click", [&] { ShowReportFile(); });
+void Form11::BeginMail() {
+  const std::string subject = Subject();
+  mMain::SendMail(services_.shell, {.Address = build_facts::kSupportAddress, .Subject = subject});
 }
 
 void Form11::ShowReportFile() {
-  const std::string path =
-      mScanCD::NormalizePath(parts_.report_folder).append(ErrTrace::kReportFileName);
-  mMain::OpenInExplorerList(parts_.files, parts_.prompts, parts_.shell, path);
+  const std::string path = mScanCD::NormalizePath(report_folder_).append(ErrTrace::kReportFileName);
+  mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell, path);
 }
 
 frmShowError::frmShowError(QWidget* parent)

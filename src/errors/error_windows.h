@@ -4,21 +4,10 @@
 #include <span>
 #include <string>
 
-#include "platform/files.h"
 #include "platform/services.h"
 
-class LinkButton;
 class QPlainTextEdit;
-class QPushButton;
 class QVBoxLayout;
-
-/// What the error window works with; all of it outlives the window.
-struct ErrorWindowParts {
-  FileSystem& files;
-  Prompts& prompts;
-  Shell& shell;
-  std::string report_folder;  ///< without a closing separator
-};
 
 /// Tells that something went wrong and how to send the report to the support. It doesn't show the
 /// report itself. Any number may be open.
@@ -26,14 +15,15 @@ class Form11 : public QDialog {
   Q_OBJECT
 
  public:
-  explicit Form11(const ErrorWindowParts& parts, QWidget* parent = nullptr);
+  /// The services outlive the window.
+  explicit Form11(const Services& services, QWidget* parent = nullptr);
 
  private:
   /// A line of one of the ways to send the report.
   struct Line {
     std::string text;
     const char* link = nullptr;  ///< the name of the control, if the line is a link
-    void (Form11::*click)() = nullptr;
+    void (Form11::*follow)() = nullptr;
   };
 
   void LayOut();
@@ -41,15 +31,11 @@ class Form11 : public QDialog {
   void AddWays(QVBoxLayout& column);
   void AddCard(QVBoxLayout& column, std::span<const Line> way);
 
-  void bnOK_Click();
-  void Label5_Click();
-  void Label56_Click();
-  void Label57_Click();
-  void Label58_Click();
+  void BeginMail();
   void ShowReportFile();
 
-  ErrorWindowParts parts_;
-  QPushButton* bnOK;
+  const Services& services_;
+  const std::string report_folder_;  ///< without a closing separator
 };
 
 /// Shows the text of a report, for a developer.

@@ -9,8 +9,9 @@
 
 #include "common/path_text.h"
 #include "common/size_text.h"
+#include "platform/append_file.h"
 #include "platform/build_facts.h"
-#include "platform/posix/append_file.h"
+#include "platform/system_facts.h"
 
 namespace ErrTrace {
 namespace {
@@ -36,23 +37,23 @@ std::string YesNo(bool value) {
 
 /// The lines behind the report's own text.
 std::string Surroundings(const ReportSources& sources) {
-  SystemFacts& facts = sources.facts;
+  SystemFacts& facts = sources.services.facts;
+  const LocaleFacts& locale = sources.services.locale;
   const auto program = [&] { return facts.ProgramPath(); };
   const auto program_folder = [&] {
     const std::string path = program();
     return path.substr(0, std::min(path.rfind(kNative.separator), path.size()));
   };
-  const std::string folder = ReportFolder(sources.folders);
+  const std::string folder = ReportFolder(sources.services.folders);
   const auto free_space = [&](const std::string& path) {
-    return mCommon::GetFreeSpace(facts, sources.locale, path);
+    return mCommon::GetFreeSpace(facts, locale, path);
   };
   return Line("Program path: ", program_folder) +
          Line("Error report path: ", [&] { return mScanCD::NormalizePath(folder); }) +
          Line("Free space (Program): ", [&] { return free_space(program_folder()); }) +
          Line("Free space (Error): ", [&] { return free_space(folder); }) +
          Line("File name : ", [&] { return std::string(mMain::LastFolderName(program())); }) +
-         Line("File size : ",
-              [&] { return mCommon::GetFileExeSize(facts, sources.locale, true); }) +
+         Line("File size : ", [&] { return mCommon::GetFileExeSize(facts, locale, true); }) +
          Line("Manifest: ", [&] { return YesNo(sources.flags.gHasManifestFile); }) +
          Line("M6: ", [&] { return YesNo(sources.flags.gHasRuntimeFile); }) + Line("OS: ", [&] {
            const SystemName system = facts.System();
@@ -75,7 +76,7 @@ std::optional<AppendFile> OpenPatiently(const std::string& path, const Wait& wai
 }
 
 void Save(std::string_view name, std::string_view report, const ReportSources& sources) {
-  const std::string folder = ReportFolder(sources.folders);
+  const std::string folder = ReportFolder(sources.services.folders);
   std::error_code ignored;
   std::filesystem::create_directories(folder, ignored);
   std::string path(name);
@@ -91,10 +92,6 @@ void Save(std::string_view name, std::string_view report, const ReportSources& s
 
 std::string ReportFolder(Folders& folders) {
   return mScanCD::NormalizePath(folders.Documents()) + build_facts::kTitle;
-}
-
-std::string ReportPath(Folders& folders) {
-  return mScanCD::NormalizePath(ReportFolder(folders)).append(kReportFileName);
 }
 
 void SaveErrorReport(std::string_view pFileName, std::string_view report,

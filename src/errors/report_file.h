@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "platform/services.h"
-#include "platform/system_facts.h"
 
 /// What the start found of files that may stand beside the program.
 struct StartFlags {
@@ -19,9 +18,7 @@ Wait SystemWait();
 
 /// Where a saved report takes its facts from.
 struct ReportSources {
-  SystemFacts& facts;
-  const LocaleFacts& locale;
-  Folders& folders;
+  const Services& services;
   StartFlags flags = {};
   Wait wait = SystemWait();
 };
@@ -32,9 +29,6 @@ inline constexpr std::string_view kReportFileName = "ErrorReport.txt";
 
 /// The folder of the reports, without a closing separator.
 std::string ReportFolder(Folders& folders);
-
-/// The path of the report file.
-std::string ReportPath(Folders& folders);
 
 /// Appends `report`, with facts of program and system, to the file `pFileName`: a path, or a name
 /// in the report folder, which is made when it isn't there. A file that another program holds is

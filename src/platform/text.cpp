@@ -92,7 +92,7 @@ using ByteTable = std::array<unsigned char, 128>;
 template <class Map>
 constexpr ByteTable MakeByteTable(Map map) {
   ByteTable table{};
-  for (unsigned char c = 0; c < table.size(); ++c) table[c] = static_cast<unsigned char>(map(c));
+  for (char32_t c = 0; c < table.size(); ++c) table[c] = static_cast<unsigned char>(map(c));
   return table;
 }
 constexpr ByteTable kLowerBytes = MakeByteTable(LowerOfAscii);

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QTimer>
 
-#include "platform/posix/ending_signals.h"
+#include "platform/ending_signals.h"
 
 /// Ends the program on SIGTERM, SIGINT or SIGHUP as its user would. Menus, messages and dialogs are
 /// closed as by Esc, the innermost first, also those that come up on the way; then the windows. A

@@ -7,11 +7,11 @@
 #include "errors/error_reporter.h"
 #include "look/skin.h"
 #include "platform/build_facts.h"
-#include "platform/posix/single_instance.h"
 #include "platform/qt/services_qt.h"
 #include "platform/qt/settings_store_qt.h"
 #include "platform/qt/shell_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/single_instance.h"
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/main_window.h"
@@ -43,7 +43,9 @@ struct Program::Parts {
   QtFolders folders;
   QtPrompts prompts;
   QtShell shell;
-  ErrorReporter reporter{{*facts, locale, folders}, *files, prompts, shell};
+  Services services{*files,     *clock,  *facts,  events, locale,
+                    type_names, folders, prompts, shell,  settings};
+  ErrorReporter reporter{services};
   QtSettingsStore settings;
   const Services services{*files,     *clock,  *facts,  events, locale,
                           type_names, folders, prompts, shell,  settings};

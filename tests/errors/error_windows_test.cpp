@@ -19,7 +19,6 @@
 #include "look/link_button.h"
 #include "platform/build_facts.h"
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -46,27 +45,23 @@ std::vector<Form11*> OpenWindows() {
 
 class ErrorWindowsTest : public testing::Test {
  protected:
-  ErrorWindowsTest() { files_.contents = {{ReportFile(), ""}}; }
+  ErrorWindowsTest() {
+    system_.folders.documents = documents_.path();
+    system_.files.contents = {{Folder() + "/ErrorReport.txt", ""}};
+  }
   ~ErrorWindowsTest() override {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
   std::string Folder() const { return documents_.path() + "/Quorvane"; }
-  std::string ReportFile() const { return Folder() + "/ErrorReport.txt"; }
-  ErrorWindowParts Parts() { return {files_, prompts_, shell_, Folder()}; }
+  std::string Saved() const { return documents_.Read("Quorvane/ErrorReport.txt").value_or(""); }
 
   TempFolder documents_;
-  FakeFolders folders_{documents_.path()};
-  FakeSystemFacts facts_;
-  PlainLocale locale_;
-  MemoryFiles files_;
-  FakePrompts prompts_;
-  FakeShell shell_;
-  ReportSources sources_{facts_, locale_, folders_, {}, [](int) {}};
+  FakeServices system_;
 };
 
 TEST_F(ErrorWindowsTest, TellsThreeWaysToSendTheReport) {
-  Form11 window(Parts());
+  Form11 window(system_.services);
   EXPECT_EQ(window.windowTitle(), QStringLiteral("Program Error"));
   std::vector<std::string> texts;
   for (const QWidget* part : window.findChildren<QWidget*>()) {
@@ -77,36 +72,30 @@ TEST_F(ErrorWindowsTest, TellsThreeWaysToSendTheReport) {
     }
   }
   const std::string support = "support@quorvane.example.org";
+  const std::string send = "4) Send the file to " + support, folder = "=" + Folder();
   const std::vector<std::string> expected = {
       "Sorry, an error has occurred. Try to restart the program.",
       "If the error occurs again, please send a message with an attached ErrorReport.txt file by "
       "following these directions:",
-      "1) Go to the folder (click to open folder):",
-      "Label56=" + Folder(),
+      // The first way, the second, the third.
+      "1) Go to the folder (click to open folder):", "Label56" + folder,
       "2) Locate the ErrorReport.txt file in this folder",
-      "3) Right-click on the file and choose \"Send To...\" and \"Mail Recipient\"",
-      "4) Send the file to " + support,
-      "OR",
+      "3) Right-click on the file and choose \"Send To...\" and \"Mail Recipient\"", send, "OR",
       "1) Click the link below and your default email client will create a message",
       "Label5=" + support,
       "2) Attach the ErrorReport.txt file located in the folder (click to open folder):",
-      "Label57=" + Folder(),
-      "3) Send the mail",
-      "OR",
-      "1) Open your email client",
-      "2) Create a new email document",
+      "Label57" + folder, "3) Send the mail", "OR",  //
+      "1) Open your email client", "2) Create a new email document",
       "3) Attach the ErrorReport.txt file located in the folder (click to open folder):",
-      "Label58=" + Folder(),
-      "4) Send the file to " + support,
-  };
+      "Label58" + folder, send};
   EXPECT_THAT(texts, testing::UnorderedElementsAreArray(expected));
 }
 
 TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboard) {
-  Form11 window(Parts());
+  Form11 window(system_.services);
   window.show();
   EXPECT_EQ(window.focusWidget()->objectName(), QStringLiteral("bnOK"));
-  const std::string show = "show " + ReportFile();
+  const std::string show = "show " + Folder() + "/ErrorReport.txt";
   const struct {
     const char* name;
     Qt::Key key;
@@ -124,10 +113,8 @@ TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboard) {
     Press(window.focusWidget(), Qt::Key_Tab);
     ASSERT_EQ(window.focusWidget()->objectName(), QLatin1String(row.name));
     Press(window.focusWidget(), row.key);
-    ASSERT_FALSE(shell_.asked.empty());
-    EXPECT_EQ(shell_.asked.back(), row.asked) << row.name;
+    EXPECT_THAT(std::exchange(system_.shell.asked, {}), ElementsAre(row.asked)) << row.name;
   }
-  EXPECT_EQ(shell_.asked.size(), std::size(table));
   EXPECT_TRUE(window.isVisible());
   Press(window.focusWidget(), Qt::Key_Tab);
   Press(window.focusWidget(), Qt::Key_Return);
@@ -135,41 +122,33 @@ TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboard) {
 }
 
 TEST_F(ErrorWindowsTest, AScreenReaderFindsLinksByNameAndRole) {
-  Form11 window({files_, prompts_, shell_, "/home/R&D <b>"});
+  system_.folders.documents = "/home/R&D <b>";
+  Form11 window(system_.services);
   auto* link = window.findChild<LinkButton*>(QStringLiteral("Label56"));
   QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(link);
   ASSERT_NE(seen, nullptr);
   EXPECT_EQ(seen->role(), QAccessible::Link);
-  EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("/home/R&D <b>"));
+  EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("/home/R&D <b>/Quorvane"));
   EXPECT_EQ(seen->text(QAccessible::Description),
             QStringLiteral("1) Go to the folder (click to open folder):"));
   ASSERT_NE(seen->actionInterface(), nullptr);
   seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-  EXPECT_THAT(prompts_.told, ElementsAre("The specified file was not found."));
+  EXPECT_THAT(system_.prompts.told, ElementsAre("The specified file was not found."));
 }
 
 TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
-  ErrorReporter reporter(sources_, files_, prompts_, shell_);
+  ErrorReporter reporter(system_.services);
   ErrTrace::top("mMain.Main", [] { throw Failure(kOverflow, "Overflow"); });
   ASSERT_EQ(OpenWindows().size(), 1u);
   EXPECT_FALSE(OpenWindows()[0]->isModal());
-  EXPECT_THAT(documents_.Read("Quorvane/ErrorReport.txt").value_or(""),
-              StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
+  EXPECT_THAT(Saved(), StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
   QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
   reporter.WaitForWindows();
   EXPECT_TRUE(OpenWindows().empty());
 }
 
-TEST_F(ErrorWindowsTest, AUserErrorOpensNothing) {
-  ErrorReporter reporter(sources_, files_, prompts_, shell_);
-  ErrTrace::top("m.F",
-                [] { throw Failure(static_cast<std::int32_t>(0x80041065), "no such name"); });
-  EXPECT_TRUE(OpenWindows().empty());
-  EXPECT_FALSE(documents_.Has("Quorvane"));
-}
-
 TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
-  ErrorReporter reporter(sources_, files_, prompts_, shell_);
+  ErrorReporter reporter(system_.services);
   QWidget main_window;
   reporter.MainWindowLoaded(&main_window);
   QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -178,7 +157,7 @@ TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
   Qt::CursorShape pointer = Qt::WaitCursor;
   const auto close_last = [] { OpenWindows().back()->accept(); };
   QTimer::singleShot(0, [&] {
-    shell_.broken = true;
+    system_.shell.broken = true;
     QTimer::singleShot(0, [&] {
       open = static_cast<int>(OpenWindows().size());
       for (const Form11* window : OpenWindows()) modal = modal && window->isModal();
@@ -195,10 +174,9 @@ TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
   EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   QApplication::restoreOverrideCursor();
   EXPECT_TRUE(OpenWindows().empty());
-  const std::string saved = documents_.Read("Quorvane/ErrorReport.txt").value_or("");
-  EXPECT_THAT(saved, StartsWith("first \r\n"));
-  EXPECT_THAT(saved, HasSubstr("\r\n \r\nno desktop \r\n"));
-  EXPECT_THAT(saved, HasSubstr("Call Stack: Form11.Label5_Click() -"));
+  EXPECT_THAT(Saved(), StartsWith("first \r\n"));
+  EXPECT_THAT(Saved(), HasSubstr("\r\n \r\nno desktop \r\n"));
+  EXPECT_THAT(Saved(), HasSubstr("Call Stack: Form11.Label5_Click() -"));
 }
 
 /// Fails each time it is painted, or shows what a model that fails gives.
@@ -216,7 +194,7 @@ class BrokenModel : public QStringListModel {
 };
 
 TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
-  ErrorReporter reporter(sources_, files_, prompts_, shell_);
+  ErrorReporter reporter(system_.services);
   QWidget main_window;
   reporter.MainWindowLoaded(&main_window);
   BrokenWidget painter;
@@ -245,11 +223,10 @@ TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
   EXPECT_GE(std::exchange(closed, 0), 1);
   for (int i = 0; i < 2; ++i) Press(&slot, Qt::Key_Space);
   EXPECT_EQ(closed, 2) << "a slot fails at each press";
-  const std::string saved = documents_.Read("Quorvane/ErrorReport.txt").value_or("");
   for (const char* words : {"paint 1 \r\n", "model \r\n", "slot \r\n"}) {
-    EXPECT_THAT(saved, HasSubstr(words));
+    EXPECT_THAT(Saved(), HasSubstr(words));
   }
-  EXPECT_THAT(saved, testing::Not(HasSubstr("paint 2")));
+  EXPECT_THAT(Saved(), testing::Not(HasSubstr("paint 2")));
 }
 
 /// A desktop that can't even name its folders.
@@ -260,26 +237,26 @@ class BrokenFolders : public Folders {
 
 TEST_F(ErrorWindowsTest, WhereTheWindowCanNotBeMadeThereIsAPlainMessage) {
   BrokenFolders folders;
-  ErrorReporter reporter({facts_, locale_, folders, {}, [](int) {}}, files_, prompts_, shell_);
+  FakeServices& s = system_;
+  const Services services{s.files,      s.clock, s.facts,   s.events, s.locale,
+                          s.type_names, folders, s.prompts, s.shell,  s.settings};
+  ErrorReporter reporter(services);
   ErrTrace::top("m.F", [] { throw Failure(1, "first"); });
   EXPECT_TRUE(OpenWindows().empty());
-  EXPECT_THAT(prompts_.told,
+  EXPECT_THAT(system_.prompts.told,
               ElementsAre("Sorry, an error has occurred. Try to restart the program."));
 }
 
 TEST_F(ErrorWindowsTest, ADevelopersWindowShowsTheReportAboveAModalOne) {
-  frmShowError window;
-  window.ShowError("report\r\n  line");
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_EQ(window.windowModality(), Qt::NonModal);
-  EXPECT_EQ(window.findChild<QPlainTextEdit*>(QStringLiteral("txtError"))->toPlainText(),
-            QStringLiteral("report\n  line"));
-  window.hide();
   QDialog other;
   other.setModal(true);
-  other.show();
-  window.ShowError("second");
-  EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+  for (const auto modality : {Qt::NonModal, Qt::ApplicationModal}) {
+    frmShowError window;
+    other.setVisible(modality != Qt::NonModal);
+    window.ShowError("report\r\n  line");
+    EXPECT_EQ(window.windowModality(), modality);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>()->toPlainText(), QStringLiteral("report\n  line"));
+  }
 }
 
 }  // namespace

@@ -94,16 +94,14 @@ TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKind) {
 }
 
 TEST_F(ErrTraceTest, LongTextsStandBelowTheLine) {
-  const struct {
-    std::string text;
-    bool below;
-  } table[] = {{"one\ntwo", true}, {"one\r\ntwo", true}, {"<a/>", true},
-               {"xml", true},      {"a <b>", false},     {"", false}};
-  for (const auto& row : table) {
-    const std::string report = ArgumentLine(row.text);
-    const std::string block = "    Value Of a:\r\n" + row.text + "\r\n  Call Stack: Test()";
-    EXPECT_EQ(report.find(block) != report.npos, row.below) << row.text;
-    EXPECT_EQ(report.find("m.F(a={Text}) -") != report.npos, row.below) << row.text;
+  const std::pair<std::string, bool> table[] = {{"one\ntwo", true}, {"one\rtwo", true},
+                                                {"<a/>", true},     {"xml", true},
+                                                {"a <b>", false},   {"", false}};
+  for (const auto& [text, below] : table) {
+    const std::string report = ArgumentLine(text);
+    const std::string block = "    Value Of a:\r\n" + text + "\r\n  Call Stack: Test()";
+    EXPECT_EQ(report.find(block) != report.npos, below) << text;
+    EXPECT_EQ(report.find("m.F(a={Text}) -") != report.npos, below) << text;
   }
 }
 
@@ -111,48 +109,44 @@ TEST_F(ErrTraceTest, ExceptionsOfOthersBecomeFailures) {
   const struct {
     void (*raise)();
     const char* head;
+    const char* more;
   } table[] = {
-      {[] { throw std::bad_alloc(); }, "Out of memory \r\n"},
-      {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n"},
+      {[] { throw std::bad_alloc(); }, "Out of memory \r\n", "Number: 7 "},
+      {[] { throw std::out_of_range("index 9"); }, "index 9 \r\n",
+       "Source: std::out_of_range \r\n"},
       {[] { throw std::system_error(ENOSPC, std::generic_category(), "copy"); },
-       "copy: No space left on device \r\n"},
-      {[] { throw 5; }, "Internal error \r\n"},
-      {[] { throw std::ios_base::failure("cut"); }, "cut: iostream error \r\n"},
+       "copy: No space left on device \r\n", "API Error: (28) No space left on device"},
+      {[] { throw 5; }, "Internal error \r\n", "Number: 51 "},
+      {[] { throw std::ios_base::failure("cut"); }, "cut: iostream error \r\n",
+       "iostream error\r\n  Call Stack"},  // its code is no number of the system
   };
-  for (const auto& row : table) EXPECT_THAT(FailureReport(row.raise), StartsWith(row.head));
-  EXPECT_THAT(FailureReport(table[1].raise), HasSubstr("Source: std::out_of_range \r\n"));
-  EXPECT_THAT(FailureReport(table[2].raise), HasSubstr("API Error: (28) No space left on device"));
-  EXPECT_THAT(FailureReport(table[4].raise), Not(HasSubstr("API Error")));
+  for (const auto& row : table) {
+    EXPECT_THAT(FailureReport(row.raise), AllOf(StartsWith(row.head), HasSubstr(row.more)));
+  }
 }
 
 TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
   const std::pair<std::uint32_t, bool> table[] = {
       {0x80041064, false}, {0x80041065, true}, {0x8004144D, true}, {0x8004144E, false}};
   for (const auto& [number, silent] : table) {
-    std::string climbed;
-    const std::string report = FailureReport([&, n = number] {
-      try {
-        ErrTrace::inner("m.F",
-                        [&] { throw Failure(static_cast<std::int32_t>(n), "no such name"); });
-      } catch (const Failure& failure) {
-        climbed = failure.Description();
-        throw;
-      }
-    });
-    EXPECT_EQ(report.empty(), silent) << std::hex << number;
-    EXPECT_EQ(climbed == "no such name", silent);
+    const auto fail = [n = static_cast<std::int32_t>(number)] {
+      ErrTrace::inner("m.F", [&] { throw Failure(n, "no such name"); });
+    };
+    EXPECT_EQ(FailureReport(fail).empty(), silent) << std::hex << number;
+    try {
+      fail();
+    } catch (const Failure& climbed) {
+      EXPECT_EQ(climbed.Description() == "no such name", silent);
+    }
   }
 }
 
-TEST_F(ErrTraceTest, AFailureThatWasLostSaysSo) {
+TEST_F(ErrTraceTest, AFailureThatWasLostSaysSoAndAPreservedOneOutlivesItsHandler) {
   const std::string report = ErrTrace::ErrorIn("m.F(a)", {}, ErrTrace::kTop);
   EXPECT_THAT(report, StartsWith("ErrorIn: Error information was lost. To fix: call ErrPreserve "
                                  "before doing anything in error handler. \r\n"));
   EXPECT_THAT(report, HasSubstr("Number: -2147216306 = &H8004144E = vbObjectError + 5198 = "
                                 "ERRMAP_APP_FIRST + 0 = ERR_GENERAL\r\n"));
-}
-
-TEST_F(ErrTraceTest, APreservedFailureOutlivesItsHandler) {
   try {
     throw Failure(kOverflow, "Overflow");
   } catch (...) {
@@ -189,8 +183,7 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
 
 TEST_F(ErrTraceTest, AFailureThatIsCaughtLeavesNothingBehind) {
   EXPECT_THROW(Middle("/first"), Failure);
-  EXPECT_THAT(FailureReport([] { Middle("/second"); }),
-              AllOf(Not(HasSubstr("/first")), HasSubstr("/second")));
+  EXPECT_THAT(FailureReport([] { Middle("/second"); }), Not(HasSubstr("/first")));
 }
 
 TEST(ErrTrace, KnowsNothingOfTheMachineBeforeItIsTold) {

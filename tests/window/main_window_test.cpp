@@ -20,7 +20,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/posix/ending_signals.h"
+#include "platform/ending_signals.h"
 #include "platform/qt/text_qt.h"
 #include "support/temp_folder.h"
 #include "window/program.h"

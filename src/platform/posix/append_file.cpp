@@ -1,9 +1,11 @@
-#include "platform/posix/append_file.h"
+#include "platform/append_file.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 
 #include <filesystem>
+
+#include "platform/posix/syscalls.h"
 
 namespace {
 

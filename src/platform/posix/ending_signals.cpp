@@ -1,4 +1,4 @@
-#include "platform/posix/ending_signals.h"
+#include "platform/ending_signals.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -197,5 +197,5 @@ std::unique_ptr<FileSystem> MakePosixFileSystem(Syscalls calls) {
 }
 
 std::unique_ptr<FileSystem> MakePosixFileSystem() {
-  return MakePosixFileSystem(RealSyscalls());
+  return MakePosixFileSystem(Syscalls());
 }

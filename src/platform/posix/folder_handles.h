@@ -37,7 +37,7 @@ struct SplitPath {
 };
 SplitPath Split(std::string_view path);
 
-std::string_view WithoutClosingSeparators(std::string_view path);
+std::string_view WithoutClosingSeparators(std::string_view folder);
 
 /// Turns paths into places and keeps the handles of the last three folders (source,
 /// output, and the way there over a link), which saves walking the

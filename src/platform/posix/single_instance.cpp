@@ -1,10 +1,12 @@
-#include "platform/posix/single_instance.h"
+#include "platform/single_instance.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
+
+#include "platform/posix/syscalls.h"
 
 namespace {
 

@@ -1,17 +1,13 @@
 #include "platform/qt/settings_store_qt.h"
 
-#include <fcntl.h>
-#include <stdlib.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <filesystem>
-#include <system_error>
+#include <cerrno>
 
-#include "platform/posix/syscalls.h"
 #include "platform/qt/settings_names_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/settings_file.h"
 
 // What QSettings of Qt 6.4 does by itself (qtbase/src/corelib/io/qsettings.cpp,
 // QConfFileSettingsPrivate::syncConfFile): a writer holds a QLockFile beside the file, reads the
@@ -22,44 +18,30 @@
 
 namespace {
 
-namespace fs = std::filesystem;
+using settings_file::Place;
+
+std::string Bytes(const QString& path) {
+  return QFile::encodeName(path).toStdString();
+}
 
 StoreProblem Problem(std::string_view what, const QString& path, int error) {
   return {std::string(what) + ": " + text::FromQt(path), error};
 }
 
-/// What open(2) answers to a writer; a device could be opened, so there is no error to tell.
-int ErrorOfKind(mode_t mode) {
-  if (S_ISDIR(mode)) return EISDIR;
-  return S_ISFIFO(mode) || S_ISSOCK(mode) ? ENXIO : 0;
-}
-
-/// Whether a file can be made where nothing is: not by a link into a folder that isn't there.
-bool LeadsSomewhere(const fs::path& path) {
-  std::error_code error;
-  const fs::path target = fs::read_symlink(path, error);
-  return error || fs::is_directory((path.parent_path() / target).parent_path(), error);
-}
-
-/// No problem when `path` leads to a file or to nothing. Only looks: opening a fifo can wait for
-/// ever, and opening a device can do anything.
+/// No problem when `path` leads to a file or to nothing.
 StoreProblem ExaminePlace(const QString& path) {
-  const QByteArray name = QFile::encodeName(path);
-  struct stat facts;
-  const int error = ErrorOf([&] { return ::stat(name.constData(), &facts); });
-  if (error == ENOENT && LeadsSomewhere(name.toStdString())) return {};
-  if (error != 0) return Problem("The settings file can't be reached", path, error);
-  if (S_ISREG(facts.st_mode)) return {};
-  return Problem("In the place of the settings is no file", path, ErrorOfKind(facts.st_mode));
+  const Place place = settings_file::Look(Bytes(path));
+  if (place.kind == Place::kUnreachable) {
+    return Problem("The settings file can't be reached", path, place.error);
+  }
+  if (place.kind != Place::kOther) return {};
+  return Problem("In the place of the settings is no file", path, place.error);
 }
 
 /// QSettings makes a lock file for a write, and waits for ever where that can't be.
 StoreProblem ExamineLock(const QString& path) {
   const QString lock = path + QStringLiteral(".lock");
-  struct stat facts;
-  if (::lstat(QFile::encodeName(lock).constData(), &facts) != 0 || S_ISREG(facts.st_mode)) {
-    return {};
-  }
+  if (!settings_file::IsBlocked(Bytes(lock))) return {};
   return Problem("In the place of the lock of the settings is no file", lock, EEXIST);
 }
 
@@ -75,8 +57,7 @@ StoreProblem Read(const QString& path, QByteArray& content) {
     content = QByteArray(1, '\0');  // not sound, whatever is in it
     return {};
   }
-  const QByteArray name = QFile::encodeName(path);
-  const FileHandle handle(::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  const FileHandle handle = settings_file::OpenToRead(Bytes(path));
   if (!handle && errno == ENOENT) return {};
   QFile file;
   if (handle && file.open(handle.get(), QIODevice::ReadOnly)) content = file.readAll();
@@ -108,34 +89,8 @@ bool KeepCopy(const QString& path) {
   return false;
 }
 
-/// Qt tells only that a write beside `path` failed. Why: the errno of the same steps, done once
-/// more with `size` bytes; 0 if they succeed now.
 int ErrorOfWriting(const QString& path, std::size_t size) {
-  std::error_code error;
-  const fs::path file = fs::weakly_canonical(QFile::encodeName(path).toStdString(), error);
-  if (!error) fs::create_directories(file.parent_path(), error);
-  if (error) return error.value();
-  const FileHandle old(::open(file.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
-  if (!old && errno != ENOENT) return errno;
-  std::string name = file.string() + ".XXXXXX";
-  const FileHandle trial(::mkostemp(name.data(), O_CLOEXEC));
-  if (!trial) return errno;
-  ::unlink(name.c_str());
-  const std::string bytes(size, ' ');
-  for (std::size_t at = 0; at < size;) {
-    const ssize_t done =
-        Uninterrupted([&] { return ::write(trial.get(), bytes.data() + at, size - at); });
-    if (done <= 0) return errno;
-    at += static_cast<std::size_t>(done);
-  }
-  return ErrorOf([&] { return ::fsync(trial.get()); });
-}
-
-/// The new name is on disk only when its folder is (fsync(2), second paragraph of the notes).
-void SyncFolderOf(const QString& path) {
-  const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-  const FileHandle handle(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (handle) ::fsync(handle.get());
+  return settings_file::ErrorOfWriting(Bytes(path), size);
 }
 
 }  // namespace
@@ -223,7 +178,7 @@ StoreProblem QtSettingsStore::Write() {
   if (writer.status() == QSettings::AccessError) {
     return Problem("The settings file can't be written", path_, ErrorOfWriting(path_, size));
   }
-  SyncFolderOf(path_);
+  settings_file::SyncFolderOf(Bytes(path_));
   return {};
 }
 

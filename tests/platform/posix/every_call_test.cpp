@@ -110,28 +110,19 @@ const Operation kOperations[] = {
     {"move to another file system", "in/a", "out/b", Move, Split},
     {"move a link to another file system", "in/link", "out/b", Move, Split},
     {"change letter case", "in/a", "in/A", Move, IgnoreCase<false>},
-    {"change letter case where that is answered and not done", "in/a", "in/A", Move,
-     IgnoreCase<true>},
+    {"change letter case, answered and not done", "in/a", "in/A", Move, IgnoreCase<true>},
     {"copy", "in/a", "out/b",
-     [](FileSystem& files, const std::string& from, const std::string& to, const World&) {
-       return files.CopyFile(from, to, {}, nullptr);
-     }},
+     [](auto& files, auto& a, auto& b, auto&) { return files.CopyFile(a, b, {}, nullptr); }},
     {"delete a copy", "out/copy", "none",
-     [](FileSystem& files, const std::string& from, const std::string&, const World& world) {
-       return files.DeleteMadeFile(from, world.copied.made);
-     }},
+     [](auto& files, auto& a, auto&, auto& w) { return files.DeleteMadeFile(a, w.copied.made); }},
     {"make a folder", "none", "out/b",
-     [](FileSystem& files, const std::string&, const std::string& to, const World&) {
-       return files.CreateDirectory(to);
-     }},
+     [](auto& files, auto&, auto& b, auto&) { return files.CreateDirectory(b); }},
     {"delete a made folder", "made", "none",
-     [](FileSystem& files, const std::string& from, const std::string&, const World& world) {
-       return files.DeleteMadeFolder(from, world.made);
-     }},
+     [](auto& files, auto& a, auto&, auto& w) { return files.DeleteMadeFolder(a, w.made); }},
 };
 
 bool Perform(const Operation& operation, const Lack& lack, const World& world, Fault& fault) {
-  Syscalls calls = RealSyscalls();
+  Syscalls calls;
   lack.apply(calls);
   operation.on(calls, world);
   Inject(calls, fault);

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <functional>
 #include <string_view>
-#include <tuple>
 
 #include "platform/posix/syscalls.h"
 
@@ -60,34 +59,50 @@ struct Fault {
   }
 };
 
-/// Puts `fault`, which must live as long, before every one of the calls.
-inline void Inject(Syscalls& calls, Fault& fault) {
-  const auto wrap = [&fault]<class Answer, class... Args>(const char* name,
-                                                          std::function<Answer(Args...)>& call) {
-    call = [&fault, name, real = call](Args... args) -> Answer {
-      if (!fault.Hits(name)) return real(args...);
-      const std::string_view what = name;
-      const bool opens = what == "openat" || what == "dup";
-      // What close(2) is asked to close is closed, whatever it answers.
-      const Answer answer = fault.carried_out || what == "close" ? real(args...) : -1;
-      if (opens && answer >= 0) ::close(static_cast<int>(answer));
-      errno = fault.error;
-      return -1;
-    };
+/// Puts `fault`, which must live as long, before `call`.
+template <class Answer, class... Args>
+void Inject(Fault& fault, std::string_view name, std::function<Answer(Args...)>& call) {
+  call = [&fault, name, real = call](Args... args) -> Answer {
+    if (!fault.Hits(name.data())) return real(args...);
+    // What close(2) is asked to close is closed, whatever it answers.
+    const Answer answer = fault.carried_out || name == "close" ? real(args...) : -1;
+    if ((name == "openat" || name == "dup") && answer >= 0) ::close(static_cast<int>(answer));
+    errno = fault.error;
+    return -1;
   };
-  const char* const names[] = {"openat",   "close",     "dup",        "statx",      "readlinkat",
-                               "getdents", "renameat2", "renameat",   "linkat",     "unlinkat",
-                               "mkdirat",  "symlinkat", "clone",      "copy_range", "lseek",
-                               "pread",    "pwrite",    "ftruncate",  "fsync",      "syncfs",
-                               "fchown",   "fchmod",    "flistxattr", "fgetxattr",  "fsetxattr",
-                               "fremove",  "futimens",  "utimensat",  "kill",       "fstatfs"};
-  static_assert(sizeof(Syscalls) == std::size(names) * sizeof(calls.close), "one is missing here");
-  const char* const* name = names;
-  Syscalls& c = calls;
-  std::apply([&](auto&... call) { (wrap(*name++, call), ...); },
-             std::tie(c.openat, c.close, c.dup, c.statx, c.readlinkat, c.getdents, c.renameat2,
-                      c.renameat, c.linkat, c.unlinkat, c.mkdirat, c.symlinkat, c.clone,
-                      c.copy_file_range, c.lseek, c.pread, c.pwrite, c.ftruncate, c.fsync, c.syncfs,
-                      c.fchown, c.fchmod, c.flistxattr, c.fgetxattr, c.fsetxattr, c.fremovexattr,
-                      c.futimens, c.utimensat, c.kill, c.fstatfs));
+}
+
+/// Puts it before every one of the calls.
+inline void Inject(Syscalls& calls, Fault& fault) {
+  static_assert(sizeof(Syscalls) == 30 * sizeof(calls.close), "a new call stands here too");
+  Inject(fault, "openat", calls.openat);
+  Inject(fault, "close", calls.close);
+  Inject(fault, "dup", calls.dup);
+  Inject(fault, "statx", calls.statx);
+  Inject(fault, "fstatfs", calls.fstatfs);
+  Inject(fault, "readlinkat", calls.readlinkat);
+  Inject(fault, "getdents", calls.getdents);
+  Inject(fault, "renameat2", calls.renameat2);
+  Inject(fault, "renameat", calls.renameat);
+  Inject(fault, "linkat", calls.linkat);
+  Inject(fault, "unlinkat", calls.unlinkat);
+  Inject(fault, "mkdirat", calls.mkdirat);
+  Inject(fault, "symlinkat", calls.symlinkat);
+  Inject(fault, "clone", calls.clone);
+  Inject(fault, "copy_file_range", calls.copy_file_range);
+  Inject(fault, "lseek", calls.lseek);
+  Inject(fault, "pread", calls.pread);
+  Inject(fault, "pwrite", calls.pwrite);
+  Inject(fault, "ftruncate", calls.ftruncate);
+  Inject(fault, "fsync", calls.fsync);
+  Inject(fault, "syncfs", calls.syncfs);
+  Inject(fault, "fchown", calls.fchown);
+  Inject(fault, "fchmod", calls.fchmod);
+  Inject(fault, "flistxattr", calls.flistxattr);
+  Inject(fault, "fgetxattr", calls.fgetxattr);
+  Inject(fault, "fsetxattr", calls.fsetxattr);
+  Inject(fault, "fremovexattr", calls.fremovexattr);
+  Inject(fault, "futimens", calls.futimens);
+  Inject(fault, "utimensat", calls.utimensat);
+  Inject(fault, "kill", calls.kill);
 }

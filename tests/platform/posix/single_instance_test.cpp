@@ -1,4 +1,4 @@
-#include "platform/posix/single_instance.h"
+#include "platform/single_instance.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -11,51 +11,25 @@
 
 namespace {
 
-/// A second process that has the lock, or fails to have it, until it is killed.
-class OtherProcess {
- public:
-  explicit OtherProcess(const std::string& folder) {
-    int ends[2];
-    if (::pipe(ends) != 0) return;
-    pid_ = ::fork();
-    if (pid_ == 0) {
-      const SingleInstance instance(folder);
-      const char sign = instance.AnotherRuns() ? 'n' : 'y';
-      (void)!::write(ends[1], &sign, 1);
-      for (;;) ::pause();
-    }
-    char sign = 0;
-    started = pid_ > 0 && ::read(ends[0], &sign, 1) == 1;
-    has_lock = sign == 'y';
-    ::close(ends[0]);
-    ::close(ends[1]);
-  }
-  ~OtherProcess() { Kill(); }
-
-  void Kill() {
-    if (pid_ <= 0) return;
-    ::kill(pid_, SIGKILL);
-    ::waitpid(pid_, nullptr, 0);
-    pid_ = -1;
-  }
-
-  bool started = false;
-  bool has_lock = false;
-
- private:
-  pid_t pid_ = -1;
-};
-
 TEST(SingleInstance, ACrashLeavesNothingThatBlocksTheNextStart) {
   const TempFolder folder;
-  OtherProcess first(folder.path());
-  ASSERT_TRUE(first.started && first.has_lock);
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const pid_t other = ::fork();
+  if (other == 0) {
+    const SingleInstance instance(folder.path());
+    (void)!::write(ends[1], instance.AnotherRuns() ? "n" : "y", 1);
+    for (;;) ::pause();
+  }
+  char has_lock = 0;
+  ASSERT_EQ(::read(ends[0], &has_lock, 1), 1);
+  EXPECT_EQ(has_lock, 'y');
   EXPECT_TRUE(SingleInstance(folder.path()).AnotherRuns());
   EXPECT_TRUE(SingleInstance(folder.path()).AnotherRuns()) << "a look takes the lock away";
-  first.Kill();
-  const SingleInstance next(folder.path());
-  EXPECT_FALSE(next.AnotherRuns());
-  EXPECT_FALSE(OtherProcess(folder.path()).has_lock);
+  ::kill(other, SIGKILL);
+  ::waitpid(other, nullptr, 0);
+  EXPECT_FALSE(SingleInstance(folder.path()).AnotherRuns());
+  for (const int end : ends) ::close(end);
 }
 
 TEST(SingleInstance, WhatAProgramStartsDoesNotKeepItsLock) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/posix/syscalls.h"
+#include "platform/file_handle.h"
 
 /// A file that is written at its end only and held by a lock meanwhile, so that the texts of two
 /// programs don't mix.

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/posix/syscalls.h"
+#include "platform/file_handle.h"
 
 /// Keeps a second copy of the program from starting for the same user.
 ///

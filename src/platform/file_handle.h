@@ -1,0 +1,23 @@
+#pragma once
+
+#include <utility>
+
+/// Owns one open file of the system; -1 is none. On a POSIX system, a file descriptor.
+class FileHandle {
+ public:
+  FileHandle() = default;
+  explicit FileHandle(int fd) : fd_(fd) {}
+  FileHandle(FileHandle&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  FileHandle& operator=(FileHandle&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+  }
+  /// Closes it and leaves errno as it is: an answer is often on its way out through it.
+  ~FileHandle();
+
+  explicit operator bool() const { return fd_ >= 0; }
+  int get() const { return fd_; }
+
+ private:
+  int fd_ = -1;
+};
