@@ -134,8 +134,7 @@ void Commands::bnLoadFileList_Click() {
 
 /// False when no list came of it; why not stands in `list_state_`.
 bool Commands::FillList(Pass& pass, const SourceOptions& source) {
-  mScanCD::Scan scan(pass, {source.fdIncludeMask, source.fdExcludeMask, source.chSubfolders},
-                     types_);
+  mScanCD::Scan scan(pass, source, types_);
   scan.ShowDir3_FillPreview(mMain::LastFolderName(source.fdSourceFolder), source.fdSourceFolder);
   if (state_.gCancelRequested) return false;
   if (session_.records.Count() == 0) {

@@ -12,6 +12,7 @@
 #include "names/constructor.h"
 #include "platform/services.h"
 #include "rename/result_rows.h"
+#include "rename/run_output.h"
 
 /// What the commands work on, for the whole life of the program.
 struct Session {

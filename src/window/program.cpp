@@ -43,12 +43,10 @@ struct Program::Parts {
   QtFolders folders;
   QtPrompts prompts;
   QtShell shell;
-  Services services{*files,     *clock,  *facts,  events, locale,
-                    type_names, folders, prompts, shell,  settings};
-  ErrorReporter reporter{services};
   QtSettingsStore settings;
   const Services services{*files,     *clock,  *facts,  events, locale,
                           type_names, folders, prompts, shell,  settings};
+  ErrorReporter reporter{services};
   Session session;
   std::unique_ptr<SingleInstance> instance;  ///< held from the start to the end
   std::unique_ptr<Form1> window;             ///< last, for it uses all of the above

@@ -25,7 +25,7 @@ class RunOnDisk : public testing::Test {
     records.DeleteAll();
     state.gFileCount = 0;
     Pass pass(records, state, on_disk, 0);
-    mScanCD::Scan(pass, {"", "", true}, types).ShowDir3_FillPreview("in", path);
+    mScanCD::Scan(pass, {path, "", "", true}, types).ShowDir3_FillPreview("in", path);
     for (std::size_t i = 0; i < records.Count(); ++i) {
       records[i].newFileName = records[i].sourceFileName;
     }

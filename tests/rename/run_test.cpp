@@ -76,7 +76,7 @@ TEST_F(RunTest, TellsWhyAFileFailed) {
 }
 
 TEST_F(RunTest, TellsWhyAFileWasNotTakenBack) {
-  output.cmbDestination = kCopyTo;
+  output.chosen.cmbDestination = kCopyTo;
   Run();
   files.contents["/in/a"] = "another";
   files.contents["/out/b.new"] = "another";
