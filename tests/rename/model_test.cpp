@@ -354,11 +354,11 @@ void PlayCases(std::uint32_t cases, bool real, bool faults) {
 }  // namespace
 
 TEST(RunAndUndo, BringAllBackWithoutFaults) {
-  PlayCases(1000, false, false);
+  PlayCases(2000, false, false);
 }
 
 TEST(RunAndUndo, LoseNothingWithFaults) {
-  PlayCases(800, false, true);
+  PlayCases(1000, false, true);
 }
 
 TEST(RunAndUndo, DoTheSameOnDisk) {
