@@ -5,7 +5,6 @@
 /// The fixed texts that more than one place uses.
 namespace mLanguageGobals {
 
-inline constexpr std::string_view kOK = "OK";
 inline constexpr std::string_view kFile = "File";
 
 // Units of size.

@@ -27,7 +27,6 @@ namespace {
 using namespace mLanguageGobals;
 
 constexpr int kWidth = 560;
-constexpr int kMargin = 16;
 constexpr int kLinkIndent = 16;  // the link's own inset makes it 20
 constexpr int kIconSize = 40;
 
@@ -64,31 +63,20 @@ std::string Subject() {
 }  // namespace
 
 Form11::Form11(const Services& services, QWidget* parent)
-    : QDialog(parent),
+    : DialogFrame("Form11", text::Shown(kProgramError), Buttons::kOk, parent),
       services_(services),
       report_folder_(ErrTrace::ReportFolder(services.folders)) {
   ErrTrace::inner("Form11.Form_Load", [&] { LayOut(); });
 }
 
 void Form11::LayOut() {
-  setObjectName(QStringLiteral("Form11"));
-  setWindowTitle(text::Shown(kProgramError));
   setMinimumWidth(kWidth);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, kMargin, kMargin, 12);
-  column->setSpacing(10);
-  AddHeading(*column);
-  AddWays(*column);
-  column->addStretch(1);
-  auto* bnOK = new QPushButton;
-  bnOK->setObjectName(QStringLiteral("bnOK"));
-  bnOK->setText(QLatin1Char('&') + text::Shown(kOK));
-  bnOK->setMinimumWidth(88);
-  bnOK->setDefault(true);
-  column->addWidget(bnOK, 0, Qt::AlignRight);
-  OnSignal(bnOK, &QPushButton::clicked, "Form11.bnOK_Click", [this] { accept(); });
+  Body()->setSpacing(10);
+  AddHeading(*Body());
+  AddWays(*Body());
+  Body()->addStretch(1);
   bnOK->setFocus();
-  resize(kWidth, column->totalHeightForWidth(kWidth));
+  resize(kWidth, layout()->totalHeightForWidth(kWidth));
 }
 
 void Form11::AddHeading(QVBoxLayout& column) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <span>
 #include <string>
 
+#include "look/dialog_frame.h"
 #include "platform/services.h"
 
 class QPlainTextEdit;
@@ -11,7 +11,7 @@ class QVBoxLayout;
 
 /// Tells that something went wrong and how to send the report to the support. It doesn't show the
 /// report itself. Any number may be open.
-class Form11 : public QDialog {
+class Form11 : public DialogFrame {
   Q_OBJECT
 
  public:

@@ -17,6 +17,7 @@
 #include "filelist/grouped_rows_model.h"
 #include "filelist/row_painter.h"
 #include "look/look.h"
+#include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
 
 namespace {
@@ -103,7 +104,7 @@ void ListView::ConnectRows() {
   });
   connect(this, &QWidget::customContextMenuRequested, this, &ListView::AskForMenu);
   // Qt itself knows the Menu key only.
-  auto* menu_key = new QShortcut(Qt::SHIFT | Qt::Key_F10, this);
+  auto* menu_key = NewShortcut(Keys::kRowMenu, this);
   menu_key->setContext(Qt::WidgetShortcut);
   connect(menu_key, &QShortcut::activated, this,
           [this] { AskForMenu(visualRect(currentIndex()).center()); });

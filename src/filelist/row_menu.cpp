@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QMenu>
 
+#include "look/menus.h"
+
 namespace {
 
 constexpr bool RowMenuPlace::*kInGroups = &RowMenuPlace::grouped;
@@ -15,19 +17,21 @@ constexpr struct {
   bool begin_group;
   bool RowMenuPlace::*offered;
 } kCommands[] = {
-    {kCheckAll, "Check all", false, kOnBoxes},
-    {kCheckByMask, "Check by mask", false, kOnBoxes},
-    {kUnCheckAll, "Uncheck all", false, kOnBoxes},
-    {kUnCheckByMask, "Uncheck by mask", false, kOnBoxes},
-    {kInvertSelection, "Invert selection", false, kOnBoxes},
-    {kCheckAllInGroup, "Check all in group", true, kInGroups},
-    {kCheckByMaskInGroup, "Check by mask in group", false, kInGroups},
-    {kUnCheckAllInGroup, "Uncheck all in group", false, kInGroups},
-    {kUnCheckByMaskInGroup, "Uncheck by mask in group", false, kInGroups},
-    {kInvertSelectionInGroup, "Invert selection in group", false, kInGroups},
-    {kOpenInExplorer, "Open in Explorer", true, kOnFile},
-    {kExecute, "Execute", false, kOnFile},
-    {kProperties, "Properties", true, kOnFile},
+    {kCheckAll, QT_TRANSLATE_NOOP("QMenu", "Check all"), false, kOnBoxes},
+    {kCheckByMask, QT_TRANSLATE_NOOP("QMenu", "Check by mask"), false, kOnBoxes},
+    {kUnCheckAll, QT_TRANSLATE_NOOP("QMenu", "Uncheck all"), false, kOnBoxes},
+    {kUnCheckByMask, QT_TRANSLATE_NOOP("QMenu", "Uncheck by mask"), false, kOnBoxes},
+    {kInvertSelection, QT_TRANSLATE_NOOP("QMenu", "Invert selection"), false, kOnBoxes},
+    {kCheckAllInGroup, QT_TRANSLATE_NOOP("QMenu", "Check all in group"), true, kInGroups},
+    {kCheckByMaskInGroup, QT_TRANSLATE_NOOP("QMenu", "Check by mask in group"), false, kInGroups},
+    {kUnCheckAllInGroup, QT_TRANSLATE_NOOP("QMenu", "Uncheck all in group"), false, kInGroups},
+    {kUnCheckByMaskInGroup, QT_TRANSLATE_NOOP("QMenu", "Uncheck by mask in group"), false,
+     kInGroups},
+    {kInvertSelectionInGroup, QT_TRANSLATE_NOOP("QMenu", "Invert selection in group"), false,
+     kInGroups},
+    {kOpenInExplorer, QT_TRANSLATE_NOOP("QMenu", "Open in Explorer"), true, kOnFile},
+    {kExecute, QT_TRANSLATE_NOOP("QMenu", "Execute"), false, kOnFile},
+    {kProperties, QT_TRANSLATE_NOOP("QMenu", "Properties"), true, kOnFile},
 };
 
 }  // namespace
@@ -35,15 +39,8 @@ constexpr struct {
 void FillRowMenu(QMenu& menu, const RowMenuPlace& place, const std::function<void(int)>& execute) {
   for (const auto& command : kCommands) {
     if (!(place.*command.offered)) continue;
-    AddButton(menu, command.id, QString::fromLatin1(command.caption), command.begin_group);
+    AddButton(menu, command.id, QMenu::tr(command.caption), command.begin_group);
   }
   QObject::connect(&menu, &QMenu::triggered, &menu,
                    [execute](const QAction* action) { execute(action->data().toInt()); });
-}
-
-QAction* AddButton(QMenu& Controls, int ID, const QString& Caption, bool BeginGroup) {
-  if (BeginGroup && !Controls.isEmpty()) Controls.addSeparator();
-  QAction* button = Controls.addAction(Caption);
-  button->setData(ID);
-  return button;
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QString>
 #include <functional>
 
-class QAction;
 class QMenu;
 
 /// The commands of the rows of a list, by their ids. 103 and 104 have none.
@@ -33,6 +31,3 @@ struct RowMenuPlace {
 /// Adds the commands that fit the place, in the order of the menu; `execute` gets the id of the one
 /// that is chosen.
 void FillRowMenu(QMenu& menu, const RowMenuPlace& place, const std::function<void(int)>& execute);
-
-/// Adds a command that carries its id as data, below a line where a group begins.
-QAction* AddButton(QMenu& Controls, int ID, const QString& Caption, bool BeginGroup);

@@ -13,6 +13,7 @@
 #include "look/handlers.h"
 #include "look/look.h"
 #include "look/option_controls.h"
+#include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
@@ -120,7 +121,7 @@ QWidget* FolderPages::BuildSourcePage() {
     mask->setPlaceholderText(tr("*.jpg *.png"));
     Explain(mask, tr("Masks are parted by blanks"));
   }
-  Explain(Command2, tr("Choose a folder (Ctrl+O)"));
+  Explain(Command2, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
 
   auto* masks = new QHBoxLayout;
   masks->setSpacing(measure::kControlGap);
@@ -149,7 +150,7 @@ QWidget* FolderPages::BuildOutputPage() {
   for (const OutputModeRow& mode : kOutputModes) cmbDestination->addItem(tr(mode.caption));
   fdDestination = NewField("fdDestination", page);
   bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
-  Explain(bnDestination, tr("Choose a folder (Ctrl+O)"));
+  Explain(bnDestination, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
   chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);
   destination_label_ = NewLabel(tr("&Folder:"), fdDestination, page);
   for (QWidget* control : OutputControls()) {
@@ -190,14 +191,13 @@ QWidget* FolderPages::BuildSettingsPage() {
 
 void FolderPages::AddKeys() {
   for (int page = 0; page < count(); ++page) {
-    const QKeySequence keys(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + page));
-    setTabToolTip(page, keys.toString(QKeySequence::NativeText));
-    connect(new QShortcut(keys, this), &QShortcut::activated, this,
+    const Keys keys = Behind(Keys::kSourcePage, page);
+    setTabToolTip(page, ShownKeys(keys));
+    connect(NewShortcut(keys, this), &QShortcut::activated, this,
             [this, page] { setCurrentIndex(page); });
   }
   const auto choose = [this] { (bnDestination->isVisible() ? bnDestination : Command2)->click(); };
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_O), this), &QShortcut::activated, this,
-          choose);
+  connect(NewShortcut(Keys::kChooseFolder, this), &QShortcut::activated, this, choose);
 }
 
 void FolderPages::Command2_Click() {

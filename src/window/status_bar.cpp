@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "look/look.h"
+#include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
 
 namespace {
@@ -38,8 +39,8 @@ StatusBar::StatusBar(QWidget* parent)
       paneProgress(new QProgressBar),
       rule(new QFrame),
       paneTotal(new QLabel),
-      bnAbout(LinkButton("bnAbout", tr("About"), tr("About Quorvane (Shift+F1)"))),
-      bnHelp(LinkButton("bnHelp", tr("Help"), tr("Help (F1)"))) {
+      bnAbout(LinkButton("bnAbout", tr("About"), WithKeys(tr("About Quorvane"), Keys::kAbout))),
+      bnHelp(LinkButton("bnHelp", tr("Help"), WithKeys(tr("Help"), Keys::kHelp))) {
   setObjectName(QStringLiteral("statusBar"));
   paneStatus->setObjectName(QStringLiteral("paneStatus"));
   paneProgress->setObjectName(QStringLiteral("paneProgress"));

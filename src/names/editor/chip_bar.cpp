@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "look/look.h"
+#include "look/shortcuts.h"
 #include "names/constr_item.h"
 #include "names/editor/accessible_chips.h"
 #include "platform/qt/text_qt.h"
@@ -102,13 +103,15 @@ QSize ChipBar::tabSizeHint(int index) const {
 }
 
 void ChipBar::keyPressEvent(QKeyEvent* event) {
-  const bool ctrl = event->modifiers() == Qt::ControlModifier;
-  const int step = event->key() == Qt::Key_Left ? -1 : event->key() == Qt::Key_Right ? 1 : 0;
-  if (ctrl && step != 0) {
-    emit moveRequested(step);
-  } else if (event->key() == Qt::Key_Insert && !ctrl) {
-    emit menuRequested(event->modifiers() == Qt::ShiftModifier);
-  } else if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+  if (IsPressOf(Keys::kMoveLeft, *event)) {
+    emit moveRequested(-1);
+  } else if (IsPressOf(Keys::kMoveRight, *event)) {
+    emit moveRequested(1);
+  } else if (IsPressOf(Keys::kInsertLeft, *event)) {
+    emit menuRequested(true);
+  } else if (IsPressOf(Keys::kInsertRight, *event)) {
+    emit menuRequested(false);
+  } else if (IsPressOf(Keys::kDelete, *event)) {
     emit deleteRequested();
   } else {
     QTabBar::keyPressEvent(event);

@@ -13,6 +13,8 @@
 #include "look/card.h"
 #include "look/handlers.h"
 #include "look/look.h"
+#include "look/menus.h"
+#include "look/shortcuts.h"
 #include "names/editor/chip_bar.h"
 #include "names/editor/chip_well.h"
 
@@ -77,11 +79,12 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
 }
 
 void ConstructorStrip::BuildButtons() {
-  vbInsertLeft = NewButton("vbInsertLeft", tr("In&sert left"), tr("Shift+Insert"), this);
-  bnInsertRight = NewButton("bnInsertRight", tr("Insert rig&ht"), tr("Insert"), this);
-  bnMoveLeft = NewButton("bnMoveLeft", tr("&Move left"), tr("Ctrl+Left"), this);
-  bnMoveRight = NewButton("bnMoveRight", tr("Move ri&ght"), tr("Ctrl+Right"), this);
-  bnDeletePattern = NewButton("bnDeletePattern", tr("De&lete"), tr("Del"), this);
+  vbInsertLeft = NewButton("vbInsertLeft", tr("In&sert left"), ShownKeys(Keys::kInsertLeft), this);
+  bnInsertRight =
+      NewButton("bnInsertRight", tr("Insert rig&ht"), ShownKeys(Keys::kInsertRight), this);
+  bnMoveLeft = NewButton("bnMoveLeft", tr("&Move left"), ShownKeys(Keys::kMoveLeft), this);
+  bnMoveRight = NewButton("bnMoveRight", tr("Move ri&ght"), ShownKeys(Keys::kMoveRight), this);
+  bnDeletePattern = NewButton("bnDeletePattern", tr("De&lete"), ShownKeys(Keys::kDelete), this);
   for (QPushButton* button : {vbInsertLeft, bnInsertRight}) {
     const QSize text = fontMetrics().size(Qt::TextShowMnemonic, button->text());
     button->setMinimumWidth(text.width() + kMenuButtonPadding);
@@ -112,10 +115,11 @@ QMenu* ConstructorStrip::NewMenu(Side side) {
                                           : QStringLiteral("mnInsertRight"));
   bool texts = false;
   for (const ElementKind& kind : kElementKinds) {
-    if (kind.number == kText && !std::exchange(texts, true)) menu->addSeparator();
     const int id = side == Side::kLeft ? kind.insert_left : kind.insert_right;
-    menu->addAction(QLatin1String(kind.caption), this, [this, id] { emit commandPicked(id); });
+    AddButton(*menu, id, tr(kind.caption), kind.number == kText && !std::exchange(texts, true));
   }
+  connect(menu, &QMenu::triggered, this,
+          [this](const QAction* action) { emit commandPicked(action->data().toInt()); });
   return menu;
 }
 

@@ -20,6 +20,7 @@
 #include "look/look.h"
 #include "look/name_field.h"
 #include "look/number_field.h"
+#include "look/shortcuts.h"
 #include "names/transform.h"
 #include "platform/qt/text_qt.h"
 
@@ -103,10 +104,6 @@ void AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool is_
   row->addWidget(field, is_number ? 0 : 1);
 }
 
-QKeySequence KeysOfPage(int page) {
-  return QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_4 + page));
-}
-
 /// A dot, or as much room without one, so that no tab moves.
 QIcon Dot(bool filled, qreal scale) {
   QPixmap picture(QSize(kDot, kDot) * scale);
@@ -141,7 +138,7 @@ TransformPane::TransformPane(const Parts& parts, const TransformNames& names) : 
   BuildReplacePage(names.replace);
   BuildAddPage(names.part);
   for (int page = 0; page < pages_->count(); ++page) {
-    connect(new QShortcut(KeysOfPage(page), this), &QShortcut::activated, pages_,
+    connect(NewShortcut(Behind(Keys::kRemovePage, page), this), &QShortcut::activated, pages_,
             [this, page] { pages_->setCurrentIndex(page); });
   }
   OnSignal(pages_, &QTabWidget::currentChanged, HandlerOf(names.pages, "_SelectedChanged(Item)"),
@@ -158,7 +155,7 @@ void TransformPane::MarkPages() {
   const TransformSteps steps = shown == nullptr ? TransformSteps{} : StepsInUse(shown->transform);
   const bool in_use[] = {steps.cut, steps.replace, steps.add};
   for (int page = 0; page < pages_->count(); ++page) {
-    const QString keys = KeysOfPage(page).toString(QKeySequence::NativeText);
+    const QString keys = ShownKeys(Behind(Keys::kRemovePage, page));
     pages_->setTabToolTip(page, in_use[page] ? tr("%1 (in use)").arg(keys) : keys);
     pages_->setTabIcon(page, Dot(in_use[page], devicePixelRatioF()));
   }

@@ -12,36 +12,27 @@
 #include "filelist/list_view.h"
 #include "filelist/row_menu.h"
 #include "look/handlers.h"
-#include "look/look.h"
 #include "platform/qt/ordinary_pointer_qt.h"
 #include "platform/qt/text_qt.h"
-#include "settings/window_placement_qt.h"
 
 namespace {
 
 constexpr int kMargin = 12;
 constexpr int kListGap = 10;
-constexpr int kButtonWidth = 88;
 constexpr int kMostLeastWidth = 900;  ///< with a large font, so that no column is out of sight
 
 }  // namespace
 
 ResultWindow::ResultWindow(const ResultKind& kind, const RunReports& reports,
                            const Services& services, QWidget* parent)
-    : QDialog(parent),
+    : DialogFrame(kind.frm, text::ToQt(kind.title), Buttons::kOk, parent),
       kind_(kind),
       services_(services),
       list_(kind.source(reports)),
       model_(new GroupedRowsModel(list_, this)) {
   list_.SetGroupColumn(kResultPath);
-  setObjectName(text::ToQt(kind.frm));
-  setWindowTitle(text::ToQt(kind.title));
   ErrTrace::top(Handler("Form_Load"), [&] { Form_Load(); });
-  new WindowPlacement(services.settings, *this, std::string(kind.frm));
-}
-
-std::string ResultWindow::Handler(std::string_view procedure) const {
-  return std::string(kind_.frm).append(".").append(procedure);
+  KeepPlacement(services.settings);
 }
 
 void ResultWindow::Form_Load() {
@@ -62,24 +53,13 @@ void ResultWindow::LayOut() {
   lbFilesCount = new QLabel(this);
   lbFilesCount->setObjectName(QStringLiteral("lbFilesCount"));
   lbFilesCount->setTextFormat(Qt::PlainText);
-  bnOK = new QPushButton(tr("&OK"), this);
-  bnOK->setObjectName(QStringLiteral("bnOK"));
-  bnOK->setMinimumWidth(kButtonWidth);
-  bnOK->setDefault(true);
-
-  auto* row = new QHBoxLayout;
-  row->setSpacing(measure::kBlockGap);
-  row->addWidget(lbFilesCount, 1);
-  row->addWidget(bnOK);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  column->setSpacing(kListGap);
-  column->addWidget(ReportControl1, 1);
-  column->addLayout(row);
+  layout()->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout()->setSpacing(kListGap);
+  Body()->addWidget(ReportControl1);
+  Foot()->insertWidget(0, lbFilesCount, 1);
 }
 
 void ResultWindow::Connect() {
-  OnSignal(bnOK, &QPushButton::clicked, this, Handler("bnOK_Click"), [this] { accept(); });
   OnSignal(ReportControl1, &ListView::sortAsked, this, Handler("ReportControl1_SortOrderChanged"),
            [this](int column, Qt::SortOrder order) { ReportControl1->SortRows(column, order); });
   OnSignal(ReportControl1, &ListView::rowDblClick, this,

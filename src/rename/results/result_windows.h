@@ -1,18 +1,16 @@
 #pragma once
 
-#include <QDialog>
-
+#include "look/dialog_frame.h"
 #include "platform/services.h"
 #include "rename/results/result_kinds.h"
 
 class GroupedRowsModel;
 class ListView;
 class QLabel;
-class QPushButton;
 
 /// One of the two windows, "Form3" and "Form7", that tell what a run could not do as planned.
 /// Which one it is stands in its `ResultKind`. Made once and hidden; holds no record itself.
-class ResultWindow : public QDialog {
+class ResultWindow : public DialogFrame {
   Q_OBJECT
 
  public:
@@ -25,11 +23,8 @@ class ResultWindow : public QDialog {
 
   ListView* ReportControl1;
   QLabel* lbFilesCount;
-  QPushButton* bnOK;
 
  private:
-  /// The handlers of each window stand in the trace under that window's name.
-  std::string Handler(std::string_view procedure) const;
   void Form_Load();
   void MakeList();
   void LayOut();
