@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "common/language.h"
 #include "common/path_text.h"
 #include "core/pass.h"
 #include "filelist/scan.h"
@@ -13,8 +14,7 @@
 
 namespace {
 
-constexpr std::string_view kNotAbsolute =
-    "The output folder must be a full path, as in /home/me/pictures/.";
+using namespace mLanguageGobals;
 
 Services WithEvents(const Services& s, EventPump& events) {
   return {s.files,      s.clock,   s.facts,   events,  s.locale,
@@ -57,19 +57,18 @@ const Commands::PassKind Commands::kPreview{.running = ModeScanning,
                                             .done = ModePreviewReady,
                                             .cancelled = ModeListReady,
                                             .show = &Commands::ShowRows,
-                                            .status = "Preview "};
-const Commands::PassKind Commands::kRename{
-    .running = ModeRunStarting,
-    .done = ModeRunFinished,
-    .cancelled = ModeRunCancelled,
-    .show = &Commands::ShowRows,
-    .status = "Renaming ",
-    .told_when_cancelled = "Process is not completed.\nSome of the files have been renamed."};
+                                            .status = kPreviewing};
+const Commands::PassKind Commands::kRename{.running = ModeRunStarting,
+                                           .done = ModeRunFinished,
+                                           .cancelled = ModeRunCancelled,
+                                           .show = &Commands::ShowRows,
+                                           .status = kRenaming,
+                                           .told_when_cancelled = kRunNotCompleted};
 const Commands::PassKind Commands::kUndo{.running = ModeRunning,
                                          .done = ModeUndoFinished,
                                          .cancelled = ModeUndoCancelled,
                                          .show = &Commands::ShowRows,
-                                         .status = "Renaming "};
+                                         .status = kRenaming};
 
 bool Commands::RunPass(const PassKind& kind, std::size_t count,
                        const std::function<bool(Pass&)>& work) {
@@ -107,7 +106,7 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 }
 
 void Commands::ShowList() {
-  if (list_state_ != EmptyList::kNotListed) state_.panes.paneTotal = "Total 0 files";
+  if (list_state_ != EmptyList::kNotListed) state_.panes.paneTotal = kTotalOfNone;
   view_.ListRepopulated(list_state_);
 }
 
@@ -168,11 +167,11 @@ void Commands::bnRename_Click() {
     const Options options = view_.ReadOptions();
     const OutputOptions& output = options.output;
     if (AsksForFolder(output.cmbDestination) && output.fdDestination.empty()) {
-      services_.prompts.Tell("Please select output folder", PromptIcon::kExclamation);
+      services_.prompts.Tell(kSelectOutputFolder, PromptIcon::kExclamation);
       return;
     }
     if (AsksForFolder(output.cmbDestination) && !mMain::IsAbsolutePath(output.fdDestination)) {
-      services_.prompts.Tell(kNotAbsolute, PromptIcon::kExclamation);
+      services_.prompts.Tell(kOutputMustBeFull, PromptIcon::kExclamation);
       return;
     }
     fRename({output, options.source.fdSourceFolder});
@@ -201,10 +200,9 @@ void Commands::bnUndo_Click() {
     });
     const std::size_t failed = reports.gFailureReport.size();
     if (!done) {
-      services_.prompts.Tell("Process is not completed.\nSome of the files are still renamed.",
-                             PromptIcon::kExclamation);
+      services_.prompts.Tell(kUndoNotCompleted, PromptIcon::kExclamation);
     } else if (failed != 0) {
-      services_.prompts.Tell("Undo failed for " + std::to_string(failed) + " file(s)",
+      services_.prompts.Tell(std::string(kUndoFailedFor) + std::to_string(failed) + kFiles,
                              PromptIcon::kCritical);
     }
   });

@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-/// The fixed texts that more than one place uses.
+/// The sentences that the logic shows. What a window says itself stands there, in tr(); captions
+/// stand in the row of their table, which the window translates.
 namespace mLanguageGobals {
 
 inline constexpr std::string_view kFile = "File";
@@ -47,5 +48,100 @@ inline constexpr std::string_view kOpenClient = "1) Open your email client";
 inline constexpr std::string_view kCreateDocument = "2) Create a new email document";
 inline constexpr std::string_view kAttachFileThird =
     "3) Attach the ErrorReport.txt file located in the folder (click to open folder):";
+
+// Why a file failed.
+inline constexpr std::string_view kGone = "The file or its folder no longer exists.";
+inline constexpr std::string_view kNoPermission = "You don't have permission to do this.";
+inline constexpr std::string_view kBadName = "The disk doesn't accept this file name.";
+inline constexpr std::string_view kInUse = "The file is in use.";
+inline constexpr std::string_view kTooManyOpen = "Too many files are open.";
+inline constexpr std::string_view kSilent = "The disk isn't responding.";
+inline constexpr std::string_view kFolderWasReplaced = "The folder was replaced by another.";
+inline constexpr std::string_view kFileWasChanged = "The file was changed in the meantime.";
+inline constexpr std::string_view kNewNameEmpty = "The new name is empty.";
+inline constexpr std::string_view kNewNameForbidden = "The new name has a forbidden character.";
+inline constexpr std::string_view kOutputNotFull = "The output folder isn't a full path.";
+inline constexpr std::string_view kRenamedSomehow = "It isn't known how this file was renamed.";
+inline constexpr std::string_view kWouldBlockUndo = "A new folder here would block Undo.";
+inline constexpr std::string_view kOriginalIsGone = "The original file no longer exists.";
+inline constexpr std::string_view kCopyWasChanged = "The copy was changed or replaced.";
+inline constexpr std::string_view kNoReasonGiven = "The system gave no reason.";
+inline constexpr std::string_view kNameTaken = "The name is already taken.";
+inline constexpr std::string_view kFileInsteadOfFolder =
+    "There is a file where a folder should be.";
+inline constexpr std::string_view kNameTooLong = "The name is too long.";
+inline constexpr std::string_view kReadOnly = "The disk is read-only.";
+inline constexpr std::string_view kDiskFull = "The disk is full.";
+inline constexpr std::string_view kShareUsedUp = "You have used up your share of the disk.";
+inline constexpr std::string_view kTooLargeForDisk = "The file is too large for this disk.";
+inline constexpr std::string_view kDiskError = "The disk reported an error.";
+inline constexpr std::string_view kFolderInWay = "A folder is in the way.";
+inline constexpr std::string_view kFolderNotEmpty = "The folder isn't empty.";
+inline constexpr std::string_view kOtherDisk = "This file can't be moved to another disk.";
+inline constexpr std::string_view kKindNotCopied = "This kind of file can't be copied.";
+inline constexpr std::string_view kNotSupported = "The disk doesn't support this.";
+inline constexpr std::string_view kTooManyLinks = "The file has too many links.";
+inline constexpr std::string_view kLinksInCircle = "The links in the path lead in a circle.";
+inline constexpr std::string_view kNoMemory = "There isn't enough memory.";
+inline constexpr std::string_view kDiskRemoved = "The disk was removed.";
+inline constexpr std::string_view kFileLost = "The disk has lost track of the file.";
+inline constexpr std::string_view kCancelled = "The operation was cancelled.";
+inline constexpr std::string_view kSystemSays = "The system says: ";
+
+// What the desktop refuses.
+inline constexpr std::string_view kNoResources =
+    "The operating system is out of memory or resources.";
+inline constexpr std::string_view kPathNotFound = "The specified path was not found.";
+inline constexpr std::string_view kAccessDenied =
+    "The operating system denied access to the specified file.";
+inline constexpr std::string_view kNotEnoughMemory =
+    "There was not enough memory to complete the operation.";
+inline constexpr std::string_view kBadProgram =
+    "The .exe file is invalid (non-Win32 .exe or error in .exe image).";
+inline constexpr std::string_view kSharingViolation = "A sharing violation occurred.";
+inline constexpr std::string_view kBadAssociation =
+    "The file name association is incomplete or invalid.";
+inline constexpr std::string_view kNoAssociation =
+    "There is no application associated with the given file name extension. This error will "
+    "also be returned if you attempt to print a file that is not printable.";
+
+// Typed names.
+inline constexpr std::string_view kBadNameChars =
+    "A filename cannot contain any of the following characters:\n"
+    "\\ / : * ? \" < > |";
+
+// Why the list has no rows: a line and a note.
+inline constexpr std::string_view kNoneListed = "No files listed";
+inline constexpr std::string_view kChooseAndList =
+    "Choose a source folder, then press “Prepare file list”.";
+inline constexpr std::string_view kNotComplete = "List not complete";
+inline constexpr std::string_view kListAgain = "Press “Prepare file list” to start again.";
+inline constexpr std::string_view kNoneFound = "No files found";
+inline constexpr std::string_view kFolderUnreadable = "The folder can't be read.";
+inline constexpr std::string_view kNoClosingSeparator = "The source folder does not end in “/”.";
+inline constexpr std::string_view kNoFileHere = "There is no file in this folder.";
+inline constexpr std::string_view kOnlyInSubfolders =
+    "There is no file in this folder itself.\n"
+    "Tick “Include subfolders” to look into its subfolders.";
+inline constexpr std::string_view kSubfoldersUnreadable =
+    "There is no file in this folder, but some subfolders can't be read.";
+inline constexpr std::string_view kMasksNotParted =
+    "No file in this folder matches the masks.\n"
+    "Blanks part masks, as in *.jpg *.png.";
+inline constexpr std::string_view kNoMatch = "No file in this folder matches the masks.";
+
+// The commands and the status bar.
+inline constexpr std::string_view kPreviewing = "Preview ";
+inline constexpr std::string_view kRenaming = "Renaming ";
+inline constexpr std::string_view kTotalOfNone = "Total 0 files";
+inline constexpr std::string_view kSelectOutputFolder = "Please select output folder";
+inline constexpr std::string_view kOutputMustBeFull =
+    "The output folder must be a full path, as in /home/me/pictures/.";
+inline constexpr std::string_view kRunNotCompleted =
+    "Process is not completed.\nSome of the files have been renamed.";
+inline constexpr std::string_view kUndoFailedFor = "Undo failed for ";
+inline constexpr const char* kFiles = " file(s)";
+inline constexpr std::string_view kUndoNotCompleted =
+    "Process is not completed.\nSome of the files are still renamed.";
 
 }  // namespace mLanguageGobals

@@ -20,17 +20,15 @@ void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {
       ShellResult result;
       std::string_view message;
     } kMessages[] = {
-        {kShellNoResources, "The operating system is out of memory or resources."},
+        {kShellNoResources, mLanguageGobals::kNoResources},
         {kShellFileNotFound, mLanguageGobals::kFileNotFound},
-        {kShellPathNotFound, "The specified path was not found."},
-        {kShellDenied, "The operating system denied access to the specified file."},
-        {kShellNoMemory, "There was not enough memory to complete the operation."},
-        {kShellBadProgram, "The .exe file is invalid (non-Win32 .exe or error in .exe image)."},
-        {kShellSharing, "A sharing violation occurred."},
-        {kShellAssociationIncomplete, "The file name association is incomplete or invalid."},
-        {kShellNoAssociation,
-         "There is no application associated with the given file name extension. This error will "
-         "also be returned if you attempt to print a file that is not printable."},
+        {kShellPathNotFound, mLanguageGobals::kPathNotFound},
+        {kShellDenied, mLanguageGobals::kAccessDenied},
+        {kShellNoMemory, mLanguageGobals::kNotEnoughMemory},
+        {kShellBadProgram, mLanguageGobals::kBadProgram},
+        {kShellSharing, mLanguageGobals::kSharingViolation},
+        {kShellAssociationIncomplete, mLanguageGobals::kBadAssociation},
+        {kShellNoAssociation, mLanguageGobals::kNoAssociation},
     };
     for (const auto& row : kMessages) {
       if (row.result == lngReturn) prompts.Tell(row.message, PromptIcon::kExclamation);

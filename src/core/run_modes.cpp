@@ -1,5 +1,7 @@
 #include "core/run_modes.h"
 
+#include "common/language.h"
+
 namespace {
 
 /// What a mode does to a button.
@@ -66,7 +68,7 @@ void ApplyPanes(PaneStep step, std::size_t record_count, RunState& state) {
       BeIdle(state.panes);
       break;
     case PaneStep::kRunning:
-      state.panes.paneStatus = "Renaming ";
+      state.panes.paneStatus = mLanguageGobals::kRenaming;
       state.panes.progressVisible = true;
       state.panes.totalStretched = false;
       break;

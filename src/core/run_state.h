@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "common/language.h"
 #include "settings/options.h"
 
 /// What the three panes of the status bar show. The passes write it; the window shows it whenever
@@ -13,7 +14,7 @@ struct StatusPanes {
   bool progressVisible = false;  ///< of paneProgress; its Min is 0
   std::int64_t progressMax = 0;
   std::int64_t progressValue = 0;
-  std::string paneTotal = "Total 0 files";
+  std::string paneTotal{mLanguageGobals::kTotalOfNone};
   bool totalStretched = true;  ///< takes the rest of the bar; not so while busy
 };
 

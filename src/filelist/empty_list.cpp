@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::string_view kNone = "No files found";
-
 bool HoldsOtherSeparator(std::string_view masks) {
   return masks.find_first_of(";,") != masks.npos;
 }
@@ -33,34 +31,31 @@ EmptyList WhyEmpty(const ScanFindings& findings, std::string_view folder, bool f
 }
 
 EmptyListTexts TextsOf(EmptyList reason) {
+  using namespace mLanguageGobals;
   static_assert(kNative.separator == '/', "it stands in a text");
   switch (reason) {
     case EmptyList::kNotListed:
-      return {"No files listed", "Choose a source folder, then press “Prepare file list”."};
+      return {kNoneListed, kChooseAndList};
     case EmptyList::kListing:
       break;
     case EmptyList::kNotComplete:
-      return {"List not complete", "Press “Prepare file list” to start again."};
+      return {kNotComplete, kListAgain};
     case EmptyList::kFolderMissing:
-      return {kNone, mLanguageGobals::kFolderNotFound};
+      return {kNoneFound, kFolderNotFound};
     case EmptyList::kFolderUnreadable:
-      return {kNone, "The folder can't be read."};
+      return {kNoneFound, kFolderUnreadable};
     case EmptyList::kSeparatorMissing:
-      return {kNone, "The source folder does not end in “/”."};
+      return {kNoneFound, kNoClosingSeparator};
     case EmptyList::kNoFile:
-      return {kNone, "There is no file in this folder."};
+      return {kNoneFound, kNoFileHere};
     case EmptyList::kOnlySubfolders:
-      return {kNone,
-              "There is no file in this folder itself.\n"
-              "Tick “Include subfolders” to look into its subfolders."};
+      return {kNoneFound, kOnlyInSubfolders};
     case EmptyList::kSubfolderUnreadable:
-      return {kNone, "There is no file in this folder, but some subfolders can't be read."};
+      return {kNoneFound, kSubfoldersUnreadable};
     case EmptyList::kNoMatch:
-      return {kNone, "No file in this folder matches the masks."};
+      return {kNoneFound, kNoMatch};
     case EmptyList::kMasksNotParted:
-      return {kNone,
-              "No file in this folder matches the masks.\n"
-              "Blanks part masks, as in *.jpg *.png."};
+      return {kNoneFound, kMasksNotParted};
   }
   return {};
 }

@@ -62,11 +62,10 @@ void FileListPanel::MakeControls() {
   cmbGroupBy->setObjectName(QStringLiteral("cmbGroupBy"));
   for (const int column : kGroupColumns) {
     const auto at = static_cast<std::size_t>(column);
-    cmbGroupBy->addItem(column < 0 ? QStringLiteral("None")
-                                   : text::ToQt(grid_.List().Columns()[at].caption));
+    cmbGroupBy->addItem(column < 0 ? tr("None") : text::ToQt(grid_.List().Columns()[at].caption));
   }
   cmbGroupBy->setCurrentIndex(static_cast<int>(GroupBy::kPath));
-  Label21 = new QLabel(QStringLiteral("Group files b&y"), this);
+  Label21 = new QLabel(tr("Group files b&y"), this);
   Label21->setObjectName(QStringLiteral("Label21"));
   Label21->setBuddy(cmbGroupBy);
 }
@@ -86,7 +85,7 @@ void FileListPanel::MakeColumnBoxes() {
 void FileListPanel::MakeList() {
   ReportControl1 = new ListView(*model_, this);
   ReportControl1->setObjectName(QStringLiteral("ReportControl1"));
-  ReportControl1->setAccessibleName(QStringLiteral("Files"));
+  ReportControl1->setAccessibleName(tr("Files"));
 }
 
 void FileListPanel::LayOut() {

@@ -160,14 +160,14 @@ NumberField* ConstructorEditor::RefusedField() const {
 bool ConstructorEditor::TellRefusedNumber() {
   NumberField* field = RefusedField();
   if (field == nullptr) return false;
-  QString place = QStringLiteral("in “%1”").arg(panes_->currentWidget()->accessibleName());
+  QString place = tr("in “%1”").arg(panes_->currentWidget()->accessibleName());
   if (const QTabWidget* pages = TurnToPageOf(field)) {
-    place = QStringLiteral("on the page “%1”").arg(pages->tabText(pages->currentIndex()));
+    place = tr("on the page “%1”").arg(pages->tabText(pages->currentIndex()));
   }
   field->setFocus();
   field->selectAll();
-  services_.prompts.Tell(text::FromQt(QStringLiteral("The number “%1” %2 is too large.\n"
-                                                     "The largest that can be used is %3.")
+  services_.prompts.Tell(text::FromQt(tr("The number “%1” %2 is too large.\n"
+                                         "The largest that can be used is %3.")
                                           .arg(CaptionOf(field), place)
                                           .arg(std::numeric_limits<std::int32_t>::max())),
                          PromptIcon::kExclamation);

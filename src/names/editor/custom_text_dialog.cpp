@@ -33,7 +33,7 @@ Form5::Form5(Prompts& prompts, SettingsStore& settings, QWidget* parent)
 void Form5::bnOK_Click() {
   const std::string typed = text::FromQt(fdText->text());
   if (typed.empty()) {
-    prompts_.Tell("The text field is empty.", PromptIcon::kCritical);
+    prompts_.Tell(text::FromQt(tr("The text field is empty.")), PromptIcon::kCritical);
     return;
   }
   if (mMain::HasBadFileNameChars(typed, prompts_)) return;
