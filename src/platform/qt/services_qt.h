@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 
 #include "platform/services.h"
 
@@ -24,7 +23,7 @@ class QtFolders : public Folders {
 /// The facts of a locale as Qt knows it: by default the user's.
 class QtLocaleFacts : public LocaleFacts {
  public:
-  explicit QtLocaleFacts(QLocale locale = QLocale::system()) : locale_(std::move(locale)) {}
+  explicit QtLocaleFacts(const QLocale& locale = QLocale::system()) : locale_(locale) {}
 
   std::string MonthName(int month) const override;
   std::string ShortMonthName(int month) const override;
