@@ -29,6 +29,12 @@ namespace {
 constexpr int kLeastWidth = 930;
 constexpr int kLeastHeight = 484;
 
+/// What each command button starts.
+constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
+    &Commands::bnLoadFileList_Click, &Commands::bnPreview_Click, &Commands::bnRename_Click,
+    &Commands::bnUndo_Click,         &Commands::bnCancel_Click,
+};
+
 }  // namespace
 
 Form1::Form1(Session& session, const Services& services, QWidget* parent)
@@ -153,10 +159,7 @@ void Form1::Start(CommandButton button) {
   if (by_numbers && editor_->TellRefusedNumber()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
-  if (button == CommandButton::bnLoadFileList) commands_.bnLoadFileList_Click();
-  if (button == CommandButton::bnPreview) commands_.bnPreview_Click();
-  if (button == CommandButton::bnRename) commands_.bnRename_Click();
-  if (button == CommandButton::bnUndo) commands_.bnUndo_Click();
+  (commands_.*kCommands[static_cast<std::size_t>(button)])();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
