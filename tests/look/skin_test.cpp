@@ -95,30 +95,24 @@ TEST_F(SkinTest, EveryRoleStandsOutFromItsGrounds) {
   }
 }
 
-TEST_F(SkinTest, TheDesktopDecidesBetweenLightAndDark) {
+TEST_F(SkinTest, TheDesktopDecidesBetweenLightAndDarkAndOffGivesItBack) {
+  const QString style = QApplication::style()->name();
   for (const bool dark : {true, false}) {
     ApplySkin(*qApp, false);
     QApplication::setPalette(DesktopPalette(dark));
-    ApplySkin(*qApp, true);
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    // The second time: the skin's own palette must not be taken for the desktop's.
+    for (int time = 0; time < 2; ++time) ApplySkin(*qApp, true);
     EXPECT_EQ(Look::Current().Dark(), dark);
     EXPECT_EQ(QApplication::palette().color(QPalette::Window),
               QColor(dark ? 0xFF17202B : 0xFFEDF2F8));
-    // The skin's own palette must not be taken for the desktop's.
-    ApplySkin(*qApp, true);
-    EXPECT_EQ(Look::Current().Dark(), dark);
+    EXPECT_FALSE(qApp->styleSheet().isEmpty());
+    ApplySkin(*qApp, false);
+    EXPECT_TRUE(qApp->styleSheet().isEmpty());
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), ground);
+    EXPECT_EQ(QApplication::style()->name(), style);
+    EXPECT_EQ(Look::Current().Colour(Role::kDone), QColor(50, 150, 50));
   }
-}
-
-TEST_F(SkinTest, OffGivesTheDesktopBack) {
-  QApplication::setPalette(DesktopPalette(true));
-  const QString style = QApplication::style()->name();
-  ApplySkin(*qApp, true);
-  EXPECT_FALSE(qApp->styleSheet().isEmpty());
-  ApplySkin(*qApp, false);
-  EXPECT_TRUE(qApp->styleSheet().isEmpty());
-  EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(30, 30, 30));
-  EXPECT_EQ(QApplication::style()->name(), style);
-  EXPECT_EQ(Look::Current().Colour(Role::kDone), QColor(50, 150, 50));
 }
 
 TEST_F(SkinTest, TheSheetIsWholeAndItsPicturesAreThere) {
