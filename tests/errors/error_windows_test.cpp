@@ -6,10 +6,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QStringListModel>
 #include <QTimer>
 #include <stdexcept>
 #include <utility>
@@ -141,12 +139,6 @@ class BrokenWidget : public QWidget {
   int painted = 0;
 };
 
-class BrokenModel : public QStringListModel {
- public:
-  using QStringListModel::QStringListModel;
-  QVariant data(const QModelIndex&, int) const override { throw Failure(kTypeMismatch, "model"); }
-};
-
 /// While it lives, what is lost is no leak: an exception on its way through Qt frees nothing that
 /// Qt holds at that moment.
 struct LossesAreMeant {
@@ -157,8 +149,6 @@ struct LossesAreMeant {
   ~LossesAreMeant() {
     __lsan_enable();
   }
-#else
-  LossesAreMeant() {}
 #endif
 };
 
@@ -167,9 +157,6 @@ TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
   QWidget main_window;
   reporter.MainWindowLoaded(&main_window);
   BrokenWidget painter;
-  BrokenModel model({QStringLiteral("a"), QStringLiteral("b")});
-  QListView list;
-  list.setModel(&model);
   QPushButton slot;
   QObject::connect(&slot, &QPushButton::clicked, [] { throw std::runtime_error("slot"); });
   int closed = 0;
@@ -180,23 +167,18 @@ TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
     ++closed;
   });
   user.start(0);
-  const auto repaint_thrice = [](QWidget& widget) {
-    widget.show();
-    for (int i = 0; i < 3; ++i) {
-      widget.repaint();
-      QCoreApplication::processEvents();
-    }
-  };
-  const LossesAreMeant meant;
-  repaint_thrice(painter);
+  [[maybe_unused]] const LossesAreMeant meant;
+  painter.show();
+  for (int i = 0; i < 3; ++i) {
+    painter.repaint();
+    QCoreApplication::processEvents();
+  }
   EXPECT_GE(painter.painted, 3);
   EXPECT_EQ(std::exchange(closed, 0), 1) << "another number in its words is no other failure";
-  repaint_thrice(list);
-  EXPECT_GE(std::exchange(closed, 0), 1);
   for (int i = 0; i < 2; ++i) Press(&slot, Qt::Key_Space);
   EXPECT_EQ(closed, 2) << "a slot fails at each press";
-  EXPECT_THAT(Saved(), AllOf(HasSubstr("paint 1 \r\n"), HasSubstr("model \r\n"),
-                             HasSubstr("slot \r\n"), testing::Not(HasSubstr("paint 2"))));
+  EXPECT_THAT(Saved(), AllOf(HasSubstr("paint 1 \r\n"), HasSubstr("slot \r\n"),
+                             testing::Not(HasSubstr("paint 2"))));
 }
 
 /// A desktop that can't even name its folders.

@@ -105,9 +105,11 @@ TEST_F(ReportFileTest, WritesNowhereButIntoAFileOfTheUsersOwnAndNeverWaitsForAno
   for (const auto& [what, make] : table) {
     SCOPED_TRACE(what);
     for (const auto& old : {folder, far}) std::filesystem::remove_all(old);
-    for (const char* name : {"Quorvane", "far"}) documents_.MakeFolder(name);
-    for (const char* name : {kFile, "kept.txt", "far/ErrorReport.txt"})
-      documents_.Write(name, "old");
+    for (const std::string name : {"Quorvane", "far"}) {
+      documents_.MakeFolder(name);
+      documents_.Write(name + "/ErrorReport.txt", "old");
+    }
+    documents_.Write("kept.txt", "old");
     ASSERT_EQ(make(), 0);
     Save("text");
     EXPECT_EQ(waited_ms_, 0);

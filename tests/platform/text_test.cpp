@@ -25,19 +25,16 @@ TEST(Text, NeverTearsACharacter) {
     std::string t;
     for (const std::string& character : characters) t += character;
     SCOPED_TRACE(t);
-    std::size_t at = 0;
+    EXPECT_EQ(text::Length(t), characters.size());
+    std::size_t at = 0, n = 0;
     for (const std::string& character : characters) {
+      EXPECT_EQ(text::Left(t, n), t.substr(0, at));
+      EXPECT_EQ(text::Right(t, characters.size() - n), t.substr(at));
       EXPECT_EQ(text::NextCharacter(t, at), at + character.size());
       at += character.size();
+      ++n;
     }
-    EXPECT_EQ(text::Length(t), characters.size());
-    std::string left;
-    for (std::size_t n = 0; n <= characters.size() + 1; ++n) {
-      EXPECT_EQ(text::Left(t, n), left);
-      const std::size_t rest = n < characters.size() ? characters.size() - n : 0;
-      EXPECT_EQ(left + std::string(text::Right(t, rest)), t);
-      if (n < characters.size()) left += characters[n];
-    }
+    for (const std::size_t all : {n, n + 1}) EXPECT_EQ(text::Left(t, all), t);
   }
 }
 

@@ -137,16 +137,16 @@ TEST_F(ErrTraceTest, AFailureThatWasLostSaysSoAndAPreservedOneOutlivesItsHandler
 }
 
 TEST_F(ErrTraceTest, SectionsStandAtTheirPlaces) {
+  const auto actions = [](std::string& report, int n) {
+    report += "    n=" + std::to_string(n) + "\r\n";
+  };
   ErrTrace::SetSections({.database = [](std::string& report, int) { report += "  ADO \r\n"; },
                          .web = [](std::string& report, int) { report += "  Web \r\n"; },
-                         .transaction =
-                             [](std::string& report, int actions) {
-                               report += "    Transaction: " + std::to_string(actions) + "\r\n";
-                             }});
+                         .transaction = actions});
   EXPECT_THAT(ArgumentLine(1),
               AllOf(HasSubstr("Description: x\r\n  ADO \r\n  Web \r\n  Call Stack: "),
-                    HasSubstr("-\r\n    Transaction: 35\r\n  Call Stack: Test() -"),
-                    testing::EndsWith("-\r\n    Transaction: 42\r\n")));
+                    HasSubstr("-\r\n    n=35\r\n  Call Stack: Test() -"),
+                    testing::EndsWith("-\r\n    n=42\r\n")));
 }
 
 TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {

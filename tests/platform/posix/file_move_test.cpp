@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 
 #include <string>
 #include <vector>
@@ -56,21 +55,4 @@ TEST(MoveFile, ToAnotherDeviceTakesNoKindThatCanNotBeCopiedAndNoFileThatChanges)
   EXPECT_EQ(files->Problem(), kSourceChanged);
   EXPECT_EQ(home.List(), (Names{"e", "fifo"}));
   EXPECT_EQ(away.List(), Names());
-}
-
-TEST(MoveFile, CopiesOverABindMountThatTellsTheSameDevice) {
-  const TempFolder folder;
-  folder.MakeFolder("real");
-  folder.MakeFolder("bound");
-  const std::string bound = folder / "bound";
-  if (::mount((folder / "real").c_str(), bound.c_str(), nullptr, MS_BIND, nullptr) != 0) {
-    GTEST_SKIP() << "a bind mount needs root";
-  }
-  folder.Write("a", "A");
-  const auto files = MakePosixFileSystem();
-  EXPECT_TRUE(files->MoveFile(folder / "a", bound + "/a", {}));
-  EXPECT_EQ(folder.Read("real/a"), "A");
-  EXPECT_FALSE(folder.Has("a"));
-  files->LetFoldersGo();
-  EXPECT_EQ(::umount(bound.c_str()), 0) << "a folder handle was kept";
 }

@@ -17,9 +17,7 @@ TEST(TextQt, ShowsWhatNoFontHasAsAReplacementAndKeepsTheRest) {
     std::string_view name;
     const char* shown;
   } table[] = {
-      {"\xFF"
-       "a\nb\tc\x7F",
-       "�a�b�c�"},
+      {"a\nb\tc\x7F\xFFz", "a�b�c��z"},
       {"next\u0085line\u202Eleft", "next�line�left"},
       {"\U0001F950 a\u00A0b\u2027c", "\U0001F950 a\u00A0b\u2027c"},
       {"a\u200B\u200E\u200F\u061C\u2060\uFEFF\u2066\u2069z", "a��������z"},
