@@ -20,7 +20,6 @@ TEST(Drives, TellWhyAPathCanNotBeReached) {
                {"/in/b.txt", true, true, "The specified file was not found."},
                {"/out", false, true, "The specified folder was not found."},
                {"/out", false, false, ""},
-               {"relative", true, true, "The drive is not present."},
                {"", true, true, "The drive is not present."},
                {"/", false, true, ""},
                {"c:\\x", true, true, "The drive is not present.", kDrive}};
@@ -29,10 +28,6 @@ TEST(Drives, TellWhyAPathCanNotBeReached) {
               row.refusal)
         << row.path;
   }
-  FakePrompts prompts;
-  EXPECT_TRUE(mMain::FileManager(files, prompts, "/in/a.txt", kPosix));
-  EXPECT_FALSE(mMain::FileManager(files, prompts, "/in/b.txt", kPosix));
-  EXPECT_EQ(prompts.told, std::vector<std::string>{"The specified file was not found."});
   EXPECT_TRUE(mScanCD::FolderExist(files, "abc", kDrive)) << "of a root's length";
   EXPECT_FALSE(mScanCD::FolderExist(files, "abc", kPosix));
 }

@@ -5,30 +5,25 @@
 #include <string>
 
 TEST(NumberText, IsWrittenAnewAndKnowsItsRange) {
+  const std::string nines(400, '9');
   const struct {
-    std::string typed;
-    std::string text;
+    std::string typed, text;
     std::optional<std::int32_t> value;
-  } table[] = {
-      {"", "0", 0},
-      {"000", "0", 0},
-      {"007", "7", 7},
-      {"2147483647", "2147483647", 2147483647},
-      {"2147483648", "2147483648", std::nullopt},
-      {"0099999999999", "99999999999", std::nullopt},
-      {"12345678901234567890", "1.23456789012346E+19", std::nullopt},
-      // Left a second time, the form that was written is no small number.
-      {"1.23456789012346E+19", "1.23456789012346E+19", std::nullopt},
-      {std::string(400, '9'), std::string(400, '9'), std::nullopt},
-      // Pasted.
-      {"-5", "0", 0},
-      {"inf", "0", 0},
-      {"12 files", "12", 12},
-  };
+  } table[] = {{"", "0", 0},
+               {"000", "0", 0},
+               {"007", "7", 7},
+               {"2147483647", "2147483647", 2147483647},
+               {"2147483648", "2147483648", std::nullopt},
+               {"0099999999999", "99999999999", std::nullopt},
+               {"12345678901234567890", "1.23456789012346E+19", std::nullopt},
+               {"1.23456789012346E+19", "1.23456789012346E+19", std::nullopt},
+               {nines, nines, std::nullopt},
+               {"-5", "0", 0},
+               {"inf", "0", 0},
+               {"12 files", "12", 12}};
   for (const auto& row : table) {
-    SCOPED_TRACE(row.typed);
     const NumberText number = NormalizeNumber(row.typed);
     EXPECT_EQ(number.text, row.text);
-    EXPECT_EQ(number.value, row.value);
+    EXPECT_EQ(number.value, row.value) << row.typed;
   }
 }

@@ -6,27 +6,11 @@
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-namespace {
-
-std::vector<std::string> Characters(std::string_view t) {
-  std::vector<std::string> characters;
-  for (std::size_t at = 0; at < t.size();) {
-    const std::size_t next = text::NextCharacter(t, at);
-    characters.emplace_back(t.substr(at, next - at));
-    at = next;
-  }
-  return characters;
-}
-
-}  // namespace
-
 TEST(Text, NeverTearsACharacter) {
   const std::vector<std::string> table[] = {
       {},
-      {"p", "l", "a", "i", "n"},
       {"a", "\r\n", "b", "\r", "c", "\n", "\r"},
       {"e\u0301", "t", "e\u0301"},                          // accents on their own
-      {"\u00E9", "\u0436", "\u03A9", "\uFB01"},             // one code point each
       {"o\u0302\u0323", "x"},                               // two marks
       {"\U0001F468\u200D\U0001F469\u200D\U0001F467", "1"},  // a family joined by ZWJ
       {"\U0001F44D\U0001F3FD", "\u2764\uFE0F"},             // skin tone, variation selector
@@ -41,15 +25,16 @@ TEST(Text, NeverTearsACharacter) {
     std::string t;
     for (const std::string& character : characters) t += character;
     SCOPED_TRACE(t);
-    EXPECT_EQ(Characters(t), characters);
     EXPECT_EQ(text::Length(t), characters.size());
-    std::string left;
-    for (std::size_t n = 0; n <= characters.size() + 1; ++n) {
-      EXPECT_EQ(text::Left(t, n), left);
-      const std::size_t rest = n < characters.size() ? characters.size() - n : 0;
-      EXPECT_EQ(left + std::string(text::Right(t, rest)), t);
-      if (n < characters.size()) left += characters[n];
+    std::size_t at = 0, n = 0;
+    for (const std::string& character : characters) {
+      EXPECT_EQ(text::Left(t, n), t.substr(0, at));
+      EXPECT_EQ(text::Right(t, characters.size() - n), t.substr(at));
+      EXPECT_EQ(text::NextCharacter(t, at), at + character.size());
+      at += character.size();
+      ++n;
     }
+    for (const std::size_t all : {n, n + 1}) EXPECT_EQ(text::Left(t, all), t);
   }
 }
 
@@ -57,14 +42,12 @@ TEST(Text, MapsCaseOneToOne) {
   const struct {
     const char *given, *upper, *lower;
   } table[] = {
-      {"", "", ""},
       {"@AZ[`az{", "@AZ[`AZ{", "@az[`az{"},
       {"Stra\u00DFe", "STRA\u00DFE", "stra\u00DFe"},
       {"\u03A3\u03AF\u03C3\u03C5\u03C6\u03BF\u03C2", "\u03A3\u038A\u03A3\u03A5\u03A6\u039F\u03A3",
        "\u03C3\u03AF\u03C3\u03C5\u03C6\u03BF\u03C2"},
       {"\u0130I\u0131i", "\u0130III", "ii\u0131i"},
       {"\u01C6", "\u01C4", "\u01C6"},
-      {"e\u0301", "E\u0301", "e\u0301"},
       {"\U00010428", "\U00010400", "\U00010428"},
       {"\u023A", "\u023A", "\u2C65"},
       {"a\xFF\xC3z\xE9", "A\xFF\xC3Z\xE9", "a\xFF\xC3z\xE9"}};
@@ -83,18 +66,14 @@ TEST(Text, ReplacesWholeCharactersWithoutRegardToCase) {
     const char *t, *find, *replacement, *result;
   } table[] = {{"AbA", "a", "aa", "aabaa"},
                {"abc", "", "x", "abc"},
-               {"", "a", "x", ""},
-               {"aaaa", "aa", "b", "bb"},
                {"aaa", "AA", "b", "ba"},
                {"aab", "ab", "", "a"},
                {"\u00C4pfel", "\u00E4P", "Xx", "Xxfel"},
                {"stra\u00DFe", "ss", "x", "stra\u00DFe"},
                {"re\u0301sume\u0301", "e", "x", "re\u0301sume\u0301"},
-               {"re\u0301sume", "\u0301", "x", "re\u0301sume"},
                {"re\u0301sume", "E\u0301S", "_", "r_ume"},
                {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", "\U0001F1EA\U0001F1EB", "x",
                 "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
-               {"\U0001F468\u200D\U0001F469", "\U0001F469", "x", "\U0001F468\u200D\U0001F469"},
                {"a\xFF\xFE", "\xFF", "x", "ax\xFE"},
                {"\xC3\xA9", "\xC3", "x", "\xC3\xA9"},
                {"a\r\nb", "\n", "x", "a\r\nb"},

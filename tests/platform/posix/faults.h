@@ -72,37 +72,22 @@ void Inject(Fault& fault, std::string_view name, std::function<Answer(Args...)>&
   };
 }
 
+/// Puts it before each of the named calls.
+template <class Call, class... More>
+void Inject(Fault& fault, std::string_view name, Call& call, More&... more) {
+  Inject(fault, name, call);
+  Inject(fault, more...);
+}
+
 /// Puts it before every one of the calls.
-inline void Inject(Syscalls& calls, Fault& fault) {
-  static_assert(sizeof(Syscalls) == 30 * sizeof(calls.close), "a new call stands here too");
-  Inject(fault, "openat", calls.openat);
-  Inject(fault, "close", calls.close);
-  Inject(fault, "dup", calls.dup);
-  Inject(fault, "statx", calls.statx);
-  Inject(fault, "fstatfs", calls.fstatfs);
-  Inject(fault, "readlinkat", calls.readlinkat);
-  Inject(fault, "getdents", calls.getdents);
-  Inject(fault, "renameat2", calls.renameat2);
-  Inject(fault, "renameat", calls.renameat);
-  Inject(fault, "linkat", calls.linkat);
-  Inject(fault, "unlinkat", calls.unlinkat);
-  Inject(fault, "mkdirat", calls.mkdirat);
-  Inject(fault, "symlinkat", calls.symlinkat);
-  Inject(fault, "clone", calls.clone);
-  Inject(fault, "copy_file_range", calls.copy_file_range);
-  Inject(fault, "lseek", calls.lseek);
-  Inject(fault, "pread", calls.pread);
-  Inject(fault, "pwrite", calls.pwrite);
-  Inject(fault, "ftruncate", calls.ftruncate);
-  Inject(fault, "fsync", calls.fsync);
-  Inject(fault, "syncfs", calls.syncfs);
-  Inject(fault, "fchown", calls.fchown);
-  Inject(fault, "fchmod", calls.fchmod);
-  Inject(fault, "flistxattr", calls.flistxattr);
-  Inject(fault, "fgetxattr", calls.fgetxattr);
-  Inject(fault, "fsetxattr", calls.fsetxattr);
-  Inject(fault, "fremovexattr", calls.fremovexattr);
-  Inject(fault, "futimens", calls.futimens);
-  Inject(fault, "utimensat", calls.utimensat);
-  Inject(fault, "kill", calls.kill);
+inline void Inject(Syscalls& c, Fault& fault) {
+  static_assert(sizeof(Syscalls) == 30 * sizeof(c.close), "a new call stands here too");
+  Inject(fault, "openat", c.openat, "close", c.close, "dup", c.dup, "statx", c.statx, "fstatfs",
+         c.fstatfs, "readlinkat", c.readlinkat, "getdents", c.getdents, "renameat2", c.renameat2,
+         "renameat", c.renameat, "linkat", c.linkat, "unlinkat", c.unlinkat, "mkdirat", c.mkdirat,
+         "symlinkat", c.symlinkat, "clone", c.clone, "copy_file_range", c.copy_file_range, "lseek",
+         c.lseek, "pread", c.pread, "pwrite", c.pwrite, "ftruncate", c.ftruncate, "fsync", c.fsync,
+         "syncfs", c.syncfs, "fchown", c.fchown, "fchmod", c.fchmod, "flistxattr", c.flistxattr,
+         "fgetxattr", c.fgetxattr, "fsetxattr", c.fsetxattr, "fremovexattr", c.fremovexattr,
+         "futimens", c.futimens, "utimensat", c.utimensat, "kill", c.kill);
 }

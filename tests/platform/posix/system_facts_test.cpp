@@ -11,25 +11,19 @@
 TEST(SystemClock, TellsMomentsInTheUsersTimeZone) {
   const char* before = ::getenv("TZ");
   const std::string kept = before ? before : "";
-  constexpr char kSummerTime[] = "CET-1CEST,M3.5.0,M10.5.0/3";
-  struct {
-    const char* zone;
-    std::int64_t seconds;
+  const std::pair<std::int64_t, std::vector<int>> table[] = {
+      {-3601, {1969, 12, 31, 23, 59, 59}},
+      {1'711'846'799, {2024, 3, 31, 1, 59, 59}},
+      {1'711'846'800, {2024, 3, 31, 3, 0, 0}},
+      {4'102'444'800, {2100, 1, 1, 1, 0, 0}},
+      {std::numeric_limits<std::int64_t>::max(), {}}};
+  ::setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);
+  for (const auto& [seconds, expected] : table) {
     std::vector<int> moment;
-  } const table[] = {
-      {"UTC0", -1, {1969, 12, 31, 23, 59, 59}},
-      {"UTC0", 4'102'444'800, {2100, 1, 1, 0, 0, 0}},
-      {kSummerTime, 1'711'846'799, {2024, 3, 31, 1, 59, 59}},
-      {kSummerTime, 1'711'846'800, {2024, 3, 31, 3, 0, 0}},
-      {"UTC0", std::numeric_limits<std::int64_t>::max(), {}},
-  };
-  for (const auto& row : table) {
-    ::setenv("TZ", row.zone, 1);
-    std::vector<int> moment;
-    if (const auto t = MakeSystemClock()->ToLocal(row.seconds)) {
+    if (const auto t = MakeSystemClock()->ToLocal(seconds)) {
       moment = {t->year, t->month, t->day, t->hour, t->minute, t->second};
     }
-    EXPECT_EQ(moment, row.moment) << row.zone;
+    EXPECT_EQ(moment, expected) << seconds;
   }
   before ? ::setenv("TZ", kept.c_str(), 1) : ::unsetenv("TZ");
   ::tzset();
@@ -40,15 +34,11 @@ TEST(SystemFacts, TellOfThisMachineProgramAndVolume) {
   const std::string program = facts->ProgramPath();
   EXPECT_TRUE(program.ends_with("/quorvane_logic_tests")) << program;
   EXPECT_EQ(facts->ProgramSize(), std::filesystem::file_size(program));
-  EXPECT_FALSE(facts->ComputerName().empty());
   const SystemName system = facts->System();
-  EXPECT_FALSE(system.name.empty() || system.build.empty());
+  EXPECT_FALSE(facts->ComputerName().empty() || system.name.empty() || system.build.empty());
   EXPECT_EQ(system.name.find('"'), std::string::npos) << system.name;
-
-  const TempFolder folder;
-  EXPECT_GT(facts->FreeBytes(folder.path()).value_or(0), 0u);
-  EXPECT_EQ(facts->FreeBytes(folder / "gone"), std::nullopt);
-  EXPECT_EQ(facts->VolumeSerial(folder / "gone"), std::nullopt);
-  EXPECT_EQ(facts->FileSystemName(folder / "gone"), std::nullopt);
+  EXPECT_GT(facts->FreeBytes("/").value_or(0), 0u);
   EXPECT_EQ(facts->FileSystemName("/proc"), "proc");
+  const std::string gone = TempFolder() / "gone";
+  EXPECT_FALSE(facts->FreeBytes(gone) || facts->VolumeSerial(gone) || facts->FileSystemName(gone));
 }

@@ -3,24 +3,13 @@
 #include <gtest/gtest.h>
 
 TEST(TextQt, BringsEveryByteBack) {
-  const std::string_view table[] = {
-      "",
-      "plain.txt",
-      "Gra\xC3\xA7"
-      "a",
-      "\xF0\x9F\xA5\x90.jpg",
-      "bad\xFF\x80name",
-      "cut\xC3",
-      "\xED\xA0\x80",
-      "\xC0\x80",
-      "line\nbreak",
-  };
-  for (const std::string_view name : table) {
-    EXPECT_EQ(text::FromQt(text::ToQt(name)), name);
-  }
   std::string all;
   for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
-  EXPECT_EQ(text::FromQt(text::ToQt(all)), all);
+  for (const std::string& name :
+       {std::string(), std::string("Gra\u00E7a \xF0\x9F\xA5\x90.jpg"), std::string("cut\xC3"),
+        std::string("\xED\xA0\x80\xC0\x80"), all}) {
+    EXPECT_EQ(text::FromQt(text::ToQt(name)), name);
+  }
 }
 
 TEST(TextQt, ShowsWhatNoFontHasAsAReplacementAndKeepsTheRest) {
@@ -28,15 +17,11 @@ TEST(TextQt, ShowsWhatNoFontHasAsAReplacementAndKeepsTheRest) {
     std::string_view name;
     const char* shown;
   } table[] = {
-      {"a\xFFz", "a�z"},
-      {"a\nb\tc\x7F", "a�b�c�"},
-      {"next\u0085line", "next�line"},
-      {"right\u202Eleft", "right�left"},
+      {"a\nb\tc\x7F\xFFz", "a�b�c��z"},
+      {"next\u0085line\u202Eleft", "next�line�left"},
       {"\U0001F950 a\u00A0b\u2027c", "\U0001F950 a\u00A0b\u2027c"},
       {"a\u200B\u200E\u200F\u061C\u2060\uFEFF\u2066\u2069z", "a��������z"},
-      // Joiners: of a family, a burning heart, a Persian and a Latin word, at the end of an Indic
-      // one.
-      {"\U0001F468\u200D\U0001F469", "\U0001F468\u200D\U0001F469"},
+      // Joiners: of a burning heart, a Persian and a Latin word, at the end of an Indic one.
       {"\u2764\uFE0F\u200D\U0001F525", "\u2764\uFE0F\u200D\U0001F525"},
       {"\u0645\u06CC\u200C\u062F a\u200Db", "\u0645\u06CC\u200C\u062F a\u200Db"},
       {"\u0D7B\u0D28\u0D4D\u200D.x", "\u0D7B\u0D28\u0D4D\u200D.x"},
