@@ -31,10 +31,7 @@ namespace {
 class ConstructorEditorTest : public testing::Test {
  protected:
   ConstructorEditorTest() {
-    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
-      ++changes;
-      if (on_change) on_change();
-    });
+    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] { ++changes; });
     QObject::connect(&editor, &ConstructorEditor::commandPicked, [this](int id) {
       picked = id;
       editor.Execute(id);
@@ -95,7 +92,6 @@ class ConstructorEditorTest : public testing::Test {
   QLineEdit* n = Field("fdCutFileN");
   int changes = 0;
   int picked = 0;
-  std::function<void()> on_change;
 };
 
 TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementByTheNumberOfTheCommand) {
@@ -138,14 +134,12 @@ TEST_F(ConstructorEditorTest, MovesAndDeletesWholeElementsAndAsksForAPreviewAtTh
       {[&] { Press(chips, Qt::Key_Right, Qt::ControlModifier); },
        ".[<Source file name> ]<Extension>pbFileName"},
       {[&] { strip->bnMoveRight->click(); }, ".<Extension>[<Source file name> ]pbFileName"},
-      {[&] { strip->bnMoveRight->click(); }, ".<Extension>[<Source file name> ]pbFileName"},
       {[&] { Press(chips, Qt::Key_Left), Press(chips, Qt::Key_Delete); },
        ".[<Source file name> ]pbFileName"},
       {[&] { strip->bnMoveLeft->click(); }, "[<Source file name> ].pbFileName"},
       {[&] { InsertRight("<File date>"); }, "<Source file name> [<File date>].pbFileDate"},
       {[&] { Delete(); }, "<Source file name> [.]pbDot"},
-      {[&] { Delete(); }, "[<Source file name> ]pbFileName"},
-  };
+      {[&] { Delete(); }, "[<Source file name> ]pbFileName"}};
   for (const auto& [act, seen] : table) {
     changes = 0;
     act();
@@ -235,35 +229,35 @@ TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
 
 TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) {
   InsertRight("<Source file name>");
-  const struct {
-    int at;
-    std::function<void()> act;
-    std::size_t now_at;
-  } table[] = {{1, [&] { Select(0); }, 1},
-               {1, [&] { strip->bnMoveLeft->click(); }, 0},
-               {0, [&] { Insert(true, "<Source file name>"); }, 1}};
-  for (const auto& row : table) {
-    const int number = 10 + static_cast<int>(&row - table);
-    Select(row.at);
-    n->setText(QString::number(number));
-    row.act();
+  int number = 10;
+  const auto expect = [&](int at, const std::function<void()>& act, std::size_t now_at) {
+    Select(at);
+    n->setText(QString::number(++number));
+    act();
     Leave(n);
-    EXPECT_EQ(Items()[row.now_at].transform.CutN, number);
-    EXPECT_NE(Items()[1 - row.now_at].transform.CutN, number);
-  }
+    EXPECT_EQ(Items()[now_at].transform.CutN, number);
+    EXPECT_NE(Items()[1 - now_at].transform.CutN, number);
+  };
+  expect(
+      1, [&] { Select(0); }, 1);
+  expect(
+      1, [&] { strip->bnMoveLeft->click(); }, 0);
+  expect(
+      0, [&] { Insert(true, "<Source file name>"); }, 1);
 }
 
 TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
   Pick("cmbCutFile", 4);
   Enter("fdCutFileX", "2147483648");
-  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
+  auto* pages = Find<QTabWidget>("TabControl1");
+  pages->setCurrentIndex(1);
   for (const std::size_t times : {1u, 2u}) {
     EXPECT_TRUE(editor.TellRefusedNumber());
     EXPECT_EQ(told, std::vector<std::string>(times,
                                              "The number “K” on the page “Remove” is too large.\n"
                                              "The largest that can be used is 2147483647."));
   }
-  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
+  EXPECT_EQ(pages->currentIndex(), 0) << "the field comes into view";
   Pick("cmbCutFile", 2);
   EXPECT_FALSE(editor.TellRefusedNumber()) << "its mode is off";
   Pick("cmbCutFile", 4);
@@ -313,8 +307,6 @@ TEST_F(ConstructorEditorTest, DerivesFormatAndSampleOfEachElement) {
     Field("fd" + part + "Separator")->setText(QStringLiteral("\u5E74"));
     expect(1, "yyyy-mm-dd", "2024-01-01");
     expect(2, "dd\u5E74mmmm\u5E74dd", "01\u5E74Januar\u5E7401");
-    for (const char* box : {"(0)", "(1)", "(2)"}) Pick("cmb" + part + box, 0);
-    expect(2, "", "");
   }
   for (int i = 0; i < 2; ++i) InsertRight("<Counter>");
   part = "Range";
@@ -323,41 +315,42 @@ TEST_F(ConstructorEditorTest, DerivesFormatAndSampleOfEachElement) {
   expect(4, "0000000000", "0000000001");
   Field("fdStartValue")->setText(QStringLiteral("12"));
   expect(4, "0000000000", "0000000012");
-  Field("fdStartValue")->clear();
-  expect(4, "0000000000", "");
 }
 
 /// What the controls in `pane` hold, by name. With `changes`, which counts the edits, each first
 /// gets another value, which is one edit; only which page is shown changes no name.
 std::map<std::string, std::string> Values(const QWidget* pane, int* changes = nullptr) {
-  const std::map<std::string, const char*> kinds = {{"QTabWidget", "currentIndex"},
-                                                    {"QComboBox", "currentIndex"},
-                                                    {"QCheckBox", "checked"},
-                                                    {"QLineEdit", "text"}};
+  const struct {
+    const char *kind, *held;
+    int values, edits;
+  } table[] = {{"QTabWidget", "currentIndex", 3, 0},
+               {"QComboBox", "currentIndex", 4, 1},
+               {"QCheckBox", "checked", 2, 1},
+               {"QLineEdit", "text", 99, 1}};
   std::map<std::string, std::string> all;
   int number = 0;
-  for (const auto& [kind, held] : kinds) {
+  for (const auto& [kind, held, values, edits] : table) {
     for (QWidget* part : pane->findChildren<QWidget*>()) {
-      if (!part->inherits(kind.c_str())) continue;
+      if (!part->inherits(kind)) continue;
+      const std::string name = text::FromQt(part->objectName());
       if (changes != nullptr) {
         *changes = 0;
-        const int was = part->property(held).toInt();
-        part->setProperty(held, kind == "QLineEdit"   ? 50 + ++number
-                                : kind == "QCheckBox" ? 1 - was
-                                                      : (was + 1 + ++number % 2) % 4);
-        EXPECT_EQ(*changes, kind == "QTabWidget" ? 0 : 1) << part->objectName().toStdString();
+        const int step = 1 + ++number % (values - 1);
+        part->setProperty(held, (part->property(held).toInt() + step) % values);
+        EXPECT_EQ(*changes, edits) << name;
       }
-      all[text::FromQt(part->objectName())] = text::FromQt(part->property(held).toString());
+      all[name] = text::FromQt(part->property(held).toString());
     }
   }
   return all;
 }
 
 TEST_F(ConstructorEditorTest, KeepsEachOptionInItsElementAndAsksForAPreviewWhereOthersShow) {
-  bool is_first = true;
-  on_change = [&] { is_first = is_first && First().Replace1.empty(); };
+  const auto mark = QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
+    EXPECT_EQ(First().Replace1, "") << "the mark comes before all else";
+  });
   Field("fdReplace1")->insert(QStringLiteral("9"));
-  EXPECT_TRUE(is_first) << "the mark comes before all else";
+  QObject::disconnect(mark);
   for (const ElementKind& kind : kElementKinds) {
     if (kind.number == kText) continue;
     SCOPED_TRACE(kind.caption);
@@ -411,11 +404,9 @@ TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
       {[&] { Enter("fdReplace1", "old"); }, "xx-"},
       {[&] { Pick("cmbAddFile", 3); }, "xx-"},
       {[&] { Enter("fdAddFileText2", "end"); }, "xxx"},
-      {[&] { Pick("cmbAddFile", 2); }, "xx-"},
-      {[&] { Find<QPushButton>("Command1")->click(); }, "-x-"},
+      {[&] { Find<QPushButton>("Command1")->click(); }, "-xx"},
       {[&] { Insert(true, "<Source file name>"); }, "---"},
-      {[&] { Select(1); }, "-x-"},
-  };
+      {[&] { Select(1); }, "-xx"}};
   for (const auto& [act, expected] : table) {
     act();
     std::string marked;
