@@ -120,7 +120,6 @@ TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
   EXPECT_TRUE(records[1].checked) << "two quick clicks are two";
   Click(0);  // has no box
   EXPECT_THAT(told, ElementsAre(1, 2, 2));
-
   list.setCurrentIndex(model.index(1, kColumnSourceName));
   list.selectAll();
   for (const bool on : {true, false}) {  // all go as the current row goes
@@ -143,7 +142,7 @@ TEST_F(FileListTest, CurrentAndSelectedRowsGoWithTheirFilesThroughASort) {
   EXPECT_EQ(list.currentIndex().row(), 1);
 }
 
-TEST_F(FileListTest, GroupingAnewKeepsTheCurrentFileAndFillsNoClearedList) {
+TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
   list.selectRow(5);
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_EQ(model.rowCount(), 4);
@@ -153,7 +152,12 @@ TEST_F(FileListTest, GroupingAnewKeepsTheCurrentFileAndFillsNoClearedList) {
   panel.cmbGroupBy->setCurrentIndex(2);
   SortBy(kColumnSourceName);
   EXPECT_EQ(model.rowCount(), 0);
-  EXPECT_THAT(told, ElementsAre(0, 2, -1));
+  for (const char* caption : {">", "<"}) {
+    panel.bnWideFileList->click();
+    EXPECT_EQ(panel.bnWideFileList->text(), QLatin1String(caption));
+    EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9));
+  }
+  EXPECT_THAT(told, ElementsAre(0, 2, -1, 1, 0));
 }
 
 TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
@@ -171,15 +175,6 @@ TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
   panel.resize(200, 400);
   QCoreApplication::processEvents();
   EXPECT_EQ(list.columnWidth(kColumnNewName), 140) << "narrower is not readable";
-}
-
-TEST_F(FileListTest, TheWideButtonTurnsAndKeepsItsKey) {
-  for (const char* caption : {">", "<"}) {
-    panel.bnWideFileList->click();
-    EXPECT_EQ(panel.bnWideFileList->text(), QLatin1String(caption));
-    EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9));
-  }
-  EXPECT_THAT(told, ElementsAre(1, 0));
 }
 
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
