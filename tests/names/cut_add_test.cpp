@@ -31,14 +31,14 @@ TransformOptions AddOf(std::int32_t mode, std::int32_t n, const char* text1, con
 /// Expects `result` of "abcdef", and the same of six characters of many bytes in its place.
 void Expect(const TransformOptions& options, std::string_view result) {
   const auto translated = [](std::string_view letters) {
-    static const std::string kCharacters[] = {"e\u0301",
-                                              "\U0001F468\u200D\U0001F469",
-                                              "\xFF",
-                                              "\U0001F1E9\U0001F1EA",
-                                              "\U0001F1EB\U0001F1F7",
-                                              "\u0416"};
+    const char* const characters[] = {"e\u0301",
+                                      "\U0001F468\u200D\U0001F469",
+                                      "\xFF",
+                                      "\U0001F1E9\U0001F1EA",
+                                      "\U0001F1EB\U0001F1F7",
+                                      "\u0416"};
     std::string t;
-    for (const char c : letters) t += c == 'X' ? "X" : kCharacters[c - 'a'];
+    for (const char c : letters) t += c == 'X' ? "X" : characters[c - 'a'];
     return t;
   };
   SCOPED_TRACE(::testing::Message() << options.Cut << ' ' << options.CutN << ' ' << options.CutX
@@ -69,13 +69,12 @@ TEST(Cut, CountsCharactersFromItsEdgeWithinItsBounds) {
                {9, 0, 0, ""},       {9, 0, 1, "f"},      {9, 7, 9, "abcdef"}, {9, 1, 5, "abcdef"},
                {9, 9, 1, "abcdef"}};
   for (const auto& row : table) Expect(CutOf(row.mode, row.n, row.k), row.result);
-  EXPECT_EQ(Transformed(CutOf(6, kMost, kMost), "abc"), "");
-  EXPECT_EQ(Transformed(CutOf(9, kMost, kMost), "abc"), "abc");
+  Expect(CutOf(6, kMost, kMost), "");
+  Expect(CutOf(9, kMost, kMost), "abcdef");
 }
 
 TEST(Cut, RemovesATextWhateverItsCase) {
-  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B\u0436"), "a\u0436b\u0416B"), "a\u0436B");
-  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B"), "abcABC"), "acAC");
+  EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B\u0436"), "a\u0436b\u0416BB\u0436"), "a\u0436B");
 }
 
 TEST(Cut, FailsWhereTheSumOfBothIsTooLarge) {
@@ -101,29 +100,19 @@ TEST(Add, PutsTheTextWhereToldAndAtTheFarEndBeyond) {
 
 TEST(Transform, ChangesCaseThenCutsThenReplacesThenAdds) {
   // Each other order of the four gives another name.
-  const TransformOptions all{.Case = kCaseFirstUpper,
-                             .Cut = 2,
-                             .CutN = 1,
-                             .Replace1 = "a",
-                             .Replace2 = "xA",
-                             .Add = 1,
-                             .AddText1 = "naA"};
+  TransformOptions all{.Case = kCaseFirstUpper, .Replace1 = "a", .Replace2 = "xA"};
+  all.Cut = 2, all.CutN = 1;
+  all.Add = 1, all.AddText1 = "naA";
   EXPECT_EQ(Transformed(all, "abAab"), "naAbxAxAb");
 }
 
 TEST(Transform, ChangesTheLetterCaseOfTheWholePart) {
-  const struct {
-    std::int32_t mode;
-    const char *part, *result;
-  } table[] = {{0, "aB cD", "aB cD"},
-               {1, "aB cD\u00DF", "AB CD\u00DF"},
-               {2, "aB \u0416", "ab \u0436"},
-               {3, "aBC.dEF gH", "Abc.def gh"},
-               {3, "e\u0301A", "E\u0301a"},
-               {3, "1A", "1a"},
-               {4, "aB", "aB"}};
-  for (const auto& row : table) {
-    EXPECT_EQ(Transformed({.Case = row.mode}, row.part), row.result);
+  const char* const table[][2] = {{"0aB\u00DF", "aB\u00DF"}, {"1aB\u00DF", "AB\u00DF"},
+                                  {"2aB\u0416", "ab\u0436"}, {"3aBC.dEF gH", "Abc.def gh"},
+                                  {"3e\u0301A", "E\u0301a"}, {"31AB cD", "1ab cd"},
+                                  {"4aB cD e", "aB cD e"}};
+  for (const auto& [mode_and_part, result] : table) {
+    EXPECT_EQ(Transformed({.Case = mode_and_part[0] - '0'}, mode_and_part + 1), result);
   }
 }
 
@@ -131,16 +120,13 @@ TEST(Transform, AStepIsInUseWhenItChangesAnything) {
   const auto expect = [](const TransformOptions& options, bool TransformSteps::*step) {
     const TransformSteps steps = StepsInUse(options);
     EXPECT_EQ(steps.*step, Transformed(options, "abcdef") != "abcdef")
-        << options.Cut << ' ' << options.CutN << ' ' << options.CutX << options.CutText << ' '
-        << options.Add << options.AddText1 << options.AddText2;
+        << options.Cut << ' ' << options.CutN << ' ' << options.CutX << ' ' << options.Add;
     EXPECT_LE(steps.cut + steps.replace + steps.add, 1) << "of no other step";
   };
   for (const char* text : {"", "B"}) {
     for (std::int32_t mode = 0; mode <= 10; ++mode) {
-      for (const std::int32_t n : {-1, 0, 1, 2}) {
-        for (const std::int32_t k : {-1, 0, 1}) {
-          expect(CutOf(mode, n, k, text), &TransformSteps::cut);
-        }
+      for (int n = -1; n <= 2; ++n) {
+        for (int k = -1; k <= 1; ++k) expect(CutOf(mode, n, k, text), &TransformSteps::cut);
       }
       expect(AddOf(mode, 1, text, ""), &TransformSteps::add);
       expect(AddOf(mode, 1, "", text), &TransformSteps::add);

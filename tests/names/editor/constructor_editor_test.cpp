@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -18,10 +17,6 @@
 #include <QVariant>
 #include <functional>
 #include <map>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "names/editor/chip_bar.h"
 #include "names/editor/constructor_strip.h"
@@ -36,10 +31,7 @@ namespace {
 class ConstructorEditorTest : public testing::Test {
  protected:
   ConstructorEditorTest() {
-    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
-      ++changes;
-      if (on_change) on_change();
-    });
+    QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] { ++changes; });
     QObject::connect(&editor, &ConstructorEditor::commandPicked, [this](int id) {
       picked = id;
       editor.Execute(id);
@@ -48,8 +40,8 @@ class ConstructorEditorTest : public testing::Test {
 
   std::vector<ConstrItem>& Items() { return constructor.ArrConstr; }
   TransformOptions& First() { return Items()[0].transform; }
-  ChipBar* Chips() { return strip->tabConstructor; }
-  void Select(int index) { Chips()->setCurrentIndex(index); }
+  void Select(int index) { chips->setCurrentIndex(index); }
+  void Delete() { strip->bnDeletePattern->click(); }
 
   template <class T>
   T* Find(const std::string& name) {
@@ -58,34 +50,35 @@ class ConstructorEditorTest : public testing::Test {
     return found;
   }
   QLineEdit* Field(const std::string& name) { return Find<QLineEdit>(name); }
-  QComboBox* Pick(const std::string& name) { return Find<QComboBox>(name); }
-  void Enter(const char* field, const char* text) {
+  void Pick(const std::string& box, int index) { Find<QComboBox>(box)->setCurrentIndex(index); }
+  std::string Enter(const char* field, const char* text) {
     Field(field)->setText(QLatin1String(text));
-    Leave(Field(field));
+    return FailureReport([&] { Leave(Field(field)); });
   }
 
-  void Choose(QPushButton* button, const std::string& caption) {
-    for (QAction* action : button->menu()->actions()) {
+  void Insert(bool left, const std::string& caption) {
+    for (QAction* action : (left ? strip->vbInsertLeft : strip->bnInsertRight)->menu()->actions()) {
       if (action->text() == text::ToQt(caption)) return action->trigger();
     }
     FAIL() << caption;
   }
-  void InsertLeft(const char* caption) { Choose(strip->vbInsertLeft, caption); }
-  void InsertRight(const char* caption) { Choose(strip->bnInsertRight, caption); }
+  void InsertRight(const char* caption) { Insert(false, caption); }
 
-  /// The elements as the strip shows them, the selected one in brackets, and the option pane that
-  /// shows; fails when strip and model differ.
+  /// The texts, or the first letters of the other elements, as the strip shows them, the selected
+  /// one in brackets, and the option pane that shows; fails when strip and model differ.
   std::string Seen() {
     std::string seen;
-    EXPECT_EQ(static_cast<std::size_t>(Chips()->count()), Items().size());
-    for (int i = 0; i < Chips()->count(); ++i) {
+    EXPECT_EQ(static_cast<std::size_t>(chips->count()), Items().size());
+    for (int i = 0; i < chips->count(); ++i) {
       const ConstrItem& item = Items().at(static_cast<std::size_t>(i));
-      const std::string text = text::FromQt(Chips()->tabText(i));
-      EXPECT_EQ(Chips()->tabData(i).toInt(), item.ItemType);
+      std::string text = text::FromQt(chips->tabText(i));
+      EXPECT_EQ(chips->tabData(i).toInt(), item.ItemType);
       EXPECT_EQ(item.ItemText, item.ItemType == kText ? text : "");
-      seen += i == Chips()->currentIndex() ? '[' + text + ']' : text;
+      EXPECT_TRUE(text.starts_with(ElementCaption(item))) << text;
+      if (item.ItemType != kText) text = text[1];
+      seen += i == chips->currentIndex() ? '[' + text + ']' : text;
     }
-    return seen + text::FromQt(Pane()->objectName());
+    return seen + ' ' + text::FromQt(Pane()->objectName()).substr(2);
   }
   QWidget* Pane() {
     auto* panes = editor.findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -97,120 +90,76 @@ class ConstructorEditorTest : public testing::Test {
   std::vector<std::string>& told = fakes.prompts.told;
   ConstructorEditor editor{constructor, fakes.services};
   ConstructorStrip* strip = editor.strip;
+  ChipBar* chips = strip->tabConstructor;
+  QLineEdit* n = Field("fdCutFileN");
   int changes = 0;
   int picked = 0;
-  std::function<void()> on_change;
 };
 
 TEST_F(ConstructorEditorTest, InsertsBesideTheSelectedElementByTheNumberOfTheCommand) {
-  EXPECT_EQ(Seen(), "[<Source file name> ].<Extension>pbFileName");
-  const struct {
-    std::string caption;
-    int left, right;
-    std::string chip, pane;
-  } table[] = {
-      {"<Source file name>", 10, 22, "<Source file name>", "pbFileName"},
-      {"<Extension>", 11, 1, "<Extension>", "pbExt"},
-      {"<Counter>", 15, 5, "<Counter>", "pbCounter"},
-      {"<File date>", 13, 3, "<File date>", "pbFileDate"},
-      {"<Today's date>", 14, 4, "<Today's date>", "pbTodayDate"},
-      {"<Parent folder name>", 12, 2, "<Parent folder name>", "pbParentFolderName"},
-      {". (dot)", 16, 6, ".", "pbDot"},
-      {"- (dash)", 17, 7, "-", "pbDot"},
-      {"_ (underscore)", 18, 8, "_", "pbDot"},
-      {"  (space)", 19, 9, " ", "pbDot"},
-      {"Custom text", 21, 20, "own", "pbDot"},
-      {"Custom text", 21, 20, "", ""},
+  std::string own = "own";
+  const auto insert = [&](bool left, const char* caption) {
+    QTimer::singleShot(0, &editor, [&] {
+      auto* dialog = qobject_cast<Form5*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) return;
+      dialog->fdText->setText(text::ToQt(own));
+      (own.empty() ? dialog->bnCancel : dialog->bnOK)->click();
+    });
+    Select(1);
+    Insert(left, caption);
+    QCoreApplication::processEvents();
   };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.caption);
+  for (const ElementKind& kind : kElementKinds) {
+    SCOPED_TRACE(kind.caption);
+    const std::string text = kind.text != nullptr ? kind.text : own;
+    const std::string pane = kind.number == kText ? "Dot" : kind.pane + 2;
+    const std::string chip = '[' + (kind.number == kText ? text : text + kind.caption[1]) + ']';
     for (const bool left : {true, false}) {
-      Select(1);
-      changes = 0;
-      if (row.caption == "Custom text") {
-        QTimer::singleShot(0, [&row] {
-          auto* dialog = qobject_cast<Form5*>(QApplication::activeModalWidget());
-          dialog->fdText->setText(text::ToQt(row.chip));
-          (row.chip.empty() ? dialog->bnCancel : dialog->bnOK)->click();
-        });
-      }
-      Choose(left ? strip->vbInsertLeft : strip->bnInsertRight, row.caption);
-      EXPECT_EQ(picked, left ? row.left : row.right);
-      EXPECT_EQ(changes > 0, !row.chip.empty());
-      if (row.chip.empty()) continue;
-      const std::string both = left ? '[' + row.chip + "]." : ".[" + row.chip + ']';
-      EXPECT_EQ(Seen(), "<Source file name> " + both + "<Extension>" + row.pane);
-      strip->bnDeletePattern->click();
+      insert(left, kind.caption);
+      EXPECT_EQ(picked, left ? kind.insert_left : kind.insert_right);
+      EXPECT_EQ(Seen(), "S" + (left ? chip + '.' : '.' + chip) + "E " + pane);
+      Delete();
     }
   }
-  for (const int id : {-1, 0, 23, 99, 100, 101}) editor.Execute(id);
-  EXPECT_EQ(Chips()->count(), 3);
-}
-
-TEST_F(ConstructorEditorTest, DeletesDownToNothingAndBeginsAnew) {
-  Select(1);
-  Press(Chips(), Qt::Key_Delete);
-  EXPECT_EQ(Seen(), "<Source file name> [<Extension>]pbExt");
-  strip->bnDeletePattern->click();
-  EXPECT_EQ(Seen(), "[<Source file name> ]pbFileName") << "the left one when none stands right";
-  strip->bnDeletePattern->click();
-  EXPECT_EQ(Seen(), "pbDot");
-  EXPECT_GT(std::exchange(changes, 0), 0);
-  strip->bnDeletePattern->click();
-  strip->bnMoveLeft->click();
-  EXPECT_EQ(changes, 0) << "nothing to delete or move";
-  for (QPushButton* button : {strip->vbInsertLeft, strip->bnInsertRight}) {
-    Choose(button, "<File date>");
-    EXPECT_EQ(Seen(), "[<File date>]pbFileDate");
-    strip->bnDeletePattern->click();
-  }
-}
-
-TEST_F(ConstructorEditorTest, MovesWholeElementsAndAsksForAPreviewAtTheEdgeToo) {
-  Field("fdReplace1")->insert(QStringLiteral("a"));
   changes = 0;
-  strip->bnMoveLeft->click();
-  EXPECT_EQ(Seen(), "[<Source file name> ].<Extension>pbFileName");
-  EXPECT_EQ(changes, 1);
-  Press(Chips(), Qt::Key_Right, Qt::ControlModifier);
-  for (int i = 0; i < 2; ++i) strip->bnMoveRight->click();
-  EXPECT_EQ(Items()[2].transform.Replace1, "a");
-  Press(Chips(), Qt::Key_Left);
-  EXPECT_EQ(Seen(), ".[<Extension>]<Source file name> pbExt");
+  own.clear();
+  insert(true, "Custom text");
+  for (const int id : {-1, 0, 23, 99, 100, 101}) editor.Execute(id);
+  EXPECT_EQ(chips->count(), 3);
+  EXPECT_EQ(changes, 0);
 }
 
-TEST_F(ConstructorEditorTest, ShowsTheFieldsOfTheMode) {
-  const struct {
-    std::string what;
-    std::vector<std::string> fields;
-    std::vector<std::string> shown;  ///< by mode
-  } table[] = {
-      {"Cut", {"N", "X", "Text"}, {"", "Text", "N", "N", "NX", "NX", "NX", "N", "N", "NX"}},
-      {"Add", {"Text1", "Text2", "N"}, {"", "Text1", "Text1", "Text1Text2", "Text1N", "Text1N"}},
-  };
-  for (const std::string kind : {"File", "Ext", "ParentFolder"}) {
-    for (const auto& row : table) {
-      for (std::size_t mode = 0; mode < row.shown.size(); ++mode) {
-        SCOPED_TRACE(row.what + kind + std::to_string(mode));
-        Pick("cmb" + row.what + kind)->setCurrentIndex(static_cast<int>(mode));
-        std::string shown;
-        for (const std::string& field : row.fields) {
-          const std::string name = row.what + kind + field;
-          const bool visible = !Field("fd" + name)->isHidden();
-          EXPECT_EQ(!Find<QLabel>("lb" + name)->isHidden(), visible) << name;
-          if (visible) shown += field;
-        }
-        EXPECT_EQ(shown, row.shown[mode]);
-        if (!shown.starts_with("Text1")) continue;
-        EXPECT_EQ(Find<QLabel>("lbAdd" + kind + "Text1")->text().toStdString(),
-                  mode == 3 ? "&Text1:" : "&Text:");
-      }
-    }
+TEST_F(ConstructorEditorTest, MovesAndDeletesWholeElementsAndAsksForAPreviewAtTheEdgeToo) {
+  Enter("fdReplace1", "a");
+  const std::pair<std::function<void()>, const char*> table[] = {
+      {[&] { strip->bnMoveLeft->click(); }, "[S].E FileName"},
+      {[&] { Press(chips, Qt::Key_Right, Qt::ControlModifier); }, ".[S]E FileName"},
+      {[&] { strip->bnMoveRight->click(); }, ".E[S] FileName"},
+      {[&] { Press(chips, Qt::Key_Left), Press(chips, Qt::Key_Delete); }, ".[S] FileName"},
+      {[&] { strip->bnMoveLeft->click(); }, "[S]. FileName"},
+      {[&] { InsertRight("<File date>"); }, "S[F]. FileDate"},
+      {[&] { Delete(); }, "S[.] Dot"},
+      {[&] { Delete(); }, "[S] FileName"}};
+  for (const auto& [act, seen] : table) {
+    changes = 0;
+    act();
+    EXPECT_EQ(Seen(), seen);
+    EXPECT_GT(changes, 0);
+  }
+  EXPECT_EQ(First().Replace1, "a");
+  for (const bool left : {true, false}) {
+    Delete();
+    changes = 0;
+    Delete();
+    strip->bnMoveLeft->click();
+    EXPECT_EQ(changes, 0) << "nothing to delete or move";
+    EXPECT_EQ(Seen(), " Dot");
+    Insert(left, "<File date>");
+    EXPECT_EQ(Seen(), "[F] FileDate");
   }
 }
 
-TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
-  QLineEdit* n = Field("fdCutFileN");
+TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeftAndReportsOneBeyond32Bits) {
   n->clear();
   Type(n, QStringLiteral("0x0-7 "));
   EXPECT_EQ(n->text(), QStringLiteral("007"));
@@ -219,6 +168,15 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
   Leave(n);
   EXPECT_EQ(First().CutN, 7);
   EXPECT_EQ(n->text(), QStringLiteral("7"));
+  const std::string report = Enter("fdCutFileN", "99999999999999999999");
+  EXPECT_NE(report.find("Form1.fdCutFileN_Validate(Cancel=False)"), std::string::npos);
+  EXPECT_EQ(report.rfind("Overflow", 0), 0u);
+  EXPECT_EQ(First().CutN, 7);
+  EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
+  EXPECT_EQ(FailureReport([&] { editor.CommitFocusedField(); }), "") << "told once";
+  Press(n, Qt::Key_Backspace);
+  Leave(n);
+  EXPECT_EQ(First().CutN, 100) << "the form that it was given can be edited";
   n->clear();
   editor.CommitFocusedField();
   EXPECT_EQ(First().CutN, 0);
@@ -226,18 +184,16 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeft) {
 }
 
 TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
-  QLineEdit* n = Field("fdCutFileN");
   const std::function<void(const QString&)> ways[] = {
-      [n](const QString& text) { n->insert(text); },  // as paste and drop do
-      [n](const QString& text) {
+      [&](const QString& text) { n->insert(text); },  // as paste and drop do
+      [&](const QString& text) {
         QInputMethodEvent event;
         event.setCommitString(text);
         QApplication::sendEvent(n, &event);
       },
-      [n](const QString& text) {  // as the accessibility bus does
+      [&](const QString& text) {  // as the accessibility bus does
         QAccessible::queryAccessibleInterface(n)->editableTextInterface()->replaceText(0, 2, text);
-      },
-  };
+      }};
   for (const auto& way : ways) {
     for (const char* text : {"7", " 7\n", "+7", "-5", "1,000", "5 files", "1E2"}) {
       const QString put_in = QLatin1String(text);
@@ -245,7 +201,7 @@ TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
       n->selectAll();
       way(put_in);
       Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-      EXPECT_EQ(First().CutN, put_in.contains(u'7') ? 7 : 12) << put_in.toStdString();
+      EXPECT_EQ(First().CutN, put_in.contains(u'7') ? 7 : 12) << text;
       EXPECT_EQ(n->text(), QString::number(First().CutN));
     }
   }
@@ -253,57 +209,43 @@ TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
 
 TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) {
   InsertRight("<Source file name>");
-  const struct {
-    int at;
-    std::function<void()> act;
-    std::size_t now_at;
-  } table[] = {{1, [&] { Select(0); }, 1},
-               {1, [&] { strip->bnMoveLeft->click(); }, 0},
-               {0, [&] { InsertLeft("<Source file name>"); }, 1}};
-  for (const auto& row : table) {
-    const int number = 10 + static_cast<int>(&row - table);
-    Select(row.at);
-    Field("fdCutFileN")->setText(QString::number(number));
-    row.act();
-    Leave(Field("fdCutFileN"));
-    EXPECT_EQ(Items()[row.now_at].transform.CutN, number);
-    EXPECT_NE(Items()[1 - row.now_at].transform.CutN, number);
-  }
-}
-
-TEST_F(ConstructorEditorTest, ReportsANumberBeyond32BitsAndKeepsTheElements) {
-  First().CutN = 5;
-  QLineEdit* n = Field("fdCutFileN");
-  const std::string report = FailureReport([&] { Enter("fdCutFileN", "99999999999999999999"); });
-  EXPECT_NE(report.find("Form1.fdCutFileN_Validate(Cancel=False)"), std::string::npos);
-  EXPECT_EQ(report.rfind("Overflow", 0), 0u);
-  EXPECT_EQ(First().CutN, 5);
-  EXPECT_EQ(n->text(), QStringLiteral("1E+20"));
-  EXPECT_EQ(FailureReport([&] { editor.CommitFocusedField(); }), "") << "told once";
-  Press(n, Qt::Key_Backspace);
-  Leave(n);
-  EXPECT_EQ(First().CutN, 100) << "the form that it was given can be edited";
+  int number = 10;
+  const auto expect = [&](int at, const std::function<void()>& act, std::size_t now_at) {
+    Select(at);
+    n->setText(QString::number(++number));
+    act();
+    Leave(n);
+    EXPECT_EQ(Items()[now_at].transform.CutN, number);
+    EXPECT_NE(Items()[1 - now_at].transform.CutN, number);
+  };
+  expect(
+      1, [&] { Select(0); }, 1);
+  expect(
+      1, [&] { strip->bnMoveLeft->click(); }, 0);
+  expect(
+      0, [&] { Insert(true, "<Source file name>"); }, 1);
 }
 
 TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
-  const auto refuse = [this](const char* field) {
-    FailureReport([&] { Enter(field, "2147483648"); });
-  };
-  Pick("cmbCutFile")->setCurrentIndex(4);
-  refuse("fdCutFileX");
-  Find<QTabWidget>("TabControl1")->setCurrentIndex(1);
-  EXPECT_TRUE(editor.TellRefusedNumber());
-  EXPECT_TRUE(editor.TellRefusedNumber());
-  EXPECT_EQ(told, std::vector<std::string>(2,
-                                           "The number “K” on the page “Remove” is too large.\n"
-                                           "The largest that can be used is 2147483647."));
-  EXPECT_EQ(Find<QTabWidget>("TabControl1")->currentIndex(), 0) << "the field comes into view";
-  Pick("cmbCutFile")->setCurrentIndex(2);
+  Pick("cmbCutFile", 4);
+  Enter("fdCutFileX", "2147483648");
+  auto* pages = Find<QTabWidget>("TabControl1");
+  pages->setCurrentIndex(1);
+  for (const std::size_t times : {1u, 2u}) {
+    EXPECT_TRUE(editor.TellRefusedNumber());
+    EXPECT_EQ(told, std::vector<std::string>(times,
+                                             "The number “K” on the page “Remove” is too large.\n"
+                                             "The largest that can be used is 2147483647."));
+  }
+  EXPECT_EQ(pages->currentIndex(), 0) << "the field comes into view";
+  Pick("cmbCutFile", 2);
+  EXPECT_TRUE(Field("fdCutFileX")->isHidden());
+  EXPECT_TRUE(Find<QLabel>("lbCutFileX")->isHidden());
   EXPECT_FALSE(editor.TellRefusedNumber()) << "its mode is off";
-  Pick("cmbCutFile")->setCurrentIndex(4);
+  Pick("cmbCutFile", 4);
   InsertRight("<Counter>");
   EXPECT_FALSE(editor.TellRefusedNumber()) << "another element is shown";
-  refuse("fdStartValue");
+  Enter("fdStartValue", "2147483648");
   EXPECT_TRUE(editor.TellRefusedNumber());
   EXPECT_EQ(told.back().find("The number “Start with” in “Counter options” is"), 0u);
   Select(0);
@@ -314,105 +256,93 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
 TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNames) {
   const std::vector<std::string> nine(
       9, "A filename cannot contain any of the following characters:\n\\ / : * ? \" < > |");
-  const QString typed = QStringLiteral("a\\/:*?\"<>|b");
-  const auto expect = [&](const char* name, bool refuses) {
-    SCOPED_TRACE(name);
+  const std::pair<const char*, bool> table[] = {
+      {"fdReplace2", true},      {"fdAddFileText1", true},         {"fdAddFileText2", true},
+      {"fdDateSeparator", true}, {"fdAddParentFolderText1", true}, {"fdTDateSeparator", true},
+      {"fdReplace1", false},     {"fdCutFileText", false},         {"fdReplaceExt1", false}};
+  for (const auto& [name, refuses] : table) {
     QLineEdit* field = Field(name);
     field->clear();
     told.clear();
-    Type(field, typed);
+    Type(field, QStringLiteral("a\\/:*?\"<>|b"));
     field->insert(QStringLiteral("c/d"));  // as a paste does
-    EXPECT_EQ(field->text(), (refuses ? QStringLiteral("ab") : typed) + QStringLiteral("c/d"));
-    EXPECT_EQ(told, refuses ? nine : std::vector<std::string>());
-  };
-  for (const char* name : {"fdReplace2", "fdAddFileText1", "fdAddFileText2", "fdDateSeparator",
-                           "fdAddParentFolderText1", "fdTDateSeparator"}) {
-    expect(name, true);
+    EXPECT_EQ(field->text().toStdString(), refuses ? "abc/d" : "a\\/:*?\"<>|bc/d") << name;
+    EXPECT_EQ(told, refuses ? nine : std::vector<std::string>()) << name;
   }
-  for (const char* name : {"fdReplace1", "fdCutFileText", "fdReplaceExt1"}) expect(name, false);
   EXPECT_EQ(fakes.prompts.icons.find('x'), std::string::npos);
 }
 
 TEST_F(ConstructorEditorTest, DerivesFormatAndSampleOfEachElement) {
-  const auto expect = [&](int at, const std::string& label, const std::string& format,
-                          const std::string& sample) {
+  std::string part;
+  const auto expect = [&](int at, const std::string& format, const std::string& sample) {
     Select(at);
     const ConstrItem& item = Items()[static_cast<std::size_t>(at)];
     EXPECT_EQ(item.ItemType == kCounter ? item.counter.Format : item.date.Format, format);
-    EXPECT_EQ(text::FromQt(Find<QLabel>(label)->text()), "Example: " + sample);
+    EXPECT_EQ(Find<QLabel>("lb" + part + "Sample")->text().toStdString(), "Example: " + sample);
   };
-  for (const std::string date : {"Date", "TDate"}) {
-    const auto box = [&](int i) { return Pick("cmb" + date + '(' + std::to_string(i) + ')'); };
+  for (const char* caption : {"<File date>", "<Today's date>"}) {
     Select(0);
-    for (int i = 0; i < 2; ++i) InsertRight(date == "Date" ? "<File date>" : "<Today's date>");
-    box(0)->setCurrentIndex(2);
-    box(1)->setCurrentIndex(6);
-    Field("fd" + date + "Separator")->setText(QStringLiteral("\u5E74"));
-    expect(1, "lb" + date + "Sample", "yyyy-mm-dd", "2024-01-01");
-    expect(2, "lb" + date + "Sample", "dd\u5E74mmmm\u5E74dd", "01\u5E74Januar\u5E7401");
-    for (int i = 0; i < 3; ++i) box(i)->setCurrentIndex(0);
-    expect(2, "lb" + date + "Sample", "", "");
+    for (int i = 0; i < 2; ++i) InsertRight(caption);
+    part = caption[1] == 'F' ? "Date" : "TDate";
+    Pick("cmb" + part + "(0)", 2);
+    Pick("cmb" + part + "(1)", 6);
+    Field("fd" + part + "Separator")->setText(QStringLiteral("\u5E74"));
+    expect(2, "dd\u5E74mmmm\u5E74dd", "01\u5E74Januar\u5E7401");
+    expect(1, "yyyy-mm-dd", "2024-01-01");
   }
   for (int i = 0; i < 2; ++i) InsertRight("<Counter>");
-  Pick("cmbRange")->setCurrentIndex(9);
-  expect(3, "lbRangeSample", "0000", "0001");
-  expect(4, "lbRangeSample", "0000000000", "0000000001");
+  part = "Range";
+  Pick("cmbRange", 9);
+  expect(3, "0000000000", "0000000001");
   Field("fdStartValue")->setText(QStringLiteral("12"));
-  expect(4, "lbRangeSample", "0000000000", "0000000012");
-  Field("fdStartValue")->clear();
-  expect(4, "lbRangeSample", "0000000000", "");
+  expect(3, "0000000000", "0000000012");
+  expect(2, "0000", "0001");
 }
 
 /// What the controls in `pane` hold, by name. With `changes`, which counts the edits, each first
 /// gets another value, which is one edit; only which page is shown changes no name.
 std::map<std::string, std::string> Values(const QWidget* pane, int* changes = nullptr) {
+  const struct {
+    const char *kind, *held;
+    int values, edits;
+  } table[] = {{"QTabWidget", "currentIndex", 3, 0},
+               {"QComboBox", "currentIndex", 4, 1},
+               {"QCheckBox", "checked", 2, 1},
+               {"QLineEdit", "text", 99, 1}};
   std::map<std::string, std::string> all;
-  const auto visit = [&](const auto* part, const auto& change, const auto& value, int edits = 1) {
-    const std::string name = text::FromQt(part->objectName());
-    if (changes != nullptr) {
-      *changes = 0;
-      change();
-      EXPECT_EQ(*changes, edits) << name;
-    }
-    all[name] = QVariant(value()).toString().toStdString();
-  };
   int number = 0;
-  for (auto* box : pane->findChildren<QComboBox*>()) {
-    const int other = (box->currentIndex() + 1 + number++ % 2) % box->count();
-    visit(
-        box, [&] { box->setCurrentIndex(other); }, [&] { return box->currentText(); });
-  }
-  for (auto* field : pane->findChildren<QLineEdit*>()) {
-    const QString other = QString::number(50 + ++number);
-    visit(
-        field, [&] { field->setText(other); }, [&] { return field->text(); });
-  }
-  for (auto* box : pane->findChildren<QCheckBox*>()) {
-    visit(
-        box, [&] { box->toggle(); }, [&] { return box->isChecked(); });
-  }
-  for (auto* tabs : pane->findChildren<QTabWidget*>()) {
-    visit(
-        tabs, [&] { tabs->setCurrentIndex(2); }, [&] { return tabs->currentIndex(); }, 0);
+  for (const auto& [kind, held, values, edits] : table) {
+    for (QWidget* part : pane->findChildren<QWidget*>()) {
+      if (!part->inherits(kind)) continue;
+      const std::string name = text::FromQt(part->objectName());
+      if (changes != nullptr) {
+        *changes = 0;
+        const int step = 1 + ++number % (values - 1);
+        part->setProperty(held, (part->property(held).toInt() + step) % values);
+        EXPECT_EQ(*changes, edits) << name;
+      }
+      all[name] = text::FromQt(part->property(held).toString());
+    }
   }
   return all;
 }
 
 TEST_F(ConstructorEditorTest, KeepsEachOptionInItsElementAndAsksForAPreviewWhereOthersShow) {
-  bool is_first = true;
-  on_change = [&] { is_first = is_first && First().Replace1.empty(); };
+  const auto mark = QObject::connect(&editor, &ConstructorEditor::optionChanged, [this] {
+    EXPECT_EQ(First().Replace1, "") << "the mark comes before all else";
+  });
   Field("fdReplace1")->insert(QStringLiteral("9"));
-  EXPECT_TRUE(is_first) << "the mark comes before all else";
+  QObject::disconnect(mark);
   for (const ElementKind& kind : kElementKinds) {
-    if (*kind.pane == '\0') continue;
+    if (kind.number == kText) continue;
     SCOPED_TRACE(kind.caption);
     Select(0);
-    InsertLeft(kind.caption);
+    Insert(true, kind.caption);
     const auto set = Values(Pane(), &changes);
     EXPECT_FALSE(set.empty());
-    InsertLeft(kind.caption);
+    Insert(true, kind.caption);
     for (const auto& [name, fresh] : Values(Pane())) EXPECT_NE(fresh, set.at(name)) << name;
-    const int text = Chips()->count() - 2;
+    const int text = chips->count() - 2;
     for (const auto& [index, asks] : {std::pair{1, true}, {text, false}, {1, false}}) {
       changes = 0;
       Select(index);
@@ -437,30 +367,28 @@ TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
   InsertRight("<File date>");
   Field("fdDateSeparator")->insert(QString(10'000, u'm'));
   InsertRight("<Counter>");
-  FailureReport([&] { Enter("fdStartValue", std::string(10'000, '9').c_str()); });
+  Enter("fdStartValue", std::string(10'000, '9').c_str());
   constructor.InsertArrConstrItem(0, kText, std::string(10'000, 'x'));
   constructor.InsertArrConstrItem(1, kText, "R&D \xFF");
   const ConstructorEditor other(constructor, fakes.services);
   EXPECT_EQ(editor.minimumSizeHint().width(), narrow);
   EXPECT_EQ(other.minimumSizeHint().width(), narrow);
-  const ChipBar* chips = other.strip->tabConstructor;
-  EXPECT_LT(chips->tabRect(0).width(), 300);
-  EXPECT_LT(chips->tabToolTip(0).size(), 1'000);
-  EXPECT_EQ(chips->tabText(1), QStringLiteral("R&&D \uFFFD"));
+  const ChipBar* bar = other.strip->tabConstructor;
+  EXPECT_LT(bar->tabRect(0).width(), 300);
+  EXPECT_LT(bar->tabToolTip(0).size(), 1'000);
+  EXPECT_EQ(bar->tabText(1), QStringLiteral("R&&D \uFFFD"));
 }
 
 TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
   const std::pair<std::function<void()>, const char*> table[] = {
-      {[&] { Pick("cmbCutFile")->setCurrentIndex(2); }, "---"},  // N is 0
+      {[&] { Pick("cmbCutFile", 2); }, "---"},  // N is 0
       {[&] { Enter("fdCutFileN", "3"); }, "x--"},
       {[&] { Enter("fdReplace1", "old"); }, "xx-"},
-      {[&] { Pick("cmbAddFile")->setCurrentIndex(3); }, "xx-"},
+      {[&] { Pick("cmbAddFile", 3); }, "xx-"},
       {[&] { Enter("fdAddFileText2", "end"); }, "xxx"},
-      {[&] { Pick("cmbAddFile")->setCurrentIndex(2); }, "xx-"},
-      {[&] { Find<QPushButton>("Command1")->click(); }, "-x-"},
-      {[&] { InsertLeft("<Source file name>"); }, "---"},
-      {[&] { Select(1); }, "-x-"},
-  };
+      {[&] { Find<QPushButton>("Command1")->click(); }, "-xx"},
+      {[&] { Insert(true, "<Source file name>"); }, "---"},
+      {[&] { Select(1); }, "-xx"}};
   for (const auto& [act, expected] : table) {
     act();
     std::string marked;
@@ -475,18 +403,15 @@ TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
 
 TEST_F(ConstructorEditorTest, OpensItsMenusByKeys) {
   editor.show();
-  for (const auto& [button, modifiers] : {std::pair(strip->bnInsertRight, Qt::KeyboardModifiers()),
-                                          {strip->vbInsertLeft, Qt::ShiftModifier}}) {
-    bool opened = false;
-    const QObject this_round;
-    QMenu* menu = button->menu();
-    QObject::connect(menu, &QMenu::aboutToShow, &this_round, [menu, &opened] {
-      opened = true;
-      QTimer::singleShot(0, menu, &QMenu::hide);
+  int opened = 0;
+  for (const QPushButton* button : {strip->bnInsertRight, strip->vbInsertLeft}) {
+    QTimer::singleShot(0, &editor, [&opened, menu = button->menu()] {
+      opened += QApplication::activePopupWidget() == menu;
+      menu->hide();
     });
-    Press(Chips(), Qt::Key_Insert, modifiers);
-    EXPECT_TRUE(opened);
+    Press(chips, Qt::Key_Insert, opened == 1 ? Qt::ShiftModifier : Qt::NoModifier);
   }
+  EXPECT_EQ(opened, 2);
 }
 
 TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
@@ -495,21 +420,20 @@ TEST_F(ConstructorEditorTest, ScrollsTheSelectedChipWhollyIntoView) {
   auto* left = Find<QToolButton>("bnScrollLeft");
   EXPECT_FALSE(left->isVisible());
   for (int i = 0; i < 6; ++i) {
-    i < 5 ? InsertRight("<Parent folder name>") : Select(Chips()->count() - 1);
-    const QRect chip = Chips()->ChipRect(Chips()->currentIndex()).translated(Chips()->pos());
-    EXPECT_TRUE(Chips()->parentWidget()->rect().contains(chip)) << i;
+    i < 5 ? InsertRight("<Parent folder name>") : Select(chips->count() - 1);
+    const QRect chip = chips->ChipRect(chips->currentIndex()).translated(chips->pos());
+    EXPECT_TRUE(chips->parentWidget()->rect().contains(chip)) << i;
   }
   EXPECT_FALSE(Find<QToolButton>("bnScrollRight")->isEnabled());
-  for (int i = 0; i < Chips()->count(); ++i) left->click();
-  EXPECT_EQ(Chips()->x(), 0);
+  for (int i = 0; i < chips->count(); ++i) left->click();
+  EXPECT_EQ(chips->x(), 0);
   EXPECT_FALSE(left->isEnabled());
-  for (int i = 0; i < 6; ++i) strip->bnDeletePattern->click();
+  for (int i = 0; i < 6; ++i) Delete();
   EXPECT_FALSE(left->isVisible());
 }
 
 TEST_F(ConstructorEditorTest, TellsTheStripAndItsChipsToScreenReaders) {
-  Chips()->setAccessibleDescription(QStringLiteral("told"));
-  QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(Chips());
+  QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(chips);
   ASSERT_EQ(bar->childCount(), 3);
   QAccessibleInterface* last = bar->child(2);
   EXPECT_EQ(last->role(), QAccessible::PageTab);
@@ -518,20 +442,10 @@ TEST_F(ConstructorEditorTest, TellsTheStripAndItsChipsToScreenReaders) {
   last->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(strip->Selected(), 2);
   EXPECT_TRUE(last->state().selected);
-  while (Chips()->count() > 0) strip->bnDeletePattern->click();
+  while (chips->count() > 0) Delete();
   EXPECT_FALSE(last->isValid());
   EXPECT_EQ(bar->role(), QAccessible::PageTabList);
   EXPECT_EQ(bar->text(QAccessible::Name), QStringLiteral("New file name constructor"));
-  EXPECT_EQ(bar->text(QAccessible::Description), QStringLiteral("told"));
-}
-
-TEST_F(ConstructorEditorTest, EveryControlHasANameOfItsOwn) {
-  std::set<QString> names;
-  for (const QWidget* widget : editor.findChildren<QWidget*>()) {
-    const QString name = widget->objectName();
-    if (name.isEmpty() || name.startsWith(u"qt_") || name.startsWith(u"Scroll")) continue;
-    EXPECT_TRUE(names.insert(name).second) << name.toStdString();
-  }
 }
 
 }  // namespace
