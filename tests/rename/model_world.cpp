@@ -17,19 +17,12 @@ std::string Items(const PlainRow& row) {
                              row.counted ? "counted" : ""});
 }
 
-PlainRow AsPlain(const Records& records, const FileRow& row, bool counted) {
-  return {records.Path(row),
-          row.checked,
-          row.sourceFileName,
-          std::string(MarkText(row.mark)),
-          row.newFileName,
-          std::string(row.Rollback()),
-          std::string(row.Temp()),
-          records.NewPath(row),
-          row.mode,
-          std::string(row.PlannedName()),
-          row.RowTag,
-          counted};
+std::string ItemsOf(const Records& records, const FileRow& row, bool counted) {
+  return PlainModel::Joined(
+      {records.Path(row), row.checked ? "checked" : "", row.sourceFileName,
+       std::string(MarkText(row.mark)), row.newFileName, std::string(row.Rollback()),
+       std::string(row.Temp()), records.NewPath(row), std::to_string(row.mode),
+       std::string(row.PlannedName()), std::to_string(row.RowTag), counted ? "counted" : ""});
 }
 
 std::string Content(const std::filesystem::directory_entry& entry) {
@@ -49,30 +42,29 @@ TwoWorlds::TwoWorlds(Disk disk) {
     root = in_->path();
     out_root = out_->path();
   }
-  for (MemoryFiles* files : {&plain_files_, &memory_}) {
-    files->case_blind = disk == kCaseBlind;
-    for (const std::string& folder : {root + "/", out_root + "/"}) {
-      for (std::size_t end = 0; end != folder.npos; end = folder.find('/', end + 1)) {
-        files->folders.insert(folder.substr(0, end));
-      }
+  plain_files_.case_blind = disk == kCaseBlind;
+  for (const std::string& folder : {root + "/", out_root + "/"}) {
+    for (std::size_t end = 0; end != folder.npos; end = folder.find('/', end + 1)) {
+      plain_files_.folders.insert(folder.substr(0, end));
     }
   }
+  memory_ = plain_files_;
 }
 
 void TwoWorlds::MakeFolder(const std::string& path) {
-  for (MemoryFiles* files : {&plain_files_, &memory_}) files->folders.insert(path);
+  for (MemoryFiles* files : both_) files->folders.insert(path);
   if (IsReal()) std::filesystem::create_directory(path);
 }
 
 void TwoWorlds::Write(const std::string& path, const std::string& content) {
   if (IsFile(path)) owned_.erase(plain_files_.contents[path]);
   owned_.insert(content);
-  for (MemoryFiles* files : {&plain_files_, &memory_}) files->contents[path] = content;
+  for (MemoryFiles* files : both_) files->contents[path] = content;
   if (IsReal()) std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
 }
 
 void TwoWorlds::MakeLink(const std::string& path, const std::string& leads_to) {
-  for (MemoryFiles* files : {&plain_files_, &memory_}) {
+  for (MemoryFiles* files : both_) {
     files->contents[path] = "-> " + leads_to;
     if (files->folders.contains(leads_to)) files->folder_links[path] = leads_to;
   }
@@ -82,17 +74,15 @@ void TwoWorlds::MakeLink(const std::string& path, const std::string& leads_to) {
 
 void TwoWorlds::Remove(const std::string& path) {
   owned_.erase(plain_files_.contents[path]);
-  for (MemoryFiles* files : {&plain_files_, &memory_}) {
-    files->contents.erase(path);
-    files->folder_links.erase(path);
-  }
+  for (MemoryFiles* files : both_) files->contents.erase(path), files->folder_links.erase(path);
   if (IsReal()) std::filesystem::remove(path);
 }
 
 void TwoWorlds::AddRow(const std::string& folder, const std::string& name, bool checked) {
   records_.AddRecord("", folder, name, FileDate(), 0, "");
   records_[records_.Count() - 1].checked = checked;
-  model.rows.push_back(AsPlain(records_, records_[records_.Count() - 1], false));
+  PlainRow& row = model.rows.emplace_back();
+  row.path = folder, row.checked = checked, row.source = name;
 }
 
 void TwoWorlds::Plan(std::size_t row, const std::string& new_name) {
@@ -110,13 +100,21 @@ void TwoWorlds::SetOptions(const PlainOptions& options) {
   model.options = options;
   output_ = {options.destination, options.fdDestination, options.subfolders,
              options.fdSourceFolder};
-  state_.numbering.gConflictAddNumber = static_cast<std::int16_t>(options.add_number);
-  state_.numbering.gNumberLeft = options.left;
-  state_.numbering.gNumberRight = options.right;
+  const auto add_number = static_cast<std::int16_t>(options.add_number);
+  state_.numbering = {add_number, options.left, options.right};
 }
 
-template <class RealPass>
-void TwoWorlds::Do(const Trouble& trouble, RealPass&& real_pass) {
+void TwoWorlds::Run(const Trouble& trouble) {
+  Do(trouble, [this](Pass& pass) { RenameRun(pass, output_, reports_).RunRename(); });
+  model.Run(trouble.cancel_at, trouble.slow_copies);
+}
+
+void TwoWorlds::Undo(const Trouble& trouble) {
+  Do(trouble, [this](Pass& pass) { UndoRun(pass, reports_).Undo(); });
+  model.Undo(trouble.cancel_at);
+}
+
+void TwoWorlds::Do(const Trouble& trouble, const std::function<void(Pass&)>& real_pass) {
   state_.gCancelRequested = false;
   reports_.DeleteAll();
   fakes_.events.count = 0;
@@ -124,9 +122,9 @@ void TwoWorlds::Do(const Trouble& trouble, RealPass&& real_pass) {
     if (fakes_.events.count == trouble.cancel_at) state_.gCancelRequested = true;
   };
   memory_.in_copy = [&] { fakes_.clock.now_ms += trouble.slow_copies ? kLongTime : 0; };
-  for (MemoryFiles* files : {&plain_files_, &memory_}) {
-    files->fails = [&trouble, call = 0](std::string_view, std::string_view) mutable {
-      return trouble.failing.contains(++call);
+  for (MemoryFiles* files : both_) {
+    files->fails = [failing = trouble.failing, call = 0](auto, auto) mutable {
+      return failing.contains(++call);
     };
   }
   FileSystem& files = IsReal() ? *files_ : memory_;
@@ -136,68 +134,49 @@ void TwoWorlds::Do(const Trouble& trouble, RealPass&& real_pass) {
   files.LetFoldersGo();
 }
 
-void TwoWorlds::Run(const Trouble& trouble) {
-  Do(trouble, [&](Pass& pass) {
-    RenameRun(pass, output_, reports_).RunRename();
-    model.Run(trouble.cancel_at, trouble.slow_copies);
-  });
-}
-
-void TwoWorlds::Undo(const Trouble& trouble) {
-  Do(trouble, [&](Pass& pass) {
-    UndoRun(pass, reports_).Undo();
-    model.Undo(trouble.cancel_at);
-  });
-}
-
-std::vector<std::string> TwoWorlds::Rows() const {
-  std::vector<std::string> rows;
-  for (const PlainRow& row : model.rows) rows.push_back(Items(row));
-  return rows;
+std::vector<std::string> TwoWorlds::RowsAndFiles() const {
+  std::vector<std::string> lines;
+  for (const PlainRow& row : model.rows) lines.push_back(Items(row));
+  for (const auto& [path, content] : Everything()) lines.push_back(path + " = " + content);
+  return lines;
 }
 
 /// What the passes have written, as the model would tell it.
 std::vector<std::string> TwoWorlds::Told() const {
   std::vector<std::string> told;
   for (std::size_t i = 0; i < records_.Count(); ++i) {
-    told.push_back(Items(AsPlain(records_, records_[i], state_.gRowCounted[i] == 1)));
-  }
-  told.push_back(std::to_string(state_.panes.progressValue) +
-                 (state_.gCancelRequested ? " rows, cancelled" : " rows"));
-  for (const FailureRecord& record : reports_.gFailureReport) {
-    told.push_back(PlainModel::Joined({record.path, record.source_name, record.new_name}));
-  }
-  for (const ConflictRecord& record : reports_.gConflictReport) {
-    told.push_back(PlainModel::Joined({record.path, record.new_path, record.source_name,
-                                       record.final_name, record.planned_name}));
+    told.push_back(ItemsOf(records_, records_[i], state_.gRowCounted[i] == 1));
   }
   for (const auto& [path, content] : IsReal() ? OnDisk() : AllOf(memory_)) {
     told.push_back(path + " = " + content);
+  }
+  told.push_back(std::to_string(state_.panes.progressValue) +
+                 (state_.gCancelRequested ? " rows, cancelled" : " rows"));
+  for (const FailureRecord& r : reports_.gFailureReport) {
+    told.push_back(PlainModel::Joined({r.path, r.source_name, r.new_name}));
+  }
+  for (const ConflictRecord& r : reports_.gConflictReport) {
+    told.push_back(
+        PlainModel::Joined({r.path, r.new_path, r.source_name, r.final_name, r.planned_name}));
   }
   return told;
 }
 
 std::string TwoWorlds::Differences() {
-  std::vector<std::string> expected = Rows();
-  const auto counted = [](const PlainRow& row) { return row.counted; };
-  expected.push_back(std::to_string(std::count_if(model.rows.begin(), model.rows.end(), counted)) +
+  std::vector<std::string> expected = RowsAndFiles(), told = Told();
+  expected.push_back(std::to_string(std::ranges::count(model.rows, true, &PlainRow::counted)) +
                      (model.cancelled ? " rows, cancelled" : " rows"));
   expected.insert(expected.end(), model.failures.begin(), model.failures.end());
   expected.insert(expected.end(), model.conflicts.begin(), model.conflicts.end());
+  expected.resize(std::max(expected.size(), told.size()));
+  told.resize(expected.size());
   std::string differences;
-  for (const auto& [path, content] : Everything()) expected.push_back(path + " = " + content);
-  const std::vector<std::string> told = Told();
-  for (std::size_t i = 0; i < std::max(expected.size(), told.size()); ++i) {
-    const std::string& model_line = i < expected.size() ? expected[i] : "";
-    const std::string& pass_line = i < told.size() ? told[i] : "";
-    if (model_line != pass_line)
-      differences += "model " + model_line + "\n pass " + pass_line + "\n";
+  for (std::size_t i = 0; i < told.size(); ++i) {
+    if (expected[i] != told[i]) differences += "model " + expected[i] + "\n pass " + told[i] + "\n";
   }
-  std::set<std::string> there;
-  for (const auto& [path, content] : plain_files_.contents) there.insert(content);
-  for (const std::string& content : owned_) {
-    if (!there.contains(content)) differences += "lost: " + content + "\n";
-  }
+  std::set<std::string> lost = owned_;
+  for (const auto& [path, content] : plain_files_.contents) lost.erase(content);
+  for (const std::string& content : lost) differences += "lost: " + content + "\n";
   return differences;
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "core/pass.h"
 #include "core/records.h"
 #include "core/run_state.h"
 #include "rename/plain_model.h"
@@ -23,8 +25,7 @@ struct Trouble {
   std::set<int> failing;     ///< which changes of the disk fail; in memory only
 };
 
-/// The real passes over a disk, beside the plain model over one in memory. What is done to one is
-/// done to the other.
+/// The real passes over a disk, beside the plain model over one in memory.
 class TwoWorlds {
  public:
   enum Disk { kMemory, kCaseBlind, kReal, kTwoDevices };
@@ -40,8 +41,7 @@ class TwoWorlds {
 
   void AddRow(const std::string& folder, const std::string& name, bool checked);
   void Plan(std::size_t row, const std::string& new_name);
-  /// What the mode after a preview does.
-  void CountAnew();
+  void CountAnew();  ///< as the mode after a preview does
   void SetOptions(const PlainOptions& options);
 
   void Run(const Trouble& trouble);
@@ -51,15 +51,14 @@ class TwoWorlds {
   std::string Differences();
   /// All files, links and folders of the case, by path: a link as "-> target".
   std::map<std::string, std::string> Everything() const { return AllOf(plain_files_); }
-  /// The items of each row.
-  std::vector<std::string> Rows() const;
+  /// The items of each row, and everything.
+  std::vector<std::string> RowsAndFiles() const;
 
   std::string root = "/m";        ///< the case's folder, without a closing separator
   std::string out_root = "/m/o";  ///< where output folders are; may be on another file system
 
  private:
-  template <class RealPass>
-  void Do(const Trouble& trouble, RealPass&& real_pass);
+  void Do(const Trouble& trouble, const std::function<void(Pass&)>& real_pass);
   bool IsReal() const { return in_ != nullptr; }
   std::map<std::string, std::string> AllOf(const MemoryFiles& files) const;
   std::map<std::string, std::string> OnDisk() const;
@@ -67,6 +66,7 @@ class TwoWorlds {
 
   MemoryFiles plain_files_;
   MemoryFiles memory_;  ///< the disk of the passes, unless they work on a real one
+  MemoryFiles* const both_[2] = {&plain_files_, &memory_};
   std::unique_ptr<TempFolder> in_, out_;
   std::unique_ptr<FileSystem> files_;
   std::set<std::string> owned_;  ///< contents that must still be there

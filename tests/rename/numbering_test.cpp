@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
-
 #include "support/fake_services.h"
 
 namespace {
@@ -15,6 +12,7 @@ class NumberingTest : public testing::Test, protected FakeServices {
   void SetUp() override { Take("x"); }
 
   void Take(const std::string& name) { files.contents["/d/" + name] = ""; }
+  static std::string Numbered(int n) { return "x_{" + std::to_string(n) + "}"; }
   std::string FreeName() { return numbering.FreeName("/d/", "x"); }
 
   Records records;
@@ -32,11 +30,9 @@ TEST_F(NumberingTest, TestsFewNamesWhereManyFilesWantOne) {
 }
 
 TEST_F(NumberingTest, TestsFewNamesWhereNumberedFilesAreNumberedAnew) {
-  std::vector<std::string> names;
-  for (int n = 1; n <= 1000; ++n) names.push_back("x_{" + std::to_string(n) + "}");
-  for (const std::string& name : names) Take(name);
-  std::shuffle(names.begin(), names.end(), std::mt19937(7));
-  for (const std::string& name : names) {
+  for (int n = 1; n <= 1000; ++n) Take(Numbered(n));
+  for (int n = 1; n <= 1000; ++n) {
+    const std::string name = Numbered(n * 7 % 1000 + 1);  // in no order
     Take(FreeName());
     files.contents.erase("/d/" + name);
     numbering.Freed("/d/" + name);
@@ -46,7 +42,7 @@ TEST_F(NumberingTest, TestsFewNamesWhereNumberedFilesAreNumberedAnew) {
 }
 
 TEST_F(NumberingTest, GivesUpWhenTheUserCancels) {
-  for (int n = 1; n <= 100; ++n) Take("x_{" + std::to_string(n) + "}");
+  for (int n = 1; n <= 100; ++n) Take(Numbered(n));
   clock.step_ms = 50;
   events.on_events = [&] { state.gCancelRequested = events.count == 10; };
   std::string corrected = "untouched";

@@ -27,16 +27,13 @@ std::string PlainModel::Joined(const std::vector<std::string>& parts) {
 }
 
 bool PlainModel::AnyTakesPart() const {
-  const auto takes_part = [](const PlainRow& row) { return row.TakesPart(); };
-  return !made_folders_.empty() || std::any_of(rows.begin(), rows.end(), takes_part);
+  return !made_folders_.empty() || std::ranges::any_of(rows, &PlainRow::TakesPart);
 }
 
 // Both passes.
 
 void PlainModel::Begin(int cancel_at) {
-  cancel_at_ = cancel_at;
-  events_ = 0;
-  cancelled = false;
+  cancel_at_ = cancel_at, events_ = 0, cancelled = false;
   failures.clear();
   conflicts.clear();
 }
@@ -103,7 +100,7 @@ std::string PlainModel::MoveAside(const std::string& path, const std::string& na
 
 /// Whether a folder would take the place of a file that undo is to bring back.
 bool PlainModel::NeededByUndo(const std::string& folder) {
-  return std::any_of(rows.begin(), rows.end(), [&](const PlainRow& row) {
+  return std::ranges::any_of(rows, [&](const PlainRow& row) {
     const std::string former = row.path + row.rollback;
     return row.TakesPart() && (files_.ResolveFolder(former) == files_.ResolveFolder(folder) ||
                                files_.IsSameEntry(former, folder));
@@ -114,15 +111,16 @@ bool PlainModel::NeededByUndo(const std::string& folder) {
 bool PlainModel::CreateFolderPath(const std::string& path) {
   for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
     const std::string level = path.substr(0, end);
-    if (!files_.Look(level)) {
-      if (NeededByUndo(level)) return false;
-      if (files_.CreateDirectory(level)) {
-        const std::string made = files_.ResolveFolder(level);
-        const FolderIdentity identity = *files_.IdentifyFolder(made);
-        if (NeededByUndo(level) && files_.DeleteMadeFolder(made, identity)) return false;
+    const bool there = files_.Look(level).has_value();
+    if (!there && NeededByUndo(level)) return false;
+    if (!there && files_.CreateDirectory(level)) {
+      const std::string made = files_.ResolveFolder(level);
+      const FolderIdentity identity = *files_.IdentifyFolder(made);
+      const bool needed = NeededByUndo(level);  // its name in other letters
+      if (!needed || !files_.DeleteMadeFolder(made, identity)) {
         made_folders_.emplace_back(made, identity);
-        if (NeededByUndo(level)) return false;
       }
+      if (needed) return false;
     }
     if (end == path.npos) return true;
   }
@@ -173,10 +171,9 @@ bool PlainModel::RunRow(PlainRow& row) {
   };
   const std::string source = row.path + row.source, target = folder + row.new_name;
   const bool copies = options.destination == 1;
-  if (copies ? !files_.CopyFile(source, target, go_on, &row.copied)
-             : !files_.MoveFile(source, target, {})) {
-    return false;
-  }
+  const bool done = copies ? files_.CopyFile(source, target, go_on, &row.copied)
+                           : files_.MoveFile(source, target, {});
+  if (!done) return false;
   if (row.rollback.empty()) row.rollback = row.source;
   if (!copies) row.source = row.rollback;
   row.RowTag = 1;
@@ -238,18 +235,17 @@ void PlainModel::Undo(int cancel_at) {
     }
     if (row.mark == "Failed") row.mark = ">>";
   }
-  for (std::size_t i = made_folders_.size(); i-- > 0;) {
-    if (files_.DeleteMadeFolder(made_folders_[i].first, made_folders_[i].second)) {
-      made_folders_.erase(made_folders_.begin() + static_cast<std::ptrdiff_t>(i));
-    }
-  }
+  std::ranges::reverse(made_folders_);
+  std::erase_if(made_folders_, [this](const auto& made) {
+    return files_.DeleteMadeFolder(made.first, made.second);
+  });
+  std::ranges::reverse(made_folders_);
 }
 
 bool PlainModel::UndoRow(PlainRow& row) {
   if (row.RowTag == 1 && !UndoDone(row)) return false;
   if (row.source != row.rollback && !MoveBack(row, row.path + row.source)) return false;
-  row.source = row.rollback;
-  row.rollback.clear();
+  Restore(row.source, row.rollback);
   row.mark = ">>";
   return true;
 }
@@ -283,10 +279,9 @@ void PlainModel::FreeFormerName(const PlainRow& row, const std::string& former) 
       if (&other == &row) continue;
       for (const auto& [folder, name] : FilesOf(other)) {
         const std::string path = folder + other.*name;
-        if (exact ? files_.ResolveFolder(path) != files_.ResolveFolder(former)
-                  : !AreOneName(path, former)) {
-          continue;
-        }
+        const bool one = exact ? files_.ResolveFolder(path) == files_.ResolveFolder(former)
+                               : AreOneName(path, former);
+        if (!one) continue;
         const std::string aside = MoveAside(folder, other.*name);
         if (aside.empty()) return;
         if (name == &PlainRow::new_name && other.temp.empty()) other.temp = other.new_name;
@@ -298,12 +293,9 @@ void PlainModel::FreeFormerName(const PlainRow& row, const std::string& former) 
 }
 
 std::vector<PlainModel::Held> PlainModel::FilesOf(const PlainRow& row) {
-  std::vector<Held> held;
-  if (row.RowTag == 1) {
-    held.emplace_back(row.new_path.empty() ? row.path : row.new_path, &PlainRow::new_name);
-  }
-  const bool aside = row.RowTag != 1 && !row.rollback.empty();
-  const bool original = row.RowTag == 1 && row.mode == 1 && row.source != row.rollback;
-  if (aside || original) held.emplace_back(row.path, &PlainRow::source);
-  return held;
+  const Held result(row.new_path.empty() ? row.path : row.new_path, &PlainRow::new_name);
+  const Held source(row.path, &PlainRow::source);
+  if (row.RowTag != 1) return row.rollback.empty() ? std::vector<Held>() : std::vector{source};
+  const bool original_aside = row.mode == 1 && row.source != row.rollback;
+  return original_aside ? std::vector{result, source} : std::vector{result};
 }

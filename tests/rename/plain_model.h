@@ -8,9 +8,8 @@
 #include "platform/files.h"
 
 /// Run and undo once more, in the plainest way: every search goes through all rows or all names
-/// from the first. Slow, short and without any index, so that it can be read beside the rules and
-/// believed; the passes are held against it. Shares only texts (letter case, characters) with the
-/// program.
+/// from the first, without any index, so that it can be read beside the rules and believed. Shares
+/// only texts (letter case, characters) with the program.
 
 /// The items of a row that take part.
 struct PlainRow {
@@ -33,12 +32,10 @@ struct PlainRow {
 
 struct PlainOptions {
   int destination = 0;
-  std::string fdDestination;
-  std::string fdSourceFolder;
+  std::string fdDestination, fdSourceFolder;
   bool subfolders = true;
   int add_number = 1;
-  std::string left = "_{";
-  std::string right = "}";
+  std::string left = "_{", right = "}";
 };
 
 class PlainModel {
@@ -56,22 +53,18 @@ class PlainModel {
   void Run(int cancel_at, bool slow_copies);
   void Undo(int cancel_at);
 
-  /// Whether undo has anything to do.
-  bool AnyTakesPart() const;
+  bool AnyTakesPart() const;  ///< in an undo
 
   /// One text a record, each part in brackets.
   static std::string Joined(const std::vector<std::string>& parts);
 
  private:
-  /// The two texts around a number.
-  using Texts = std::pair<std::string, std::string>;
-  /// The folder of a file of a row, and where the row has its name.
-  using Held = std::pair<std::string, std::string PlainRow::*>;
+  using Texts = std::pair<std::string, std::string>;             ///< around a number
+  using Held = std::pair<std::string, std::string PlainRow::*>;  ///< a file: folder and name
 
   void Begin(int cancel_at);
   void LetEventsRun();
   bool GoesOn(std::size_t i);
-
   bool AreOneName(const std::string& a, const std::string& b);
   bool NeededByUndo(const std::string& folder);
   bool CreateFolderPath(const std::string& path);
@@ -91,8 +84,7 @@ class PlainModel {
   void FreeFormerName(const PlainRow& row, const std::string& former);
 
   FileSystem& files_;
-  int cancel_at_ = 0;
-  int events_ = 0;
+  int cancel_at_ = 0, events_ = 0;
   bool slow_copies_ = false;
   std::vector<std::pair<std::string, FolderIdentity>> made_folders_;
 };

@@ -24,8 +24,7 @@ class FakeClock : public Clock {
     return LocalTime{2000 + static_cast<int>(unix_seconds), 1, 2, 3, 4, 5};
   }
 
-  std::int64_t now_ms = 0;
-  std::int64_t step_ms = 0;
+  std::int64_t now_ms = 0, step_ms = 0;
 };
 
 /// Counts how often events ran, and does what a user would do at that moment.
@@ -49,11 +48,10 @@ class FakePrompts : public Prompts {
   }
 
   std::vector<std::string> told;
-  std::function<void()> on_tell;  ///< what is seen behind the message
-  std::string icons;              ///< of each, '!' an exclamation mark, 'x' a stop sign
+  std::function<void()> on_tell;
+  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
-/// Knows text files only.
 class FakeTypeNames : public TypeNames {
  public:
   std::string TypeName(std::string_view extension) override {
@@ -68,8 +66,7 @@ class FakeTypeNames : public TypeNames {
 class PlainLocale : public LocaleFacts {
  public:
   std::string MonthName(int month) const override {
-    static const char* const kNames[] = {"Januar", "Februar", "März"};
-    return month <= 3 ? kNames[month - 1] : "Monat";
+    return month == 1 ? "Januar" : month == 2 ? "Februar" : month == 3 ? "März" : "Monat";
   }
   std::string ShortMonthName(int month) const override {
     return MonthName(month).substr(0, month == 3 ? 4 : 3);
@@ -82,8 +79,7 @@ class PlainLocale : public LocaleFacts {
 class FakeSystemFacts : public SystemFacts {
  public:
   LocalTime Now() override {
-    if (broken) throw Failure(kTypeMismatch, "no clock");
-    return {2024, 3, 9, 7, 5, 2};
+    return broken ? throw Failure(kTypeMismatch, "no clock") : LocalTime{2024, 3, 9, 7, 5, 2};
   }
   std::string ComputerName() override { return "attic"; }
   SystemName System() override { return {"Test System 1", "2.3", "patch 4"}; }
@@ -97,14 +93,12 @@ class FakeSystemFacts : public SystemFacts {
   std::optional<std::uint32_t> VolumeSerial(std::string_view) override { return 0x00AB12CD; }
   std::optional<std::string> FileSystemName(std::string_view) override { return "ext4"; }
 
-  std::optional<std::uint64_t> program_size = 1234567;
-  std::optional<std::uint64_t> free_bytes = 1536001;
+  std::optional<std::uint64_t> program_size = 1234567, free_bytes = 1536001;
   bool broken = false;
 };
 
 class FakeFolders : public Folders {
  public:
-  explicit FakeFolders(std::string its_documents = {}) : documents(std::move(its_documents)) {}
   std::string Documents() override { return documents; }
 
   std::string documents;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <ranges>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,9 +16,8 @@
 #include "platform/name_pattern.h"
 #include "platform/text.h"
 
-/// A file system in memory: paths and their contents. Refuses what the real one refuses, logs what
-/// it does, and fails what a test names. A file that was written to, or another in its place, is
-/// told by its content.
+/// A file system in memory: paths and their contents. Refuses what the real one refuses. A file
+/// that was written to, or another in its place, is told by its content.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::string> contents;
@@ -26,18 +26,15 @@ class MemoryFiles : public FileSystem {
   bool case_blind = false;                          ///< takes "a" and "A" for one name
   std::function<bool(std::string_view operation, std::string_view path)> fails;
   std::function<void()> in_copy;  ///< what happens between the pieces of a copy
-  std::vector<std::string> log;   ///< "move /a /b": what was done
   int exists_calls = 0;
   std::set<std::string> locked;  ///< folders that can't be listed
 
   /// `path` with its folder as it is stored, and its name too if something is there.
   std::string Real(std::string_view path) const {
-    const bool plain = folder_links.empty() && !case_blind && path.find("/.") == path.npos;
-    if (plain) return std::string(path);
     const std::size_t name = path.rfind('/') + 1;
+    if (IsPlain(path) || name == 0) return std::string(path);
     if (path.ends_with("/.") || path.ends_with("/..")) return RealFolder(path);
-    return name == 0 ? std::string(path)
-                     : Stored(RealFolder(path.substr(0, name)) + "/", path.substr(name));
+    return Stored(RealFolder(path.substr(0, name)) + "/", path.substr(name));
   }
 
   bool Exists(std::string_view path) override {
@@ -51,17 +48,14 @@ class MemoryFiles : public FileSystem {
       return other.starts_with(folder) && other.rfind('/') + 1 == folder.size() &&
              FitsPattern(other.substr(folder.size()), name);
     };
-    return std::any_of(folders.begin(), folders.end(), fits) ||
-           std::any_of(contents.begin(), contents.end(),
-                       [&](const auto& file) { return fits(file.first); });
+    return AnyEntry(fits);
   }
 
   std::optional<FileFacts> Look(std::string_view path) override {
     const std::string real = Real(path);
     if (path == "/" || folders.contains(real)) return FileFacts{EntryKind::kFolder, 0, 0};
-    const auto found = contents.find(real);
-    if (found == contents.end()) return std::nullopt;
-    return FileFacts{EntryKind::kFile, found->second.size(), 1'000'000'000};
+    if (!contents.contains(real)) return std::nullopt;
+    return FileFacts{EntryKind::kFile, contents[real].size(), 1'000'000'000};
   }
 
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
@@ -104,7 +98,6 @@ class MemoryFiles : public FileSystem {
     const std::string target = Target(to);
     if (source->first == target) return true;
     if (!IsSameEntry(from, to) && !Fits(target)) return false;
-    Log("move", from, to);
     const std::string old = source->first;
     Rekey(contents, old, target);
     Rekey(inodes_, old, target);
@@ -121,7 +114,6 @@ class MemoryFiles : public FileSystem {
     if (!Fits(target)) return false;
     if (in_copy) in_copy();
     if (go_on && !go_on()) return No(ECANCELED);
-    Log("copy", from, to);
     contents[target] = contents[source];
     inodes_[target] = ++last_inode_;
     if (copied != nullptr) *copied = {Identity(source), Identity(target)};
@@ -130,7 +122,6 @@ class MemoryFiles : public FileSystem {
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     if (Fails("delete", path) || !IsVeryFile(path, made)) return No(kNotTheCopy);
-    Log("delete", path, "");
     inodes_.erase(Real(path));
     return contents.erase(Real(path)) > 0;
   }
@@ -143,13 +134,8 @@ class MemoryFiles : public FileSystem {
   }
   bool DeleteMadeFolder(std::string_view path, const FolderIdentity& made) override {
     const std::string real = Real(path);
-    const auto inside = [&](const std::string& entry) {
-      return entry.size() > real.size() && entry.starts_with(real) && entry[real.size()] == '/';
-    };
-    return !Fails("delete", path) && IdentifyFolder(path) == made &&
-           std::none_of(folders.begin(), folders.end(), inside) &&
-           std::none_of(contents.begin(), contents.end(),
-                        [&](const auto& file) { return inside(file.first); }) &&
+    const auto inside = [&](const std::string& entry) { return entry.starts_with(real + "/"); };
+    return !Fails("delete", path) && IdentifyFolder(path) == made && !AnyEntry(inside) &&
            folders.erase(real) > 0;
   }
   int Problem() const override { return problem_; }
@@ -169,36 +155,36 @@ class MemoryFiles : public FileSystem {
   bool Fails(std::string_view operation, std::string_view path) {
     return fails && fails(operation, path);
   }
-  void Log(std::string_view operation, std::string_view from, std::string_view to) {
-    if (log.size() < 1000) {
-      log.push_back(std::string(operation).append(" ").append(from).append(" ").append(to));
-    }
-  }
   bool IsThere(const std::string& real) const {
     return contents.contains(real) || folders.contains(real);
   }
+  template <class Test>
+  bool AnyEntry(const Test& test) const {
+    return std::ranges::any_of(folders, test) ||
+           std::ranges::any_of(std::views::keys(contents), test);
+  }
+  bool IsPlain(std::string_view path) const {
+    return folder_links.empty() && !case_blind && path.find("/.") == path.npos;
+  }
   /// The entry of that name as it is stored; the name as given when there is none.
   std::string Stored(const std::string& folder, std::string_view name) const {
-    std::string path = folder + std::string(name);
+    std::string path = folder + std::string(name), stored = path;
     if (!case_blind || IsThere(path)) return path;
-    for (const auto& [file, content] : contents) {
-      if (text::EqualIgnoringCase(file, path)) return file;
-    }
-    for (const std::string& other : folders) {
-      if (text::EqualIgnoringCase(other, path)) return other;
-    }
-    return path;
+    const auto fits = [&](const std::string& other) {
+      const bool one = text::EqualIgnoringCase(other, path);
+      if (one) stored = other;
+      return one;
+    };
+    AnyEntry(fits);
+    return stored;
   }
   /// A folder's path, with or without its closing separator, as it is stored; without it.
   std::string RealFolder(std::string_view path) const {
     std::string real;
     for (const std::string_view name : text::Split(path, "/")) {
       if (name.empty() || name == ".") continue;
-      if (name == ".." && folders.contains(real)) {
-        real.resize(std::min(real.rfind('/'), real.size()));
-        continue;
-      }
-      real = Stored(real + "/", name);
+      const bool up = name == ".." && folders.contains(real);
+      real = up ? real.substr(0, real.rfind('/')) : Stored(real + "/", name);
       const auto link = folder_links.find(real);
       if (link != folder_links.end()) real = link->second;
     }
@@ -206,17 +192,16 @@ class MemoryFiles : public FileSystem {
   }
   /// Where something new of that name would stand.
   std::string Target(std::string_view path) const {
-    const bool plain = folder_links.empty() && !case_blind && path.find("/.") == path.npos;
     const std::size_t name = path.rfind('/') + 1;
-    if (plain || name == 0) return std::string(path);
+    if (IsPlain(path) || name == 0) return std::string(path);
     return (RealFolder(path.substr(0, name)) + "/").append(path.substr(name));
   }
   bool Fits(const std::string& target) {
     using namespace std::string_view_literals;
     const std::size_t end = target.rfind('/');
     const std::string_view name = std::string_view(target).substr(end + 1);
-    if (name == "" || name == "." || name == ".." || name.find('\0') != name.npos)
-      return No(EINVAL);
+    const bool is_name = name != "" && name != "." && name != ".." && name.find('\0') == name.npos;
+    if (!is_name) return No(EINVAL);
     if (name.size() > 255) return No(ENAMETOOLONG);
     if (IsThere(Stored(target.substr(0, end + 1), name))) return No(EEXIST);
     return folders.contains(target.substr(0, end)) || No(ENOENT);
@@ -225,8 +210,8 @@ class MemoryFiles : public FileSystem {
     const std::string& content = contents[real];
     std::uint64_t& inode = inodes_[real];
     if (inode == 0) inode = ++last_inode_;
-    return {1, inode, content.size(), static_cast<std::int64_t>(std::hash<std::string>()(content)),
-            0};
+    const auto changed = static_cast<std::int64_t>(std::hash<std::string>()(content));
+    return {1, inode, content.size(), changed, 0};
   }
 
   std::map<std::string, std::uint64_t> inodes_;

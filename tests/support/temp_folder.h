@@ -11,30 +11,27 @@
 #include <fstream>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-/// A new empty folder, gone with all that is in it at the end. Helpers take names relative to it;
-/// they know nothing of the code under test.
+/// A new empty folder, gone with all that is in it at the end. Helpers take names relative to it.
 class TempFolder {
  public:
   /// In TMPDIR or /tmp unless `parent` is given.
   explicit TempFolder(std::string parent = {}) {
     if (parent.empty()) parent = std::filesystem::temp_directory_path().string();
     path_ = parent + "/qv-test-XXXXXX";
-    if (::mkdtemp(path_.data()) == nullptr) {
-      ADD_FAILURE() << "can't make a folder in " << parent;
-      path_.clear();
-    }
+    if (::mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no folder in " + parent);
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder() {
     std::error_code ignored;
-    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    std::filesystem::remove_all(path_, ignored);
   }
 
   const std::string& path() const { return path_; }
@@ -53,7 +50,7 @@ class TempFolder {
     if (!file) return std::nullopt;
     std::ostringstream content;
     content << file.rdbuf();
-    return std::move(content).str();
+    return content.str();
   }
 
   void MakeFolder(std::string_view name) const {
@@ -65,15 +62,12 @@ class TempFolder {
   }
 
   /// Whether anything has that name, a dangling link included.
-  bool Has(std::string_view name) const {
-    struct stat facts;
-    return ::lstat((*this / name).c_str(), &facts) == 0;
-  }
+  bool Has(std::string_view name) const { return Facts(name).st_nlink > 0; }
 
   /// What lstat tells; all 0 when there is nothing.
   struct stat Facts(std::string_view name) const {
     struct stat facts = {};
-    if (::lstat((*this / name).c_str(), &facts) != 0) facts = {};
+    ::lstat((*this / name).c_str(), &facts);
     return facts;
   }
 
@@ -83,7 +77,7 @@ class TempFolder {
     for (const auto& entry : std::filesystem::directory_iterator(*this / subfolder)) {
       names.push_back(entry.path().filename().string());
     }
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
   }
 
