@@ -34,18 +34,4 @@ TEST(SizeText, WritesWholeNumbersInThousandsOrThreeDigitsAndAUnit) {
   EXPECT_EQ(mCommon::RoundEx(1500, WideLocale()), "1\u066B46 KB");
 }
 
-TEST(SizeText, TellsFreeSpaceOfTheRootAndTheProgramsSize) {
-  const PlainLocale locale;
-  FakeSystemFacts facts;
-  const auto free_space = [&] { return mCommon::GetFreeSpace(facts, locale, "/home/a", kPosix); };
-  EXPECT_EQ(free_space(), "1.46 MB (1,536,001 bytes)");
-  EXPECT_EQ(mCommon::GetFileExeSize(facts, locale, true), "1.17 MB (1,234,567 bytes)");
-  EXPECT_EQ(mCommon::GetFileExeSize(facts, locale, false), "1.17 MB");
-  facts.free_bytes = 999;
-  EXPECT_EQ(free_space(), "999 bytes");
-  facts.free_bytes = facts.program_size = std::nullopt;
-  EXPECT_EQ(free_space(), "");
-  EXPECT_EQ(mCommon::GetFileExeSize(facts, locale, true), "");
-}
-
 }  // namespace

@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <stdexcept>
@@ -197,18 +196,6 @@ TEST_F(ErrorWindowsTest, WhereTheWindowCanNotBeMadeThereIsAPlainMessage) {
   EXPECT_TRUE(OpenWindows().empty());
   EXPECT_THAT(system_.prompts.told,
               ElementsAre("Sorry, an error has occurred. Try to restart the program."));
-}
-
-TEST_F(ErrorWindowsTest, ADevelopersWindowShowsTheReportAboveAModalOne) {
-  QDialog other;
-  other.setModal(true);
-  for (const auto modality : {Qt::NonModal, Qt::ApplicationModal}) {
-    frmShowError window;
-    other.setVisible(modality != Qt::NonModal);
-    window.ShowError("report\r\n  line");
-    EXPECT_EQ(window.windowModality(), modality);
-    EXPECT_EQ(window.findChild<QPlainTextEdit*>()->toPlainText(), QStringLiteral("report\n  line"));
-  }
 }
 
 }  // namespace

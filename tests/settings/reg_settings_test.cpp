@@ -9,32 +9,6 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(RegSettings, NumbersAreReadStrictlyAndAReportNamesTheKey) {
-  const std::pair<std::string, const char*> table[] = {
-      {"-12", "-12"},
-      {"2147483647", "2147483647"},
-      {"2147483648", "Overflow"},
-      {"", "Type mismatch"},
-      {" 12", "Type mismatch"},
-      {"99999999999999999999x", "Type mismatch"},
-      {std::string("1\0", 2), "Type mismatch"},
-      {std::string(65536, '1'), "Overflow"},
-      {std::string(65537, '1'), "Invalid property value"}};
-  MemorySettings store;
-  std::string answer;
-  const auto read = [&] {
-    answer = std::to_string(mRegSettings::ReadInteger(store, {"Section", "Key", "7"}));
-  };
-  EXPECT_EQ(FailureReport(read) + answer, "7") << "not stored";
-  for (const auto& [text, expected] : table) {
-    store.values[{"Section", "Key"}] = text;
-    const std::string report = FailureReport(read);
-    EXPECT_THAT(report.empty() ? answer : report, testing::StartsWith(expected));
-    if (report.empty()) continue;
-    EXPECT_THAT(report, AllOf(HasSubstr("'Section'"), HasSubstr("'Key'")));
-  }
-}
-
 TEST(RegSettings, DeletingWhatIsNotThereIsAFailure) {
   MemorySettings store;
   store.values[{"Templates", "1"}] = "Report";

@@ -78,6 +78,10 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
       {"Settings\\Folders", "SourceFolderSubfolders", "2", "Invalid property", "1"},
       {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "0"},
       {"Settings\\FileList", "GroupBy", "-1", "Invalid property", "1"},
+      {"Settings\\FileList", "GroupBy", " 1", "Type mismatch", "1"},
+      {"Settings\\FileList", "GroupBy", "", "Type mismatch", "1"},
+      {"Conflicts", "AddNumber", std::string("1\0", 2), "Type mismatch", "1"},
+      {"Conflicts", "AddNumber", "99999999999999999999", "Overflow", "1"},
       {"Settings\\FileList", "GroupBy", "3", "Invalid property", "1"},
       {"Conflicts", "AddNumber", "32768", "Overflow", "1"},
   };
@@ -88,7 +92,8 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
     store.written.clear();
     OptionsAtStart start;
     const auto read = [&] { ReadSavedOptions(store, start.shown, start.read); };
-    EXPECT_THAT(FailureReport(read), testing::StartsWith(row.failure)) << row.key;
+    EXPECT_THAT(FailureReport(read),
+                AllOf(testing::StartsWith(row.failure), testing::HasSubstr("'" + row.key + "'")));
     EXPECT_EQ(store.read.back(), row.key);
     ASSERT_EQ(kRows[start.read].key, row.key);
 

@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
 
@@ -79,14 +77,6 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
     EXPECT_EQ(Text(window), row.window) << row.frm;
     EXPECT_EQ(report.substr(0, report.find(" \r")), row.failure);
   }
-}
-
-TEST(WindowPlacement, LengthsComeBackFromTheirTextToTheLastBit) {
-  for (const float value : {-0.1F, 1234567.9F, std::numeric_limits<float>::max(),
-                            std::numeric_limits<float>::denorm_min()}) {
-    EXPECT_EQ(ToSingle(SingleText(value)), value) << SingleText(value);
-  }
-  EXPECT_EQ(SingleText(100000), "100000");
 }
 
 TEST(WindowPlacement, OverTheOwnerButOnTheScreen) {

@@ -165,8 +165,4 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
   }
 }
 
-TEST(ErrTrace, KnowsNothingOfTheMachineBeforeItIsTold) {
-  EXPECT_THAT(ArgumentLine(1), HasSubstr("Time='?' App='?:?' ADO-version='?' Computer='?'"));
-}
-
 }  // namespace

@@ -1,7 +1,6 @@
 #include "platform/qt/settings_store_qt.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/wait.h>
 
 #include <filesystem>
@@ -119,24 +118,6 @@ TEST_F(SettingsStoreQt, TwoWritersKeepEachOthersKeysAlsoBehindALink) {
     const std::string who(1, "-mo"[i / 15]);
     EXPECT_EQ(on_disk("A", who + std::to_string(i % 15)), who) << i;
   }
-}
-
-TEST_F(SettingsStoreQt, AWriterKilledAtWorkLeavesAWholeFileAndNoLock) {
-  const pid_t writer = InProcess([&] {
-    QtSettingsStore store(FileIn(folder));
-    for (char sign = 'a';; sign ^= 3) (void)Save(store, "Long", std::string(10000, sign));
-    return 0;
-  });
-  while (!folder.Has(kFile)) ::usleep(100);
-  ::usleep(20000);
-  ::kill(writer, SIGKILL);
-  EndOf(writer);
-
-  QtSettingsStore store(FileIn(folder));
-  EXPECT_EQ(store.ReadProblem().text, "");
-  const std::string text = store.GetSetting("A", "Long", " ");
-  EXPECT_EQ(text, std::string(10000, text[0]));
-  EXPECT_EQ(Save(store, "Next", "1"), 0);
 }
 
 TEST_F(SettingsStoreQt, ADamagedFileGivesWhatCanBeReadAndIsCopiedBeforeItIsWritten) {
