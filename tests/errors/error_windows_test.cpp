@@ -180,22 +180,4 @@ TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
                              testing::Not(HasSubstr("paint 2"))));
 }
 
-/// A desktop that can't even name its folders.
-class BrokenFolders : public Folders {
- public:
-  std::string Documents() override { throw Failure(kTypeMismatch, "no folders"); }
-};
-
-TEST_F(ErrorWindowsTest, WhereTheWindowCanNotBeMadeThereIsAPlainMessage) {
-  BrokenFolders folders;
-  FakeServices& s = system_;
-  const Services services{s.files,      s.clock, s.facts,   s.events, s.locale,
-                          s.type_names, folders, s.prompts, s.shell,  s.settings};
-  ErrorReporter reporter(services);
-  ErrTrace::top("m.F", [] { throw Failure(1, "first"); });
-  EXPECT_TRUE(OpenWindows().empty());
-  EXPECT_THAT(system_.prompts.told,
-              ElementsAre("Sorry, an error has occurred. Try to restart the program."));
-}
-
 }  // namespace

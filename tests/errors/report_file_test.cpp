@@ -71,18 +71,6 @@ TEST_F(ReportFileTest, WaitsForALockUpToASecond) {
   }
 }
 
-TEST_F(ReportFileTest, FindsOrMakesItsFolderAndLeavesOutFactsThatCanNotBeHad) {
-  system_.facts.broken = true;
-  documents_.MakeFolder("far");
-  documents_.MakeLink("near", "far");
-  for (const char* folder : {"not/yet", "near"}) {
-    system_.folders.documents = documents_ / folder;
-    Save("text");
-    EXPECT_THAT(documents_.Read(std::string(folder) + "/" + kFile).value_or(""),
-                testing::HasSubstr("Free space (Error): \r\nFile name : quorvane\r\n"));
-  }
-}
-
 TEST_F(ReportFileTest, WritesNowhereButIntoAFileOfTheUsersOwnAndNeverWaitsForAnother) {
   const std::string file = documents_ / kFile, folder = documents_ / "Quorvane";
   const std::string kept = documents_ / "kept.txt", far = documents_ / "far";

@@ -9,16 +9,6 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(RegSettings, DeletingWhatIsNotThereIsAFailure) {
-  MemorySettings store;
-  store.values[{"Templates", "1"}] = "Report";
-  const auto delete_key = [&] { mRegSettings::DeleteSetting(store, "Templates", "1"); };
-  const auto delete_section = [&] { mRegSettings::DeleteSetting(store, "Templates\\1"); };
-  EXPECT_THAT(FailureReport(delete_section), HasSubstr("Invalid procedure call or argument"));
-  EXPECT_EQ(FailureReport(delete_key), "");
-  EXPECT_THAT(FailureReport(delete_key), HasSubstr("Number: 5"));
-}
-
 TEST(RegSettings, TheVersionIsOnDiskWhenItIsSaved) {
   MemorySettings store;
   const auto save = [&] { mRegSettings::SaveVersion(store, {1, 20, 3}, "/usr/bin"); };

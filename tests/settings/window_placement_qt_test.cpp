@@ -2,9 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <QDialog>
 #include <QScreen>
-#include <QVBoxLayout>
 #include <QWidget>
 
 #include "support/failure_report.h"
@@ -49,46 +47,6 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   again.show();
   EXPECT_EQ(again.pos(), QPoint(33, 44));
   EXPECT_EQ(again.size(), QSize(321, 222));
-}
-
-TEST(WindowPlacementQt, AMaximisedWindowKeepsItsNormalPlaceAndAMinimisedOneWritesNothing) {
-  MemorySettings store;
-  {
-    PlacedWidget window(store, "Form3");
-    window.show();
-    window.setGeometry(33, 44, 321, 222);
-    window.close();
-    window.showMaximized();
-    window.close();
-  }
-  PlacedWidget window(store, "Form3");
-  window.show();
-  EXPECT_TRUE(window.isMaximized());
-  EXPECT_EQ(window.normalGeometry(), QRect(33, 44, 321, 222));
-  window.showNormal();
-  EXPECT_EQ(window.size(), QSize(321, 222));
-  window.showMinimized();
-  store.written.clear();
-  window.close();
-  EXPECT_THAT(store.written, IsEmpty());
-}
-
-TEST(WindowPlacementQt, ADialogIsPlacedByTheSizeOfItsLayoutAndStoredHoweverItEnds) {
-  MemorySettings store;
-  QWidget owner;
-  owner.setGeometry(500, 300, 200, 100);
-  QDialog dialog(&owner);
-  (new QVBoxLayout(&dialog))->addStrut(250);
-  new WindowPlacement(store, dialog, "Form8");
-  dialog.open();
-  EXPECT_LE(OffTheMiddle(dialog), 1);
-  dialog.move(60, 70);
-  dialog.accept();
-  EXPECT_THAT(store.written, ElementsAre("MainLeft=900", "MainTop=1050", "WindowState=0"));
-  dialog.open();
-  dialog.move(80, 90);
-  dialog.reject();
-  EXPECT_EQ((store.values[{"Windows\\Conflicts", "MainLeft"}]), "1200");
 }
 
 TEST(WindowPlacementQt, BadValuesAndAFullDiskAreReportedAndTheWindowWorks) {

@@ -79,21 +79,4 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
   }
 }
 
-TEST(WindowPlacement, OverTheOwnerButOnTheScreen) {
-  const std::pair<WindowFrame, const char*> table[] = {
-      // the owner, the window
-      {{3000, 1500, 6000, 3000}, "4500 2000 3000 2000 0"},
-      {{-6000, -3000, 6000, 3000}, "0 0 3000 2000 0"},
-      {{28000, 16000, 6000, 3000}, "25800 14200 3000 2000 0"},
-  };
-  WindowFrame window = kNew;
-  for (const auto& [owner, placed] : table) {
-    CenterOwner(owner, kScreen, window);
-    EXPECT_EQ(Text(window), placed);
-  }
-  window = {0, 0, 40000, 20000};
-  CenterOwner(table[0].first, kScreen, window);
-  EXPECT_EQ(Text(window), "0 0 40000 20000 0") << "larger than the screen";
-}
-
 }  // namespace

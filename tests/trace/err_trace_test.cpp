@@ -122,33 +122,6 @@ TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
   }
 }
 
-TEST_F(ErrTraceTest, AFailureThatWasLostSaysSoAndAPreservedOneOutlivesItsHandler) {
-  EXPECT_THAT(ErrTrace::ErrorIn("m.F(a)", {}, ErrTrace::kTop),
-              AllOf(StartsWith("ErrorIn: Error information was lost. To fix: call ErrPreserve "
-                               "before doing anything in error handler. \r\n"),
-                    HasSubstr("Number: -2147216306 = &H8004144E = vbObjectError + 5198 = "
-                              "ERRMAP_APP_FIRST + 0 = ERR_GENERAL\r\n")));
-  try {
-    throw Failure(kOverflow, "Overflow");
-  } catch (...) {
-    EXPECT_FALSE(ErrTrace::ErrMustStop());
-  }
-  EXPECT_THAT(ErrTrace::ErrorIn("m.F", {}, ErrTrace::kTop), StartsWith("Overflow \r\n"));
-}
-
-TEST_F(ErrTraceTest, SectionsStandAtTheirPlaces) {
-  const auto actions = [](std::string& report, int n) {
-    report += "    n=" + std::to_string(n) + "\r\n";
-  };
-  ErrTrace::SetSections({.database = [](std::string& report, int) { report += "  ADO \r\n"; },
-                         .web = [](std::string& report, int) { report += "  Web \r\n"; },
-                         .transaction = actions});
-  EXPECT_THAT(ArgumentLine(1),
-              AllOf(HasSubstr("Description: x\r\n  ADO \r\n  Web \r\n  Call Stack: "),
-                    HasSubstr("-\r\n    n=35\r\n  Call Stack: Test() -"),
-                    testing::EndsWith("-\r\n    n=42\r\n")));
-}
-
 TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
   facts_.broken = true;
   ErrTrace::SetSections({.database = [](std::string& report, int) {

@@ -53,15 +53,4 @@ TEST_F(FolderPagesTest, CloseATypedOutputFolderWhenItIsLeftAndNoOther) {
   }
 }
 
-TEST_F(FolderPagesTest, HideTheOutputFolderWhereItIsNotUsed) {
-  for (const int mode : {kUseSourceFolder, kCopyTo, kMoveTo, kUseSourceFolder}) {
-    pages.Show(OutputOptions{mode, "/sorted/"});
-    for (const char* name : {"fdDestination", "bnDestination", "chDestinationSubfolders"}) {
-      const auto* control = pages.findChild<QWidget*>(QLatin1String(name));
-      EXPECT_EQ(control->isHidden(), mode == kUseSourceFolder) << name;
-    }
-    EXPECT_EQ(pages.Output().fdDestination, "/sorted/");
-  }
-}
-
 }  // namespace

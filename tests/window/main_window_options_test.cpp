@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVariant>
-#include <filesystem>
 #include <optional>
 #include <span>
 
@@ -43,7 +42,6 @@ const Control kControls[] = {
     {"chSaveFileListOptions", "Settings\\Save", "SaveFileListOptions", "0"},
 };
 const std::span<const Control> kAll(kControls);
-const std::span<const Control> kOptions = kAll.first(12);  ///< of the pages and the list
 
 /// What the control holds, after it took a text, if one is given.
 std::string Held(QWidget& window, const Control& control, const std::string* text = nullptr) {
@@ -98,38 +96,6 @@ TEST_F(MainWindowOptionsTest, EveryOptionIsFoundAsItWasLeft) {
   }
   QtSettingsStore store;
   for (const Control& one : kAll) EXPECT_EQ(store.GetSetting(one.section, one.key), one.text);
-}
-
-TEST_F(MainWindowOptionsTest, WhatAStartCouldNotReadIsStillThereAtTheNext) {
-  const Control &date = kControls[10], &mode = kControls[4], &output = kControls[5];
-  const std::string changed = "/new/";
-  for (const bool unreachable : {true, false}) {
-    program.reset();
-    QtSettingsStore store;
-    for (const Control& one : kOptions) store.SaveSetting(one.section, one.key, one.text);
-    if (!unreachable) store.SaveSetting(mode.section, mode.key, "9");
-    ASSERT_EQ(store.Flush().text, "");
-    if (unreachable) {
-      std::filesystem::rename(config / "Quorvane", config / "away");
-      config.MakeLink("Quorvane", "Quorvane");
-    }
-    Start();
-    EXPECT_EQ(report.find(mode.key) == report.npos, unreachable) << report;
-    EXPECT_EQ(Value(date), "0");
-    Value(output, &changed);
-    if (unreachable) {
-      std::filesystem::remove(config / "Quorvane");
-      std::filesystem::rename(config / "away", config / "Quorvane");
-    }
-    program->MainWindow().close();
-    Start();
-    EXPECT_EQ(report, "");
-    for (const Control& control : kOptions) {
-      const bool mended = &control == &mode && !unreachable;
-      const std::string other = mended ? "0" : control.text;
-      EXPECT_EQ(Value(control), &control == &output ? changed : other) << control.name;
-    }
-  }
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/name_pattern.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -52,16 +51,6 @@ TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
                                          std::string(300, 'n'),
                                          std::string("file\0x", 6)};
   for (const auto& name : none) EXPECT_FALSE(files->Exists(folder / name)) << name;
-}
-
-TEST(NamePattern, FitsWholeNamesByCharacter) {
-  const char* const fitting[][2] = {
-      {"abcabd", "*abd"}, {"abc", "a*c*"}, {"", "*"},     {"\xF0\x9F\x98\x80", "?"},
-      {"\xFFz", "?z"},    {"\xC3z", "??"}, {"\xC3", "?"}, {"aXbXc", "a*X?"},
-      {"[a]", "[a]"}};
-  for (const auto& [name, pattern] : fitting) EXPECT_TRUE(FitsPattern(name, pattern)) << pattern;
-  const char* const others[][2] = {{"abc", "ab"}, {"", "?"}, {"a", "a?"}};
-  for (const auto& [name, pattern] : others) EXPECT_FALSE(FitsPattern(name, pattern)) << pattern;
 }
 
 TEST_F(PosixFiles, ListsAllInPiecesButWhatALivingProcessHasInTheMaking) {
@@ -126,18 +115,6 @@ TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNowAndLetAllFoldersGo) {
   EXPECT_GT(open_files(), before);
   files->LetFoldersGo();
   EXPECT_EQ(open_files(), before);
-}
-
-TEST_F(PosixFiles, ReachBeyondTheLongestPathOfOneCall) {
-  std::string path = folder.path();
-  while (path.size() <= 4096) {
-    path += '/' + std::string(250, 'd');
-    ASSERT_TRUE(files->CreateDirectory(path));
-  }
-  EXPECT_TRUE(Listed(path).empty());
-  ASSERT_TRUE(files->CreateDirectory(path + "/e"));
-  EXPECT_TRUE(files->MoveFile(path + "/e", path + "/f", {}));
-  EXPECT_EQ(files->Look(path + "/f")->kind, EntryKind::kFolder);
 }
 
 TEST_F(PosixFiles, DeleteOnlyWhatIsMeant) {

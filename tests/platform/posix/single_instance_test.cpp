@@ -48,16 +48,3 @@ TEST(SingleInstance, StartsWhereNoLockCanBeMade) {
   }
   EXPECT_FALSE(folder.Has("elsewhere"));
 }
-
-TEST(SingleInstance, WithoutARuntimeFolderTheLockIsInAFolderOfTheUserAlone) {
-  const TempFolder folder;
-  const std::string own = folder / ("quorvane-" + std::to_string(::geteuid()));
-  ::setenv("TMPDIR", folder.path().c_str(), 1);
-  ::setenv("XDG_RUNTIME_DIR", "relative", 1);
-  for (int time = 0; time < 2; ++time) EXPECT_EQ(InstanceFolder(), own);
-  ::chmod(own.c_str(), 0770);
-  EXPECT_EQ(InstanceFolder(), "");
-  ::setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
-  EXPECT_EQ(InstanceFolder(), folder.path());
-  for (const char* name : {"XDG_RUNTIME_DIR", "TMPDIR"}) ::unsetenv(name);
-}

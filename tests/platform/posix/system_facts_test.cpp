@@ -28,17 +28,3 @@ TEST(SystemClock, TellsMomentsInTheUsersTimeZone) {
   before ? ::setenv("TZ", kept.c_str(), 1) : ::unsetenv("TZ");
   ::tzset();
 }
-
-TEST(SystemFacts, TellOfThisMachineProgramAndVolume) {
-  const std::unique_ptr<SystemFacts> facts = MakeSystemFacts();
-  const std::string program = facts->ProgramPath();
-  EXPECT_TRUE(program.ends_with("/quorvane_logic_tests")) << program;
-  EXPECT_EQ(facts->ProgramSize(), std::filesystem::file_size(program));
-  const SystemName system = facts->System();
-  EXPECT_FALSE(facts->ComputerName().empty() || system.name.empty() || system.build.empty());
-  EXPECT_EQ(system.name.find('"'), std::string::npos) << system.name;
-  EXPECT_GT(facts->FreeBytes("/").value_or(0), 0u);
-  EXPECT_EQ(facts->FileSystemName("/proc"), "proc");
-  const std::string gone = TempFolder() / "gone";
-  EXPECT_FALSE(facts->FreeBytes(gone) || facts->VolumeSerial(gone) || facts->FileSystemName(gone));
-}

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "names/date_format.h"
+#include "platform/qt/shell_qt.h"
 
 TEST(LocaleFacts, NamesTheMonthsInTheLanguageOfTheUser) {
   const struct {
@@ -32,4 +33,18 @@ TEST(QtTypeNames, NamesAKnownExtensionInAnyLetterCaseAndNoOther) {
   for (const char* unknown : {"", ".", ".nosuchtype", ".bad\xFF", ".000001"}) {
     EXPECT_EQ(names.TypeName(unknown), "") << unknown;
   }
+}
+
+TEST(FileLink, EscapesWhatALinkCanNotHold) {
+  const struct {
+    const char* path;
+    const char* link;
+  } table[] = {
+      {"/home/anna/a-b_c.~1", "file:///home/anna/a-b_c.~1"},
+      {"/a b/50% #1?", "file:///a%20b/50%25%20%231%3F"},
+      {"/M\xC3\xA4rz", "file:///M%C3%A4rz"},
+      {"/bad\xFF", "file:///bad%FF"},
+      {"/a,b;c&d", "file:///a%2Cb%3Bc%26d"},
+  };
+  for (const auto& row : table) EXPECT_EQ(FileLink(row.path).toStdString(), row.link);
 }

@@ -188,24 +188,6 @@ TEST_F(SettingsStoreQt, WhatIsNoFileIsToldOnceAndItsChangesAreKeptUntilItIsGone)
   }
 }
 
-TEST_F(SettingsStoreQt, EachCauseIsToldOnceWhateverComesBetween) {
-  QtSettingsStore store(FileIn(folder));
-  // A folder, a pipe or nothing in its place, and what is told.
-  const std::pair<char, int> steps[] = {{'d', EISDIR}, {'d', 0}, {'p', ENXIO},
-                                        {'d', 0},      {'-', 0}, {'p', 0}};
-  std::string keys;
-  for (const auto& [kind, error] : steps) {
-    std::filesystem::remove(folder / kFile);
-    if (kind == 'd') folder.MakeFolder(kFile);
-    if (kind == 'p') ::mkfifo((folder / kFile).c_str(), 0600);
-    keys += 'k';
-    EXPECT_EQ(Save(store, keys, keys), error) << keys;
-    if (kind != '-') continue;
-    OnDisk on_disk(folder);
-    for (std::string key = keys; !key.empty(); key.pop_back()) EXPECT_EQ(on_disk("A", key), key);
-  }
-}
-
 /// Runs in a process of its own, since it gives up the superuser's rights.
 TEST_F(SettingsStoreQt, AFailedWriteTellsTheErrnoOfWhatFailed) {
   ASSERT_EQ(::chmod(folder.path().c_str(), 0755), 0);
