@@ -11,8 +11,8 @@
 /// whenever 50 milliseconds have passed since they last did, and "Cancel" is asked for.
 class Pass {
  public:
-  /// Over `count` rows, which are all records or fewer: events run about 300 to 600 times, whatever
-  /// the count.
+  /// Over `count` rows, 0 when that isn't known: by count, events run at every row of up to 300 and
+  /// about 300 to 600 times for more.
   Pass(Records& its_records, RunState& its_state, const Services& its_services, std::size_t count);
 
   /// Called at row `i`, from 0 on; false when the pass is to end because the user cancelled.

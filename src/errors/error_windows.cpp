@@ -71,6 +71,7 @@ Form11::Form11(const Services& services, QWidget* parent)
 
 void Form11::LayOut() {
   setMinimumWidth(kWidth);
+  layout()->setSpacing(10);
   Body()->setSpacing(10);
   AddHeading(*Body());
   AddWays(*Body());

@@ -41,9 +41,6 @@ class FileListPanel : public QWidget {
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;
 
-  /// The check box that shows or hides a column; null where the column has none.
-  QCheckBox* BoxOf(Column column) const { return column_boxes_[static_cast<std::size_t>(column)]; }
-
   QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
   QLabel* Label21;
   QComboBox* cmbGroupBy;

@@ -1,8 +1,11 @@
 #include "filelist/grid.h"
 
 #include "filelist/row_paths.h"
+#include "settings/option_table.h"
 
 namespace {
+
+static_assert(std::size(kGroupColumns) == option_table::kLastGrouping + 1, "what may be stored");
 
 SharedTexts Folders(const Records& records) {
   return {records.FolderCount(), [&](std::size_t i) { return records[i].folder; },

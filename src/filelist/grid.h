@@ -26,6 +26,8 @@ inline constexpr int kGroupColumns[] = {-1, kColumnPath, kColumnType};
 class Grid {
  public:
   explicit Grid(Records& records);
+  Grid(const Grid&) = delete;
+  Grid& operator=(const Grid&) = delete;
 
   Records& AllRecords() { return records_; }
   const Records& AllRecords() const { return records_; }

@@ -73,10 +73,10 @@ auto FieldsOf(const Records& records) {
 }
 
 /// Sort keys of a column whose records hold them.
-inline std::function<SortKey()> ByNumber(NumberOf number_of) {
+inline std::function<SortKey()> ByNumber(const NumberOf& number_of) {
   return [number_of] { return number_of; };
 }
-inline std::function<SortKey()> ByText(TextOf text_of) {
+inline std::function<SortKey()> ByText(const TextOf& text_of) {
   return [text_of] { return text_of; };
 }
 

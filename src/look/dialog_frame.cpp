@@ -39,11 +39,13 @@ std::string DialogFrame::Handler(std::string_view procedure) const {
 }
 
 void DialogFrame::showEvent(QShowEvent* event) {
-  // Made before the body, the buttons would come first when going from control to control.
+  // Made before the body, the buttons would come first when going from control to control, and to
+  // who reads the window aloud.
   QWidget* last = previousInFocusChain();
   for (QPushButton* button : {bnOK, bnCancel}) {
     if (button == nullptr) continue;
     if (last != button) setTabOrder(last, button);
+    button->raise();
     last = button;
   }
   QDialog::showEvent(event);

@@ -19,21 +19,22 @@ inline std::string HandlerOf(std::string_view control, std::string_view event) {
 template <class Sender, class Signal, class Body>
 void OnSignal(Sender* sender, Signal signal, const QObject* context, std::string handler,
               Body body) {
-  QObject::connect(sender, signal, context,
-                   [handler = std::move(handler), body = std::move(body)](const auto&... values) {
-                     const auto run = [&] {
-                       if constexpr (std::is_invocable_v<const Body&, decltype(values)...>) {
-                         body(values...);
-                       } else {
-                         body();
-                       }
-                     };
-                     if (handler.ends_with(')')) {
-                       ErrTrace::top(handler, ErrTrace::args(values...), run);
-                     } else {
-                       ErrTrace::top(handler, run);
-                     }
-                   });
+  QObject::connect(
+      sender, signal, context,
+      [handler = std::move(handler), body = std::move(body)](const auto&... values) -> void {
+        const auto run = [&] {
+          if constexpr (std::is_invocable_v<const Body&, decltype(values)...>) {
+            body(values...);
+          } else {
+            body();
+          }
+        };
+        if (handler.ends_with(')')) {
+          ErrTrace::top(handler, ErrTrace::args(values...), run);
+        } else {
+          ErrTrace::top(handler, run);
+        }
+      });
 }
 template <class Sender, class Signal, class Body>
 void OnSignal(Sender* sender, Signal signal, std::string handler, Body body) {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/// Finds rows by a key, for the length of one pass, in time that does not grow with their number.
+/// Finds rows by a key, for the length of one pass, in time that hardly grows with their number.
 ///
 /// A row whose key changes is added again; that its former key leads to it still is no harm, for
 /// whoever asks looks at the row itself.

@@ -62,10 +62,10 @@ class Numbering {
     std::uint64_t untried = 1;           ///< every number below it was found taken at some time
     std::set<std::uint64_t> freed = {};  ///< of these, what may be open again
   };
-  std::string FreeIn(Series series, std::size_t folder_size);
+  std::string FreeIn(Series wanted, std::size_t folder_size);
   std::string FirstFree(Series& series);
   std::string Resolved(std::string_view path, std::size_t folder_size);
-  Series& SeriesOf(Series series, std::size_t folder_size);
+  Series& SeriesOf(Series wanted, std::size_t folder_size);
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 

@@ -166,7 +166,7 @@ bool top(TraceString<sizeof...(T)> trace, const std::tuple<const T&...>& values,
   } catch (...) {
     detail::Catch(trace.text, values, kTop);
   }
-  // Behind the handler: the reporter lets events run, and no failure is in flight then.
+  // Behind the handler: the reporter lets events run, which wants no failure in flight.
   ShowErrorReport();
   return false;
 }

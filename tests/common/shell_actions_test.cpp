@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 
 TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
   MemoryFiles files;
@@ -17,9 +16,6 @@ TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
   EXPECT_THAT(shell.asked, testing::ElementsAre("show /in/a.txt"));
   shell.answer = kShellDenied;
   mMain::OpenInExplorerList(files, prompts, shell, "/in/a.txt");
-  for (const int wordless : {32, static_cast<int>(kShellDone)}) {
-    mMain::ShellErrorMessage(prompts, static_cast<ShellResult>(wordless));
-  }
   EXPECT_THAT(prompts.told,
               testing::ElementsAre("The specified file was not found.",
                                    "The operating system denied access to the specified file."));

@@ -20,10 +20,9 @@ class GridTest : public testing::Test {
   std::string Shown(const GroupedRows& rows) const {
     std::string shown;
     for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-      const GroupedRows::Group& group = rows.GroupOf(row);
-      shown += rows.IsGroupRow(row)
-                   ? "[" + group.text + " " + std::to_string(group.file_count) + "] "
-                   : records[rows.RecordOf(row)].sourceFileName + " ";
+      shown += rows.IsGroupRow(row) ? "[" + rows.GroupOf(row).text + " " +
+                                          std::to_string(rows.GroupOf(row).file_count) + "] "
+                                    : records[rows.RecordOf(row)].sourceFileName + " ";
     }
     return shown;
   }

@@ -50,3 +50,12 @@ TEST_F(NumberingTest, GivesUpWhenTheUserCancels) {
   EXPECT_EQ(corrected, "untouched");
   EXPECT_LT(files.exists_calls, 20);
 }
+
+TEST_F(NumberingTest, OpensAFreedNumberBehindADigit) {
+  state.numbering = {1, "", ""};
+  for (const char* name : {"x1", "x11"}) Take(name);
+  EXPECT_EQ(numbering.FreeName("/d/", "x1"), "x12");
+  files.contents.erase("/d/x11");
+  numbering.Freed("/d/x11");
+  EXPECT_EQ(numbering.FreeName("/d/", "x1"), "x11");
+}

@@ -93,3 +93,10 @@ TEST_F(RunTest, CanNotBeTakenBackOnceRollbackIsEmptied) {
   EXPECT_TRUE(Undo());
   EXPECT_TRUE(files.contents.contains("/in/a.new"));
 }
+
+TEST_F(RunTest, MovesAFileAsideAgainForWhoWantsTheNameItHasThere) {
+  records[0].newFileName = "c";
+  records[1].newFileName = "c_{1}";
+  Run();
+  EXPECT_EQ(records[1].newFileName, "c_{1}");
+}

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 #include "settings/option_table.h"
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
@@ -37,6 +39,7 @@ TEST(SavedOptions, AreWrittenInTheOrderOfTheReadingWithTheConflictsLeftToTheirDi
   std::size_t read = 0;
   ReadSavedOptions(store, options, read);
   EXPECT_EQ(TextsOf(options), TextsOf(Options())) << "an empty store";
+  EXPECT_EQ(std::set(store.read.begin(), store.read.end()).size(), std::size(kRows));
   WriteSavedOptions(store, options);
   store.written.push_back("then");
   WriteConflictOptions(store, options.numbering);
