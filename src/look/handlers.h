@@ -13,6 +13,20 @@ inline std::string HandlerOf(std::string_view control, std::string_view event) {
   return std::string("Form1.").append(control).append(event);
 }
 
+namespace detail {
+
+/// Calls `body` with all of the values or, if it takes none, without.
+template <class Body, class... T>
+void Call(const Body& body, const T&... values) {
+  if constexpr (std::is_invocable_v<const Body&, const T&...>) {
+    body(values...);
+  } else {
+    body();
+  }
+}
+
+}  // namespace detail
+
 /// Runs `body` whenever `sender` emits `signal`, for as long as both live; a failure in it is
 /// reported under the trace string `handler`. The body takes the values of the signal or none; a
 /// handler that names a parameter is reported with them.
@@ -22,13 +36,7 @@ void OnSignal(Sender* sender, Signal signal, const QObject* context, std::string
   QObject::connect(
       sender, signal, context,
       [handler = std::move(handler), body = std::move(body)](const auto&... values) -> void {
-        const auto run = [&] {
-          if constexpr (std::is_invocable_v<const Body&, decltype(values)...>) {
-            body(values...);
-          } else {
-            body();
-          }
-        };
+        const auto run = [&] { detail::Call(body, values...); };
         if (handler.ends_with(')')) {
           ErrTrace::top(handler, ErrTrace::args(values...), run);
         } else {

@@ -15,6 +15,8 @@ struct OptionControl {
   Value Options::*option;
   Control* Panel::*control;
 };
+template <class Options, class Value, class Panel, class Control>
+OptionControl(Value Options::*, Control* Panel::*) -> OptionControl<Options, Value, Panel, Control>;
 
 inline void TakeValue(const QCheckBox& box, bool& option) {
   option = box.isChecked();
