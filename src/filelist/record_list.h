@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -76,8 +77,11 @@ auto FieldsOf(const Records& records) {
 inline std::function<SortKey()> ByNumber(const NumberOf& number_of) {
   return [number_of] { return number_of; };
 }
-inline std::function<SortKey()> ByText(const TextOf& text_of) {
-  return [text_of] { return text_of; };
+template <class Of>
+std::function<SortKey()> ByText(const Of& text_of) {
+  static_assert(!std::is_same_v<std::invoke_result_t<Of, std::size_t>, std::string>,
+                "a text that is not the record's own would be gone before it is compared");
+  return [text_of] { return TextOf(text_of); };
 }
 
 /// What a list tells of a record beyond the texts of its cells.

@@ -28,6 +28,7 @@ enum class Keys {
   kDelete,
   kAbout,
   kHelp,
+  kCount,  ///< of those above
 };
 
 /// The one that goes `further` rows behind `keys`: the pages and the columns stand in their order.

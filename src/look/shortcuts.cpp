@@ -46,7 +46,7 @@ constexpr bool EachStandsAtItsNumber() {
   for (std::size_t i = 0; i < kTable.size(); ++i) {
     if (kTable[i].keys != static_cast<Keys>(i)) return false;
   }
-  return kTable.size() == static_cast<std::size_t>(Keys::kHelp) + 1;
+  return kTable.size() == static_cast<std::size_t>(Keys::kCount);
 }
 static_assert(EachStandsAtItsNumber());
 
@@ -66,7 +66,7 @@ QString ShownKeys(Keys keys) {
 }
 
 QString WithKeys(const QString& words, Keys keys) {
-  return QStringLiteral("%1 (%2)").arg(words, ShownKeys(keys));
+  return keys == Keys::kNone ? words : QStringLiteral("%1 (%2)").arg(words, ShownKeys(keys));
 }
 
 bool IsPressOf(Keys keys, const QKeyEvent& event) {
