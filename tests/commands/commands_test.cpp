@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "commands/start_up.h"
 #include "platform/text.h"
+#include "support/failure_report.h"
 #include "support/fake_services.h"
-#include "trace/err_trace.h"
 
 namespace {
 
@@ -25,8 +26,12 @@ class FakeView : public CommandView {
   }
   void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
-  void ShowFailureReport() override { shown += Count(" failed", reports_.gFailureReport); }
-  void ShowConflictReport() override { shown += Count(" numbered", reports_.gConflictReport); }
+  void ShowFailureReport() override {
+    shown += std::to_string(reports_.gFailureReport.size()) + " failed ";
+  }
+  void ShowConflictReport() override {
+    shown += std::to_string(reports_.gConflictReport.size()) + " numbered ";
+  }
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output;
@@ -36,27 +41,13 @@ class FakeView : public CommandView {
   std::string shown;  ///< the report windows, with their counts
 
  private:
-  template <class Report>
-  static std::string Count(const char* what, const Report& report) {
-    return std::to_string(report.size()) + what + " ";
-  }
-
   Grid& grid_;
   const RunReports& reports_;
 };
 
-class FakeReporter : public ErrTrace::Reporter {
- public:
-  FakeReporter() { ErrTrace::SetReporter(this); }
-  ~FakeReporter() override { ErrTrace::SetReporter(nullptr); }
-  void ShowErrorReport(const std::string& report) noexcept override { reports.push_back(report); }
-
-  std::vector<std::string> reports;
-};
-
 class CommandsTest : public testing::Test, protected FakeServices {
  protected:
-  void SetUp() override {
+  CommandsTest() {
     files.folders = {"/in", "/out"};
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
     constructor.InsertArrConstrItem(0, kText, "x ");
@@ -92,16 +83,13 @@ class CommandsTest : public testing::Test, protected FakeServices {
   Constructor& constructor = session.constructor;
   RunReports& reports = session.reports;
   FakeView view{grid, reports};
-  FakeReporter reporter;
   Commands commands{session, services, view};
 };
 
 }  // namespace
 
 TEST_F(CommandsTest, GoFromModeToMode) {
-  const struct {
-    const char *road, *modes, *buttons, *files;
-  } table[] = {
+  const char* const table[][4] = {
       {"p r", "1 1", "1000-", "a.txt b.txt "},
       {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt "},
       {"l2 p", "4 4", "10000", "a.txt b.txt "},
@@ -113,18 +101,18 @@ TEST_F(CommandsTest, GoFromModeToMode) {
       {"l p r u2 u", "3 5 8 11 10", "11100", "a.txt b.txt "},
   };
   clock.step_ms = 50;
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.road);
+  for (const auto& [road, modes, buttons, left] : table) {
+    SCOPED_TRACE(road);
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
     records.DeleteAll();
     grid.Clear();
     commands.EnableDisable(ModeFolderChosen);
     view.buttons = "1000-";
-    EXPECT_EQ(Walk(row.road), row.modes);
-    EXPECT_EQ(view.buttons, row.buttons);
+    EXPECT_EQ(Walk(road), modes);
+    EXPECT_EQ(view.buttons, buttons);
     std::string names;
     for (const auto& [path, content] : files.contents) names += path.substr(4) + " ";
-    EXPECT_EQ(names, row.files);
+    EXPECT_EQ(names, left);
   }
 }
 
@@ -186,14 +174,6 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
   EXPECT_TRUE(grid.RowCount() == 0 && view.focus_away);
 }
 
-TEST_F(CommandsTest, DoNothingWithoutAFolderOrElements) {
-  view.source.fdSourceFolder = "  ";
-  EXPECT_EQ(Walk("l"), "1");
-  view.source.fdSourceFolder = "/in/";
-  constructor.ArrConstr.clear();
-  EXPECT_EQ(Walk("l p"), "3 3");
-}
-
 TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   Walk("l l");
   EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
@@ -206,8 +186,11 @@ TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   EXPECT_FALSE(state.gPreviewStale);
 }
 
-TEST_F(CommandsTest, AskForAWholeOutputFolder) {
-  Walk("l p");
+TEST_F(CommandsTest, AskForAWholeOutputFolderAndDoNothingWithoutAFolderOrElements) {
+  view.source.fdSourceFolder = "  ";
+  EXPECT_EQ(Walk("l"), "1");
+  view.source.fdSourceFolder = "/in/";
+  EXPECT_EQ(Walk("l p"), "3 5");
   view.output = {kCopyTo, "", true};
   EXPECT_EQ(Walk("r"), "5");
   view.output = {kMoveTo, "pictures/", true};
@@ -216,6 +199,8 @@ TEST_F(CommandsTest, AskForAWholeOutputFolder) {
   EXPECT_NE(prompts.told[0], prompts.told[1]);
   view.output = {kUseSourceFolder, "pictures/", true};
   EXPECT_EQ(Walk("r"), "8") << "the folder isn't used";
+  constructor.ArrConstr.clear();
+  EXPECT_EQ(Walk("l p"), "3 3");
 }
 
 TEST_F(CommandsTest, TellThatAPassWasCancelled) {
@@ -250,38 +235,57 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   EXPECT_EQ(reports.gFailureReport.size(), 1u);
   EXPECT_TRUE(view.shown.empty()) << "a cancelled run";
   files.fails = nullptr;
-  constructor.ArrConstr.clear();
   constructor.InsertArrConstrItem(0, kSourceFileName, "");
   Walk("l p r");
   EXPECT_TRUE(view.shown.empty()) << "a clean run";
   EXPECT_TRUE(reports.gFailureReport.empty() && reports.gConflictReport.empty());
-}
-
-TEST_F(CommandsTest, TellHowManyFilesWereNotTakenBack) {
-  Walk("l p r");
   files.contents["/in/a.txt"] = "a stranger";
+  prompts.icons.clear();
   EXPECT_EQ(Walk("u"), "10");
-  EXPECT_EQ(prompts.told, std::vector<std::string>{"Undo failed for 1 file(s)"});
+  EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
   EXPECT_EQ(prompts.icons, "x");
   EXPECT_TRUE(view.shown.empty()) << "an undo tells its failures by number only";
 }
 
 TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
+  const auto expect = [&](const char* road, const char* modes, const char* handler) {
+    const std::string report = FailureReport([&] { EXPECT_EQ(Walk(road), modes); });
+    EXPECT_NE(report.find(handler), std::string::npos) << report;
+  };
   view.source.fdIncludeMask = "[a";
-  EXPECT_EQ(Walk("l"), "4");
+  expect("l", "4", "bnLoadFileList_Click");
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
   EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
-  ASSERT_EQ(reporter.reports.size(), 1u);
-  EXPECT_NE(reporter.reports[0].find("bnLoadFileList_Click"), std::string::npos);
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
   constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
-  EXPECT_EQ(Walk("l p"), "3 3");
+  expect("l p", "3 3", "bnPreview_Click");
   constructor.ArrConstr[0].counter.Start = 1;
   files.fails = [](std::string_view, std::string_view) -> bool { throw Failure(51, "broken"); };
-  EXPECT_EQ(Walk("p r"), "5 9");
+  expect("p r", "5 9", "bnRename_Click");
   records[0].RowTag = 1;
   records[0].mode = kUseSourceFolder;
-  EXPECT_EQ(Walk("u"), "11");
-  EXPECT_EQ(reporter.reports.size(), 4u);
+  expect("u", "11", "bnUndo_Click");
+}
+
+TEST(StartUp, RefusesOtherSystemsAndEndsSilentlyBesideAnotherCopy) {
+  struct : FakeSystemFacts {
+    bool IsSupported() override { return false; }
+  } other;
+  FakeSystemFacts facts;
+  FakePrompts prompts;
+  EXPECT_TRUE(mMain::MayStart(facts, prompts, false));
+  EXPECT_FALSE(mMain::MayStart(facts, prompts, true));
+  EXPECT_TRUE(prompts.told.empty());
+  EXPECT_FALSE(mMain::MayStart(other, prompts, false));
+  EXPECT_EQ(prompts.told.size(), 1u);
+}
+
+TEST(StartUp, NotesWhatTheWorkingFolderHolds) {
+  MemoryFiles files;
+  for (const bool there : {false, true}) {
+    EXPECT_EQ(mMain::LookForStartFiles(files).gHasManifestFile, there);
+    EXPECT_FALSE(mMain::LookForStartFiles(files).gHasRuntimeFile);
+    files.contents = {{"./Quorvane.exe.manifest", ""}};
+  }
 }

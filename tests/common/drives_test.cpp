@@ -1,32 +1,26 @@
 #include "common/drives.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "common/shell_actions.h"
 #include "support/fake_services.h"
-#include "support/memory_files.h"
 
 TEST(Drives, TellWhyAPathCanNotBeReached) {
   MemoryFiles files;
   files.folders = {"/in"};
   files.contents = {{"/in/a.txt", ""}};
-  const struct {
-    const char* path;
-    bool is_file;
-    bool check_path;
-    const char* refusal;
-    PathStyle style = kPosix;
-  } table[] = {{"/in/a.txt", true, true, ""},
-               {"/in", false, true, ""},
-               {"/in/b.txt", true, true, "The specified file was not found."},
-               {"/out", false, true, "The specified folder was not found."},
-               {"/out", false, false, ""},
-               {"", true, true, "The drive is not present."},
-               {"/", false, true, ""},
-               {"c:\\x", true, true, "The drive is not present.", kDrive}};
-  for (const auto& row : table) {
-    EXPECT_EQ(mDrive::FileManager3(files, row.path, row.is_file, row.check_path, row.style),
-              row.refusal)
-        << row.path;
+  const std::tuple<const char*, bool, bool, PathStyle, const char*> table[] = {
+      {"/in/a.txt", true, true, kPosix, ""},
+      {"/in", false, true, kPosix, ""},
+      {"/in/b.txt", true, true, kPosix, "The specified file was not found."},
+      {"/out", false, true, kPosix, "The specified folder was not found."},
+      {"/out", false, false, kPosix, ""},
+      {"", true, true, kPosix, "The drive is not present."},
+      {"/", false, true, kPosix, ""},
+      {"c:\\x", true, true, kDrive, "The drive is not present."}};
+  for (const auto& [path, is_file, check_path, style, refusal] : table) {
+    EXPECT_EQ(mDrive::FileManager3(files, path, is_file, check_path, style), refusal) << path;
   }
   EXPECT_TRUE(mScanCD::FolderExist(files, "abc", kDrive)) << "of a root's length";
   EXPECT_FALSE(mScanCD::FolderExist(files, "abc", kPosix));
@@ -40,4 +34,20 @@ TEST(Drives, TellFactsOfAVolumeByType) {
     EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/", type, &facts), table[type - 1]) << type;
   }
   EXPECT_EQ(DriveStuff::GetDriveInfo(files, "/gone", 2, &facts), std::nullopt);
+}
+
+TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
+  MemoryFiles files;
+  files.contents = {{"/in/a.txt", ""}};
+  FakePrompts prompts;
+  FakeShell shell;
+  for (const char* name : {"/in/a.txt", "/in/gone.txt"}) {
+    mMain::OpenInExplorerList(files, prompts, shell, name);
+  }
+  EXPECT_THAT(shell.asked, testing::ElementsAre("show /in/a.txt"));
+  shell.answer = kShellDenied;
+  mMain::OpenInExplorerList(files, prompts, shell, "/in/a.txt");
+  EXPECT_THAT(prompts.told,
+              testing::ElementsAre("The specified file was not found.",
+                                   "The operating system denied access to the specified file."));
 }

@@ -46,14 +46,14 @@ std::vector<Form11*> OpenWindows() {
 class ErrorWindowsTest : public testing::Test {
  protected:
   ErrorWindowsTest() { system_.folders.documents = documents_.path(); }
-  ~ErrorWindowsTest() override {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
+  ~ErrorWindowsTest() override { QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
   std::string Saved() const { return documents_.Read("Quorvane/ErrorReport.txt").value_or(""); }
 
   TempFolder documents_;
   FakeServices system_;
+  ErrorReporter reporter_{system_.services};
+  QWidget main_window_;
 };
 
 TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboardAndByAScreenReader) {
@@ -93,20 +93,17 @@ TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboardAndByAScreenReader)
 }
 
 TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
-  ErrorReporter reporter(system_.services);
   ErrTrace::top("mMain.Main", [] { throw Failure(kOverflow, "Overflow"); });
   ASSERT_EQ(OpenWindows().size(), 1u);
   EXPECT_FALSE(OpenWindows()[0]->isModal());
   EXPECT_THAT(Saved(), StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
   QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
-  reporter.WaitForWindows();
+  reporter_.WaitForWindows();
   EXPECT_TRUE(OpenWindows().empty());
 }
 
 TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
-  ErrorReporter reporter(system_.services);
-  QWidget main_window;
-  reporter.MainWindowLoaded(&main_window);
+  reporter_.MainWindowLoaded(&main_window_);
   QApplication::setOverrideCursor(Qt::WaitCursor);
   std::vector<bool> modal;  // of all windows, at the most
   Qt::CursorShape pointer = Qt::WaitCursor;
@@ -130,14 +127,6 @@ TEST_F(ErrorWindowsTest, AFailureInTheErrorWindowOpensAFurtherOne) {
                              HasSubstr("Call Stack: Form11.Label5_Click() -")));
 }
 
-class BrokenWidget : public QWidget {
- public:
-  void paintEvent(QPaintEvent*) override {
-    throw Failure(kInternalError, "paint " + std::to_string(++painted));
-  }
-  int painted = 0;
-};
-
 /// While it lives, what is lost is no leak: an exception on its way through Qt frees nothing that
 /// Qt holds at that moment.
 struct LossesAreMeant {
@@ -152,10 +141,13 @@ struct LossesAreMeant {
 };
 
 TEST_F(ErrorWindowsTest, WhatFailsUnderTheEventLoopIsToldAndNotAtEachRepaint) {
-  ErrorReporter reporter(system_.services);
-  QWidget main_window;
-  reporter.MainWindowLoaded(&main_window);
-  BrokenWidget painter;
+  reporter_.MainWindowLoaded(&main_window_);
+  struct : QWidget {
+    void paintEvent(QPaintEvent*) override {
+      throw Failure(kInternalError, "paint " + std::to_string(++painted));
+    }
+    int painted = 0;
+  } painter;
   QPushButton slot;
   QObject::connect(&slot, &QPushButton::clicked, [] { throw std::runtime_error("slot"); });
   int closed = 0;

@@ -19,9 +19,7 @@ std::string Bracketed(std::string name, const std::vector<TextRange>& ranges, bo
 }  // namespace
 
 TEST(ChangedPart, IsFoundWordByWord) {
-  const struct {
-    const char *old_name, *new_name, *gone, *come, *told;
-  } table[] = {
+  const char* const table[][5] = {
       {"a.jpg", "a.jpg", "a.jpg", "a.jpg", ""},
       {"", "a", "", "[a]", "a added"},
       {"IMG_20.jpg", "20.jpg", "[IMG_]20.jpg", "20.jpg", "IMG_ removed"},
@@ -35,11 +33,11 @@ TEST(ChangedPart, IsFoundWordByWord) {
       {"\U0001F44D\U0001F3FD.x", "\U0001F44D.x", "[\U0001F44D\U0001F3FD].x", "[\U0001F44D].x",
        "\U0001F44D\U0001F3FD becomes \U0001F44D"},
       {"a\xFF\xFE-", "a\xFE-", "a[\xFF]\xFE-", "a\xFE-", "\xFF removed"}};
-  for (const auto& row : table) {
-    const ChangedPart changed = FindChangedPart(row.old_name, row.new_name);
-    EXPECT_EQ(Bracketed(row.old_name, changed.gone), row.gone);
-    EXPECT_EQ(Bracketed(row.new_name, changed.come), row.come);
-    EXPECT_EQ(DescribeChange(row.old_name, row.new_name), row.told);
+  for (const auto& [old_name, new_name, gone, come, told] : table) {
+    const ChangedPart changed = FindChangedPart(old_name, new_name);
+    EXPECT_EQ(Bracketed(old_name, changed.gone), gone);
+    EXPECT_EQ(Bracketed(new_name, changed.come), come);
+    EXPECT_EQ(DescribeChange(old_name, new_name), told);
   }
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 class GridTest : public testing::Test {
  protected:
-  void SetUp() override {
+  GridTest() {
     records.AddRecord("b", "/b/", "n2", FileDate(2024, 1, 2, 0, 0, 0), 10, "Text");
     records.AddRecord("b", "/b/", "N1", FileDate(2024, 1, 1, 0, 0, 0), 9, "Image");
     records.AddRecord("A", "/A/", "n3", FileDate(), 100, "text");

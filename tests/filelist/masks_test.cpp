@@ -8,36 +8,34 @@
 using mCommon::LikeFilter;
 
 TEST(Masks, MatchOneOfTheirListIgnoringCase) {
-  const struct {
-    const char* masks;
-    std::vector<const char*> fit, rest;
-  } table[] = {{"   ", {}, {"a", ""}},
-               {"*.jpg  |  *.png", {"a.JPG", "b.png"}, {"b.gif", ""}},
-               {"*.jpg;*.png", {}, {"b.png"}},
-               {"\"my file*\" *.txt|*.doc", {"my file 1", "x.doc"}, {"my"}},
-               {"\"a b.txt\"", {"a b.txt"}, {"a", "b.txt"}},
-               {"::a b.txt\"\"", {"a b.txt"}, {}},
-               {"\"a|b c\"", {"a", "b c"}, {}},
-               {"\"a b", {"a b"}, {}},
-               {"x\" \"y", {"x y"}, {}},
-               {"a|\"\"|b", {""}, {}},
-               {"a||b", {}, {""}},
-               {"**", {"", "x"}, {}},
-               {"[]", {}, {"", "[]"}},
-               {"*.*", {".profile", "a.b"}, {"README"}},
-               {"README", {"readme"}, {"readme.txt"}},
-               {"*a*b*c", {"xxaxxbxxcxxc"}, {"xxaxxbxxcxxd"}},
-               {"a##", {"a12", "A09"}, {"a1x", "a1/", "a1:", "a\u06631"}},
-               // Whole characters, and bytes that are none.
-               {"?", {"\u00E9", "e\u0301"}, {""}},
-               {"*\u0301", {}, {"e\u0301"}},
-               {"???", {"\U0001F1E9\U0001F1EA\U0001F468\u200D\U0001F469x"}, {}},
-               {"[\U0001F1E9\U0001F1EA]", {"\U0001F1E9\U0001F1EA"}, {}},
-               {"\xE0?\xFF", {"\xE0-\xFF"}, {}},
-               {"[\x80-\xFE]Z", {"\xE9z"}, {"\xFFz"}}};
-  for (const auto& row : table) {
-    for (const char* name : row.fit) EXPECT_TRUE(LikeFilter(row.masks, name)) << row.masks << name;
-    for (const char* no : row.rest) EXPECT_FALSE(LikeFilter(row.masks, no)) << row.masks << no;
+  using Names = std::vector<const char*>;
+  const std::tuple<const char*, Names, Names> table[] = {
+      {"   ", {}, {"a", ""}},
+      {"*.jpg  |  *.png", {"a.JPG", "b.png"}, {"b.gif", ""}},
+      {"*.jpg;*.png", {}, {"b.png"}},
+      {"\"my file*\" *.txt|*.doc", {"my file 1", "x.doc"}, {"my"}},
+      {"\"a b.txt\"", {"a b.txt"}, {"a", "b.txt"}},
+      {"::a b.txt\"\"", {"a b.txt"}, {}},
+      {"\"a|b c\"", {"a", "b c"}, {}},
+      {"\"a b", {"a b"}, {}},
+      {"x\" \"y", {"x y"}, {}},
+      {"a|\"\"|b", {""}, {}},
+      {"a||b", {}, {""}},
+      {"**", {"", "x"}, {}},
+      {"[]", {}, {"", "[]"}},
+      {"*.*", {".profile", "a.b"}, {"README"}},
+      {"*a*b*c", {"xxaxxbxxcxxc"}, {"xxaxxbxxcxxd"}},
+      {"a##", {"a12", "A09"}, {"a1x", "a1/", "a1:", "a\u06631"}},
+      // Whole characters, and bytes that are none.
+      {"?", {"\u00E9", "e\u0301"}, {""}},
+      {"*\u0301", {}, {"e\u0301"}},
+      {"???", {"\U0001F1E9\U0001F1EA\U0001F468\u200D\U0001F469x"}, {}},
+      {"[\U0001F1E9\U0001F1EA]", {"\U0001F1E9\U0001F1EA"}, {}},
+      {"\xE0?\xFF", {"\xE0-\xFF"}, {}},
+      {"[\x80-\xFE]Z", {"\xE9z"}, {"\xFFz"}}};
+  for (const auto& [masks, fit, rest] : table) {
+    for (const char* name : fit) EXPECT_TRUE(LikeFilter(masks, name)) << masks << name;
+    for (const char* name : rest) EXPECT_FALSE(LikeFilter(masks, name)) << masks << name;
   }
 }
 
@@ -75,11 +73,9 @@ TEST(Masks, TakeALetterWithItsAccentInEitherForm) {
       {{"\uAC01", "\u1100\u1161\u11A8"}, {"\uAC00\u11A8", "\uAC01"}, true},
       {{"\u212B?k", "\u00E5?\u212A"}, {"A\u030A-k", "\u00C5\xC3\u212A"}, true},
   };
-  for (const auto& row : table) {
-    for (const char* mask : row.masks) {
-      for (const char* name : row.names) {
-        EXPECT_EQ(LikeFilter(mask, name), row.matches) << mask << " / " << name;
-      }
+  for (const auto& [masks, names, matches] : table) {
+    for (const char* mask : masks) {
+      for (const char* n : names) EXPECT_EQ(LikeFilter(mask, n), matches) << mask << " / " << n;
     }
   }
 }

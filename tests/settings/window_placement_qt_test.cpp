@@ -10,15 +10,7 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-
-/// How far a window's place is from where its size puts it in the middle of the screen.
-int OffTheMiddle(const QWidget& window) {
-  const QSize spare = window.screen()->size() - window.size();
-  return (window.pos() - QPoint(spare.width(), spare.height()) / 2).manhattanLength();
-}
 
 struct PlacedWidget : QWidget {
   PlacedWidget(SettingsStore& store, const char* frm) {
@@ -33,15 +25,16 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   {
     PlacedWidget window(store, "Form1");
     window.show();
-    EXPECT_LE(OffTheMiddle(window), 1);
+    const QSize spare = window.screen()->size() - window.size();
+    EXPECT_LE((window.pos() - QRect({}, spare).center()).manhattanLength(), 2);
     EXPECT_EQ(window.size(), QSize(200, 100));
     window.resize(321, 222);
     window.move(33, 44);
-    EXPECT_THAT(store.written, IsEmpty());
+    EXPECT_TRUE(store.written.empty());
     window.close();
   }
-  EXPECT_THAT(store.written, ElementsAre("MainLeft=495", "MainTop=660", "MainWidth=4815",
-                                         "MainHeight=3330", "WindowState=0"));
+  EXPECT_THAT(store.written, testing::ElementsAre("MainLeft=495", "MainTop=660", "MainWidth=4815",
+                                                  "MainHeight=3330", "WindowState=0"));
   EXPECT_EQ(store.flushes, 1);
   PlacedWidget again(store, "Form1");
   again.show();

@@ -17,11 +17,7 @@ std::string Text(const WindowFrame& f) {
 }
 
 TEST(WindowPlacement, KeepsWhatTheStateOfTheWindowAllows) {
-  const struct {
-    const char* frm;
-    WindowFrame saved;
-    const char* restored;  ///< what becomes of kNew
-  } table[] = {
+  const std::tuple<const char*, WindowFrame, const char*> table[] = {
       {"Form1", {15, -30, 13950, 7260}, "15 -30 13950 7260 0"},
       {"Form7", {7.5, 0, 9705, 8580}, "7.5 0 9705 8580 0"},
       {"Form8", {15, 30, 9000, 9000}, "15 30 3000 2000 0"},
@@ -30,12 +26,12 @@ TEST(WindowPlacement, KeepsWhatTheStateOfTheWindowAllows) {
       {"Form3", {{}, {}, 4800, 4200}, "12000 6000 4800 4200 0"},
       {"frmShowError", {15, 30, 9000, 9000}, "none none 3000 2000 0"},
   };
-  for (const auto& row : table) {
+  for (const auto& [frm, saved, restored] : table) {
     MemorySettings store;
-    SaveWindowConfig(store, row.frm, row.saved);
+    SaveWindowConfig(store, frm, saved);
     WindowFrame window = kNew;
-    GetWindowConfig(store, row.frm, kScreen, window);
-    EXPECT_EQ(Text(window), row.restored) << row.frm;
+    GetWindowConfig(store, frm, kScreen, window);
+    EXPECT_EQ(Text(window), restored) << frm;
   }
 }
 

@@ -13,22 +13,65 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
+#include <QVariant>
 #include <csignal>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "platform/ending_signals.h"
+#include "platform/qt/settings_store_qt.h"
 #include "platform/qt/text_qt.h"
+#include "support/keys.h"
 #include "support/temp_folder.h"
+#include "window/folder_pages.h"
 #include "window/program.h"
 
 namespace {
 
+struct Control {
+  std::string name, section, key, text;
+};
+
+/// All options, with texts unlike those of a first start. The save boxes stand last: one that is
+/// off hides its group.
+const Control kControls[] = {
+    {"fdSourceFolder", "Settings\\Folders", "SourceFolderPath", "/photos/\xFF/"},
+    {"chSubfolders", "Settings\\Folders", "SourceFolderSubfolders", "0"},
+    {"fdIncludeMask", "Settings\\Folders", "IncludeMask", "*.jpg"},
+    {"fdExcludeMask", "Settings\\Folders", "ExcludeMask", " *.png"},
+    {"cmbDestination", "Settings\\Folders", "OutputFolderMode", "2"},
+    {"fdDestination", "Settings\\Folders", "OutputFolderPath", "/out/"},
+    {"chDestinationSubfolders", "Settings\\Folders", "OutputFolderSubfolders", "0"},
+    {"chColumnPath", "Settings\\FileList", "ColumnPath", "1"},
+    {"chColumnSize", "Settings\\FileList", "ColumnSize", "1"},
+    {"chColumnType", "Settings\\FileList", "ColumnType", "1"},
+    {"chColumnDate", "Settings\\FileList", "ColumnDate", "1"},
+    {"cmbGroupBy", "Settings\\FileList", "GroupBy", "2"},
+    {"chConflict", "Conflicts", "AddNumber", "0"},
+    {"fdConflictLeft", "Conflicts", "NumberLeft", "("},
+    {"fdConflictRight", "Conflicts", "NumberRight", ""},
+    {"chSaveSourceFolderOptions", "Settings\\Save", "SaveSourceFolderOptions", "0"},
+    {"chSaveOutputFolderOptions", "Settings\\Save", "SaveOutputFolderOptions", "0"},
+    {"chSaveFileListOptions", "Settings\\Save", "SaveFileListOptions", "0"},
+};
+const std::span<const Control> kAll(kControls);
+
+/// What the control holds, after it took a text, if one is given.
+std::string Held(const QWidget& window, const Control& control, const std::string* text) {
+  auto* found = window.findChild<QWidget*>(QLatin1String(control.name.c_str()));
+  const bool field = control.name.starts_with("fd");
+  const char* held = field ? "text" : control.name.starts_with("ch") ? "checked" : "currentIndex";
+  if (text) found->setProperty(held, text::ToQt(*text));
+  const QVariant value = found->property(held);
+  return field ? text::FromQt(value.toString()) : std::to_string(value.toInt());
+}
+
 class MainWindowTest : public testing::Test {
- public:
-  void SetUp() override {
+ protected:
+  MainWindowTest() {
     for (const char* name : {"a.txt", "b.txt", "c.jpg"}) folder.Write(name, name);
     qputenv("XDG_CONFIG_HOME", settings.path().c_str());
     StartAnew();
@@ -47,30 +90,37 @@ class MainWindowTest : public testing::Test {
     return found;
   }
   QPushButton* Button(const char* name) { return Find<QPushButton>(name); }
+  QAbstractItemModel* Model() { return Find<QTableView>("ReportControl1")->model(); }
 
   void ListFiles() {
     Find<QLineEdit>("fdSourceFolder")->setText(text::ToQt(folder.path() + "/"));
     Button("bnLoadFileList")->click();
   }
 
+  /// As Held, in the dialog where the numbering is chosen, if the control is there.
+  std::string Value(const Control& control, const std::string* text = nullptr) {
+    if (control.section != "Conflicts") return Held(program->MainWindow(), control, text);
+    std::string held;
+    QTimer::singleShot(0, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      held = Held(*dialog, control, text);
+      dialog->findChild<QPushButton*>(QStringLiteral("bnOK"))->click();
+    });
+    Button("Command4")->click();
+    return held;
+  }
+
   /// Lists and previews, with a counter among the elements or without.
   void Preview(bool with_counter) {
-    if (with_counter) InsertCounter();
+    for (QAction* action : Button("bnInsertRight")->menu()->actions()) {
+      if (with_counter && action->text() == QLatin1String("<Counter>")) action->trigger();
+    }
     ListFiles();
     Button("bnPreview")->click();
     ASSERT_TRUE(Button("bnRename")->isEnabled());
   }
 
-  void InsertCounter() {
-    for (QAction* action : Button("bnInsertRight")->menu()->actions()) {
-      if (action->text() == QLatin1String("<Counter>")) action->trigger();
-    }
-  }
-
-  QAbstractItemModel* Model() { return Find<QTableView>("ReportControl1")->model(); }
-
-  TempFolder folder;
-  TempFolder settings;
+  const TempFolder folder, settings;
   std::optional<Program> program;
 };
 
@@ -78,7 +128,7 @@ class MainWindowTest : public testing::Test {
 
 TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
   EXPECT_FALSE(Button("bnLoadFileList")->isEnabled());
-  Find<QComboBox>("cmbCaseOldFile")->setCurrentIndex(1);
+  Find<QComboBox>("cmbCaseOldFile")->setCurrentText(QStringLiteral("UPPERCASE"));
   ListFiles();
   EXPECT_EQ(Model()->rowCount(), 4) << "a group row and three files";
   Button("bnPreview")->click();
@@ -93,48 +143,36 @@ TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
 }
 
 TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
-  using T = MainWindowTest;
-  struct Edit {
+  const auto pick = [&](const char* name, int index) {
+    return [=, this] { Find<QComboBox>(name)->setCurrentIndex(index); };
+  };
+  const auto sort = [&] {
+    Find<QTableView>("ReportControl1")->sortByColumn(5, Qt::DescendingOrder);
+  };
+  const struct {
     const char* what;
     bool with_counter, stale;
-    std::function<void(T&)> act;
-  };
-  const auto pick = [](const char* name, int index) {
-    return [=](T& t) { t.Find<QComboBox>(name)->setCurrentIndex(index); };
-  };
-  const auto uncheck = [](T& t) {
-    t.Model()->setData(t.Model()->index(1, 4), Qt::Unchecked, Qt::CheckStateRole);
-  };
-  const auto sort = [](T& t) {
-    t.Find<QTableView>("ReportControl1")->sortByColumn(5, Qt::DescendingOrder);
-  };
-  const Edit table[] = {
+    std::function<void()> act;
+  } table[] = {
       {"letter case", false, true, pick("cmbCaseOldFile", 2)},
-      {"check box", false, true, uncheck},
+      {"check box", false, true,
+       [&] { Model()->setData(Model()->index(1, 4), 0, Qt::CheckStateRole); }},
       {"grouping", false, false, pick("cmbGroupBy", 2)},
       {"grouping with a counter", true, true, pick("cmbGroupBy", 2)},
       {"sorting", false, false, sort},
       {"sorting with a counter", true, true, sort},
-      {"column", false, false, [](T& t) { t.Find<QCheckBox>("chColumnSize")->click(); }},
+      {"column", false, false, [&] { Find<QCheckBox>("chColumnSize")->click(); }},
       {"output choice", false, false, pick("cmbDestination", 1)},
-      {"output folder", false, false,
-       [](T& t) { t.Find<QLineEdit>("fdDestination")->setText(QStringLiteral("5")); }},
+      {"folder", false, false, [&] { Find<QLineEdit>("fdDestination")->insert(QString(u'5')); }},
   };
-  for (const Edit& edit : table) {
+  for (const auto& edit : table) {
     SCOPED_TRACE(edit.what);
     StartAnew();
     Preview(edit.with_counter);
-    edit.act(*this);
+    edit.act();
     EXPECT_EQ(Button("bnRename")->isEnabled(), !edit.stale);
     EXPECT_TRUE(Button("bnPreview")->isEnabled());
   }
-}
-
-TEST_F(MainWindowTest, ClosesAfterThePassThatItEnds) {
-  Form1& window = program->MainWindow();
-  QTimer::singleShot(0, &window, [&] { EXPECT_FALSE(window.close()) << "a pass is running"; });
-  ListFiles();
-  EXPECT_FALSE(window.isVisible());
 }
 
 TEST(EndingSignals, AreTakenUnlessTheyWereIgnored) {
@@ -150,11 +188,8 @@ TEST(EndingSignals, AreTakenUnlessTheyWereIgnored) {
 }
 
 TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
-  const auto after = [this](int ms, std::function<void()> act) {
-    QTimer::singleShot(ms, &program->MainWindow(), std::move(act));
-  };
   const auto in_a_run = [&] {
-    after(0, [] { std::raise(SIGINT); });
+    QTimer::singleShot(0, [] { std::raise(SIGINT); });
     QTimer look;
     bool told = false;
     QObject::connect(&look, &QTimer::timeout, [&] {
@@ -167,7 +202,7 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
     EXPECT_TRUE(told) << "that the run is not completed";
   };
   const auto in_a_dialog = [&] {
-    after(50, [] { std::raise(SIGHUP); });
+    QTimer::singleShot(50, [] { std::raise(SIGHUP); });
     Button("Command4")->click();
   };
   const std::pair<const char*, std::function<void()>> table[] = {
@@ -187,32 +222,6 @@ TEST_F(MainWindowTest, EndsOnASignalAsOnItsClosing) {
     EXPECT_FALSE(program->MainWindow().isVisible());
     StartAnew();
     EXPECT_EQ(Find<QCheckBox>("chColumnSize")->isChecked(), column) << "stored";
-  }
-}
-
-/// The positions are stored, and are what the elements and the run go by.
-TEST_F(MainWindowTest, OffersTheEntriesOfItsListsInTheStoredOrder) {
-  const std::pair<std::string, std::string> table[] = {
-      {"cmbDestination", "Use source folder|Copy to|Move to|"},
-      {"cmbGroupBy", "None|Path|Type|"},
-      {"cmbCaseOldFile", "Unchanged|UPPERCASE|lowercase|First letter uppercase only|"},
-      {"cmbCutExt",
-       "Do nothing|Remove Text|Remove N characters from the start|Remove N characters from the end|"
-       "Remove N characters after the first K|Remove N characters before the last K|"
-       "Remove N characters from the start and K from the end|"
-       "Remove all after the first N characters|Remove all before the last N characters|"
-       "Remove all between the first N and last K characters|"},
-      {"cmbAddExt",
-       "Do nothing|Add Text to the left|Add Text to the right|"
-       "Add Text1 to the left and Text2 to the right|Insert Text after the first N characters|"
-       "Insert Text before the last N characters|"},
-      {"cmbTDate(2)", "|d|dd|m|mm|mmm|mmmm|yy|yyyy|"},
-  };
-  for (const auto& [name, entries] : table) {
-    const auto* box = Find<QComboBox>(name.c_str());
-    std::string shown;
-    for (int i = 0; i < box->count(); ++i) shown += box->itemText(i).toStdString() + '|';
-    EXPECT_EQ(shown, entries) << name;
   }
 }
 
@@ -237,4 +246,62 @@ TEST_F(MainWindowTest, AsksAboutConflictsBeforeARunAndTellsThemAfterIt) {
   EXPECT_EQ(shown, (std::vector<std::string>{"Form8", "Number of files failed to rename: 1",
                                              "Number of resolved conflicts: 1"}));
   EXPECT_EQ(folder.List(), (std::vector<std::string>{".txt", "_{1}.txt"}));
+}
+
+TEST_F(MainWindowTest, FindsEveryOptionAsItWasLeft) {
+  for (const auto some : {kAll.first(15), kAll.last(3)}) {
+    for (const Control& control : some) {
+      EXPECT_NE(Value(control), control.text) << control.name;
+      Value(control, &control.text);
+    }
+    program->MainWindow().close();
+    StartAnew();
+    for (const Control& control : some) EXPECT_EQ(Value(control), control.text) << control.name;
+  }
+  QtSettingsStore store;
+  for (const Control& one : kAll) EXPECT_EQ(store.GetSetting(one.section, one.key), one.text);
+}
+
+struct FolderPagesTest : testing::Test {
+  std::string answer, start;
+  FolderPages pages{nullptr, [this](const std::string& from) { return start = from, answer; }};
+};
+
+TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
+  pages.Show(SourceOptions{"/pictures", "", "", true});
+  pages.Show(OutputOptions{kUseSourceFolder, "/old/"});
+  std::string told;
+  QObject::connect(&pages, &FolderPages::sourceFolderChanged, [&] { told += "changed "; });
+  QObject::connect(&pages, &FolderPages::folderChosen, [&] { told += "chosen "; });
+  const struct {
+    QPushButton* button;
+    const char *answer, *start, *source, *output, *told;
+  } table[] = {
+      {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
+      {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
+      {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
+      {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
+  };
+  for (const auto& row : table) {
+    answer = row.answer;
+    told = "";
+    row.button->click();
+    EXPECT_EQ(start, row.start);
+    EXPECT_EQ(pages.Source().fdSourceFolder, row.source);
+    EXPECT_EQ(pages.Output().fdDestination, row.output);
+    EXPECT_EQ(told, row.told);
+  }
+}
+
+TEST_F(FolderPagesTest, CloseATypedOutputFolderWhenItIsLeftAndNoOther) {
+  const std::pair<const char*, const char*> table[] = {
+      {"/sorted", "/sorted/"}, {"/sorted/", "/sorted/"}, {"", ""}, {"sorted", "sorted"}};
+  for (const auto& [typed, left] : table) {
+    pages.fdDestination->setText(QLatin1String(typed));
+    Leave(pages.fdDestination);
+    EXPECT_EQ(pages.Output().fdDestination, left);
+    pages.SetSourceFolder(typed);
+    Leave(pages.fdSourceFolder);
+    EXPECT_EQ(pages.Source().fdSourceFolder, typed);
+  }
 }

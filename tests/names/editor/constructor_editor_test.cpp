@@ -49,6 +49,9 @@ class ConstructorEditorTest : public testing::Test {
   }
   QLineEdit* Field(const std::string& name) { return Find<QLineEdit>(name); }
   void Pick(const std::string& box, int index) { Find<QComboBox>(box)->setCurrentIndex(index); }
+  void Pick(const std::string& box, const char* entry) {
+    Find<QComboBox>(box)->setCurrentText(QLatin1String(entry));
+  }
   std::string Enter(const char* field, const char* text) {
     Field(field)->setText(QLatin1String(text));
     return FailureReport([&] { Leave(Field(field)); });
@@ -79,8 +82,7 @@ class ConstructorEditorTest : public testing::Test {
     return seen + ' ' + text::FromQt(Pane()->objectName()).substr(2);
   }
   QWidget* Pane() {
-    auto* panes = editor.findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    return panes->currentWidget();
+    return editor.findChild<QStackedWidget*>({}, Qt::FindDirectChildrenOnly)->currentWidget();
   }
 
   Constructor constructor;
@@ -169,17 +171,13 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeftAndReportsOneBeyond3
 }
 
 TEST_F(ConstructorEditorTest, TakesDigitsOnlyHoweverTheyCome) {
-  const std::function<void(const QString&)> ways[] = {
-      [&](const QString& text) { n->insert(text); },  // as paste and drop do
-      [&](const QString& text) {                      // as the accessibility bus does
-        QAccessible::queryAccessibleInterface(n)->editableTextInterface()->replaceText(0, 2, text);
-      }};
-  for (const auto& way : ways) {
-    for (const char* text : {"7", " 7\n", "+7", "-5", "1,000", "5 files", "1E2"}) {
+  for (const char* text : {"7", " 7\n", "+7", "-5", "1,000", "5 files", "1E2"}) {
+    for (const bool by_paste : {true, false}) {  // else as the accessibility bus does
       const QString put_in = QLatin1String(text);
       n->setText(QStringLiteral("12"));
       n->selectAll();
-      way(put_in);
+      QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(n);
+      by_paste ? n->insert(put_in) : seen->editableTextInterface()->replaceText(0, 2, put_in);
       Press(n, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
       EXPECT_EQ(First().CutN, put_in.contains(u'7') ? 7 : 12) << text;
       EXPECT_EQ(n->text(), QString::number(First().CutN));
@@ -204,7 +202,7 @@ TEST_F(ConstructorEditorTest, GivesAnUnfinishedNumberToTheElementItWasTypedFor) 
 }
 
 TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
-  Pick("cmbCutFile", 4);
+  Pick("cmbCutFile", "Remove N characters after the first K");
   Enter("fdCutFileX", "2147483648");
   auto* pages = Find<QTabWidget>("TabControl1");
   pages->setCurrentIndex(1);
@@ -215,9 +213,9 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
                                              "The largest that can be used is 2147483647."));
   }
   EXPECT_EQ(pages->currentIndex(), 0) << "the field comes into view";
-  Pick("cmbCutFile", 2);
+  Pick("cmbCutFile", "Remove N characters from the start");
   EXPECT_FALSE(editor.TellRefusedNumber()) << "its mode is off";
-  Pick("cmbCutFile", 4);
+  Pick("cmbCutFile", "Remove N characters after the first K");
   InsertRight("<Counter>");
   EXPECT_FALSE(editor.TellRefusedNumber()) << "another element is shown";
   Enter("fdStartValue", "2147483648");
@@ -225,9 +223,7 @@ TEST_F(ConstructorEditorTest, TellsEachTimeOfARefusedNumberThatIsSeen) {
   EXPECT_EQ(told.back().find("The number “Start with” in “Counter options” is"), 0u);
 }
 
-TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNames) {
-  const std::vector<std::string> nine(
-      9, "A filename cannot contain any of the following characters:\n\\ / : * ? \" < > |");
+TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersAndHoldsPastedTextAsItShowsIt) {
   const std::pair<const char*, bool> table[] = {
       {"fdReplace2", true},      {"fdAddFileText1", true},         {"fdAddFileText2", true},
       {"fdDateSeparator", true}, {"fdAddParentFolderText1", true}, {"fdTDateSeparator", true},
@@ -239,8 +235,15 @@ TEST_F(ConstructorEditorTest, RefusesTypedForbiddenCharactersWhereTextGoesIntoNa
     Type(field, QStringLiteral("a\\/:*?\"<>|b"));
     field->insert(QStringLiteral("c/d"));  // as a paste does
     EXPECT_EQ(field->text().toStdString(), refuses ? "abc/d" : "a\\/:*?\"<>|bc/d") << name;
-    EXPECT_EQ(told, refuses ? nine : std::vector<std::string>()) << name;
+    EXPECT_EQ(told.size(), refuses ? 9u : 0u) << name;
   }
+  const QString pasted = QStringLiteral("a\r\nb\tc\u2028/d\U0001F1E9\U0001F1EA");
+  for (const char* name : {"fdAddFileText1", "fdReplace1"}) {
+    Field(name)->clear();
+    Field(name)->insert(pasted);
+  }
+  EXPECT_EQ(First().AddText1, "a  b\tc /d\U0001F1E9\U0001F1EA");
+  EXPECT_EQ(First().Replace1, text::FromQt(pasted)) << "names may hold what is looked for";
 }
 
 TEST_F(ConstructorEditorTest, DerivesFormatAndSampleOfEachElement) {
@@ -271,13 +274,11 @@ TEST_F(ConstructorEditorTest, DerivesFormatAndSampleOfEachElement) {
 /// What the controls in `pane` hold, by name. With `changes`, which counts the edits, each first
 /// gets another value, which is one edit; only which page is shown changes no name.
 std::map<std::string, std::string> Values(const QWidget* pane, int* changes = nullptr) {
-  const struct {
-    const char *kind, *held;
-    int values, edits;
-  } table[] = {{"QTabWidget", "currentIndex", 3, 0},
-               {"QComboBox", "currentIndex", 4, 1},
-               {"QCheckBox", "checked", 2, 1},
-               {"QLineEdit", "text", 99, 1}};
+  const std::tuple<const char*, const char*, int, int> table[] = {
+      {"QTabWidget", "currentIndex", 3, 0},  // of kind, what it holds, how many values, edits
+      {"QComboBox", "currentIndex", 4, 1},
+      {"QCheckBox", "checked", 2, 1},
+      {"QLineEdit", "text", 99, 1}};
   std::map<std::string, std::string> all;
   int number = 0;
   for (const auto& [kind, held, values, edits] : table) {
@@ -316,14 +317,6 @@ TEST_F(ConstructorEditorTest, KeepsEachOptionInItsElementAndAsksForAPreviewWhere
   }
 }
 
-TEST_F(ConstructorEditorTest, HoldsPastedTextAsItShowsIt) {
-  const QString pasted = QStringLiteral("a\r\nb\tc\u2028/d\U0001F1E9\U0001F1EA");
-  Field("fdAddFileText1")->insert(pasted);
-  EXPECT_EQ(First().AddText1, "a  b\tc /d\U0001F1E9\U0001F1EA");
-  Field("fdReplace1")->insert(pasted);
-  EXPECT_EQ(First().Replace1, text::FromQt(pasted)) << "names may hold what is looked for";
-}
-
 TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
   constructor.InsertArrConstrItem(0, kText, std::string(10'000, 'x'));
   constructor.InsertArrConstrItem(1, kText, "R&D \xFF");
@@ -335,10 +328,10 @@ TEST_F(ConstructorEditorTest, AsksForNoMoreRoomForLongTexts) {
 
 TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
   const std::pair<std::function<void()>, const char*> table[] = {
-      {[&] { Pick("cmbCutFile", 2); }, "---"},  // N is 0
+      {[&] { Pick("cmbCutFile", "Remove N characters from the start"); }, "---"},  // N is 0
       {[&] { Enter("fdCutFileN", "3"); }, "x--"},
       {[&] { Enter("fdReplace1", "old"); }, "xx-"},
-      {[&] { Pick("cmbAddFile", 3); }, "xx-"},
+      {[&] { Pick("cmbAddFile", "Add Text1 to the left and Text2 to the right"); }, "xx-"},
       {[&] { Enter("fdAddFileText2", "end"); }, "xxx"},
       {[&] { Find<QPushButton>("Command1")->click(); }, "-xx"},
       {[&] { Insert(true, "<Source file name>"); }, "---"},
@@ -366,6 +359,30 @@ TEST_F(ConstructorEditorTest, TellsTheStripAndItsChipsToScreenReaders) {
   EXPECT_TRUE(last->state().selected);
   while (chips->count() > 0) Delete();
   EXPECT_FALSE(last->isValid());
+}
+
+TEST(CustomTextDialog, AcceptsWhatANameCanHoldUnlessCancelled) {
+  // What is typed, what it gives, and the beginning of the message; empty: none.
+  const std::tuple<QString, std::string, std::string> table[] = {
+      {QStringLiteral("summer"), "summer", ""},
+      {QStringLiteral("   "), "   ", ""},
+      {QString(), "", "The text field is empty."},
+      {QStringLiteral("a:b"), "", "A filename cannot contain"}};
+  for (const auto& [typed, text, told] : table) {
+    SCOPED_TRACE(typed.toStdString());
+    FakeServices fakes;
+    for (const bool ok : {true, false}) {
+      Form5 dialog(fakes.prompts, fakes.settings, nullptr);
+      dialog.show();
+      dialog.fdText->setText(typed);
+      (ok ? dialog.bnOK : dialog.bnCancel)->click();
+      EXPECT_EQ(dialog.Text(), ok ? text : "");
+      EXPECT_EQ(dialog.isVisible(), ok && !told.empty());
+      EXPECT_EQ(dialog.fdText->text(), typed);
+    }
+    ASSERT_EQ(fakes.prompts.told.size(), told.empty() ? 0u : 1u);
+    for (const std::string& one : fakes.prompts.told) EXPECT_TRUE(one.starts_with(told));
+  }
 }
 
 }  // namespace

@@ -4,22 +4,16 @@
 
 #include "names/date_format.h"
 #include "platform/qt/shell_qt.h"
+#include "platform/qt/text_qt.h"
 
 TEST(LocaleFacts, NamesTheMonthsInTheLanguageOfTheUser) {
-  const struct {
-    QLocale locale;
-    const char* format;
-    const char* march;
-  } table[] = {
+  const std::tuple<QLocale, const char*, const char*> table[] = {
       {QLocale(QLocale::German, QLocale::Germany), "d. mmmm yyyy", "9. M\u00E4rz 2024"},
       {QLocale(QLocale::Japanese, QLocale::Japan), "yyyy mmmm dd", "2024 3\u6708 09"},
       {QLocale(QLocale::Japanese, QLocale::Japan), "mmm", "3\u6708"},
-      {QLocale::c(), "dd mmm yy", "09 Mar 24"},
-  };
-  for (const auto& row : table) {
-    const QtLocaleFacts facts(row.locale);
-    EXPECT_EQ(FormatDate(row.format, 2024, 3, 9, facts), row.march)
-        << row.locale.name().toStdString();
+      {QLocale::c(), "dd mmm yy", "09 Mar 24"}};
+  for (const auto& [locale, format, march] : table) {
+    EXPECT_EQ(FormatDate(format, 2024, 3, 9, QtLocaleFacts(locale)), march);
   }
 }
 
@@ -36,15 +30,43 @@ TEST(QtTypeNames, NamesAKnownExtensionInAnyLetterCaseAndNoOther) {
 }
 
 TEST(FileLink, EscapesWhatALinkCanNotHold) {
-  const struct {
-    const char* path;
-    const char* link;
-  } table[] = {
+  const std::pair<const char*, const char*> table[] = {
       {"/home/anna/a-b_c.~1", "file:///home/anna/a-b_c.~1"},
       {"/a b/50% #1?", "file:///a%20b/50%25%20%231%3F"},
       {"/M\xC3\xA4rz", "file:///M%C3%A4rz"},
       {"/bad\xFF", "file:///bad%FF"},
-      {"/a,b;c&d", "file:///a%2Cb%3Bc%26d"},
-  };
-  for (const auto& row : table) EXPECT_EQ(FileLink(row.path).toStdString(), row.link);
+      {"/a,b;c&d", "file:///a%2Cb%3Bc%26d"}};
+  for (const auto& [path, link] : table) EXPECT_EQ(FileLink(path).toStdString(), link);
+}
+
+TEST(TextQt, BringsEveryByteBack) {
+  std::string all;
+  for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
+  for (const std::string& name :
+       {std::string(), std::string("Gra\u00E7a \xF0\x9F\xA5\x90.jpg"), std::string("cut\xC3"),
+        std::string("\xED\xA0\x80\xC0\x80"), all}) {
+    EXPECT_EQ(text::FromQt(text::ToQt(name)), name);
+  }
+}
+
+TEST(TextQt, ShowsWhatNoFontHasAsAReplacementAndKeepsTheRest) {
+  const std::pair<std::string_view, const char*> table[] = {
+      {"a\nb\tc\x7F\xFFz", "a�b�c��z"},
+      {"next\u0085line\u202Eleft", "next�line�left"},
+      {"\U0001F950 a\u00A0b\u2027c", "\U0001F950 a\u00A0b\u2027c"},
+      {"a\u200B\u200E\u200F\u061C\u2060\uFEFF\u2066\u2069z", "a��������z"},
+      // Joiners: of a burning heart, a Persian and a Latin word, at the end of an Indic one.
+      {"\u2764\uFE0F\u200D\U0001F525", "\u2764\uFE0F\u200D\U0001F525"},
+      {"\u0645\u06CC\u200C\u062F a\u200Db", "\u0645\u06CC\u200C\u062F a\u200Db"},
+      {"\u0D7B\u0D28\u0D4D\u200D.x", "\u0D7B\u0D28\u0D4D\u200D.x"},
+      // Those that join nothing: at the ends, beside a blank or a dot, after one another.
+      {"\u200Da\u200C", "�a�"},
+      {"a\u200D b\u200C.x \u200Dc", "a� b�.x �c"},
+      {"a\u200D\u200Cb\u200D\xFF", "a��b��"}};
+  for (const auto& [name, expected] : table) {
+    const QString shown = text::Shown(name);
+    EXPECT_EQ(shown, QString::fromUtf8(expected));
+    EXPECT_EQ(shown.size(), text::ToQt(name).size()) << "marks stand at places of the text";
+  }
+  EXPECT_EQ(text::ShownLines("a\u202Eb\r\n\nc\td\n"), QStringLiteral("a�b\n\nc�d\n"));
 }
