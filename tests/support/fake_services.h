@@ -58,7 +58,6 @@ class FakeTypeNames : public TypeNames {
     ++asked;
     return extension == ".txt" ? "Text file" : "";
   }
-
   int asked = 0;
 };
 
@@ -84,23 +83,20 @@ class FakeSystemFacts : public SystemFacts {
   std::string ComputerName() override { return "attic"; }
   SystemName System() override { return {"Test System 1", "2.3", "patch 4"}; }
   std::string ProgramPath() override { return "/opt/q/quorvane"; }
-  std::optional<std::uint64_t> ProgramSize() override { return program_size; }
+  std::optional<std::uint64_t> ProgramSize() override { return 1234567; }
   std::string ProgramVersion() override { return "1.2.3"; }
   std::optional<std::uint64_t> FreeBytes(std::string_view path) override {
     if (broken) throw Failure(kTypeMismatch, "no volume");
-    return path == "/" ? free_bytes : std::nullopt;
+    return path == "/" ? std::optional(std::uint64_t{1536001}) : std::nullopt;
   }
   std::optional<std::uint32_t> VolumeSerial(std::string_view) override { return 0x00AB12CD; }
   std::optional<std::string> FileSystemName(std::string_view) override { return "ext4"; }
-
-  std::optional<std::uint64_t> program_size = 1234567, free_bytes = 1536001;
   bool broken = false;
 };
 
 class FakeFolders : public Folders {
  public:
   std::string Documents() override { return documents; }
-
   std::string documents;
 };
 

@@ -31,10 +31,8 @@ class MemoryFiles : public FileSystem {
 
   /// `path` with its folder as it is stored, and its name too if something is there.
   std::string Real(std::string_view path) const {
-    const std::size_t name = path.rfind('/') + 1;
-    if (IsPlain(path) || name == 0) return std::string(path);
-    if (path.ends_with("/.") || path.ends_with("/..")) return RealFolder(path);
-    return Stored(RealFolder(path.substr(0, name)) + "/", path.substr(name));
+    const bool is_way = path.ends_with("/.") || path.ends_with("/..");
+    return is_way ? RealFolder(path) : Stored(Target(path));
   }
 
   bool Exists(std::string_view path) override {
@@ -44,11 +42,10 @@ class MemoryFiles : public FileSystem {
     if (IsThere(Real(path))) return true;
     if (!HasWildcards(name)) return false;
     const std::string folder = RealFolder(path.substr(0, path.size() - name.size())) + "/";
-    const auto fits = [&](std::string_view other) {
+    return AnyEntry([&](std::string_view other) {
       return other.starts_with(folder) && other.rfind('/') + 1 == folder.size() &&
              FitsPattern(other.substr(folder.size()), name);
-    };
-    return AnyEntry(fits);
+    });
   }
 
   std::optional<FileFacts> Look(std::string_view path) override {
@@ -163,19 +160,15 @@ class MemoryFiles : public FileSystem {
     return std::ranges::any_of(folders, test) ||
            std::ranges::any_of(std::views::keys(contents), test);
   }
-  bool IsPlain(std::string_view path) const {
-    return folder_links.empty() && !case_blind && path.find("/.") == path.npos;
-  }
   /// The entry of that name as it is stored; the name as given when there is none.
-  std::string Stored(const std::string& folder, std::string_view name) const {
-    std::string path = folder + std::string(name), stored = path;
+  std::string Stored(const std::string& path) const {
     if (!case_blind || IsThere(path)) return path;
-    const auto fits = [&](const std::string& other) {
+    std::string stored = path;
+    AnyEntry([&](const std::string& other) {
       const bool one = text::EqualIgnoringCase(other, path);
       if (one) stored = other;
       return one;
-    };
-    AnyEntry(fits);
+    });
     return stored;
   }
   /// A folder's path, with or without its closing separator, as it is stored; without it.
@@ -184,7 +177,7 @@ class MemoryFiles : public FileSystem {
     for (const std::string_view name : text::Split(path, "/")) {
       if (name.empty() || name == ".") continue;
       const bool up = name == ".." && folders.contains(real);
-      real = up ? real.substr(0, real.rfind('/')) : Stored(real + "/", name);
+      real = up ? real.substr(0, real.rfind('/')) : Stored((real + "/").append(name));
       const auto link = folder_links.find(real);
       if (link != folder_links.end()) real = link->second;
     }
@@ -193,7 +186,8 @@ class MemoryFiles : public FileSystem {
   /// Where something new of that name would stand.
   std::string Target(std::string_view path) const {
     const std::size_t name = path.rfind('/') + 1;
-    if (IsPlain(path) || name == 0) return std::string(path);
+    const bool plain = folder_links.empty() && !case_blind && path.find("/.") == path.npos;
+    if (plain || name == 0) return std::string(path);
     return (RealFolder(path.substr(0, name)) + "/").append(path.substr(name));
   }
   bool Fits(const std::string& target) {
@@ -203,15 +197,14 @@ class MemoryFiles : public FileSystem {
     const bool is_name = name != "" && name != "." && name != ".." && name.find('\0') == name.npos;
     if (!is_name) return No(EINVAL);
     if (name.size() > 255) return No(ENAMETOOLONG);
-    if (IsThere(Stored(target.substr(0, end + 1), name))) return No(EEXIST);
+    if (IsThere(Stored(target))) return No(EEXIST);
     return folders.contains(target.substr(0, end)) || No(ENOENT);
   }
   FileIdentity Identity(const std::string& real) {
-    const std::string& content = contents[real];
     std::uint64_t& inode = inodes_[real];
     if (inode == 0) inode = ++last_inode_;
-    const auto changed = static_cast<std::int64_t>(std::hash<std::string>()(content));
-    return {1, inode, content.size(), changed, 0};
+    const auto changed = static_cast<std::int64_t>(std::hash<std::string>()(contents[real]));
+    return {1, inode, contents[real].size(), changed, 0};
   }
 
   std::map<std::string, std::uint64_t> inodes_;

@@ -36,13 +36,8 @@ class MemorySettings : public SettingsStore {
            }) > 0;
   }
 
-  [[nodiscard]] StoreProblem Flush() override {
-    ++flushes;
-    return problem;
-  }
-
+  [[nodiscard]] StoreProblem Flush() override { return ++flushes, problem; }
   [[nodiscard]] bool CanBeRead() const override { return true; }
-
   [[nodiscard]] StoreProblem ReadProblem() override { return problem; }
 
   std::map<std::pair<std::string, std::string>, std::string> values;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -79,6 +80,18 @@ class TempFolder {
     }
     std::ranges::sort(names);
     return names;
+  }
+
+  /// All that is in here, by name: contents, "/" for a folder, "-> target" for a link.
+  std::map<std::string, std::string> Everything() const {
+    std::map<std::string, std::string> all;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path_)) {
+      const std::string name = entry.path().string().substr(path_.size() + 1);
+      all[name] = entry.is_symlink()     ? "-> " + std::filesystem::read_symlink(entry).string()
+                  : entry.is_directory() ? "/"
+                                         : Read(name).value_or("unreadable");
+    }
+    return all;
   }
 
  private:

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
 #include <map>
+#include <ranges>
 #include <set>
 #include <string>
 
@@ -15,7 +17,6 @@
 
 namespace {
 
-/// All that is there: paths and contents, "/" for a folder, "->" and more for a link.
 using State = std::map<std::string, std::string>;
 
 struct World {
@@ -33,16 +34,7 @@ struct World {
     made = *files->IdentifyFolder(folder / "made");
   }
 
-  State Now() const {
-    State state;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {
-      const std::string name = entry.path().string().substr(folder.path().size() + 1);
-      state[name] = entry.is_symlink()     ? "->" + std::filesystem::read_symlink(entry).string()
-                    : entry.is_directory() ? "/"
-                                           : folder.Read(name).value_or("unreadable");
-    }
-    return state;
-  }
+  State Now() const { return folder.Everything(); }
 
   TempFolder folder{::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : ""};
   CopyIdentities copied;
@@ -174,8 +166,7 @@ bool IsUnknowable(const Fault& fault) {
 }
 
 bool Holds(const State& state, const std::string& content) {
-  return std::any_of(state.begin(), state.end(),
-                     [&](const auto& entry) { return entry.second == content; });
+  return std::ranges::count(std::views::values(state), content) > 0;
 }
 
 }  // namespace
@@ -240,10 +231,10 @@ TEST(EveryCall, LeavesAStrangerWhoComesJustBefore) {
     if (stranger.st_ino == 0) return;
     SCOPED_TRACE(std::to_string(one.fault.nth) + ", at " + name);
     const State now = one.world.Now();
-    EXPECT_TRUE(std::any_of(now.begin(), now.end(), [&](const auto& entry) {
-      return folder ? root.Facts(entry.first).st_ino == stranger.st_ino
-                    : entry.second == "stranger";
-    })) << "the stranger is lost";
+    const auto is_stranger = [&](auto& path) { return root.Facts(path).st_ino == stranger.st_ino; };
+    EXPECT_TRUE(folder ? std::ranges::any_of(std::views::keys(now), is_stranger)
+                       : Holds(now, "stranger"))
+        << "the stranger is lost";
     for (const auto& [path, held] : then) {
       EXPECT_TRUE(!Holds(before, held) || Holds(now, held)) << "lost " << path;
     }

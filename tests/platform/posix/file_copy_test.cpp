@@ -137,9 +137,8 @@ TEST(CopyFile, TakesWhatALinkPointsToAndNothingButFiles) {
   folder.MakeLink("link", "file");
   folder.MakeLink("dangling", "nowhere");
   folder.MakeLink("loop", "loop");
-  const auto files = MakePosixFileSystem();
   const auto copy = [&](const std::string& from, const char* to) {
-    return files->CopyFile(from, folder / to, {}, nullptr);
+    return MakePosixFileSystem()->CopyFile(from, folder / to, {}, nullptr);
   };
   for (const char* source : {"fifo", "sub", "dangling", "loop", "none", ""}) {
     EXPECT_FALSE(copy(folder / source, "x")) << source;

@@ -31,26 +31,22 @@ class PosixFiles : public ::testing::Test {
 }  // namespace
 
 TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
-  const char* const written[] = {"file", "a?b", "x\u00E9.txt", "line\nbreak\\ -\xFF. "};
-  for (const char* name : written) folder.Write(name, "");
+  for (const char* name : {"file", "a?b", "x\u00E9.txt", "line\nbreak\\ -\xFF. "}) {
+    folder.Write(name, "");
+  }
   folder.MakeFolder("sub");
   folder.MakeLink("dangling", "nowhere");
   folder.MakeLink("loop", "loop");
-  const std::vector<std::string> there = {"file", "sub",    "dangling", "loop",
-                                          "a?b",  "x?.txt", "*.txt",    "line\nbreak\\ -\xFF. "};
-  for (const auto& name : there) EXPECT_TRUE(files->Exists(folder / name)) << name;
-  const std::vector<std::string> none = {"x??.txt",
-                                         "*.TXT",
-                                         "none",
-                                         "",
-                                         "sub/",
-                                         "file/below",
-                                         "loop/below",
-                                         "none/*",
-                                         "sub/*",
-                                         std::string(300, 'n'),
-                                         std::string("file\0x", 6)};
-  for (const auto& name : none) EXPECT_FALSE(files->Exists(folder / name)) << name;
+  for (const char* name :
+       {"file", "sub", "dangling", "loop", "a?b", "x?.txt", "*.txt", "line\nbreak\\ -\xFF. "}) {
+    EXPECT_TRUE(files->Exists(folder / name)) << name;
+  }
+  for (const char* name :
+       {"x??.txt", "*.TXT", "none", "", "sub/", "file/below", "loop/below", "none/*", "sub/*"}) {
+    EXPECT_FALSE(files->Exists(folder / name)) << name;
+  }
+  EXPECT_FALSE(files->Exists(folder / std::string(300, 'n')));
+  EXPECT_FALSE(files->Exists(folder / std::string("file\0x", 6)));
 }
 
 TEST_F(PosixFiles, ListsAllInPiecesButWhatALivingProcessHasInTheMaking) {
