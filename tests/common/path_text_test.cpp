@@ -3,24 +3,21 @@
 #include <gtest/gtest.h>
 
 TEST(PathText, EndsOfFolderPathsInBothStyles) {
-  const struct {
-    PathStyle style;
-    const char *input, *without, *normal, *last;
-    bool absolute;
-  } table[] = {{kDrive, "C:\\Photos\\07\\", "C:\\Photos\\07", "C:\\Photos\\07\\", "07", true},
-               {kDrive, "C:\\", "C:", "C:\\", "", true},
-               {kDrive, "C:", "C:", "C:\\", "", false},
-               {kDrive, "\\", "", "\\", "", false},
-               {kDrive, "\\\\host\\x", "\\\\host\\x", "\\\\host\\x\\", "x", false},
-               {kPosix, "/home/me/", "/home/me", "/home/me/", "me", true},
-               {kPosix, "/", "", "/", "", true},
-               {kPosix, "C:\\Photos", "C:\\Photos", "C:\\Photos/", "", false}};
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.input);
-    EXPECT_EQ(mMain::GetPathWithNoSlash(row.input, row.style), row.without);
-    EXPECT_EQ(mScanCD::NormalizePath(row.input, row.style), row.normal);
-    EXPECT_EQ(mMain::LastFolderName(row.input, row.style), row.last);
-    EXPECT_EQ(mMain::IsAbsolutePath(row.input, row.style), row.absolute);
+  using Text = const char*;
+  const std::tuple<PathStyle, Text, Text, Text, Text, bool> table[] = {
+      {kDrive, "C:\\Photos\\07\\", "C:\\Photos\\07", "C:\\Photos\\07\\", "07", true},
+      {kDrive, "C:\\", "C:", "C:\\", "", true},
+      {kDrive, "C:", "C:", "C:\\", "", false},
+      {kDrive, "\\", "", "\\", "", false},
+      {kDrive, "\\\\host\\x", "\\\\host\\x", "\\\\host\\x\\", "x", false},
+      {kPosix, "/home/me/", "/home/me", "/home/me/", "me", true},
+      {kPosix, "/", "", "/", "", true},
+      {kPosix, "C:\\Photos", "C:\\Photos", "C:\\Photos/", "", false}};
+  for (const auto& [style, input, without, normal, last, absolute] : table) {
+    EXPECT_EQ(mMain::GetPathWithNoSlash(input, style), without);
+    EXPECT_EQ(mScanCD::NormalizePath(input, style), normal);
+    EXPECT_EQ(mMain::LastFolderName(input, style), last);
+    EXPECT_EQ(mMain::IsAbsolutePath(input, style), absolute) << input;
   }
 }
 

@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 
 TEST(Counter, PadsButNeverCuts) {
-  const struct {
-    std::int32_t value;
-    const char *pattern, *shown;
-  } table[] = {
+  const std::tuple<std::int32_t, const char*, const char*> table[] = {
       {0, "0000", "0000"}, {0, "", "0"}, {2147483647, "000", "2147483647"}, {-5, "000", "-005"}};
-  for (const auto& row : table) {
+  for (const auto& [value, pattern, shown] : table) {
     std::string out = "x";
-    AppendCounter(row.value, row.pattern, out);
-    EXPECT_EQ(out, std::string("x") + row.shown);
+    AppendCounter(value, pattern, out);
+    EXPECT_EQ(out, std::string("x") + shown);
   }
   for (const auto& [range, digits] : {std::pair{0, 1u}, {3, 4}, {9, 10}, {10, 10}, {-1, 1}}) {
     EXPECT_EQ(CounterFormatOfRange(range), std::string(digits, '0'));

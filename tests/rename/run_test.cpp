@@ -40,7 +40,7 @@ TEST_F(RunTest, TellsWhyAFileFailed) {
   const std::tuple<std::string, RunOutput, int> table[] = {
       {"", output, kEmptyName},
       {"../x", output, kNameHoldsSeparator},
-      {"x", {3, "/out/", false, "/in/"}, kNoSuchMode},
+      {"x", {kLastOutputMode + 1, "/out/", false, "/in/"}, kNoSuchMode},
       {"x", {kCopyTo, "out/", false, "/in/"}, kFolderNotAbsolute},
       {"c", output, EEXIST},
       {std::string(300, 'x'), output, ENAMETOOLONG},

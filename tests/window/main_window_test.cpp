@@ -249,7 +249,7 @@ TEST_F(MainWindowTest, AsksAboutConflictsBeforeARunAndTellsThemAfterIt) {
 }
 
 TEST_F(MainWindowTest, FindsEveryOptionAsItWasLeft) {
-  for (const auto some : {kAll.first(15), kAll.last(3)}) {
+  for (const auto some : {kAll.first(kAll.size() - 3), kAll.last(3)}) {
     for (const Control& control : some) {
       EXPECT_NE(Value(control), control.text) << control.name;
       Value(control, &control.text);
