@@ -23,6 +23,12 @@ class FakeView : public CommandView {
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
+  void Populate() override { grid_.Populate(); }
+  std::vector<int> SelectedRows() const override { return selected; }
+  std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override {
+    shown += std::string(caption).append(" (").append(mask).append(") ");
+    return mask_given;
+  }
   void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
   void ShowFailureReport() override { shown += Count(" failed", reports_.gFailureReport); }
@@ -30,6 +36,8 @@ class FakeView : public CommandView {
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output;
+  std::vector<int> selected;
+  std::optional<std::string> mask_given;  ///< none: the user cancels
   bool elements = false, waiting = false, focus_away = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
@@ -284,4 +292,26 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   records[0].mode = kUseSourceFolder;
   EXPECT_EQ(Walk("u"), "11");
   EXPECT_EQ(reporter.reports.size(), 4u);
+}
+
+TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused) {
+  const auto check = [&](RowCommand id, std::optional<std::string> mask = {}) {
+    view.mask_given = std::move(mask);
+    state.gPreviewStale = false;
+    return !ErrTrace::top("Test", [&] { commands.Check(*FindCheckOperation(id)); }) ? "failed"
+           : state.gPreviewStale                                                    ? "stale"
+                                                                                    : "stands";
+  };
+  EXPECT_STREQ(check(kCheckAll), "stale") << "of an empty list too";
+  EXPECT_EQ(view.buttons[2], '0');
+  Walk("l p");
+  EXPECT_STREQ(check(kUnCheckByMask), "stands");
+  EXPECT_STREQ(check(kUnCheckByMask, "a* [b"), "failed");
+  EXPECT_NE(reporter.reports.back().find("str='a* [b'"), std::string::npos);
+  EXPECT_NE(reporter.reports.back().find("Form1.UnCheckByMask"), std::string::npos);
+  EXPECT_TRUE(records[0].checked) << "a mask that fails changes nothing";
+  EXPECT_EQ(view.buttons[2], '1');
+  EXPECT_STREQ(check(kUnCheckByMask, "a*"), "stale");
+  EXPECT_FALSE(records[0].checked);
+  EXPECT_EQ(view.shown, "Uncheck by mask (*.*) Uncheck by mask (*.*) Uncheck by mask (a* [b) ");
 }
