@@ -20,8 +20,7 @@ std::vector<RowSpan> GroupsOf(const Grid& grid, const std::vector<int>& selected
   std::vector<RowSpan> spans;
   if (grid.RowCount() == 0 || !grid.IsGroupRow(0)) return spans;
   for (std::size_t i = 0; i < selected.size();) {
-    const GroupedRows::Group& group =
-        grid.Rows().GroupOf(static_cast<std::size_t>(selected[i]));
+    const GroupedRows::Group& group = grid.Rows().GroupOf(static_cast<std::size_t>(selected[i]));
     const RowSpan files{group.row + 1, group.row + 1 + group.file_count};
     const std::size_t first = i;
     while (i < selected.size() && static_cast<std::size_t>(selected[i]) < files.end) ++i;

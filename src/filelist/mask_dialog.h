@@ -14,8 +14,7 @@ class Form6 : public DialogFrame {
 
  public:
   /// Shows `mask`, all of it selected. `services` outlives the dialog.
-  Form6(const QString& caption, const std::string& mask, const Services& services,
-        QWidget* parent);
+  Form6(const QString& caption, const std::string& mask, const Services& services, QWidget* parent);
 
   bool OK = false;   ///< the user has accepted
   std::string Mask;  ///< what was accepted, without blanks around it
