@@ -242,7 +242,9 @@ void Form1::CommandBars1_Execute(int Control) {
 void Form1::AddListKeys() {
   for (const CheckOperation& operation : kCheckOperations) {
     if (operation.keys == Keys::kNone) continue;
-    connect(NewShortcut(operation.keys, list_->ReportControl1), &QShortcut::activated, this,
+    QShortcut* keys = NewShortcut(operation.keys, list_->ReportControl1);
+    keys->setObjectName(QStringLiteral("keys%1").arg(operation.id));
+    connect(keys, &QShortcut::activated, this,
             [this, id = operation.id] { CommandBars1_Execute(id); });
   }
 }

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableView>
 #include <QTimer>
 #include <csignal>
@@ -111,6 +112,7 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
   const Edit table[] = {
       {"letter case", false, true, pick("cmbCaseOldFile", 2)},
       {"check box", false, true, uncheck},
+      {"all boxes", false, true, [](T& t) { emit t.Find<QShortcut>("keys101")->activated(); }},
       {"grouping", false, false, pick("cmbGroupBy", 2)},
       {"grouping with a counter", true, true, pick("cmbGroupBy", 2)},
       {"sorting", false, false, sort},
