@@ -207,3 +207,16 @@ void Commands::bnUndo_Click() {
     }
   });
 }
+
+void Commands::Check(const CheckOperation& operation) {
+  ErrTrace::inner(operation.procedure, [&] {
+    if (operation.by_mask) {
+      const auto mask = view_.AskForMask(operation.caption, state_.gCheckMask);
+      if (!mask) return;
+      state_.gCheckMask = *mask;
+    }
+    SetCheckBoxes(operation, session_.grid, view_.SelectedRows(), state_.gCheckMask);
+    view_.Populate();
+    MarkStale(state_, view_);
+  });
+}

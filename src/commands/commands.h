@@ -7,6 +7,7 @@
 #include "commands/command_view.h"
 #include "core/pass.h"
 #include "core/run_state.h"
+#include "filelist/check_operations.h"
 #include "filelist/file_type.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
@@ -38,6 +39,10 @@ class Commands {
   void bnUndo_Click();
   /// Asks the running pass to end; it sees that when it next lets events run.
   void bnCancel_Click();
+
+  /// Sets check boxes, and asks for the mask first where the operation goes by one. The preview is
+  /// stale then, whatever changed; it stands when the user cancels or the mask fails.
+  void Check(const CheckOperation& operation);
 
   /// The mode of the window; see run_modes.h.
   void EnableDisable(int mode);

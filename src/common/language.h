@@ -110,6 +110,9 @@ inline constexpr std::string_view kBadNameChars =
     "A filename cannot contain any of the following characters:\n"
     "\\ / : * ? \" < > |";
 
+// Check boxes.
+inline constexpr std::string_view kMaskEmpty = "The mask field is empty.";
+
 // Why the list has no rows: a line and a note.
 inline constexpr std::string_view kNoneListed = "No files listed";
 inline constexpr std::string_view kChooseAndList =

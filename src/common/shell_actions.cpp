@@ -6,12 +6,31 @@
 
 namespace mMain {
 
+namespace {
+
+/// A late answer comes to no other handler, so it is one itself.
+ShellAnswer TellRefusal(Prompts& prompts) {
+  return [&prompts](ShellResult result) {
+    if (result >= kShellDone) return;
+    ErrTrace::top("Shell.Answer", [&] { ShellErrorMessage(prompts, result); });
+  };
+}
+
+}  // namespace
+
 void OpenInExplorerList(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view pPath) {
   ErrTrace::inner("mMain.OpenInExplorerList(frm,pPath)", ErrTrace::args(nullptr, pPath), [&] {
-    if (!FileManager(files, prompts, pPath)) return;
-    const ShellResult result = shell.ShowInFolder(pPath);
-    if (result < kShellDone) ShellErrorMessage(prompts, result);
+    if (FileManager(files, prompts, pPath)) shell.ShowInFolder(pPath, TellRefusal(prompts));
   });
+}
+
+void ExecuteFile(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view pPath) {
+  const bool NoMsgBox = false;
+  ErrTrace::inner("mMain.ExecuteFile(frm,pPath,NoMsgBox)", ErrTrace::args(nullptr, pPath, NoMsgBox),
+                  [&] {
+                    if (!FileManager(files, prompts, pPath)) return;
+                    shell.OpenFile(pPath, TellRefusal(prompts));
+                  });
 }
 
 void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {
@@ -37,3 +56,12 @@ void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {
 }
 
 }  // namespace mMain
+
+namespace mFileProperties {
+
+void ShowFileProperties(Prompts& prompts, Shell& shell, std::string_view aFile) {
+  ErrTrace::inner("mFileProperties.ShowFileProperties(aFile)", ErrTrace::args(aFile),
+                  [&] { shell.ShowProperties(aFile, mMain::TellRefusal(prompts)); });
+}
+
+}  // namespace mFileProperties

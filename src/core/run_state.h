@@ -24,6 +24,7 @@ struct RunState {
   bool gPreviewStale = false;     ///< names or checks changed since the last finished preview
   std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
+  std::string gCheckMask = "*.*";         ///< by which check boxes were set last
   NumberingOptions numbering;
   StatusPanes panes;
 };

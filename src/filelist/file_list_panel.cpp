@@ -117,9 +117,7 @@ void FileListPanel::ConnectControls() {
   });
   OnSignal(cmbGroupBy, &QComboBox::currentIndexChanged, this, "Form1.cmbGroupBy_Click",
            [this](int index) {
-             const auto record = CurrentRecord();
-             model_->Regroup(kGroupColumns[index]);
-             if (record) SetCurrentRecord(*record);
+             ReportControl1->ChangeRows([&] { model_->Regroup(kGroupColumns[index]); });
              emit groupByChanged(index);
            });
   for (std::size_t column = 0; column < column_boxes_.size(); ++column) {
@@ -133,7 +131,7 @@ void FileListPanel::ConnectControls() {
 void FileListPanel::ConnectList() {
   OnSignal(ReportControl1, &ListView::sortAsked, this, "Form1.ReportControl1_SortOrderChanged",
            [this](int column, Qt::SortOrder order) {
-             ReportControl1->SortRows(column, order);
+             ReportControl1->ChangeRows([&] { model_->sort(column, order); });
              emit sortChanged();
            });
   connect(model_, &GroupedRowsModel::rowChecked, this, [this](int Row) {
@@ -145,7 +143,7 @@ void FileListPanel::ConnectList() {
            [this] { CheckSelected(); });
   OnSignal(ReportControl1, &ListView::rowDblClick, this,
            "Form1.ReportControl1_RowDblClick(Row,Item)", [this](int row, int) {
-             if (row >= 0) emit rowDblClick(row);
+             if (model_->IsFileRow(row)) emit rowDblClick();
            });
   OnSignal(ReportControl1, &ListView::rowRClick, this, "Form1.ReportControl1_RowRClick(Row,Item)",
            [this](int row, int) { emit rowRClick(row, ReportControl1->MenuPlace()); });
@@ -166,19 +164,12 @@ void FileListPanel::CheckSelected() {
   if (model_->IsFileRow(leader)) model_->CheckRows(rows, !model_->IsChecked(leader));
 }
 
-std::optional<std::size_t> FileListPanel::CurrentRecord() const {
-  const int row = ReportControl1->currentIndex().row();
-  if (!model_->IsFileRow(row)) return std::nullopt;
-  return grid_.RecordOf(static_cast<std::size_t>(row));
-}
-
-void FileListPanel::SetCurrentRecord(std::size_t record) {
-  const auto row = static_cast<int>(grid_.List().Rows().RowsOfRecords()[record]);
-  ReportControl1->setCurrentIndex(model_->index(row, kColumnSourceName));
-}
-
 void FileListPanel::ListRepopulated() {
   model_->Reset();
+}
+
+void FileListPanel::Populate() {
+  ReportControl1->ChangeRows([this] { model_->ShowAnew(); });
 }
 
 void FileListPanel::RowsChanged() {
@@ -196,6 +187,17 @@ void FileListPanel::EnableElements(bool enable) {
 
 std::vector<int> FileListPanel::SelectedRows() const {
   return ReportControl1->SelectedRows();
+}
+
+std::string FileListPanel::SelectedFile() const {
+  const std::vector<int> rows = SelectedRows();
+  return !rows.empty() && model_->IsFileRow(rows.front()) ? model_->FileOf(rows.front()) : "";
+}
+
+RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {
+  return {.has_boxes = true,
+          .grouped = cmbGroupBy->currentIndex() != static_cast<int>(GroupBy::kNone),
+          .on_file = model_->IsFileRow(row)};
 }
 
 void FileListPanel::SetEmptyText(EmptyList reason) {

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QWidget>
-#include <optional>
+#include <string>
 #include <vector>
 
 #include "filelist/empty_list.h"
 #include "filelist/grid.h"
+#include "filelist/row_menu.h"
 #include "settings/options.h"
 
 class GroupedRowsModel;
@@ -25,6 +26,8 @@ class FileListPanel : public QWidget {
 
   /// The rows of the grid were made anew.
   void ListRepopulated();
+  /// Makes the rows anew from the records; what is selected and current stays so.
+  void Populate();
   /// Names, marks or check boxes of rows were written; their number and order stand.
   void RowsChanged();
   /// What the list tells while it has no rows.
@@ -40,6 +43,10 @@ class FileListPanel : public QWidget {
 
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;
+  /// The path of the file of the first of them; empty for a group row and when none is selected.
+  std::string SelectedFile() const;
+  /// What the menu of a row offers, or of the list where `row` is -1.
+  RowMenuPlace MenuPlaceOf(int row) const;
 
   QPushButton* bnWideFileList;  ///< "<" when narrow, ">" when wide
   QLabel* Label21;
@@ -53,8 +60,8 @@ class FileListPanel : public QWidget {
   void wideToggled(bool wide);
   /// The user has changed check boxes, `row`'s among them.
   void rowChecked(int row);
-  /// A double click on a row, or Enter with `row` the current one.
-  void rowDblClick(int row);
+  /// A double click on a file row, or Enter with a file row the current one.
+  void rowDblClick();
   /// A menu is asked for at `place` on the screen; `row` is the row there, or -1.
   void rowRClick(int row, QPoint place);
 
@@ -67,8 +74,6 @@ class FileListPanel : public QWidget {
   void ConnectList();
   void SetWideCaption();
   void CheckSelected();
-  std::optional<std::size_t> CurrentRecord() const;
-  void SetCurrentRecord(std::size_t record);
 
   Grid& grid_;
   GroupedRowsModel* model_;

@@ -32,6 +32,7 @@ class Grid {
   Records& AllRecords() { return records_; }
   const Records& AllRecords() const { return records_; }
   RecordList& List() { return list_; }
+  const GroupedRows& Rows() const { return list_.Rows(); }
 
   /// Takes effect at the next `Populate`, as does the order.
   void SetGroupsOrder(GroupBy group_by) {

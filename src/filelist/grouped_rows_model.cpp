@@ -167,37 +167,17 @@ void GroupedRowsModel::CheckRows(const std::vector<int>& rows, bool checked) {
 }
 
 void GroupedRowsModel::sort(int column, Qt::SortOrder order) {
-  emit layoutAboutToBeChanged({}, VerticalSortHint);
-  const QModelIndexList old_indexes = persistentIndexList();
-  std::vector<std::ptrdiff_t> records;  // of the rows of `old_indexes`, -1 for a group row
-  records.reserve(static_cast<std::size_t>(old_indexes.size()));
-  for (const QModelIndex& old : old_indexes) {
-    const int row = old.row();
-    records.push_back(IsFileRow(row) ? static_cast<std::ptrdiff_t>(RecordOf(row)) : -1);
-  }
   list_.SetSortOrder(column, order == Qt::AscendingOrder);
-  if (rowCount() > 0) list_.Populate();  // a cancelled scan's records stay unshown
-  if (!old_indexes.isEmpty()) {
-    const std::vector<std::uint32_t> row_of = list_.Rows().RowsOfRecords();
-    QModelIndexList new_indexes;
-    new_indexes.reserve(old_indexes.size());
-    for (qsizetype i = 0; i < old_indexes.size(); ++i) {
-      // A sort works within groups, so headings keep their places.
-      const std::ptrdiff_t record = records[static_cast<std::size_t>(i)];
-      const int row = record < 0 ? old_indexes[i].row()
-                                 : static_cast<int>(row_of[static_cast<std::size_t>(record)]);
-      new_indexes.append(index(row, old_indexes[i].column()));
-    }
-    changePersistentIndexList(old_indexes, new_indexes);
-  }
-  emit layoutChanged({}, VerticalSortHint);
+  ShowAnew();
 }
 
 void GroupedRowsModel::Regroup(int column) {
-  beginResetModel();
   list_.SetGroupColumn(column);
-  if (rowCount() > 0) list_.Populate();
-  endResetModel();
+  ShowAnew();
+}
+
+void GroupedRowsModel::ShowAnew() {
+  if (rowCount() > 0) Populate();
 }
 
 void GroupedRowsModel::Populate() {

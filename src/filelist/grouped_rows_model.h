@@ -28,12 +28,14 @@ class GroupedRowsModel : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   /// Takes check states only; tells by `rowChecked`.
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
-  /// Sorts the list; a negative column gives the order of the records back. Current and selected
-  /// rows go with their files.
+  /// Sorts the list; a negative column gives the order of the records back. As all that makes the
+  /// rows anew, it resets the model; `ListView::ChangeRows` keeps what is selected.
   void sort(int column, Qt::SortOrder order) override;
-
-  /// Groups the list anew. One that shows no rows stays so until it is filled.
+  /// Groups the list anew.
   void Regroup(int column);
+  /// Shows the records as they stand, but no list that shows no rows: it stays so until it is
+  /// filled, whatever a cancelled scan has left in the records.
+  void ShowAnew();
   /// Shows the records as they stand.
   void Populate();
   /// Shows none.

@@ -1,6 +1,7 @@
 #include "filelist/list_view.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -15,6 +16,7 @@
 #include <algorithm>
 
 #include "filelist/grouped_rows_model.h"
+#include "filelist/kept_rows.h"
 #include "filelist/row_painter.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
@@ -28,9 +30,6 @@ constexpr int kHeadingHeight = 27;
 constexpr int kHeadingAir = 11;
 constexpr int kLeastColumn = 24;
 constexpr int kEmptyPicture = 48;
-
-/// More selected rows than this are not carried through a sort: Qt keeps an index for each cell.
-constexpr std::size_t kMostCarriedRows = 5000;
 
 QLabel* NewLabel(QWidget* parent, const char* name) {
   auto* label = new QLabel(parent);
@@ -56,7 +55,6 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
   setEditTriggers(NoEditTriggers);
-  setContextMenuPolicy(Qt::CustomContextMenu);
   setShowGrid(false);
   setWordWrap(false);
   setTabKeyNavigation(false);
@@ -102,12 +100,10 @@ void ListView::ConnectRows() {
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
     if (!(index.flags() & Qt::ItemIsUserCheckable)) emit rowDblClick(index.row(), index.column());
   });
-  connect(this, &QWidget::customContextMenuRequested, this, &ListView::AskForMenu);
   // Qt itself knows the Menu key only.
   auto* menu_key = NewShortcut(Keys::kRowMenu, this);
   menu_key->setContext(Qt::WidgetShortcut);
-  connect(menu_key, &QShortcut::activated, this,
-          [this] { AskForMenu(visualRect(currentIndex()).center()); });
+  connect(menu_key, &QShortcut::activated, this, &ListView::AskForMenuAtCurrent);
 }
 
 void ListView::MakeEmptyText() {
@@ -161,16 +157,40 @@ void ListView::AskForSort(int column, Qt::SortOrder order) {
       list.SortColumn(), list.SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
-void ListView::SortRows(int column, Qt::SortOrder order) {
-  if (SelectedRows().size() > kMostCarriedRows) clearSelection();
+void ListView::ChangeRows(const std::function<void()>& change) {
   QApplication::setOverrideCursor(Qt::WaitCursor);  // a million rows take a second
   const auto restore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-  model_.sort(column, order);
+  const bool current_seen = viewport()->rect().intersects(visualRect(currentIndex()));
+  const int scrolled = verticalScrollBar()->value();
+  const KeptRows kept(model_.List().Rows(), *selectionModel(), SelectedRows());
+  change();
+  kept.Restore(model_.List().Rows(), *selectionModel());
+  executeDelayedItemsLayout();  // the scroll bar takes no place that it doesn't have yet
+  verticalScrollBar()->setValue(scrolled);
+  if (current_seen) scrollTo(currentIndex());
 }
 
-void ListView::AskForMenu(const QPoint& place) {
-  const QModelIndex index = indexAt(place);
+void ListView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Mouse) {
+    AskForMenu(indexAt(event->pos()), event->pos());
+  } else {
+    AskForMenuAtCurrent();
+  }
+}
+
+void ListView::AskForMenuAtCurrent() {
+  const QModelIndex current = currentIndex();
+  if (current.isValid()) scrollTo(current);
+  const QRect seen = visualRect(current) & viewport()->rect();
+  AskForMenu(current, (seen.isEmpty() ? viewport()->rect() : seen).center());
+}
+
+void ListView::AskForMenu(const QModelIndex& index, const QPoint& place) {
   menu_place_ = viewport()->mapToGlobal(place);
+  if (index.isValid() && !selectionModel()->isSelected(index)) {
+    selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
   emit rowRClick(index.row(), index.column());
 }
 

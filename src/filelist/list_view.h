@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 #include <vector>
 
 class GroupedRowsModel;
@@ -28,8 +29,9 @@ class ListView : public QTableView {
   /// The width in which no shown column is out of sight.
   int LeastWidth() const;
 
-  /// Sorts the model; the selection goes with its files unless it is very large.
-  void SortRows(int column, Qt::SortOrder order);
+  /// Runs `change`, which makes the model's rows anew, under the wait pointer. What is selected and
+  /// current stays so, wherever it stands then, and the list where it is scrolled to.
+  void ChangeRows(const std::function<void()>& change);
 
   /// Where on the screen the menu belongs that was asked for last.
   QPoint MenuPlace() const { return menu_place_; }
@@ -38,13 +40,14 @@ class ListView : public QTableView {
   void spacePressed();
   /// A double click on a row, but for one on a check box; or Enter, which means the current row.
   void rowDblClick(int Row, int Item);
-  /// A menu is asked for; -1 where no row is.
+  /// A menu is asked for at a row, which is selected, or at none: -1.
   void rowRClick(int Row, int Item);
   /// The user wants a sort by a column, or by none: -1.
   void sortAsked(int column, Qt::SortOrder order);
 
  protected:
   void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -58,7 +61,8 @@ class ListView : public QTableView {
   void LayOutColumns();
   void ShowEmptyText();
   void AskForSort(int column, Qt::SortOrder order);
-  void AskForMenu(const QPoint& place);
+  void AskForMenu(const QModelIndex& index, const QPoint& place);
+  void AskForMenuAtCurrent();
 
   GroupedRowsModel& model_;
   struct SizedColumn {

@@ -145,6 +145,10 @@ bool MaskList::Fits(const Element& element, std::string_view character) {
   return true;
 }
 
+bool MaskList::IsFaulty() const {
+  return std::any_of(masks_.begin(), masks_.end(), [](const Mask& mask) { return mask.bad; });
+}
+
 /// Where nothing fits, only the last run grows by a character: what an earlier run could take, the
 /// last one can too. So the time is at most the product of both lengths.
 bool MaskList::MaskMatches(const Mask& mask, std::string_view name, bool bytewise) {

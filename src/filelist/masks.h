@@ -21,6 +21,9 @@ class MaskList {
   /// with a "[" without "]" is reached before one has matched.
   bool Matches(std::string_view Filename) const;
 
+  /// Whether it has a mask with a "[" without "]".
+  bool IsFaulty() const;
+
  private:
   struct Range {
     std::string first;

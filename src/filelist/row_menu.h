@@ -2,24 +2,9 @@
 
 #include <functional>
 
-class QMenu;
+#include "filelist/row_commands.h"
 
-/// The commands of the rows of a list, by their ids. 103 and 104 have none.
-enum RowCommand : int {
-  kInvertSelection = 101,
-  kCheckAll = 102,
-  kUnCheckAll = 105,
-  kOpenInExplorer = 106,
-  kExecute = 107,
-  kProperties = 108,
-  kCheckAllInGroup = 109,
-  kInvertSelectionInGroup = 110,
-  kUnCheckAllInGroup = 111,
-  kCheckByMask = 112,
-  kUnCheckByMask = 113,
-  kCheckByMaskInGroup = 114,
-  kUnCheckByMaskInGroup = 115,
-};
+class QMenu;
 
 /// Where a menu is asked for, which decides what it offers.
 struct RowMenuPlace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -74,16 +75,25 @@ enum ShellResult : int {
   kShellDone = 33,  ///< this and all above: the desktop took it over
 };
 
-/// What the desktop does with files and links. Nothing here waits for the program that it starts.
+/// Takes what became of a request, once: before the call returns, or later from the event loop,
+/// though never amid a pass.
+using ShellAnswer = std::function<void(ShellResult)>;
+
+/// What the desktop does with files and links. Nothing here waits for the program that it starts,
+/// and no shell reads a name. Where nothing stands at the path, nothing is started.
 class Shell {
  public:
   virtual ~Shell() = default;
 
   /// Opens a file manager on the folder of `path`, with the entry selected where it can.
-  virtual ShellResult ShowInFolder(std::string_view path) = 0;
+  virtual void ShowInFolder(std::string_view path, const ShellAnswer& answer) = 0;
 
-  /// Opens the file or folder with the program that is registered for its kind.
-  virtual ShellResult OpenFile(std::string_view path) = 0;
+  /// Shows the file manager's sheet of the properties of the entry.
+  virtual void ShowProperties(std::string_view path, const ShellAnswer& answer) = 0;
+
+  /// Opens the file or folder with the program that is registered for its kind; where there is
+  /// none, the user is asked for one, if the desktop can ask.
+  virtual void OpenFile(std::string_view path, const ShellAnswer& answer) = 0;
 
   /// Opens a link of any scheme, written as it stands in `link`.
   virtual ShellResult OpenLink(std::string_view link) = 0;

@@ -5,13 +5,19 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "commands/command_buttons.h"
+#include "common/shell_actions.h"
 #include "filelist/file_list_panel.h"
+#include "filelist/list_view.h"
+#include "filelist/mask_dialog.h"
 #include "look/look.h"
+#include "look/shortcuts.h"
 #include "look/skin.h"
 #include "names/editor/constructor_editor.h"
 #include "names/element_kinds.h"
@@ -40,6 +46,7 @@ constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
 Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
+      services_(services),
       settings_(services.settings),
       commands_(session, services, *this),
       left_column_(new QWidget(this)),
@@ -104,6 +111,13 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
+  connect(list_, &FileListPanel::rowDblClick, this, [this] {
+    // A double click speaks of the first selected row, as the menu does.
+    mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell,
+                              list_->SelectedFile());
+  });
+  connect(list_, &FileListPanel::rowRClick, this, &Form1::ShowPopup);
+  AddListKeys();
   connect(editor_, &ConstructorEditor::commandPicked, this, &Form1::CommandBars1_Execute);
   connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
@@ -215,8 +229,33 @@ void Form1::Command4_Click() {
 
 void Form1::CommandBars1_Execute(int Control) {
   ErrTrace::top("Form1.CommandBars1_Execute(Control)", ErrTrace::args(Control), [&] {
-    if (Control < kInsertCommandsEnd) editor_->Execute(Control);
+    if (Control < kInsertCommandsEnd) return editor_->Execute(Control);
+    if (commands_.Busy()) return;
+    if (const CheckOperation* operation = FindCheckOperation(Control)) {
+      return commands_.Check(*operation);
+    }
+    ExecuteOnFile(Control, services_, list_->SelectedFile());
   });
+}
+
+/// For as long as the list is on, which it is but for a pass.
+void Form1::AddListKeys() {
+  for (const CheckOperation& operation : kCheckOperations) {
+    if (operation.keys == Keys::kNone) continue;
+    QShortcut* keys = NewShortcut(operation.keys, list_->ReportControl1);
+    keys->setObjectName(QStringLiteral("keys%1").arg(operation.id));
+    connect(keys, &QShortcut::activated, this,
+            [this, id = operation.id] { CommandBars1_Execute(id); });
+  }
+}
+
+void Form1::ShowPopup(int row, const QPoint& place) {
+  if (session_.grid.RowCount() == 0) return;
+  auto* popup = new QMenu(this);
+  popup->setObjectName(QStringLiteral("Popup"));
+  popup->setAttribute(Qt::WA_DeleteOnClose);
+  FillRowMenu(*popup, list_->MenuPlaceOf(row), [this](int id) { CommandBars1_Execute(id); });
+  popup->popup(place);
 }
 
 void Form1::EnableElements(bool pEnable) {
@@ -252,6 +291,20 @@ void Form1::SetSourceFolder(const std::string& folder) {
 void Form1::ListRepopulated(EmptyList reason) {
   list_->SetEmptyText(reason);
   list_->ListRepopulated();
+}
+
+void Form1::Populate() {
+  list_->Populate();
+}
+
+std::vector<int> Form1::SelectedRows() const {
+  return list_->SelectedRows();
+}
+
+std::optional<std::string> Form1::AskForMask(std::string_view caption, std::string_view mask) {
+  Form6 dialog(text::ToQt(caption), std::string(mask), services_, this);
+  dialog.exec();
+  return dialog.OK ? std::optional(dialog.Mask) : std::nullopt;
 }
 
 void Form1::RowsChanged() {

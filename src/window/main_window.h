@@ -51,6 +51,9 @@ class Form1 : public QWidget, private CommandView {
   void SetWide(bool wide);
   void FocusFirst();
   void Command4_Click();
+  void AddListKeys();
+  /// The commands that fit a row, at `place` on the screen. Returns at once; the menu ends itself.
+  void ShowPopup(int row, const QPoint& place);
   /// The one way of all commands that a menu sends, by their numbers.
   void CommandBars1_Execute(int Control);
 
@@ -61,12 +64,16 @@ class Form1 : public QWidget, private CommandView {
   Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
   void ListRepopulated(EmptyList reason) override;
+  void Populate() override;
+  std::vector<int> SelectedRows() const override;
+  std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override;
   void RowsChanged() override;
   void FocusAfterCancel() override;
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
   Session& session_;
+  const Services& services_;
   SettingsStore& settings_;
   Commands commands_;
   QWidget* left_column_;

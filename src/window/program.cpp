@@ -42,7 +42,7 @@ struct Program::Parts {
   QtTypeNames type_names;
   QtFolders folders;
   QtPrompts prompts;
-  QtShell shell;
+  QtShell shell{events};
   QtSettingsStore settings;
   const Services services{*files,     *clock,  *facts,  events, locale,
                           type_names, folders, prompts, shell,  settings};

@@ -24,6 +24,12 @@ class FakeView : public CommandView {
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
+  void Populate() override { grid_.Populate(); }
+  std::vector<int> SelectedRows() const override { return selected; }
+  std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override {
+    shown += std::string(caption).append(" (").append(mask).append(") ");
+    return mask_given;
+  }
   void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
   void ShowFailureReport() override {
@@ -35,6 +41,8 @@ class FakeView : public CommandView {
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output;
+  std::vector<int> selected;
+  std::optional<std::string> mask_given;  ///< none: the user cancels
   bool elements = false, waiting = false, focus_away = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
@@ -288,4 +296,24 @@ TEST(StartUp, NotesWhatTheWorkingFolderHolds) {
     EXPECT_FALSE(mMain::LookForStartFiles(files).gHasRuntimeFile);
     files.contents = {{"./Quorvane.exe.manifest", ""}};
   }
+}
+
+TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused) {
+  const auto check = [&](RowCommand id, std::optional<std::string> mask = {}) {
+    view.mask_given = std::move(mask);
+    state.gPreviewStale = false;
+    ErrTrace::top("Test", [&] { commands.Check(*FindCheckOperation(id)); });
+    return state.gPreviewStale;
+  };
+  EXPECT_TRUE(check(kCheckAll)) << "of an empty list too";
+  Walk("l p");
+  EXPECT_FALSE(check(kUnCheckByMask));
+  EXPECT_FALSE(check(kUnCheckByMask, "a* [b"));
+  EXPECT_NE(reporter.reports.back().find("str='a* [b'"), std::string::npos);
+  EXPECT_TRUE(records[0].checked) << "a mask that fails changes nothing";
+  EXPECT_EQ(view.buttons[2], '1');
+  EXPECT_TRUE(check(kUnCheckByMask, "a*"));
+  EXPECT_EQ(view.buttons[2], '0');
+  EXPECT_FALSE(records[0].checked);
+  EXPECT_EQ(view.shown, "Uncheck by mask (*.*) Uncheck by mask (*.*) Uncheck by mask (a* [b) ");
 }

@@ -46,8 +46,13 @@ TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
   }
   EXPECT_THAT(shell.asked, testing::ElementsAre("show /in/a.txt"));
   shell.answer = kShellDenied;
-  mMain::OpenInExplorerList(files, prompts, shell, "/in/a.txt");
+  mMain::ExecuteFile(files, prompts, shell, "/in/a.txt");
+  mMain::ExecuteFile(files, prompts, shell, "");
+  shell.answer = kShellNoAssociation;
+  mFileProperties::ShowFileProperties(prompts, shell, "/in/gone.txt");  // not looked for first
   EXPECT_THAT(prompts.told,
               testing::ElementsAre("The specified file was not found.",
-                                   "The operating system denied access to the specified file."));
+                                   "The operating system denied access to the specified file.",
+                                   "The drive is not present.",
+                                   testing::StartsWith("There is no application associated")));
 }

@@ -121,14 +121,25 @@ TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
   EXPECT_EQ(told.size(), 5U);
 }
 
-TEST_F(FileListTest, CurrentAndSelectedRowsGoWithTheirFilesThroughASort) {
-  list.selectRow(1);
+TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
+  for (const int row : {1, 2, 4}) {  // "IMG_3.JPG", "IMG_1.JPG", "/b/"
+    list.selectionModel()->setCurrentIndex(model.index(row, kColumnNewName),
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  }
+  list.selectionModel()->setCurrentIndex(model.index(1, kColumnNewName),
+                                         QItemSelectionModel::NoUpdate);
   SortBy(kColumnSize);
   EXPECT_EQ(Text(1, kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
-  EXPECT_EQ(list.currentIndex().row(), 3);
-  EXPECT_THAT(panel.SelectedRows(), ElementsAre(3));
+  EXPECT_EQ(list.currentIndex(), model.index(3, kColumnNewName));
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(2, 3, 4));
   SortBy(kColumnMark);  // can't be sorted by, so nothing moves
   EXPECT_THAT(told, ElementsAre(-1));
+  records[2].size = 1e9;
+  panel.Populate();
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3, 4));
+  panel.cmbGroupBy->setCurrentIndex(0);
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
+  EXPECT_EQ(panel.SelectedFile(), "/a/IMG_1.JPG");
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {

@@ -103,8 +103,13 @@ class FakeFolders : public Folders {
 /// Writes down what it is asked for.
 class FakeShell : public Shell {
  public:
-  ShellResult ShowInFolder(std::string_view path) override { return Take("show ", path); }
-  ShellResult OpenFile(std::string_view path) override { return Take("open ", path); }
+  void ShowInFolder(std::string_view path, const ShellAnswer& to) override {
+    to(Take("show ", path));
+  }
+  void ShowProperties(std::string_view path, const ShellAnswer& to) override {
+    to(Take("properties ", path));
+  }
+  void OpenFile(std::string_view path, const ShellAnswer& to) override { to(Take("open ", path)); }
   ShellResult OpenLink(std::string_view link) override { return Take("link ", link); }
 
   ShellResult answer = kShellDone;

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableView>
 #include <QTimer>
 #include <QVariant>
@@ -157,6 +158,7 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
       {"letter case", false, true, pick("cmbCaseOldFile", 2)},
       {"check box", false, true,
        [&] { Model()->setData(Model()->index(1, 4), 0, Qt::CheckStateRole); }},
+      {"all boxes", false, true, [&] { emit Find<QShortcut>("keys101")->activated(); }},
       {"grouping", false, false, pick("cmbGroupBy", 2)},
       {"grouping with a counter", true, true, pick("cmbGroupBy", 2)},
       {"sorting", false, false, sort},

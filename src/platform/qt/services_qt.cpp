@@ -4,7 +4,9 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 #include <QMimeType>
+#include <QScopeGuard>
 #include <QStandardPaths>
+#include <utility>
 
 #include "platform/qt/ordinary_pointer_qt.h"
 #include "platform/qt/text_qt.h"
@@ -24,6 +26,8 @@ std::string LookUp(const QMimeDatabase& database, std::string_view extension) {
 }  // namespace
 
 void QtEventPump::LetEventsRun() {
+  const bool outer = std::exchange(running_, true);
+  const auto restore = qScopeGuard([&] { running_ = outer; });
   QCoreApplication::processEvents();
 }
 

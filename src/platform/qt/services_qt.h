@@ -12,6 +12,11 @@
 class QtEventPump : public EventPump {
  public:
   void LetEventsRun() override;
+  /// Whether a pass lets events run at this moment.
+  bool Running() const { return running_; }
+
+ private:
+  bool running_ = false;
 };
 
 /// The folders that the desktop names (xdg-user-dirs on Linux).

@@ -61,7 +61,9 @@ void ResultWindow::LayOut() {
 
 void ResultWindow::Connect() {
   OnSignal(ReportControl1, &ListView::sortAsked, this, Handler("ReportControl1_SortOrderChanged"),
-           [this](int column, Qt::SortOrder order) { ReportControl1->SortRows(column, order); });
+           [this](int column, Qt::SortOrder order) {
+             ReportControl1->ChangeRows([&] { model_->sort(column, order); });
+           });
   OnSignal(ReportControl1, &ListView::rowDblClick, this,
            Handler("ReportControl1_RowDblClick(Row,Item)"),
            [this](int row, int) { OpenInExplorerList(row); });
@@ -98,8 +100,8 @@ void ResultWindow::ShowPopup() {
 void ResultWindow::CommandBars1_Execute(int Control) {
   ErrTrace::top(Handler("CommandBars1_Execute(Control)"), ErrTrace::args(Control), [&] {
     const std::vector<int> rows = ReportControl1->SelectedRows();
-    if (rows.empty()) return;
-    if (Control == kOpenInExplorer) OpenInExplorerList(rows.front());
+    if (rows.empty() || !model_->IsFileRow(rows.front())) return;
+    ExecuteOnFile(Control, services_, model_->FileOf(rows.front()));
   });
 }
 

@@ -106,9 +106,10 @@ TEST_F(ResultWindowsTest, ShowTheFileOfARowInTheFileManagerAndOfferItsMenu) {
     QMenu* popup = MenuOf(4);
     ASSERT_NE(popup, nullptr);
     EXPECT_EQ(popup->actions().size(), 4);
-    popup->actions().front()->trigger();
+    for (QAction* action : popup->actions()) action->trigger();
     popup->close();
   });
   EXPECT_EQ(shell.asked, (std::vector<std::string>{"show /in/same_{1}", "show /out/same_{2}",
-                                                   "show /out/same_{2}"}));
+                                                   "show /out/same_{2}", "open /out/same_{2}",
+                                                   "properties /out/same_{2}"}));
 }
