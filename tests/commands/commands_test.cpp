@@ -299,17 +299,18 @@ TEST(StartUp, NotesWhatTheWorkingFolderHolds) {
 }
 
 TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused) {
+  std::string report;
   const auto check = [&](RowCommand id, std::optional<std::string> mask = {}) {
     view.mask_given = std::move(mask);
     state.gPreviewStale = false;
-    ErrTrace::top("Test", [&] { commands.Check(*FindCheckOperation(id)); });
+    report = FailureReport([&] { commands.Check(*FindCheckOperation(id)); });
     return state.gPreviewStale;
   };
   EXPECT_TRUE(check(kCheckAll)) << "of an empty list too";
   Walk("l p");
   EXPECT_FALSE(check(kUnCheckByMask));
   EXPECT_FALSE(check(kUnCheckByMask, "a* [b"));
-  EXPECT_NE(reporter.reports.back().find("str='a* [b'"), std::string::npos);
+  EXPECT_NE(report.find("str='a* [b'"), std::string::npos);
   EXPECT_TRUE(records[0].checked) << "a mask that fails changes nothing";
   EXPECT_EQ(view.buttons[2], '1');
   EXPECT_TRUE(check(kUnCheckByMask, "a*"));
