@@ -11,6 +11,7 @@
 
 #include "commands/command_buttons.h"
 #include "filelist/file_list_panel.h"
+#include "filelist/system_folder_dialog.h"
 #include "look/look.h"
 #include "look/skin.h"
 #include "names/editor/constructor_editor.h"
@@ -247,6 +248,10 @@ void Form1::ShowPanes() {
 
 void Form1::SetSourceFolder(const std::string& folder) {
   folder_pages_->SetSourceFolder(folder);
+}
+
+bool Form1::AskAboutSystemFolders(const std::string& folders) {
+  return Form4(folders, settings_, this).exec() == QDialog::Accepted;
 }
 
 void Form1::ListRepopulated(EmptyList reason) {

@@ -60,6 +60,7 @@ class Form1 : public QWidget, private CommandView {
   void ShowPanes() override;
   Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
+  bool AskAboutSystemFolders(const std::string& folders) override;
   void ListRepopulated(EmptyList reason) override;
   void RowsChanged() override;
   void FocusAfterCancel() override;

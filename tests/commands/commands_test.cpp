@@ -20,6 +20,10 @@ class FakeView : public CommandView {
   void ShowPanes() override {}
   Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
+  bool AskAboutSystemFolders(const std::string& folders) override {
+    asked += folders;
+    return goes_on;
+  }
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
@@ -33,6 +37,8 @@ class FakeView : public CommandView {
   bool elements = false, waiting = false, focus_away = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
+  std::string asked;  ///< about these folders
+  bool goes_on = false;
   std::string shown;  ///< the report windows, with their counts
 
  private:
@@ -192,6 +198,24 @@ TEST_F(CommandsTest, DoNothingWithoutAFolderOrElements) {
   view.source.fdSourceFolder = "/in/";
   constructor.ArrConstr.clear();
   EXPECT_EQ(Walk("l p"), "3 3");
+}
+
+TEST_F(CommandsTest, AskBeforeAListTouchesTheSystem) {
+  Walk("l p");
+  facts.system_folders = {"/in"};
+  const auto touch = [&](const char* setting, bool goes_on) {
+    settings.values[{"Settings", "CheckForSystemFolders"}] = setting;
+    view.asked.clear();
+    view.goes_on = goes_on;
+    return Walk("l") + " " + view.asked;
+  };
+  EXPECT_EQ(touch("1", false), "5 /in");
+  EXPECT_EQ(records[0].newFileName, "x a.txt") << "declined, all stays";
+  EXPECT_EQ(touch("1", true), "3 /in");
+  EXPECT_EQ(touch("0", false), "3 ");
+  EXPECT_TRUE(reporter.reports.empty());
+  EXPECT_EQ(touch("often", false), "3 /in");
+  EXPECT_EQ(reporter.reports.size(), 1u);
 }
 
 TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
