@@ -4,9 +4,13 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileDialog>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "look/card.h"
+#include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
 
@@ -48,6 +52,16 @@ void WaitForSelection(QFileDialog& dialog) {
   QObject::connect(field, &QLineEdit::textEdited, off, let_go);
 }
 
+/// Above all else, where Qt's own dialog has no place; the platform's has its own texts.
+void AddLabel(QFileDialog& dialog) {
+  if (dialog.layout() == nullptr) return;
+  QLabel* label = NewLabel(QObject::tr("Choose a folder or disk:"), nullptr, &dialog);
+  label->setObjectName(QStringLiteral("lbChoose"));
+  label->setContentsMargins(measure::kDialogMargin, measure::kDialogMargin / 2,
+                            measure::kDialogMargin, 0);
+  dialog.layout()->setMenuBar(label);
+}
+
 QString NearestFolder(QString path) {
   while (!path.isEmpty() && !QFileInfo(path).isDir()) {
     path.truncate(path.lastIndexOf(u'/', -2) + 1);
@@ -67,7 +81,7 @@ std::string BrowseForDisk(QWidget* owner, const std::string& start) {
     dialog.setObjectName(QStringLiteral("folderDialog"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setLabelText(QFileDialog::FileName, QObject::tr("Choose a folder or disk:"));
+    AddLabel(dialog);
     if (nearest != asked) WaitForSelection(dialog);
     const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     return chosen ? text::FromQt(dialog.selectedFiles().constFirst()) : std::string();

@@ -23,12 +23,14 @@ void FolderField::TakeHome() {
 void FolderField::keyPressEvent(QKeyEvent* event) {
   const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
   if (offers_ && plain && offers_->Takes(event->key())) return;
-  if (offers_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) offers_->hide();
+  if (offers_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    offers_->Forget();
+  }
   QLineEdit::keyPressEvent(event);
 }
 
 void FolderField::focusOutEvent(QFocusEvent* event) {
-  if (offers_) offers_->hide();
+  if (offers_) offers_->Forget();
   QLineEdit::focusOutEvent(event);
 }
 

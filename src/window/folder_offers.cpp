@@ -62,9 +62,16 @@ void FolderOffers::Follow() {
     hide();
   } else if (folder != folder_) {
     Ask(folder);
-  } else if (!answer_.valid()) {
+  } else if (Settled()) {
     Offer();
   }
+}
+
+void FolderOffers::Forget() {
+  hide();
+  look_.stop();
+  answer_ = {};
+  folder_.clear();
 }
 
 /// The thread belongs to nobody: on a disk that doesn't answer it may outlive the window.

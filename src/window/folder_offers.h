@@ -22,6 +22,10 @@ class FolderOffers : public QListView {
 
   /// Offers what fits the text of the field, now or when it is known.
   void Follow();
+  /// Offers nothing until the next `Follow`, which reads the folder anew.
+  void Forget();
+  /// Whether nothing is being read.
+  bool Settled() const { return !answer_.valid(); }
   /// Does what the key does in the list. False when it means nothing there.
   bool Takes(int key);
   /// Puts the selected folder into the field; false when none is.

@@ -92,6 +92,19 @@ TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
   EXPECT_EQ(Model()->rowCount(), 4) << "the rows stay until the next list";
 }
 
+TEST_F(MainWindowTest, AddsTheSeparatorThatTheFolderLacks) {
+  auto* link = Find<QAbstractButton>("lnkAddSeparator");
+  auto* field = Find<QLineEdit>("fdSourceFolder");
+  EXPECT_FALSE(link->isVisible());
+  field->setText(text::ToQt(folder.path()));
+  emit field->returnPressed();
+  ASSERT_TRUE(link->isVisible());
+  link->click();
+  EXPECT_EQ(field->text(), text::ToQt(folder.path() + "/"));
+  EXPECT_EQ(Model()->rowCount(), 4);
+  EXPECT_FALSE(link->isVisible());
+}
+
 TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
   using T = MainWindowTest;
   struct Edit {
