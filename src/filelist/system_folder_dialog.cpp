@@ -21,6 +21,7 @@ constexpr int kTextWidth = 460;
 constexpr int kIconSize = 40;
 constexpr int kIconGap = 14;
 constexpr int kRowGap = 10;
+constexpr int kFieldAir = 10;   // what the skin puts around the text
 constexpr int kMostLines = 12;  // more are scrolled
 
 QLabel* NewText(const char* name, const QString& text, QWidget* buddy, QWidget* parent) {
@@ -97,10 +98,9 @@ void Form4::Form_Load(const std::string& folders) {
 void Form4::ShowFolders(const std::string& folders) {
   fdSystemFolders->setPlainText(text::ShownLines(folders).trimmed());
   const int lines = std::clamp(fdSystemFolders->blockCount(), 1, kMostLines);
-  const int frame =
-      2 * (fdSystemFolders->frameWidth() +
-           static_cast<int>(std::ceil(fdSystemFolders->document()->documentMargin())));
-  fdSystemFolders->setFixedHeight(lines * fdSystemFolders->fontMetrics().lineSpacing() + frame);
+  const auto margin = static_cast<int>(std::ceil(fdSystemFolders->document()->documentMargin()));
+  const int around = 2 * (fdSystemFolders->frameWidth() + margin) + kFieldAir;
+  fdSystemFolders->setFixedHeight(lines * fdSystemFolders->fontMetrics().lineSpacing() + around);
 }
 
 void Form4::chAllowSystemRename_Click() {
