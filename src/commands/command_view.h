@@ -16,6 +16,9 @@ class CommandView : public ModeView {
   virtual Options ReadOptions() const = 0;
   virtual void SetSourceFolder(const std::string& folder) = 0;
 
+  /// Whether the user lists a folder that touches the system's own `folders`, one a line.
+  virtual bool AskAboutSystemFolders(const std::string& folders) = 0;
+
   /// The rows of the grid were made anew; `reason` is what an empty list tells.
   virtual void ListRepopulated(EmptyList reason) = 0;
   /// Makes the rows of the grid anew from the records; what is selected stays so.

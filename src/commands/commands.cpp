@@ -6,10 +6,13 @@
 #include "common/path_text.h"
 #include "core/pass.h"
 #include "filelist/scan.h"
+#include "filelist/system_folder.h"
 #include "names/preview.h"
+#include "platform/system_facts.h"
 #include "platform/text.h"
 #include "rename/run.h"
 #include "rename/undo.h"
+#include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -122,6 +125,7 @@ void Commands::bnLoadFileList_Click() {
     source.fdSourceFolder = text::Trim(source.fdSourceFolder);
     view_.SetSourceFolder(source.fdSourceFolder);
     if (source.fdSourceFolder.empty()) return;
+    if (!MayList(source.fdSourceFolder)) return;
     session_.records.DeleteAll();
     session_.grid.Clear();
     view_.ListRepopulated(EmptyList::kListing);
@@ -129,6 +133,16 @@ void Commands::bnLoadFileList_Click() {
     state_.gFileCount = 0;
     RunPass(kScan, 0, [&](Pass& pass) { return FillList(pass, source); });
   });
+}
+
+bool Commands::MayList(const std::string& folder) {
+  const std::string folders = SystemFolder(folder, services_.facts.SystemFolders());
+  if (folders.empty()) return true;
+  bool asks = true;  // what can't be read must not take the guard away
+  ErrTrace::top("Form1.bnLoadFileList_Click", [&] {
+    asks = mRegSettings::ReadInteger(services_.settings, kCheckForSystemFolders) == 1;
+  });
+  return !asks || view_.AskAboutSystemFolders(folders);
 }
 
 /// False when no list came of it; why not stands in `list_state_`.

@@ -84,6 +84,8 @@ class Commands {
   void ShowList();
   void ShowRows();
 
+  /// False when the folder touches the system's own and the user stays away from it.
+  bool MayList(const std::string& folder);
   bool FillList(Pass& pass, const SourceOptions& source);
   EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
   bool fRename(const RunOutput& output);

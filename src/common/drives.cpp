@@ -85,6 +85,32 @@ std::string_view FileManager3(FileSystem& files, std::string_view pName, bool pI
 
 namespace mMain {
 
+namespace {
+
+/// A text in which one folder can stand under several paths; comparing it would mislead.
+bool Winds(std::string_view path) {
+  for (const std::string_view winding : {"//", "/./", "/../"}) {
+    if (path.find(winding) != path.npos) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::optional<std::string> FolderOf(FileSystem& files, std::string_view path) {
+  if (path.empty()) return std::nullopt;
+  std::string whole(path);
+  if (!IsAbsolutePath(path)) whole.insert(0, files.ResolveFolder("./"));
+  if (files.IdentifyFolder(whole)) {
+    whole = mScanCD::NormalizePath(whole);
+  } else if (files.Look(whole)) {
+    whole.resize(whole.rfind(kNative.separator) + 1);
+  } else {
+    return std::nullopt;
+  }
+  return Winds(whole) ? files.ResolveFolder(whole) : whole;
+}
+
 bool FileManager(FileSystem& files, Prompts& prompts, std::string_view pName, PathStyle style) {
   return ErrTrace::inner("mMain.FileManager(pName)", ErrTrace::args(pName), [&] {
     const std::string_view refusal = mDrive::FileManager3(files, pName, true, true, style);

@@ -20,6 +20,17 @@ inline constexpr std::string_view kNoDisk = "No disk in the drive.";
 inline constexpr std::string_view kFileNotFound = "The specified file was not found.";
 inline constexpr std::string_view kFolderNotFound = "The specified folder was not found.";
 
+// The command line.
+inline constexpr std::string_view kUsage =
+    "Usage: quorvane [--help] [--version] [FOLDER]\n"
+    "Renames many files in one go.\n"
+    "\n"
+    "  FOLDER      where to look for files; of a file, the folder that it is in\n"
+    "  --help      shows this text\n"
+    "  --version   shows which version this is\n";
+inline constexpr std::string_view kUnknownOption = "unknown option: ";
+inline constexpr std::string_view kOneFolderOnly = "only one folder can be opened";
+
 // Start and About box.
 inline constexpr std::string_view kOtherSystem =
     "Quorvane supports only Windows 2000/XP/2003/Vista";
@@ -122,6 +133,7 @@ inline constexpr std::string_view kListAgain = "Press “Prepare file list” to
 inline constexpr std::string_view kNoneFound = "No files found";
 inline constexpr std::string_view kFolderUnreadable = "The folder can't be read.";
 inline constexpr std::string_view kNoClosingSeparator = "The source folder does not end in “/”.";
+inline constexpr std::string_view kAddSeparator = "Add “/” and list";
 inline constexpr std::string_view kNoFileHere = "There is no file in this folder.";
 inline constexpr std::string_view kOnlyInSubfolders =
     "There is no file in this folder itself.\n"

@@ -23,6 +23,12 @@ bool IsAbsolutePath(std::string_view path, PathStyle style) {
          (style == kPosix || path[1] == ':');
 }
 
+std::string WithHome(std::string_view path, std::string_view home, PathStyle style) {
+  const bool at_home = path == "~" || (path.starts_with('~') && path[1] == style.separator);
+  if (!at_home || home.empty()) return std::string(path);
+  return mScanCD::NormalizePath(home, style).append(path.substr(path == "~" ? 1 : 2));
+}
+
 std::string ReplacePathText(std::string_view path, std::string_view from, std::string_view to,
                             PathStyle style) {
   if (from.empty()) return std::string(path);

@@ -32,6 +32,10 @@ std::string_view LastFolderName(std::string_view path, PathStyle style = kNative
 /// Whether the path begins at a root.
 bool IsAbsolutePath(std::string_view path, PathStyle style = kNative);
 
+/// `path` with the user's folder `home` in place of a "~" that stands alone, which then has its
+/// closing separator, or before a separator. Any other path as it is.
+std::string WithHome(std::string_view path, std::string_view home, PathStyle style = kNative);
+
 /// `path` with every occurrence of the text `from` replaced by `to`, letter case regarded. A drive
 /// root can't stand inside a path, "/dev/" can: a `from` that begins at a POSIX root is replaced
 /// at the start of `path` only. An empty `from` answers `path`.

@@ -45,7 +45,7 @@ EmptyListTexts TextsOf(EmptyList reason) {
     case EmptyList::kFolderUnreadable:
       return {kNoneFound, kFolderUnreadable};
     case EmptyList::kSeparatorMissing:
-      return {kNoneFound, kNoClosingSeparator};
+      return {kNoneFound, kNoClosingSeparator, kAddSeparator};
     case EmptyList::kNoFile:
       return {kNoneFound, kNoFileHere};
     case EmptyList::kOnlySubfolders:

@@ -31,9 +31,11 @@ struct ScanFindings {
 EmptyList WhyEmpty(const ScanFindings& findings, std::string_view folder, bool folder_is_there,
                    std::string_view include_mask, std::string_view exclude_mask);
 
-/// The two texts that the empty list shows; no title, nothing shown.
+/// The texts that the empty list shows; no title, nothing shown. The link is what can be done about
+/// it, where something can.
 struct EmptyListTexts {
   std::string_view title;
   std::string_view note;
+  std::string_view link = {};
 };
 EmptyListTexts TextsOf(EmptyList reason);

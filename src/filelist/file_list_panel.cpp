@@ -7,9 +7,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "common/language.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
 #include "look/handlers.h"
+#include "look/link_button.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
@@ -86,6 +88,9 @@ void FileListPanel::MakeList() {
   ReportControl1 = new ListView(*model_, this);
   ReportControl1->setObjectName(QStringLiteral("ReportControl1"));
   ReportControl1->setAccessibleName(tr("Files"));
+  lnkAddSeparator = new LinkButton(text::ToQt(mLanguageGobals::kAddSeparator), this);
+  lnkAddSeparator->setObjectName(QStringLiteral("lnkAddSeparator"));
+  lnkAddSeparator->hide();
 }
 
 void FileListPanel::LayOut() {
@@ -129,6 +134,8 @@ void FileListPanel::ConnectControls() {
 }
 
 void FileListPanel::ConnectList() {
+  OnSignal(lnkAddSeparator, &LinkButton::clicked, this, "Form1.lnkAddSeparator_Click",
+           [this] { emit separatorAsked(); });
   OnSignal(ReportControl1, &ListView::sortAsked, this, "Form1.ReportControl1_SortOrderChanged",
            [this](int column, Qt::SortOrder order) {
              ReportControl1->ChangeRows([&] { model_->sort(column, order); });
@@ -180,7 +187,8 @@ void FileListPanel::EnableElements(bool enable) {
   for (QCheckBox* box : column_boxes_) {
     if (box != nullptr) box->setEnabled(enable);
   }
-  for (QWidget* control : std::initializer_list<QWidget*>{Label21, cmbGroupBy, ReportControl1}) {
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{Label21, cmbGroupBy, ReportControl1, lnkAddSeparator}) {
     control->setEnabled(enable);
   }
 }
@@ -203,4 +211,5 @@ RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {
 void FileListPanel::SetEmptyText(EmptyList reason) {
   const EmptyListTexts texts = TextsOf(reason);
   ReportControl1->SetEmptyText(text::ToQt(texts.title), text::ToQt(texts.note));
+  ReportControl1->SetEmptyLink(texts.link.empty() ? nullptr : lnkAddSeparator);
 }

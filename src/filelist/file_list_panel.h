@@ -10,6 +10,7 @@
 #include "settings/options.h"
 
 class GroupedRowsModel;
+class LinkButton;
 class ListView;
 class QCheckBox;
 class QComboBox;
@@ -52,11 +53,14 @@ class FileListPanel : public QWidget {
   QLabel* Label21;
   QComboBox* cmbGroupBy;
   ListView* ReportControl1;
+  LinkButton* lnkAddSeparator;  ///< shown while the list is empty for want of a separator
 
  signals:
   /// The rows are grouped anew; `index` is the position in `cmbGroupBy`.
   void groupByChanged(int index);
   void sortChanged();
+  /// The folder is to get its closing separator, and to be listed.
+  void separatorAsked();
   void wideToggled(bool wide);
   /// The user has changed check boxes, `row`'s among them.
   void rowChecked(int row);

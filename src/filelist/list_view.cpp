@@ -114,11 +114,13 @@ void ListView::MakeEmptyText() {
   empty_title_->setProperty("strong", true);
   empty_note_ = NewLabel(empty_, "lbEmptyNote");
   empty_note_->setProperty("muted", true);
+  empty_room_ = new QWidget(empty_);
   auto* layout = new QVBoxLayout(empty_);
   layout->addStretch(2);
   layout->addWidget(empty_picture_);
   layout->addWidget(empty_title_);
   layout->addWidget(empty_note_);
+  layout->addWidget(empty_room_, 0, Qt::AlignCenter);
   layout->addStretch(3);
 }
 
@@ -206,6 +208,23 @@ void ListView::SetEmptyText(const QString& title, const QString& note) {
   ShowEmptyText();
 }
 
+void ListView::SetEmptyLink(QWidget* link) {
+  if (empty_link_ != nullptr) empty_link_->hide();
+  empty_link_ = link;
+  ShowEmptyText();
+}
+
+void ListView::PlaceEmptyLink() {
+  const bool shown = empty_link_ != nullptr && !empty_->isHidden();
+  empty_room_->setFixedSize(shown ? empty_link_->sizeHint() : QSize(0, 0));
+  if (empty_link_ == nullptr) return;
+  empty_->layout()->activate();
+  empty_link_->setGeometry(
+      QRect(empty_room_->mapTo(parentWidget(), QPoint()), empty_room_->size()));
+  empty_link_->setVisible(shown);
+  empty_link_->raise();
+}
+
 std::vector<int> ListView::SelectedRows() const {
   std::vector<int> rows;
   for (const QItemSelectionRange& range : selectionModel()->selection()) {
@@ -260,6 +279,7 @@ void ListView::ShowEmptyText() {
   described_ =
       shown ? empty_title_->text() + QStringLiteral(". ") + empty_note_->text() : QString();
   setAccessibleDescription(described_ + words);
+  PlaceEmptyLink();
 }
 
 void ListView::changeEvent(QEvent* event) {
@@ -294,5 +314,6 @@ void ListView::paintEvent(QPaintEvent* event) {
 void ListView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   empty_->setGeometry(viewport()->rect());
+  PlaceEmptyLink();
   LayOutColumns();
 }

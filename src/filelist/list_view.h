@@ -22,6 +22,9 @@ class ListView : public QTableView {
   void ShowColumn(int column, bool show);
   /// What stands in the middle while there are no rows; without a title nothing does.
   void SetEmptyText(const QString& title, const QString& note);
+  /// A control below those texts; null: none. It is a sibling of the view, since all that a table
+  /// tells screen readers of is its cells.
+  void SetEmptyLink(QWidget* link);
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
@@ -60,6 +63,7 @@ class ListView : public QTableView {
   void SetHeights();
   void LayOutColumns();
   void ShowEmptyText();
+  void PlaceEmptyLink();
   void AskForSort(int column, Qt::SortOrder order);
   void AskForMenu(const QModelIndex& index, const QPoint& place);
   void AskForMenuAtCurrent();
@@ -76,5 +80,7 @@ class ListView : public QTableView {
   QLabel* empty_picture_ = nullptr;
   QLabel* empty_title_ = nullptr;
   QLabel* empty_note_ = nullptr;
+  QWidget* empty_room_ = nullptr;  ///< where the link stands
+  QWidget* empty_link_ = nullptr;
   QString described_;  ///< how the empty list is described to screen readers
 };

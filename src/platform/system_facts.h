@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/clock.h"
 
@@ -15,14 +16,17 @@ struct SystemName {
   std::string pack;   ///< what was added to that build
 };
 
-/// What a report tells of the machine and of the running program. A fact that can't be had is an
-/// empty text or nothing.
+/// What is known of the machine and of the running program, for its guards and reports. A fact that
+/// can't be had is an empty text or nothing.
 class SystemFacts {
  public:
   virtual ~SystemFacts() = default;
 
   /// Whether the program supports this system; so it is on every one that it is built for.
   virtual bool IsSupported() { return true; }
+
+  /// The folders that belong to the system itself and are there, without a closing separator.
+  virtual std::vector<std::string> SystemFolders() = 0;
 
   virtual LocalTime Now() = 0;
   virtual std::string ComputerName() = 0;

@@ -1,6 +1,5 @@
 #include "window/folder_pages.h"
 
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +14,10 @@
 #include "look/option_controls.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
+#include "platform/text.h"
 #include "trace/err_trace.h"
+#include "window/folder_dialog.h"
+#include "window/folder_field.h"
 
 namespace {
 
@@ -41,8 +43,9 @@ constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
 constexpr int kBrowseWidth = 30;
 
-QLineEdit* NewField(const char* name, QWidget* parent) {
-  auto* field = new QLineEdit(parent);
+template <class Field>
+Field* NewField(const char* name, QWidget* parent) {
+  auto* field = new Field(parent);
   field->setObjectName(QLatin1String(name));
   return field;
 }
@@ -101,7 +104,12 @@ FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
            [this] { bnDestination_Click(); });
   OnSignal(cmbDestination, &QComboBox::currentIndexChanged, "Form1.cmbDestination_Click",
            [this] { cmbDestination_Click(); });
-  connect(fdDestination, &QLineEdit::editingFinished, this, &FolderPages::CommitFocusedField);
+  for (FolderField* field : {fdSourceFolder, fdDestination}) {
+    connect(field, &QLineEdit::editingFinished, this, &FolderPages::CommitFocusedField);
+  }
+  for (QLineEdit* field : {static_cast<QLineEdit*>(fdSourceFolder), fdIncludeMask, fdExcludeMask}) {
+    connect(field, &QLineEdit::returnPressed, this, &FolderPages::listAsked);
+  }
   connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
 }
 
@@ -112,10 +120,10 @@ void FolderPages::showEvent(QShowEvent* event) {
 
 QWidget* FolderPages::BuildSourcePage() {
   auto* page = new QWidget(this);
-  fdSourceFolder = NewField("fdSourceFolder", page);
+  fdSourceFolder = NewField<FolderField>("fdSourceFolder", page);
   Command2 = NewBrowseButton("Command2", tr("Choose the source folder"), page);
-  fdIncludeMask = NewField("fdIncludeMask", page);
-  fdExcludeMask = NewField("fdExcludeMask", page);
+  fdIncludeMask = NewField<QLineEdit>("fdIncludeMask", page);
+  fdExcludeMask = NewField<QLineEdit>("fdExcludeMask", page);
   chSubfolders = NewBox("chSubfolders", tr("Include su&bfolders"), page);
   for (QLineEdit* mask : {fdIncludeMask, fdExcludeMask}) {
     mask->setPlaceholderText(tr("*.jpg *.png"));
@@ -148,7 +156,7 @@ QWidget* FolderPages::BuildOutputPage() {
   cmbDestination = new QComboBox(page);
   cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
   for (const OutputModeRow& mode : kOutputModes) cmbDestination->addItem(tr(mode.caption));
-  fdDestination = NewField("fdDestination", page);
+  fdDestination = NewField<FolderField>("fdDestination", page);
   bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
   Explain(bnDestination, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
   chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);
@@ -201,15 +209,15 @@ void FolderPages::AddKeys() {
 }
 
 void FolderPages::Command2_Click() {
+  CommitFocusedField();
   const std::string folder = mScanCD::NormalizePath(browse_(Source().fdSourceFolder));
-  if (folder.empty()) return;
-  SetSourceFolder(folder);
-  emit folderChosen();
+  if (!folder.empty()) TakeSourceFolder(folder);
 }
 
 void FolderPages::bnDestination_Click() {
+  CommitFocusedField();
   const std::string folder = mScanCD::NormalizePath(browse_(Output().fdDestination));
-  if (!folder.empty()) fdDestination->setText(text::ToQt(folder));
+  if (!folder.empty()) TakeOutputFolder(folder);
 }
 
 void FolderPages::cmbDestination_Click() {
@@ -219,6 +227,7 @@ void FolderPages::cmbDestination_Click() {
 
 void FolderPages::CommitFocusedField() {
   ErrTrace::top("FolderPages.CommitFocusedField", [this] {
+    for (FolderField* field : {fdSourceFolder, fdDestination}) field->TakeHome();
     const std::string typed = Output().fdDestination;
     if (!mMain::IsAbsolutePath(typed)) return;
     const QString closed = text::ToQt(mScanCD::NormalizePath(typed));
@@ -250,17 +259,17 @@ void FolderPages::SetSourceFolder(const std::string& folder) {
   fdSourceFolder->setText(text::ToQt(folder));
 }
 
-namespace mMain {
-
-std::string BrowseForDisk(QWidget* owner, const std::string& start) {
-  return ErrTrace::inner("mMain.BrowseForDisk", [&] {
-    QFileDialog dialog(owner, QObject::tr("Browse for folder or disk"), text::ToQt(start));
-    dialog.setObjectName(QStringLiteral("folderDialog"));
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
-    return chosen ? text::FromQt(dialog.selectedFiles().constFirst()) : std::string();
-  });
+void FolderPages::TakeSourceFolder(const std::string& folder) {
+  setCurrentWidget(fdSourceFolder->parentWidget());
+  SetSourceFolder(folder);
+  emit folderChosen();
 }
 
-}  // namespace mMain
+void FolderPages::TakeOutputFolder(const std::string& folder) {
+  fdDestination->setText(text::ToQt(folder));
+}
+
+void FolderPages::CloseSourceFolder() {
+  CommitFocusedField();
+  SetSourceFolder(mScanCD::NormalizePath(text::Trim(Source().fdSourceFolder)));
+}

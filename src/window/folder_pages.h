@@ -7,6 +7,7 @@
 
 #include "settings/options.h"
 
+class FolderField;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -34,17 +35,24 @@ class FolderPages : public QTabWidget {
   void Show(const SourceOptions& options);
   void Show(const OutputOptions& options);
   void SetSourceFolder(const std::string& folder);
+  /// A folder that comes from outside; its page shows.
+  void TakeSourceFolder(const std::string& folder);
+  void TakeOutputFolder(const std::string& folder);
 
-  /// Gives a typed output folder its closing separator. Every command does this first.
+  /// Gives the typed source folder its closing separator.
+  void CloseSourceFolder();
+
+  /// Takes "~" for the user's own folder, and gives a typed output folder its closing separator.
+  /// Every command does this first.
   void CommitFocusedField();
 
-  QLineEdit* fdSourceFolder;
+  FolderField* fdSourceFolder;
   QPushButton* Command2;
   QLineEdit* fdIncludeMask;
   QLineEdit* fdExcludeMask;
   QCheckBox* chSubfolders;
   QComboBox* cmbDestination;
-  QLineEdit* fdDestination;
+  FolderField* fdDestination;
   QPushButton* bnDestination;
   QCheckBox* chDestinationSubfolders;
   QCheckBox* chSaveSourceFolderOptions;
@@ -55,8 +63,10 @@ class FolderPages : public QTabWidget {
  signals:
   /// The text of the source folder differs from what it was.
   void sourceFolderChanged();
-  /// A source folder was chosen by the dialog, be it the same one.
+  /// A source folder was chosen and not typed, be it the same one.
   void folderChosen();
+  /// Enter was pressed in a field of the page "Source folder".
+  void listAsked();
   void skinToggled(bool on);
 
  protected:
@@ -76,11 +86,3 @@ class FolderPages : public QTabWidget {
   FolderDialog browse_;
   QLabel* destination_label_;
 };
-
-namespace mMain {
-
-/// The folder dialog over `owner`, from the folder `start`; answers the chosen path, empty after a
-/// cancel.
-std::string BrowseForDisk(QWidget* owner, const std::string& start);
-
-}  // namespace mMain

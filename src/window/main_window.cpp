@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -16,6 +17,7 @@
 #include "filelist/file_list_panel.h"
 #include "filelist/list_view.h"
 #include "filelist/mask_dialog.h"
+#include "filelist/system_folder_dialog.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "look/skin.h"
@@ -26,6 +28,8 @@
 #include "rename/results/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
+#include "window/folder_drop.h"
+#include "window/folder_field.h"
 #include "window/folder_pages.h"
 #include "window/status_bar.h"
 
@@ -61,6 +65,8 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   setWindowTitle(tr("Quorvane"));
   LayOut();
   ConnectPanels();
+  ConnectFolders();
+  WatchDrops(services.files);
   Form_Load();
   new WindowPlacement(settings_, *this, "Form1");
 }
@@ -102,12 +108,6 @@ void Form1::ConnectPanels() {
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
-  for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
-    connect(folder_pages_, signal, this, [this] {
-      ErrTrace::top("Form1.fdSourceFolder_Change",
-                    [&] { commands_.EnableDisable(ModeFolderChosen); });
-    });
-  }
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
@@ -121,6 +121,43 @@ void Form1::ConnectPanels() {
   connect(editor_, &ConstructorEditor::commandPicked, this, &Form1::CommandBars1_Execute);
   connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
+}
+
+void Form1::ConnectFolders() {
+  for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
+    connect(folder_pages_, signal, this, [this] {
+      ErrTrace::top("Form1.fdSourceFolder_Change",
+                    [&] { commands_.EnableDisable(ModeFolderChosen); });
+    });
+  }
+  connect(folder_pages_, &FolderPages::listAsked, this, &Form1::ListFiles);
+  connect(list_, &FileListPanel::separatorAsked, this, &Form1::lnkAddSeparator_Click);
+}
+
+void Form1::WatchDrops(FileSystem& files) {
+  auto* drops = new FolderDrop(files, this);
+  const auto take_source = [this](const std::string& folder) {
+    if (!commands_.Busy()) TakeSourceFolder(folder);
+  };
+  drops->Watch(this, take_source);
+  // By itself, a field would take the path for text.
+  for (QLineEdit* field : findChildren<QLineEdit*>()) drops->Watch(field, take_source);
+  drops->Watch(folder_pages_->fdDestination,
+               [this](const std::string& folder) { folder_pages_->TakeOutputFolder(folder); });
+}
+
+void Form1::TakeSourceFolder(const std::string& folder) {
+  folder_pages_->TakeSourceFolder(folder);
+}
+
+void Form1::ListFiles() {
+  buttons_->Button(CommandButton::bnLoadFileList)->click();
+}
+
+/// The folder may have been typed anew since the list was made; what stands there now is meant.
+void Form1::lnkAddSeparator_Click() {
+  folder_pages_->CloseSourceFolder();
+  ListFiles();
 }
 
 Options Form1::ReadOptions() const {
@@ -286,6 +323,10 @@ void Form1::ShowPanes() {
 
 void Form1::SetSourceFolder(const std::string& folder) {
   folder_pages_->SetSourceFolder(folder);
+}
+
+bool Form1::AskAboutSystemFolders(const std::string& folders) {
+  return Form4(folders, settings_, this).exec() == QDialog::Accepted;
 }
 
 void Form1::ListRepopulated(EmptyList reason) {

@@ -32,6 +32,9 @@ class Form1 : public QWidget, private CommandView {
   /// can't be read it raises Failure; the controls show what was read before.
   void IniSettings(const std::string& pTemplateName);
 
+  /// Makes `folder`, with its closing separator, the source folder.
+  void TakeSourceFolder(const std::string& folder);
+
  protected:
   /// Stores the options. During a pass the window only asks it to end, and closes when it has.
   void closeEvent(QCloseEvent* event) override;
@@ -40,6 +43,10 @@ class Form1 : public QWidget, private CommandView {
  private:
   void LayOut();
   void ConnectPanels();
+  void ConnectFolders();
+  void WatchDrops(FileSystem& files);
+  void lnkAddSeparator_Click();
+  void ListFiles();
   void Form_Load();
   /// Stores the options; the placement, stored next, brings both to disk.
   void Form_Unload();
@@ -63,6 +70,7 @@ class Form1 : public QWidget, private CommandView {
   void ShowPanes() override;
   Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
+  bool AskAboutSystemFolders(const std::string& folders) override;
   void ListRepopulated(EmptyList reason) override;
   void Populate() override;
   std::vector<int> SelectedRows() const override;

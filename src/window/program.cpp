@@ -1,6 +1,8 @@
 #include "window/program.h"
 
 #include <QApplication>
+#include <algorithm>
+#include <cstdio>
 #include <optional>
 
 #include "commands/start_up.h"
@@ -14,6 +16,7 @@
 #include "platform/single_instance.h"
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
+#include "window/application.h"
 #include "window/main_window.h"
 #include "window/orderly_end.h"
 
@@ -70,10 +73,11 @@ Form1& Program::MainWindow() {
   return *p.window;
 }
 
-void Program::Start() {
+void Program::Start(const std::string& folder) {
   Parts& p = *parts_;
   ErrTrace::top("mMain.Main",
                 [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
+  if (!folder.empty()) MainWindow().TakeSourceFolder(folder);
   MainWindow().show();
   p.reporter.GiveWindowsTo(MainWindow());
   // Told before anything is written: a damaged file is sound afterwards.
@@ -87,7 +91,18 @@ void Program::WaitForErrorWindows() {
 
 namespace mMain {
 
-int Main(QApplication& application) {
+namespace {
+
+std::vector<std::string> Words(int argc, char** argv) {
+  return {argv + std::min(argc, 1), argv + argc};
+}
+
+int Tell(const CommandLine& line) {
+  std::fputs(line.told.c_str(), line.exit_code == 0 ? stdout : stderr);
+  return *line.exit_code;
+}
+
+int Run(QApplication& application, const std::string& folder) {
   int exit_code = 1;
   std::optional<Program> program;
   const bool started = ErrTrace::top("mMain.Main", [&] {
@@ -96,11 +111,23 @@ int Main(QApplication& application) {
       exit_code = 0;
       return;
     }
-    program->Start();
+    program->Start(folder);
     exit_code = QApplication::exec();
   });
   if (!started && program) program->WaitForErrorWindows();
   return exit_code;
+}
+
+}  // namespace
+
+int Main(int argc, char** argv) {
+  const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  // Help needs no display; an unknown word may be one that Qt knows and takes out.
+  const CommandLine help = ReadCommandLine(*files, Words(argc, argv));
+  if (help.exit_code == 0) return Tell(help);
+  Application application(argc, argv);
+  const CommandLine line = ReadCommandLine(*files, Words(argc, argv));
+  return line.exit_code ? Tell(line) : Run(application, line.folder);
 }
 
 }  // namespace mMain

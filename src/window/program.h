@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 class Form1;
 class QApplication;
@@ -15,8 +16,9 @@ class Program {
   /// Whether the program may go on to its first window; see mMain::MayStart.
   bool MayStart();
 
-  /// Shows the main window, tells of settings that can't be read, and notes which program runs.
-  void Start();
+  /// Shows the main window, on `folder` if that isn't empty, tells of settings that can't be read,
+  /// and notes which program runs.
+  void Start(const std::string& folder);
 
   /// Made at the first call.
   Form1& MainWindow();
@@ -31,9 +33,9 @@ class Program {
 
 namespace mMain {
 
-/// Shows the main window and runs until it is closed; ends at once, without a word, while another
-/// copy runs for this user. Answers the exit code. A start that fails ends when the user has
-/// closed the error window.
-int Main(QApplication& application);
+/// Does what the words behind the program's name ask for. Shows the main window and runs until it
+/// is closed; ends at once, without a word, while another copy runs for this user. Answers the exit
+/// code. A start that fails ends when the user has closed the error window.
+int Main(int argc, char** argv);
 
 }  // namespace mMain

@@ -1,8 +1,7 @@
 #include "commands/commands.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "commands/start_up.h"
 #include "platform/text.h"
 #include "support/failure_report.h"
 #include "support/fake_services.h"
@@ -21,6 +20,10 @@ class FakeView : public CommandView {
   void ShowPanes() override {}
   Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
+  bool AskAboutSystemFolders(const std::string& folders) override {
+    asked += folders;
+    return goes_on;
+  }
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
@@ -46,6 +49,8 @@ class FakeView : public CommandView {
   bool elements = false, waiting = false, focus_away = false;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
+  std::string asked;  ///< about these folders
+  bool goes_on = false;
   std::string shown;  ///< the report windows, with their counts
 
  private:
@@ -182,6 +187,23 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
   EXPECT_TRUE(grid.RowCount() == 0 && view.focus_away);
 }
 
+TEST_F(CommandsTest, AskBeforeAListTouchesTheSystem) {
+  Walk("l p");
+  facts.system_folders = {"/in"};
+  const auto touch = [&](const char* setting, bool goes_on) {
+    settings.values[{"Settings", "CheckForSystemFolders"}] = setting;
+    view.asked.clear();
+    view.goes_on = goes_on;
+    return Walk("l") + " " + view.asked;
+  };
+  EXPECT_EQ(touch("1", false), "5 /in");
+  EXPECT_EQ(records[0].newFileName, "x a.txt") << "declined, all stays";
+  EXPECT_EQ(touch("1", true), "3 /in");
+  EXPECT_EQ(touch("0", false), "3 ");
+  const auto misread = [&] { EXPECT_EQ(touch("often", false), "3 /in"); };
+  EXPECT_THAT(FailureReport(misread), testing::StartsWith("Type mismatch"));
+}
+
 TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   Walk("l l");
   EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
@@ -274,28 +296,6 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   records[0].RowTag = 1;
   records[0].mode = kUseSourceFolder;
   expect("u", "11", "bnUndo_Click");
-}
-
-TEST(StartUp, RefusesOtherSystemsAndEndsSilentlyBesideAnotherCopy) {
-  struct : FakeSystemFacts {
-    bool IsSupported() override { return false; }
-  } other;
-  FakeSystemFacts facts;
-  FakePrompts prompts;
-  EXPECT_TRUE(mMain::MayStart(facts, prompts, false));
-  EXPECT_FALSE(mMain::MayStart(facts, prompts, true));
-  EXPECT_TRUE(prompts.told.empty());
-  EXPECT_FALSE(mMain::MayStart(other, prompts, false));
-  EXPECT_EQ(prompts.told.size(), 1u);
-}
-
-TEST(StartUp, NotesWhatTheWorkingFolderHolds) {
-  MemoryFiles files;
-  for (const bool there : {false, true}) {
-    EXPECT_EQ(mMain::LookForStartFiles(files).gHasManifestFile, there);
-    EXPECT_FALSE(mMain::LookForStartFiles(files).gHasRuntimeFile);
-    files.contents = {{"./Quorvane.exe.manifest", ""}};
-  }
 }
 
 TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused) {

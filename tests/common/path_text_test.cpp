@@ -21,6 +21,15 @@ TEST(PathText, EndsOfFolderPathsInBothStyles) {
   }
 }
 
+TEST(PathText, TakesALoneTildeForTheHomeFolder) {
+  const char* const table[][2] = {{"~", "/home/me/"},        {"~/", "/home/me/"},
+                                  {"~/a/~", "/home/me/a/~"}, {"~anna/a", "~anna/a"},
+                                  {"/~/a", "/~/a"},          {"", ""}};
+  for (const auto& [path, whole] : table)
+    EXPECT_EQ(mMain::WithHome(path, "/home/me", kPosix), whole);
+  EXPECT_EQ(mMain::WithHome("~\\a", "C:\\me", kDrive), "C:\\me\\a");
+}
+
 TEST(PathText, SplitsAnExtensionWithItsDot) {
   const char* const table[][2] = {{"a.b.c", ".c"}, {"noext", ""}, {"trail.", "."}, {".a", ".a"}};
   for (const auto& [name, extension] : table) EXPECT_EQ(mCommon::Spliting(name, "."), extension);

@@ -77,6 +77,7 @@ class PlainLocale : public LocaleFacts {
 /// A machine of which all is known, unless a test takes it away.
 class FakeSystemFacts : public SystemFacts {
  public:
+  std::vector<std::string> SystemFolders() override { return system_folders; }
   LocalTime Now() override {
     return broken ? throw Failure(kTypeMismatch, "no clock") : LocalTime{2024, 3, 9, 7, 5, 2};
   }
@@ -91,6 +92,8 @@ class FakeSystemFacts : public SystemFacts {
   }
   std::optional<std::uint32_t> VolumeSerial(std::string_view) override { return 0x00AB12CD; }
   std::optional<std::string> FileSystemName(std::string_view) override { return "ext4"; }
+
+  std::vector<std::string> system_folders;
   bool broken = false;
 };
 

@@ -27,7 +27,6 @@
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
 #include "support/temp_folder.h"
-#include "window/folder_pages.h"
 #include "window/program.h"
 
 namespace {
@@ -141,6 +140,19 @@ TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
   Find<QLineEdit>("fdSourceFolder")->setText(QStringLiteral("/elsewhere/"));
   EXPECT_FALSE(Button("bnUndo")->isEnabled());
   EXPECT_EQ(Model()->rowCount(), 4) << "the rows stay until the next list";
+}
+
+TEST_F(MainWindowTest, AddsTheSeparatorThatTheFolderLacks) {
+  auto* link = Find<QAbstractButton>("lnkAddSeparator");
+  auto* field = Find<QLineEdit>("fdSourceFolder");
+  EXPECT_FALSE(link->isVisible());
+  field->setText(text::ToQt(folder.path()));
+  emit field->returnPressed();
+  ASSERT_TRUE(link->isVisible());
+  link->click();
+  EXPECT_EQ(field->text(), text::ToQt(folder.path() + "/"));
+  EXPECT_EQ(Model()->rowCount(), 4);
+  EXPECT_FALSE(link->isVisible());
 }
 
 TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
@@ -262,48 +274,4 @@ TEST_F(MainWindowTest, FindsEveryOptionAsItWasLeft) {
   }
   QtSettingsStore store;
   for (const Control& one : kAll) EXPECT_EQ(store.GetSetting(one.section, one.key), one.text);
-}
-
-struct FolderPagesTest : testing::Test {
-  std::string answer, start;
-  FolderPages pages{nullptr, [this](const std::string& from) { return start = from, answer; }};
-};
-
-TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
-  pages.Show(SourceOptions{"/pictures", "", "", true});
-  pages.Show(OutputOptions{kUseSourceFolder, "/old/"});
-  std::string told;
-  QObject::connect(&pages, &FolderPages::sourceFolderChanged, [&] { told += "changed "; });
-  QObject::connect(&pages, &FolderPages::folderChosen, [&] { told += "chosen "; });
-  const struct {
-    QPushButton* button;
-    const char *answer, *start, *source, *output, *told;
-  } table[] = {
-      {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
-      {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
-      {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
-      {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
-  };
-  for (const auto& row : table) {
-    answer = row.answer;
-    told = "";
-    row.button->click();
-    EXPECT_EQ(start, row.start);
-    EXPECT_EQ(pages.Source().fdSourceFolder, row.source);
-    EXPECT_EQ(pages.Output().fdDestination, row.output);
-    EXPECT_EQ(told, row.told);
-  }
-}
-
-TEST_F(FolderPagesTest, CloseATypedOutputFolderWhenItIsLeftAndNoOther) {
-  const std::pair<const char*, const char*> table[] = {
-      {"/sorted", "/sorted/"}, {"/sorted/", "/sorted/"}, {"", ""}, {"sorted", "sorted"}};
-  for (const auto& [typed, left] : table) {
-    pages.fdDestination->setText(QLatin1String(typed));
-    Leave(pages.fdDestination);
-    EXPECT_EQ(pages.Output().fdDestination, left);
-    pages.SetSourceFolder(typed);
-    Leave(pages.fdSourceFolder);
-    EXPECT_EQ(pages.Source().fdSourceFolder, typed);
-  }
 }

@@ -14,6 +14,10 @@
 
 namespace {
 
+/// Those of the Filesystem Hierarchy Standard that hold the system and nothing of its users.
+constexpr const char* kSystemFolders[] = {"/usr",   "/etc", "/boot", "/bin",  "/sbin", "/lib",
+                                          "/lib64", "/opt", "/dev",  "/proc", "/sys"};
+
 /// The value of one line NAME=value; the value may stand in quotes, with "\" before a sign that a
 /// shell would take for its own (os-release(5)).
 std::string Unquoted(std::string_view value) {
@@ -48,6 +52,14 @@ std::optional<struct statvfs> Volume(std::string_view path) {
 
 class PosixSystemFacts final : public SystemFacts {
  public:
+  std::vector<std::string> SystemFolders() override {
+    std::vector<std::string> folders;
+    for (const char* path : kSystemFolders) {
+      if (::access(path, F_OK) == 0) folders.emplace_back(path);
+    }
+    return folders;
+  }
+
   LocalTime Now() override { return clock_->Now(); }
 
   std::string ComputerName() override {

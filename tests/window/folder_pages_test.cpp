@@ -1,0 +1,138 @@
+#include "window/folder_pages.h"
+
+#include <gtest/gtest.h>
+
+#include <QDeadlineTimer>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <filesystem>
+
+#include "support/keys.h"
+#include "support/temp_folder.h"
+#include "window/folder_drop.h"
+#include "window/folder_field.h"
+#include "window/folder_offers.h"
+
+namespace {
+
+struct FolderPagesTest : testing::Test {
+  std::string answer, start;
+  FolderPages pages{nullptr, [this](const std::string& from) { return start = from, answer; }};
+};
+
+TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
+  pages.Show(SourceOptions{"/pictures", "", "", true});
+  pages.Show(OutputOptions{kUseSourceFolder, "/old/"});
+  std::string told;
+  QObject::connect(&pages, &FolderPages::sourceFolderChanged, [&] { told += "changed "; });
+  QObject::connect(&pages, &FolderPages::folderChosen, [&] { told += "chosen "; });
+  const struct {
+    QPushButton* button;
+    const char *answer, *start, *source, *output, *told;
+  } table[] = {
+      {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
+      {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
+      {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
+      {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
+  };
+  for (const auto& row : table) {
+    answer = row.answer;
+    told = "";
+    row.button->click();
+    EXPECT_EQ(start, row.start);
+    EXPECT_EQ(pages.Source().fdSourceFolder, row.source);
+    EXPECT_EQ(pages.Output().fdDestination, row.output);
+    EXPECT_EQ(told, row.told);
+  }
+}
+
+TEST_F(FolderPagesTest, CompleteATypedFolderWhenItIsLeft) {
+  qputenv("HOME", "/home/me");
+  const struct {
+    const char *typed, *left, *source;
+  } table[] = {{"/sorted", "/sorted/", "/sorted"},
+               {"/sorted/", "/sorted/", "/sorted/"},
+               {"", "", ""},
+               {"sorted", "sorted", "sorted"},
+               {"~", "/home/me/", "/home/me/"},
+               {"~/a", "/home/me/a/", "/home/me/a"}};
+  for (const auto& [typed, left, source] : table) {
+    pages.fdDestination->setText(QLatin1String(typed));
+    Leave(pages.fdDestination);
+    EXPECT_EQ(pages.Output().fdDestination, left);
+    pages.SetSourceFolder(typed);
+    Leave(pages.fdSourceFolder);
+    EXPECT_EQ(pages.Source().fdSourceFolder, source);
+  }
+}
+
+TEST_F(FolderPagesTest, OfferTheFoldersThatATypedOneMayGoOnWith) {
+  const TempFolder folder;
+  for (const char* name : {"Ab", "aa", "b\xFF", ".hidden"}) {
+    std::filesystem::create_directories(folder / name);
+  }
+  folder.Write("afile", "");
+  const std::pair<const char*, const char*> table[] = {
+      {"/", "aa/ Ab/ b\xEF\xBF\xBD/ "}, {"/a", "aa/ Ab/ "}, {"/.", ".hidden/ "}, {"/c", ""}};
+  pages.show();
+  pages.activateWindow();
+  pages.fdSourceFolder->setFocus();
+  const auto offered = [&] {
+    Press(pages.fdSourceFolder, Qt::Key_unknown, Qt::NoModifier, QStringLiteral("x"));
+    Press(pages.fdSourceFolder, Qt::Key_Backspace);
+    auto* offers = pages.findChild<FolderOffers*>();
+    const QDeadlineTimer deadline(5000);
+    std::string shown;
+    while (shown.empty() && !deadline.hasExpired() && !offers->Settled()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    for (int i = 0; offers->isVisible() && i < offers->model()->rowCount(); ++i) {
+      shown += offers->model()->index(i, 0).data().toString().toStdString() + " ";
+    }
+    return shown;
+  };
+  for (const auto& [typed, offers] : table) {
+    pages.SetSourceFolder(folder.path() + typed);
+    EXPECT_EQ(offered(), offers) << typed;
+  }
+  int asked = 0;
+  QObject::connect(&pages, &FolderPages::listAsked, [&] { ++asked; });
+  pages.SetSourceFolder(folder.path() + "/b");
+  offered();
+  for (const int key : {Qt::Key_Down, Qt::Key_Return}) Press(pages.fdSourceFolder, key);
+  EXPECT_EQ(pages.Source().fdSourceFolder, folder.path() + "/b\xFF/");
+  EXPECT_EQ(asked, 0) << "this Enter took the offer";
+  Press(pages.fdSourceFolder, Qt::Key_Return);
+  EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FolderPagesTest, TakeWhatIsDropped) {
+  const TempFolder folder;
+  folder.MakeFolder("bad\xFF");
+  folder.Write("bad\xFF/a file", "");
+  const auto link = "file://" + folder.path();
+  const std::pair<std::string, std::string> table[] = {
+      {link, folder.path() + "/"},
+      {link + "/bad%FF/a%20file\r\n" + link, folder.path() + "/bad\xFF/"},
+      {"file://localhost" + folder.path(), folder.path() + "/"},
+      {link + "/none", ""},
+      {"file://elsewhere" + folder.path(), ""},
+      {"https://example.org/", ""}};
+  const auto files = MakePosixFileSystem();
+  for (const auto& [links, taken] : table) {
+    QLineEdit field;
+    FolderDrop drops(*files, nullptr);
+    std::string took;
+    drops.Watch(&field, [&](const std::string& path) { took = path; });
+    QMimeData data;
+    data.setData(QStringLiteral("text/uri-list"), QByteArray::fromStdString(links));
+    QDropEvent drop({}, Qt::MoveAction, &data, Qt::LeftButton, {});
+    // Qt itself hands a drop only to where a drag has gone.
+    static_cast<QObject&>(drops).eventFilter(&field, &drop);
+    EXPECT_EQ(took, taken) << links;
+  }
+}
+
+}  // namespace
