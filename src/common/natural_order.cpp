@@ -1,6 +1,7 @@
 #include "common/natural_order.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "common/path_text.h"
@@ -19,6 +20,18 @@ constexpr char kBadByte = '\xFF';
 constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
+
+/// Most names are made of these bytes: each stands in a key for itself, in lower case. 0 for
+/// others.
+constexpr std::array<char, 256> MakePlainBytes() {
+  std::array<char, 256> plain{};
+  for (int i = kFirstPoints + 1; i < 0x80; ++i) {
+    const char c = static_cast<char>(i);
+    if (!IsDigit(c) && c != kNative.separator) plain[i] = c >= 'A' && c <= 'Z' ? c + 32 : c;
+  }
+  return plain;
+}
+constexpr std::array<char, 256> kPlain = MakePlainBytes();
 
 /// Numbers of any size whose bytes are in their order.
 void AppendCount(std::size_t count, std::string& key) {
@@ -50,6 +63,11 @@ void AppendNumber(std::string_view digits, std::string& key) {
 void AppendNaturalKey(std::string_view t, std::string& key) {
   std::size_t zeros = 0;
   for (std::size_t at = 0; at < t.size();) {
+    if (const char plain = kPlain[static_cast<unsigned char>(t[at])]) {
+      key += plain;
+      ++at;
+      continue;
+    }
     if (!IsDigit(t[at])) {
       AppendPoint(text::LowerOf(utf8::Read(t, at)), key);
       continue;
