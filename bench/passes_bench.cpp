@@ -11,7 +11,6 @@
 #include <string>
 
 #include "core/records.h"
-#include "filelist/scan.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "ratio.h"
@@ -24,8 +23,6 @@ namespace {
 
 using bench::Require;
 
-constexpr int kFolders = 100;
-constexpr int kFilesAFolder = 1000;
 constexpr int kRenames = 20'000;
 constexpr int kFew = 5'000;
 constexpr int kRounds = 5;
@@ -95,7 +92,8 @@ Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName 
   }
   RunState state;
   RunReports reports;
-  const RunOutput output{kUseSourceFolder, "", true, folder};
+  RunOutput output;
+  output.fdSourceFolder = folder;
   Times times;
   times.run = bench::Seconds([&] {
     Pass pass(records, state, world.services, records.Count());
@@ -108,36 +106,6 @@ Times OurRunAndUndo(World& world, const std::string& folder, int count, NewName 
   });
   Require(reports.gFailureReport.empty(), "the undo");
   return times;
-}
-
-void MeasureScan(World& world, const std::string& root) {
-  const std::string tree = root + "/tree/";
-  for (int f = 0; f < kFolders; ++f) {
-    const std::string folder = tree + "folder" + std::to_string(f) + "/";
-    std::filesystem::create_directories(folder);
-    for (int i = 0; i < kFilesAFolder; ++i) Touch(folder + Name(i));
-  }
-  const auto ours = [&](const char* mask, std::size_t expected) {
-    Records records;
-    RunState state;
-    FileTypes types(world.fakes.type_names);
-    Pass pass(records, state, world.services, 0);
-    mScanCD::Scan(pass, {tree, mask, "", true}, types).ShowDir3_FillPreview("tree", tree);
-    Require(records.Count() == expected, "the scan");
-  };
-  const std::string command = "find '" + tree + "' -type f -printf '%s %T@ %p\\n' > /dev/null";
-  const auto find = [&] { Require(std::system(command.c_str()) == 0, "find"); };
-  if (std::system("find --version > /dev/null 2>&1") != 0) return;
-  constexpr long kFiles = long{kFolders} * kFilesAFolder;
-  bench::Ratio all("scan / find -printf", 1.0, kFiles);
-  bench::Ratio few("scan, 99 of 100 rejected / find", 0.5, kFiles);
-  ours("", static_cast<std::size_t>(kFiles));
-  for (int round = 0; round < kRounds; ++round) {
-    all.Round([&] { ours("", static_cast<std::size_t>(kFiles)); }, find);
-    few.Round([&] { ours("*77.JPG", static_cast<std::size_t>(kFiles) / 100); }, find);
-  }
-  all.Print();
-  few.Print();
 }
 
 struct Goal {
@@ -239,7 +207,6 @@ void MeasureConflicts(World& world, const std::string& root) {
 int main(int argc, char** argv) {
   return bench::RunInNewFolder(argc, argv, [](const std::string& root) {
     World world;
-    MeasureScan(world, root);
     MeasureInPlace(world, root);
     MeasureConflicts(world, root);
   });

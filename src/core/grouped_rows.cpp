@@ -29,13 +29,16 @@ void StableSort(Numbers& numbers, bool ascending, const Keys& keys) {
 
 /// The place of each text in the order; texts with equal keys share it.
 Numbers Ranks(const SharedTexts& texts, TextOrder text_order) {
-  std::vector<std::string> keys(texts.count);
-  for (std::uint32_t i = 0; i < texts.count; ++i) keys[i] = text_order(texts.text(i));
-  Numbers order = Ascending(texts.count);
-  StableSort(order, true, keys);
+  const Numbers order = SortedByText(
+      texts.count, [&](std::size_t i) { return texts.text(static_cast<std::uint32_t>(i)); },
+      text_order);
   Numbers ranks(texts.count);
-  for (std::size_t i = 1; i < order.size(); ++i) {
-    ranks[order[i]] = ranks[order[i - 1]] + (keys[order[i]] != keys[order[i - 1]] ? 1 : 0);
+  std::string key, last_key;
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    std::swap(key, last_key);
+    key.clear();
+    text_order(texts.text(order[i]), key);
+    if (i > 0) ranks[order[i]] = ranks[order[i - 1]] + (key != last_key ? 1 : 0);
   }
   return ranks;
 }
@@ -58,8 +61,7 @@ struct Sorter {
     StableSort(records, order.ascending, Values<double>(count, number_of));
   }
   void operator()(const TextOf& text_of) {
-    const auto key_of = [&](std::size_t i) { return order.text_order(text_of(i)); };
-    StableSort(records, order.ascending, Values<std::string>(count, key_of));
+    records = SortedByText(count, text_of, order.text_order, order.ascending);
   }
   void operator()(const SharedTexts& texts) {
     const Numbers ranks = Ranks(texts, order.text_order);

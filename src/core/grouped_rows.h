@@ -9,7 +9,8 @@
 #include <variant>
 #include <vector>
 
-#include "platform/text.h"
+#include "common/natural_order.h"
+#include "core/text_sort.h"
 
 /// Texts that many records share: each record has the number of its text.
 struct SharedTexts {
@@ -27,14 +28,11 @@ SharedTexts ShareTexts(std::size_t count, const TextOf& text_of);
 /// By what records are sorted; `monostate` leaves them as they stand.
 using SortKey = std::variant<std::monostate, NumberOf, TextOf, SharedTexts>;
 
-/// Texts stand in the order of the bytes of their keys; this makes the key of a text.
-using TextOrder = std::string (*)(std::string_view text);
-
 struct RowOrder {
   SortKey key;
   bool ascending = true;
-  std::optional<SharedTexts> groups;     ///< none, no group rows
-  TextOrder text_order = text::ToLower;  ///< of headings and of a key's texts
+  std::optional<SharedTexts> groups;        ///< none, no group rows
+  TextOrder text_order = AppendNaturalKey;  ///< of headings and of a key's texts
 };
 
 /// The rows of a list: the numbers of its records in the order in which they are shown, group rows
@@ -42,7 +40,8 @@ struct RowOrder {
 class GroupedRows {
  public:
   /// Makes the rows of the records 0 to `count` - 1. Groups stand in ascending order of their
-  /// texts, equal ones as their first records do; the sort is stable and works within groups.
+  /// texts, equal ones as their first records do; the sort is stable, downwards too, and works
+  /// within groups.
   void Populate(std::size_t count, const RowOrder& order);
   void Clear();
 

@@ -57,6 +57,7 @@ std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path
 }
 
 std::uint32_t Records::TextNumber(std::string_view t) {
+  if (!rows_.empty() && *texts_[rows_.back().type] == t) return rows_.back().type;
   const auto [place, added] =
       text_numbers_.try_emplace(std::string(t), static_cast<std::uint32_t>(texts_.size()));
   if (added) texts_.push_back(&place->first);

@@ -2,7 +2,9 @@
 
 #include <cerrno>
 
+#include "common/natural_order.h"
 #include "common/path_text.h"
+#include "core/text_sort.h"
 #include "platform/text.h"
 #include "trace/err_trace.h"
 
@@ -56,23 +58,39 @@ void Scan::FillFrom(std::string_view pParentName, std::string_view sParentPath, 
         const bool read = files_.List(
             folder, [&] { return pass_.GoOn(); }, entries);
         if (!read) NoteUnreadable(is_root);
-        for (const FolderEntries::Entry& entry : entries.entries) {
+        for (const std::uint32_t number : Choose(entries.entries, beginning)) {
           const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
           if (!(due ? pass_.LetEventsRun() : pass_.GoOn())) return;
-          if (!entry.name.starts_with(beginning)) continue;
-          if (entry.kind == EntryKind::kFile) {
-            LookAt(entry.name, pParentName, sParentPath, folder);
-          } else if (entry.name.starts_with('.')) {
-            continue;
-          } else if (subfolders_) {
-            std::string path(sParentPath);
-            path.append(entry.name) += kNative.separator;
-            FillFrom(entry.name, path, false);
+          const auto& [name, kind] = entries.entries[number];
+          if (kind == EntryKind::kFile) {
+            AddFile(name, pParentName, sParentPath, folder);
           } else {
-            findings_.subfolders_passed_over = true;
+            std::string path(sParentPath);
+            path.append(name) += kNative.separator;
+            FillFrom(name, path, false);
           }
         }
       });
+}
+
+std::vector<std::uint32_t> Scan::Choose(std::vector<FolderEntries::Entry>& entries,
+                                        std::string_view beginning) {
+  const GoOn go_on = [&] { return pass_.GoOn(); };
+  std::erase_if(entries, [&](const FolderEntries::Entry& entry) {
+    return !go_on() || !entry.name.starts_with(beginning) || !Chooses(entry);
+  });
+  const auto name_of = [&](std::size_t i) { return entries[i].name; };
+  return SortedByText(entries.size(), name_of, AppendNaturalKey, true, go_on);
+}
+
+bool Scan::Chooses(const FolderEntries::Entry& entry) {
+  if (entry.kind == EntryKind::kFile) {
+    findings_.files = true;
+    return Takes(entry.name);
+  }
+  if (entry.name.starts_with('.')) return false;
+  if (!subfolders_) findings_.subfolders_passed_over = true;
+  return subfolders_;
 }
 
 void Scan::NoteUnreadable(bool is_root) {
@@ -85,10 +103,8 @@ void Scan::NoteUnreadable(bool is_root) {
   }
 }
 
-void Scan::LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
-                  std::string_view folder) {
-  findings_.files = true;
-  if (!Takes(name)) return;
+void Scan::AddFile(std::string_view name, std::string_view pParentName,
+                   std::string_view sParentPath, std::string_view folder) {
   path_.assign(folder).append(name);
   const std::optional<FileFacts> facts = files_.Look(path_);
   if (!facts) return;  // gone since the folder was read

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/pass.h"
 #include "filelist/empty_list.h"
@@ -20,9 +22,10 @@ class Scan {
   Scan(Pass& pass, const SourceOptions& options, FileTypes& types);
 
   /// Adds the files of one folder and, depth first, of its subfolders: `sParentPath` with its
-  /// closing separator, `pParentName` its last name. Counts in `gFileCount` and writes
-  /// `paneTotal`. A folder that can't be read gives no rows and no message. Ends at once when
-  /// the user cancels.
+  /// closing separator, `pParentName` its last name. What a folder holds is taken in natural order,
+  /// files and folders alike, whatever order the file system delivers. Counts in `gFileCount` and
+  /// writes `paneTotal`. A folder that can't be read gives no rows and no message. Ends at once
+  /// when the user cancels.
   ///
   /// Without its closing separator, the text is searched as the beginning of names in the folder
   /// before its last separator.
@@ -34,8 +37,13 @@ class Scan {
  private:
   void FillFrom(std::string_view pParentName, std::string_view sParentPath, bool is_root);
   void NoteUnreadable(bool is_root);
-  void LookAt(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
-              std::string_view folder);
+  /// Leaves only the entries to be taken; answers their numbers in natural order, none when the
+  /// user cancelled.
+  std::vector<std::uint32_t> Choose(std::vector<FolderEntries::Entry>& entries,
+                                    std::string_view beginning);
+  bool Chooses(const FolderEntries::Entry& entry);
+  void AddFile(std::string_view name, std::string_view pParentName, std::string_view sParentPath,
+               std::string_view folder);
   bool Takes(std::string_view name) const;
 
   const bool subfolders_;

@@ -46,11 +46,6 @@ CaseTable MakeCaseTable(utf8proc_int32_t (*map)(utf8proc_int32_t)) {
 const CaseTable kLower = MakeCaseTable(utf8proc_tolower);
 const CaseTable kUpper = MakeCaseTable(utf8proc_toupper);
 
-char32_t LowerOf(char32_t point) {
-  if (point < kTableEnd) return kLower[point];
-  return point < utf8::kBadByte ? Mapped(point, utf8proc_tolower) : point;
-}
-
 char32_t UpperOf(char32_t point) {
   if (point < kTableEnd) return kUpper[point];
   return point < utf8::kBadByte ? Mapped(point, utf8proc_toupper) : point;
@@ -152,6 +147,11 @@ void SortMarks(std::u32string& points) {
 }
 
 }  // namespace
+
+char32_t LowerOf(char32_t point) {
+  if (point < kTableEnd) return kLower[point];
+  return point < utf8::kBadByte ? Mapped(point, utf8proc_tolower) : point;
+}
 
 bool IsAscii(std::string_view t) {
   const char* at = t.data();

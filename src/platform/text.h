@@ -36,6 +36,9 @@ std::string_view Right(std::string_view t, std::size_t n);
 std::string ToUpper(std::string_view t);
 std::string ToLower(std::string_view t);
 
+/// As above, of one code point as utf8.h reads it; a bad byte stays.
+char32_t LowerOf(char32_t point);
+
 /// As above, appended to `out`, which must not hold `t`.
 void AppendUpper(std::string_view t, std::string& out);
 void AppendLower(std::string_view t, std::string& out);

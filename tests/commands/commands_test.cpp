@@ -181,7 +181,7 @@ TEST_F(CommandsTest, TellWhyTheListIsEmpty) {
   }
   view.source = {"/in/", "", "", false};
   clock.step_ms = 50;
-  Walk("l3");
+  Walk("l6");
   EXPECT_EQ(view.empty, EmptyList::kNotComplete);
   EXPECT_EQ(records.Count(), 1u) << "what was found stays out of sight";
   EXPECT_TRUE(grid.RowCount() == 0 && view.focus_away);

@@ -48,11 +48,11 @@ TEST_F(GridTest, GroupsAndSorts) {
   expect(kColumnSize, false, "n3 n2 N1 n1 ");
   expect(kColumnDate, true, "n3 N1 n2 n1 ");
   expect(kColumnPath, true, "n3 n2 N1 n1 ");
-  expect(kColumnType, true, "N1 n2 n3 n1 ");
+  expect(kColumnType, true, "N1 n2 n1 n3 ");
   grid.SetGroupsOrder(GroupBy::kPath);
   expect(-1, true, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 ");
   expect(kColumnSize, true, "[/A/ 1] n3 [/b/ 3] N1 n1 n2 ");
-  expect(kColumnSourceName, false, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 ");
+  expect(kColumnSourceName, false, "[/A/ 1] n3 [/b/ 3] n2 n1 N1 ");
   grid.SetGroupsOrder(GroupBy::kType);
   expect(-1, true, "[Image 1] N1 [Text 2] n2 n1 [text 1] n3 ");
 }
@@ -72,7 +72,7 @@ TEST_F(GridTest, TakesAnotherOrderOfTextsForHeadingsAndNames) {
   GroupedRows rows;
   const auto name_of = [&](std::size_t i) { return std::string_view(records[i].sourceFileName); };
   const auto path_of = [&](std::size_t i) { return std::string_view(records.Path(records[i])); };
-  const auto b_first = [](std::string_view t) { return t == "/b/" ? "" : std::string(t); };
+  const auto b_first = [](std::string_view t, std::string& key) { key += t == "/b/" ? "" : t; };
   rows.Populate(4, {TextOf(name_of), true, ShareTexts(4, path_of), b_first});
   EXPECT_EQ(Shown(rows), "[/b/ 3] N1 n1 n2 [/A/ 1] n3 ");
 }

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "platform/file_handle.h"
 #include "support/fake_services.h"
+#include "support/temp_folder.h"
 
 namespace {
 
@@ -10,8 +14,8 @@ class ScanTest : public testing::Test, protected FakeServices {
  protected:
   ScanTest() {
     files.folders = {"/in", "/in/sub", "/in/sub/deep", "/in/.svn", "/inner"};
-    for (const char* name :
-         {"a.txt", "README", ".profile", "b.JPG", "sub/c.txt", "sub/deep/d.xyz", ".svn/e.txt"}) {
+    for (const char* name : {"a.txt", "README", ".profile", "b.JPG", "sub/c10.txt", "sub/C9.txt",
+                             "sub/deep/d.xyz", ".svn/e.txt"}) {
       files.contents[std::string("/in/") + name] = "12345";
     }
   }
@@ -38,9 +42,10 @@ class ScanTest : public testing::Test, protected FakeServices {
 
 TEST_F(ScanTest, TakesFilesByMaskAndFolderAndFillsTheirRows) {
   const std::pair<SourceOptions, const char*> table[] = {
-      {{"/in/", "", "", false}, "in:.profile in:README in:a.txt in:b.JPG "},
-      {{"/in/", "  ", " ", true}, "deep:d.xyz sub:c.txt in:.profile in:README in:a.txt in:b.JPG "},
-      {{"/in/", "*.txt *.jpg", "", true}, "sub:c.txt in:a.txt in:b.JPG "},
+      {{"/in/", "", "", false}, "in:.profile in:a.txt in:b.JPG in:README "},
+      {{"/in/", "  ", " ", true},
+       "in:.profile in:a.txt in:b.JPG in:README sub:C9.txt sub:c10.txt deep:d.xyz "},
+      {{"/in/", "*.txt *.jpg", "", true}, "in:a.txt in:b.JPG sub:C9.txt sub:c10.txt "},
       {{"/in/", "*.txt *.jpg", "B*", false}, "in:a.txt "},
       {{"/in/", "nothing", "", true}, ""}};
   for (const auto& [source, scanned] : table) EXPECT_EQ(Scanned(source), scanned);
@@ -74,4 +79,31 @@ TEST_F(ScanTest, LetsEventsRunByTimeAndEndsAtOnceWhenTheUserCancels) {
   Scanned(all);
   EXPECT_LT(records.Count(), 300u);
   EXPECT_EQ(events.count, 3);
+}
+
+TEST_F(ScanTest, GoesOnWhateverStandsInTheTree) {
+  const TempFolder tree;
+  tree.MakeFolder("gone");
+  tree.MakeFolder("b");
+  tree.Write("b/in b", "");
+  tree.MakeLink("b/loop", tree.path());
+  ASSERT_EQ(::mkfifo((tree / "pipe").c_str(), 0600), 0);
+  FileHandle level(::open(tree.path().c_str(), O_PATH));
+  const std::string name(200, 'd');
+  for (int i = 0; i < 40; ++i) {  // the path is longer than the system takes in one call
+    ASSERT_EQ(::mkdirat(level.get(), name.c_str(), 0755), 0);
+    level = FileHandle(::openat(level.get(), name.c_str(), O_PATH));
+  }
+  ASSERT_TRUE(FileHandle(::openat(level.get(), "deepest", O_CREAT | O_WRONLY, 0600)));
+
+  const std::unique_ptr<FileSystem> disk = MakePosixFileSystem();
+  const Services real = With(*disk, clock, locale);
+  events.on_events = [&] { ::rmdir((tree / "gone").c_str()); };
+  Pass pass(records, state, real, 0);
+  mScanCD::Scan scan(pass, {tree / "", "", "", true}, types);
+  scan.ShowDir3_FillPreview("tree", tree / "");
+  std::string names;
+  for (std::size_t i = 0; i < records.Count(); ++i) names += records[i].sourceFileName + " ";
+  EXPECT_EQ(names, "in b loop deepest pipe ");
+  EXPECT_TRUE(scan.Findings().subfolder_unreadable);
 }

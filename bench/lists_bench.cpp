@@ -1,0 +1,173 @@
+// What a list of a million files costs: the scan beside `find -printf` in the same run, and in
+// milliseconds of the processor what has no bare counterpart: grouping, each sort, a step of
+// scrolling; and the peak of memory at the end.
+//
+//   quorvane_bench_lists [folder]   works in a new folder there, or in TMPDIR
+
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "core/pass.h"
+#include "filelist/grid.h"
+#include "filelist/grouped_rows_model.h"
+#include "filelist/list_view.h"
+#include "filelist/scan.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "ratio.h"
+#include "support/fake_services.h"
+#include "workspace.h"
+
+namespace {
+
+using bench::Require;
+
+constexpr int kFilesAFolder = 1000;
+constexpr int kScannedFolders = 100;
+constexpr int kListedFolders = 1000;
+constexpr int kRounds = 5;
+constexpr int kSteps = 200;
+
+std::string Name(int i) {
+  char buffer[24];
+  std::snprintf(buffer, sizeof buffer, "IMG_%05d.JPG", i);
+  return buffer;
+}
+
+void MeasureScan(const std::string& root) {
+  const std::string tree = root + "/tree/";
+  for (int f = 0; f < kScannedFolders; ++f) {
+    const std::string folder = tree + "folder" + std::to_string(f) + "/";
+    std::filesystem::create_directories(folder);
+    for (int i = 0; i < kFilesAFolder; ++i) Require(!!std::ofstream(folder + Name(i)), folder);
+  }
+  const std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  const std::unique_ptr<Clock> clock = MakeSystemClock();
+  FakeServices fakes;
+  const Services services = fakes.With(*files, *clock, fakes.locale);
+  const auto ours = [&](const char* mask, std::size_t expected) {
+    Records records;
+    RunState state;
+    FileTypes types(fakes.type_names);
+    Pass pass(records, state, services, 0);
+    mScanCD::Scan(pass, {tree, mask, "", true}, types).ShowDir3_FillPreview("tree", tree);
+    Require(records.Count() == expected, "the scan");
+  };
+  const std::string command = "find '" + tree + "' -type f -printf '%s %T@ %p\\n' > /dev/null";
+  const auto find = [&] { Require(std::system(command.c_str()) == 0, "find"); };
+  if (std::system("find --version > /dev/null 2>&1") != 0) return;
+  constexpr long kFiles = long{kScannedFolders} * kFilesAFolder;
+  bench::Ratio all("scan / find -printf", 1.0, kFiles);
+  bench::Ratio few("scan, 99 of 100 rejected / find", 0.5, kFiles);
+  ours("", static_cast<std::size_t>(kFiles));
+  for (int round = 0; round < kRounds; ++round) {
+    all.Round([&] { ours("", static_cast<std::size_t>(kFiles)); }, find);
+    few.Round([&] { ours("*77.JPG", static_cast<std::size_t>(kFiles) / 100); }, find);
+  }
+  all.Print();
+  few.Print();
+}
+
+/// New names are in no order at all, sizes and dates nearly so.
+void Fill(Records& records) {
+  std::uint32_t any = 1;
+  for (int f = 0; f < kListedFolders; ++f) {
+    const std::string name = "Day " + std::to_string(f);
+    for (int i = 0; i < kFilesAFolder; ++i) {
+      any = any * 1664525 + 1013904223;  // Numerical Recipes, "quick and dirty" generators
+      records.AddRecord(name, "/home/user/Pictures/" + name + "/", Name(i),
+                        FileDate(2024, 1 + f % 12, 1 + i % 28, 1, 2, 3), any >> 12,
+                        i % 9 == 0 ? "Text" : "JPEG image");
+      records[records.Count() - 1].newFileName = "Lisbon " + std::to_string(any) + ".jpg";
+    }
+  }
+}
+
+/// Of the processor, so that what else the machine does isn't counted.
+template <class Work>
+double Milliseconds(Work&& work) {
+  const std::clock_t begin = std::clock();
+  work();
+  return 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+}
+
+template <class Work>
+void Print(const char* what, double aim_ms, Work&& work) {
+  const double ms = Milliseconds(work);
+  std::printf("%-34s %9.2f ms  aim %7.1f  %s\n", what, ms, aim_ms, ms <= aim_ms ? "met" : "MISSED");
+  std::fflush(stdout);
+}
+
+void MeasureSorts(Grid& grid) {
+  constexpr double kAim = 1000;
+  const auto populate = [&](int column, bool ascending) {
+    grid.SetSortOrder(column, ascending);
+    grid.Populate();
+  };
+  for (const GroupBy groups : {GroupBy::kNone, GroupBy::kType, GroupBy::kPath}) {
+    grid.SetGroupsOrder(groups);
+    const int by = kGroupColumns[static_cast<int>(groups)];
+    const std::string what =
+        by < 0 ? "populate"
+               : "group by " + std::string(grid.List().Columns()[std::size_t(by)].caption);
+    Print(what.c_str(), kAim, [&] { populate(-1, true); });
+  }
+  for (int column = 0; grid.List().CanSort(column) || column <= kColumnNewName; ++column) {
+    if (!grid.List().CanSort(column)) continue;
+    const std::string what =
+        "sort by " + std::string(grid.List().Columns()[std::size_t(column)].caption);
+    Print(what.c_str(), kAim, [&] { populate(column, true); });
+    Print((what + ", downwards").c_str(), kAim, [&] { populate(column, false); });
+  }
+  populate(-1, true);
+}
+
+void MeasureScroll(Grid& grid) {
+  GroupedRowsModel model(grid.List());
+  ListView view(model);
+  constexpr int kShownRows = 40;
+  view.resize(1200, view.verticalHeader()->defaultSectionSize() * kShownRows);
+  view.show();
+  QApplication::processEvents();
+  const int step = std::max(1, view.verticalScrollBar()->maximum() / kSteps);
+  const double ms = Milliseconds([&] {
+    for (int i = 0; i < kSteps; ++i) {
+      view.verticalScrollBar()->setValue(i * step);
+      view.grab();
+    }
+  });
+  std::printf("%-34s %9.2f ms  aim %7.1f\n", "a step of scrolling, 40 rows painted", ms / kSteps,
+              100.0);
+}
+
+void PrintPeak() {
+  struct rusage used = {};
+  ::getrusage(RUSAGE_SELF, &used);
+  std::printf("%-34s %9ld MB\n", "peak of memory", used.ru_maxrss / 1024);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  QApplication application(argc, argv);
+  return bench::RunInNewFolder(argc, argv, [](const std::string& root) {
+    MeasureScan(root);
+    Records records;
+    Fill(records);
+    Grid grid(records);
+    MeasureSorts(grid);
+    MeasureScroll(grid);
+    PrintPeak();
+  });
+}
