@@ -186,6 +186,21 @@ void ListView::SetEmptyText(const QString& title, const QString& note) {
   ShowEmptyText();
 }
 
+void ListView::RepaintChangedRows() {
+  std::vector<std::size_t> looks;
+  const int first = rowAt(0);
+  const int bottom = viewport()->height();
+  for (int row = first; row >= 0 && row < model_.rowCount(); ++row) {
+    const int top = rowViewportPosition(row);
+    if (top >= bottom) break;
+    const std::size_t at = looks.size();
+    looks.push_back(model_.LookOf(row));
+    if (at < looks_.size() && looks_[at] == looks[at]) continue;
+    viewport()->update(0, top, viewport()->width(), rowHeight(row));
+  }
+  looks_ = std::move(looks);
+}
+
 std::vector<int> ListView::SelectedRows() const {
   std::vector<int> rows;
   for (const QItemSelectionRange& range : selectionModel()->selection()) {
@@ -237,8 +252,10 @@ void ListView::ShowEmptyText() {
   // A table tells screen readers of its cells only. What others added to the description stays.
   QString words = accessibleDescription();
   if (words.startsWith(described_)) words.remove(0, described_.size());
-  described_ =
-      shown ? empty_title_->text() + QStringLiteral(". ") + empty_note_->text() : QString();
+  described_ = shown ? empty_title_->text() : QString();
+  if (shown && !empty_note_->text().isEmpty()) {
+    described_ += QStringLiteral(". ") + empty_note_->text();
+  }
   setAccessibleDescription(described_ + words);
 }
 

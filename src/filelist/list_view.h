@@ -22,6 +22,10 @@ class ListView : public QTableView {
   /// What stands in the middle while there are no rows; without a title nothing does.
   void SetEmptyText(const QString& title, const QString& note);
 
+  /// Paints those rows in sight anew that tell something else than at the last call; costs next to
+  /// nothing where none does, so that a pass can call it often.
+  void RepaintChangedRows();
+
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
 
@@ -66,6 +70,7 @@ class ListView : public QTableView {
     bool dragged = false;
   };
   std::vector<SizedColumn> columns_;
+  std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
   bool laying_out_ = false;
   QWidget* empty_ = nullptr;

@@ -60,7 +60,8 @@ class FileListTest : public testing::Test {
   void SortBy(int column) { list.horizontalHeader()->setSortIndicator(column, Qt::AscendingOrder); }
 
   Records records;
-  Grid grid{records};
+  RunState state;
+  Grid grid{records, &state};
   FileListPanel panel{grid};
   ListView& list = *panel.ReportControl1;
   QAbstractItemModel& model = *list.model();
@@ -96,12 +97,42 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
     EXPECT_EQ(Text(1, kColumnMark, kReasonRole), problem == 0 ? "" : taken);
   };
   expect(Mark::kWaiting, 0, "waiting, IMG_ removed");
+  state.gPreviewStale = true;
+  expect(Mark::kWaiting, 0, "waiting, new name out of date");
+  file.RowTag = 1;
+  expect(Mark::kDone, 0, "done, IMG_ removed");
   file.newFileName = "";
   expect(Mark::kDone, EEXIST, "not undone: " + taken);
   file.newFileName = "IMG_3.JPG";
   file.checked = false;
   expect(Mark::kFailed, 0, "failed, not checked, name unchanged");
   expect(Mark::kFailed, EEXIST, "failed: " + taken + " not checked, name unchanged");
+}
+
+TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
+  struct : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+      return false;
+    }
+    QRegion region;
+  } painted;
+  list.viewport()->installEventFilter(&painted);
+  const auto repainted = [&] {
+    painted.region = {};
+    panel.RepaintRows();
+    QCoreApplication::processEvents();
+    return painted.region.boundingRect();
+  };
+  const auto place = [&](int row) {
+    return QRect(0, list.rowViewportPosition(row), list.viewport()->width(), list.rowHeight(row));
+  };
+  repainted();
+  EXPECT_TRUE(repainted().isEmpty());
+  records[1].mark = Mark::kDone;
+  EXPECT_EQ(repainted(), place(2));
+  state.gPreviewStale = true;
+  EXPECT_EQ(repainted(), place(1)) << "the one with a new name";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
