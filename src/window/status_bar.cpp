@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "look/elided_label.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
@@ -39,6 +40,7 @@ StatusBar::StatusBar(QWidget* parent)
       paneProgress(new QProgressBar),
       rule(new QFrame),
       paneTotal(new QLabel),
+      lbResult(new ElidedLabel("lbResult", Qt::ElideRight, this)),
       bnAbout(LinkButton("bnAbout", tr("About"), WithKeys(tr("About Quorvane"), Keys::kAbout))),
       bnHelp(LinkButton("bnHelp", tr("Help"), WithKeys(tr("Help"), Keys::kHelp))) {
   setObjectName(QStringLiteral("statusBar"));
@@ -59,7 +61,8 @@ StatusBar::StatusBar(QWidget* parent)
   addWidget(paneStatus);
   addWidget(paneProgress);
   addWidget(rule);
-  addWidget(paneTotal, 1);
+  addWidget(paneTotal);
+  addWidget(lbResult, 1);
   addPermanentWidget(bnAbout);
   addPermanentWidget(bnHelp);
   setContentsMargins(8, 1, 4, 0);
@@ -70,6 +73,7 @@ StatusBar::StatusBar(QWidget* parent)
 void StatusBar::ShowPanes(const StatusPanes& panes) {
   Show(paneStatus, panes.paneStatus);
   Show(paneTotal, panes.paneTotal);
+  Show(lbResult, panes.paneResult);
   paneStatus->setVisible(!panes.paneStatus.empty());
   paneProgress->setVisible(panes.progressVisible);
   rule->setVisible(!panes.totalStretched);
