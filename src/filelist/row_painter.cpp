@@ -1,5 +1,6 @@
 #include "filelist/row_painter.h"
 
+#include <QGlyphRun>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -7,6 +8,7 @@
 #include <QTableView>
 #include <QTextLayout>
 #include <QToolTip>
+#include <algorithm>
 #include <vector>
 
 #include "filelist/list_roles.h"
@@ -160,19 +162,16 @@ class NameLine {
   /// Where the characters `from` to `to` stand: one piece for each run of one direction, since text
   /// that runs the other way may part what is one in the name.
   std::vector<QRectF> VisualRuns(int from, int to) const {
+    std::vector<QRectF> places;
+    for (const QGlyphRun& glyphs : line_.glyphRuns(from, to - from)) {
+      const QRectF place = glyphs.boundingRect();
+      places.emplace_back(room_.left() + place.left(), room_.top(), place.width(), room_.height());
+    }
+    std::sort(places.begin(), places.end(),
+              [](const QRectF& a, const QRectF& b) { return a.left() < b.left(); });
     std::vector<QRectF> runs;
-    int next = from;
-    for (int at = from; at < to; at = next) {
-      next = qBound(at + 1, layout_.nextCursorPosition(at), to);
-      int leading = at;
-      int trailing = at;
-      const qreal a = line_.cursorToX(&leading, QTextLine::Leading);
-      const qreal b = line_.cursorToX(&trailing, QTextLine::Trailing);
-      const QRectF place(room_.left() + qMin(a, b), room_.top(), qAbs(b - a), room_.height());
-      const auto touches = [&](const QRectF& run) {
-        return qAbs(run.right() - place.left()) < 1 || qAbs(place.right() - run.left()) < 1;
-      };
-      if (!runs.empty() && touches(runs.back())) {
+    for (const QRectF& place : places) {
+      if (!runs.empty() && place.left() < runs.back().right() + 1) {
         runs.back() |= place;
       } else {
         runs.push_back(place);
@@ -191,9 +190,11 @@ class NameLine {
     }
     painter->setPen(Selected(option_) ? QPen(look.Colour(Role::kFocus), 1) : QPen(Qt::NoPen));
     painter->setBrush(look.Colour(Role::kTint));
-    const qreal half = Selected(option_) ? 0.5 : 0;
-    painter->drawRoundedRect(run.adjusted(half - 1, 3 + half, 1 - half, -4 - half), kTintRadius,
-                             kTintRadius);
+    // The outline keeps off the underscores.
+    const bool outline = Selected(option_);
+    painter->drawRoundedRect(
+        outline ? run.adjusted(-0.5, 1.5, 0.5, -2.5) : run.adjusted(-1, 3, 1, -4), kTintRadius,
+        kTintRadius);
   }
 
   const MarkedName& name_;

@@ -16,6 +16,7 @@ namespace {
 constexpr int kBarHeight = 27;
 constexpr int kProgressWidth = 220;
 constexpr int kProgressHeight = 10;
+constexpr int kResultGap = 10;
 
 QPushButton* LinkButton(const char* name, const QString& caption, const QString& tip) {
   auto* button = new QPushButton(caption);
@@ -56,6 +57,8 @@ StatusBar::StatusBar(QWidget* parent)
   }
   rule->setFrameShape(QFrame::VLine);
   rule->setProperty("rule", true);
+
+  lbResult->setContentsMargins(kResultGap, 0, 0, 0);
 
   setSizeGripEnabled(false);
   addWidget(paneStatus);
