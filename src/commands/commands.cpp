@@ -146,6 +146,7 @@ void Commands::bnLoadFileList_Click() {
     view_.ListRepopulated(EmptyList::kListing);
     list_state_ = EmptyList::kNotComplete;
     state_.gFileCount = 0;
+    state_.panes.paneTotal = kTotalOfNone;  // none of those that stood there is listed now
     RunPass(kScan, 0, [&](Pass& pass) { return FillList(pass, source); });
   });
 }

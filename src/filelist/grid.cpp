@@ -33,6 +33,8 @@ std::string MarkOf(const FileRow& row) {
   return std::string(MarkText(row.mark));
 }
 
+const ColumnWidth kDateWidth{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
+
 /// In the order of `Column`.
 std::vector<ListColumn> FileColumns(const Records& records) {
   const auto of = FieldsOf(records);
@@ -42,7 +44,6 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   const auto by_type = [&] { return Types(records); };
   const auto source = of(&FileRow::sourceFileName);
   const auto target = of(&FileRow::newFileName);
-  const ColumnWidth date_width{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
   return {
       {"Path",
        Cell::kText,
@@ -65,7 +66,7 @@ std::vector<ListColumn> FileColumns(const Records& records) {
        {"chColumnType", &ListOptions::chColumnType, Keys::kColumnType}},
       {"Date",
        Cell::kText,
-       date_width,
+       kDateWidth,
        of(DateText),
        ByNumber(of(DateNumber)),
        {"chColumnDate", &ListOptions::chColumnDate, Keys::kColumnDate}},

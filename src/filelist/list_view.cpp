@@ -32,8 +32,21 @@ constexpr int kEmptyPicture = 48;
 /// More selected rows than this are not carried through a sort: Qt keeps an index for each cell.
 constexpr std::size_t kMostCarriedRows = 5000;
 
+/// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
+class PictureLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
+  }
+};
+
+template <class Label>
 QLabel* NewLabel(QWidget* parent, const char* name) {
-  auto* label = new QLabel(parent);
+  auto* label = new Label(parent);
   label->setObjectName(QString::fromLatin1(name));
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
@@ -94,6 +107,9 @@ void ListView::SetUpHeader() {
 
 void ListView::ConnectRows() {
   connect(&model_, &QAbstractItemModel::modelReset, this, &ListView::ShowEmptyText);
+  const auto look_anew = [this] { looks_.clear(); };
+  connect(&model_, &QAbstractItemModel::modelReset, this, look_anew);
+  connect(&model_, &QAbstractItemModel::dataChanged, this, look_anew);
   // The view itself repaints no more than the two cells.
   connect(selectionModel(), &QItemSelectionModel::currentRowChanged, viewport(),
           qOverload<>(&QWidget::update));
@@ -113,10 +129,10 @@ void ListView::ConnectRows() {
 void ListView::MakeEmptyText() {
   empty_ = new QWidget(viewport());
   empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  empty_picture_ = NewLabel(empty_, "lbEmptyPicture");
-  empty_title_ = NewLabel(empty_, "lbEmptyTitle");
+  empty_picture_ = NewLabel<PictureLabel>(empty_, "lbEmptyPicture");
+  empty_title_ = NewLabel<QLabel>(empty_, "lbEmptyTitle");
   empty_title_->setProperty("strong", true);
-  empty_note_ = NewLabel(empty_, "lbEmptyNote");
+  empty_note_ = NewLabel<QLabel>(empty_, "lbEmptyNote");
   empty_note_->setProperty("muted", true);
   auto* layout = new QVBoxLayout(empty_);
   layout->addStretch(2);

@@ -22,8 +22,9 @@ class ListView : public QTableView {
   /// What stands in the middle while there are no rows; without a title nothing does.
   void SetEmptyText(const QString& title, const QString& note);
 
-  /// Paints those rows in sight anew that tell something else than at the last call; costs next to
-  /// nothing where none does, so that a pass can call it often.
+  /// Paints those rows in sight anew that tell something else than at the last call, or all after
+  /// the model told of a change; costs next to nothing where none does, so that a pass can call it
+  /// often.
   void RepaintChangedRows();
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.

@@ -14,6 +14,7 @@
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
 #include "filelist/row_menu.h"
+#include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
 
@@ -133,6 +134,11 @@ TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
   EXPECT_EQ(repainted(), place(2));
   state.gPreviewStale = true;
   EXPECT_EQ(repainted(), place(1)) << "the one with a new name";
+  state.gPreviewStale = false;
+  panel.RowsChanged();
+  QCoreApplication::processEvents();
+  state.gPreviewStale = true;
+  EXPECT_TRUE(repainted().contains(place(1))) << "it was fresh in between";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
@@ -175,6 +181,21 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   for (int i = 0; i < 2; ++i) panel.bnWideFileList->click();
   EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9)) << "a caption drops it";
   EXPECT_THAT(told, ElementsAre(0, 2, -1, 1, 0));
+}
+
+TEST_F(FileListTest, MarksOfWhatRunsBothWaysStandOnTheirCharactersOnly) {
+  records[0].sourceFileName = "aד";
+  records[0].newFileName = "abגד";  // "bג" is new and is seen as "b", then "ד", then "ג"
+  const QRect cell = list.visualRect(model.index(1, kColumnNewName));
+  const QImage picture = list.viewport()->grab(cell).toImage();
+  int tinted = 0;
+  for (int x = 1; x < picture.width(); ++x) {
+    const auto is_tint = [&](int at) {
+      return picture.pixelColor(at, 5) == Look::Current().Colour(Role::kTint);
+    };
+    tinted += is_tint(x) && !is_tint(x - 1);
+  }
+  EXPECT_EQ(tinted, 2);
 }
 
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
