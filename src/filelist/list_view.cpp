@@ -32,21 +32,8 @@ constexpr int kEmptyPicture = 48;
 /// More selected rows than this are not carried through a sort: Qt keeps an index for each cell.
 constexpr std::size_t kMostCarriedRows = 5000;
 
-/// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
-class PictureLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
-  }
-};
-
-template <class Label>
 QLabel* NewLabel(QWidget* parent, const char* name) {
-  auto* label = new Label(parent);
+  auto* label = new QLabel(parent);
   label->setObjectName(QString::fromLatin1(name));
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
@@ -61,6 +48,18 @@ int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
   }
   return widest;
 }
+
+/// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
+class PictureLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
+  }
+};
 
 }  // namespace
 
@@ -129,10 +128,11 @@ void ListView::ConnectRows() {
 void ListView::MakeEmptyText() {
   empty_ = new QWidget(viewport());
   empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  empty_picture_ = NewLabel<PictureLabel>(empty_, "lbEmptyPicture");
-  empty_title_ = NewLabel<QLabel>(empty_, "lbEmptyTitle");
+  empty_picture_ = new PictureLabel(empty_);
+  empty_picture_->setObjectName(QStringLiteral("lbEmptyPicture"));
+  empty_title_ = NewLabel(empty_, "lbEmptyTitle");
   empty_title_->setProperty("strong", true);
-  empty_note_ = NewLabel<QLabel>(empty_, "lbEmptyNote");
+  empty_note_ = NewLabel(empty_, "lbEmptyNote");
   empty_note_->setProperty("muted", true);
   auto* layout = new QVBoxLayout(empty_);
   layout->addStretch(2);
@@ -196,12 +196,6 @@ void ListView::ShowColumn(int column, bool show) {
   LayOutColumns();
 }
 
-void ListView::SetEmptyText(const QString& title, const QString& note) {
-  empty_title_->setText(title);
-  empty_note_->setText(note);
-  ShowEmptyText();
-}
-
 void ListView::RepaintChangedRows() {
   std::vector<std::size_t> looks;
   const int first = rowAt(0);
@@ -215,6 +209,12 @@ void ListView::RepaintChangedRows() {
     viewport()->update(0, top, viewport()->width(), rowHeight(row));
   }
   looks_ = std::move(looks);
+}
+
+void ListView::SetEmptyText(const QString& title, const QString& note) {
+  empty_title_->setText(title);
+  empty_note_->setText(note);
+  ShowEmptyText();
 }
 
 std::vector<int> ListView::SelectedRows() const {
