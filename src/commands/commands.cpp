@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "commands/result_line.h"
 #include "common/language.h"
 #include "common/path_text.h"
 #include "core/pass.h"
@@ -13,6 +14,7 @@
 #include "rename/run.h"
 #include "rename/undo.h"
 #include "settings/reg_settings.h"
+#include "settings/output_modes.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -30,7 +32,7 @@ Commands::Commands(Session& session, const Services& services, CommandView& view
     : session_(session),
       state_(session.state),
       view_(view),
-      events_(services.events, view),
+      events_(services.events, *this),
       services_(WithEvents(services, events_)),
       types_(services.type_names) {}
 
@@ -71,7 +73,8 @@ const Commands::PassKind Commands::kUndo{.running = ModeRunning,
                                          .done = ModeUndoFinished,
                                          .cancelled = ModeUndoCancelled,
                                          .show = &Commands::ShowRows,
-                                         .status = kRenaming};
+                                         .status = kRenaming,
+                                         .done_word = kUndone};
 
 bool Commands::RunPass(const PassKind& kind, std::size_t count,
                        const std::function<bool(Pass&)>& work) {
@@ -83,11 +86,12 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
   const auto leave_usable = [&] {
     EnableDisable(kind.cancelled);  // first, for nothing after it matters as much
     let_go();
-    view_.ShowPanes();
+    ShowResult(kind);
   };
   bool done = false;
   ErrTrace::OnFailure("Commands.OnFailure", leave_usable, [&] {
     EnableDisable(kind.running);
+    state_.counts = {};
     if (!kind.status.empty()) ShowProgress(kind.status, count);
     state_.gCancelRequested = false;
     Pass pass(session_.records, state_, services_, count);
@@ -97,6 +101,7 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
       services_.prompts.Tell(kind.told_when_cancelled, PromptIcon::kExclamation);
     }
     EnableDisable(done ? kind.done : kind.cancelled);
+    ShowResult(kind);
   });
   return done;
 }
@@ -106,6 +111,20 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
   state_.panes.progressVisible = true;
   state_.panes.totalStretched = false;
   state_.panes.progressMax = static_cast<std::int64_t>(max);
+  state_.counts.all = static_cast<std::int64_t>(session_.records.Count());
+}
+
+void Commands::ShowPass() {
+  state_.panes.paneResult = ProgressLine(state_.counts, services_.locale);
+  view_.ShowPanes();
+  view_.RepaintRows();
+}
+
+void Commands::ShowResult(const PassKind& kind) {
+  const bool any = !kind.done_word.empty();
+  state_.panes.paneResult =
+      any ? ResultLine(kind.done_word, state_.counts, session_.reports, services_.locale) : "";
+  view_.ShowPanes();
 }
 
 void Commands::ShowList() {
@@ -131,6 +150,7 @@ void Commands::bnLoadFileList_Click() {
     view_.ListRepopulated(EmptyList::kListing);
     list_state_ = EmptyList::kNotComplete;
     state_.gFileCount = 0;
+    state_.panes.paneTotal = kTotalOfNone;  // none of those that stood there is listed now
     RunPass(kScan, 0, [&](Pass& pass) { return FillList(pass, source); });
   });
 }
@@ -195,7 +215,9 @@ void Commands::bnRename_Click() {
 bool Commands::fRename(const RunOutput& output) {
   return ErrTrace::inner("Form1.fRename", [&] {
     RunReports& reports = session_.reports;
-    const bool done = RunPass(kRename, session_.records.Count(), [&](Pass& pass) {
+    PassKind kind = kRename;
+    kind.done_word = DoneWord(output.chosen.cmbDestination);
+    const bool done = RunPass(kind, session_.records.Count(), [&](Pass& pass) {
       reports.DeleteAll();
       return RenameRun(pass, output, reports).RunRename();
     });

@@ -19,7 +19,7 @@
 struct Session {
   RunState state;
   Records records;
-  Grid grid{records};
+  Grid grid{records, &state};
   Constructor constructor;
   RunReports reports;
 };
@@ -51,18 +51,18 @@ class Commands {
   bool Busy() const;
 
  private:
-  /// The events of a pass: the panes are shown as they stand each time events run.
+  /// The events of a pass: how far it is can be seen each time events run.
   class ShowingPump : public EventPump {
    public:
-    ShowingPump(EventPump& events, CommandView& view) : events_(events), view_(view) {}
+    ShowingPump(EventPump& events, Commands& commands) : events_(events), commands_(commands) {}
     void LetEventsRun() override {
-      view_.ShowPanes();
+      commands_.ShowPass();
       events_.LetEventsRun();
     }
 
    private:
     EventPump& events_;
-    CommandView& view_;
+    Commands& commands_;
   };
 
   /// What differs between the passes.
@@ -73,6 +73,7 @@ class Commands {
     void (Commands::*show)();      ///< shows what the pass left behind, however it ended
     std::string_view status = {};  ///< of the progress pane; empty: nothing is counted
     std::string_view told_when_cancelled = {};  ///< before the mode changes; empty: nothing is told
+    std::string_view done_word = {};  ///< for the result line; empty: there is none afterwards
   };
   static const PassKind kScan, kPreview, kRename, kUndo;
 
@@ -80,6 +81,9 @@ class Commands {
   /// does.
   bool RunPass(const PassKind& kind, std::size_t count, const std::function<bool(Pass&)>& work);
   void ShowProgress(std::string_view status, std::size_t max);
+  /// The pass as it stands, and what it came to in the end.
+  void ShowPass();
+  void ShowResult(const PassKind& kind);
   /// What follows a scan, and what any other pass.
   void ShowList();
   void ShowRows();

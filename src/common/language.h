@@ -128,6 +128,7 @@ inline constexpr std::string_view kMaskEmpty = "The mask field is empty.";
 inline constexpr std::string_view kNoneListed = "No files listed";
 inline constexpr std::string_view kChooseAndList =
     "Choose a source folder, then press “Prepare file list”.";
+inline constexpr std::string_view kListing = "Listing…";
 inline constexpr std::string_view kNotComplete = "List not complete";
 inline constexpr std::string_view kListAgain = "Press “Prepare file list” to start again.";
 inline constexpr std::string_view kNoneFound = "No files found";
@@ -156,6 +157,10 @@ inline constexpr std::string_view kRunNotCompleted =
     "Process is not completed.\nSome of the files have been renamed.";
 inline constexpr std::string_view kUndoFailedFor = "Undo failed for ";
 inline constexpr const char* kFiles = " file(s)";
+inline constexpr std::string_view kOf = " of ";
+inline constexpr std::string_view kUndone = "undone";
+inline constexpr std::string_view kFailed = "failed";
+inline constexpr std::string_view kNumbered = "numbered";
 inline constexpr std::string_view kUndoNotCompleted =
     "Process is not completed.\nSome of the files are still renamed.";
 

@@ -49,6 +49,7 @@ void BeIdle(StatusPanes& panes) {
   panes.paneStatus.clear();
   panes.progressVisible = false;
   panes.totalStretched = true;
+  panes.paneResult.clear();
 }
 
 void ApplyPanes(PaneStep step, std::size_t record_count, RunState& state) {
@@ -93,6 +94,8 @@ void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView
 }
 
 void MarkStale(RunState& state, ModeView& view) {
-  state.gPreviewStale = true;
   view.EnableButton(CommandButton::bnRename, false);
+  if (state.gPreviewStale) return;
+  state.gPreviewStale = true;
+  view.RepaintRows();
 }

@@ -42,6 +42,8 @@ class ModeView {
   virtual void EnableButton(CommandButton button, bool enable) = 0;
   /// `RunState::panes` has changed and is to be shown.
   virtual void ShowPanes() = 0;
+  /// What rows tell may have changed; those in sight are to be painted as they are now.
+  virtual void RepaintRows() = 0;
 };
 
 /// Applies the row of `mode`; any number outside the table does nothing. `record_count` is the

@@ -7,7 +7,7 @@
 #include "common/language.h"
 #include "settings/options.h"
 
-/// What the three panes of the status bar show. The passes write it; the window shows it whenever
+/// What the panes of the status bar show. The passes write it; the window shows it whenever
 /// events run.
 struct StatusPanes {
   std::string paneStatus;        ///< "", "Preview " or "Renaming "
@@ -16,6 +16,14 @@ struct StatusPanes {
   std::int64_t progressValue = 0;
   std::string paneTotal{mLanguageGobals::kTotalOfNone};
   bool totalStretched = true;  ///< takes the rest of the bar; not so while busy
+  std::string paneResult;      ///< how far a pass is, then what it did
+};
+
+/// The files that a pass has come by, of those of the list, and those whose operation it has done.
+struct FileCounts {
+  std::int64_t passed = 0;
+  std::int64_t all = 0;
+  std::int64_t done = 0;
 };
 
 /// The state that the commands share, for the whole life of the program.
@@ -25,6 +33,7 @@ struct RunState {
   std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
   std::string gCheckMask = "*.*";         ///< by which check boxes were set last
+  FileCounts counts;                      ///< of the running pass, or the last one
   NumberingOptions numbering;
   StatusPanes panes;
 };

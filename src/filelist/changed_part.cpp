@@ -125,41 +125,116 @@ class Comparison {
   std::vector<Change> changes_;
 };
 
-std::string_view TextOf(const Words& words, std::size_t from, std::size_t to) {
-  if (from == to) return {};
-  const char* const begin = words[from].data();
-  const char* const end = words[to - 1].data() + words[to - 1].size();
-  return {begin, static_cast<std::size_t>(end - begin)};
+/// One change in bytes: a part of the old name became one of the new. One of both may be empty.
+struct Replaced {
+  TextRange gone;
+  TextRange come;
+};
+
+bool Empty(const TextRange& range) {
+  return range.begin == range.end;
 }
 
-void AddRange(std::string_view name, std::string_view part, std::vector<TextRange>& ranges) {
-  if (part.empty()) return;
-  const auto begin = static_cast<std::size_t>(part.data() - name.data());
-  ranges.push_back({begin, begin + part.size()});
+std::string_view PartOf(std::string_view name, const TextRange& range) {
+  return name.substr(range.begin, range.end - range.begin);
+}
+
+/// The bytes of the words `from` to `to`, which may be none.
+TextRange RangeOf(std::string_view name, const Words& words, std::size_t from, std::size_t to) {
+  if (from == to) return {};
+  const auto end_of = [](std::string_view word) { return word.data() + word.size(); };
+  return {static_cast<std::size_t>(words[from].data() - name.data()),
+          static_cast<std::size_t>(end_of(words[to - 1]) - name.data())};
+}
+
+/// Leaves out the characters with which both parts begin and end.
+void LeaveOutCommonEnds(std::string_view old_name, std::string_view new_name, Replaced& part) {
+  const auto characters = [](std::string_view t) {
+    std::vector<std::size_t> sizes;
+    for (std::size_t at = 0; at < t.size(); at += sizes.back()) {
+      sizes.push_back(text::NextCharacter(t, at) - at);
+    }
+    return sizes;
+  };
+  const auto equal = [&](std::size_t old_at, std::size_t new_at, std::size_t size) {
+    return old_name.substr(old_at, size) == new_name.substr(new_at, size);
+  };
+  const std::vector<std::size_t> gone = characters(PartOf(old_name, part.gone));
+  const std::vector<std::size_t> come = characters(PartOf(new_name, part.come));
+  std::size_t left = std::min(gone.size(), come.size());
+  std::size_t i = 0;
+  for (; left > 0 && gone[i] == come[i]; ++i, --left) {
+    if (!equal(part.gone.begin, part.come.begin, gone[i])) break;
+    part.gone.begin += gone[i];
+    part.come.begin += gone[i];
+  }
+  for (i = 1; left > 0 && gone[gone.size() - i] == come[come.size() - i]; ++i, --left) {
+    const std::size_t size = gone[gone.size() - i];
+    if (!equal(part.gone.end - size, part.come.end - size, size)) break;
+    part.gone.end -= size;
+    part.come.end -= size;
+  }
+}
+
+std::vector<Replaced> FindReplaced(std::string_view old_name, std::string_view new_name) {
+  const Words old_words = WordsOf(old_name);
+  const Words new_words = WordsOf(new_name);
+  std::vector<Replaced> parts;
+  const Comparison comparison(old_words, new_words);
+  for (const Change& change : comparison.Changes()) {
+    parts.push_back({RangeOf(old_name, old_words, change.old_from, change.old_to),
+                     RangeOf(new_name, new_words, change.new_from, change.new_to)});
+    LeaveOutCommonEnds(old_name, new_name, parts.back());
+  }
+  return parts;
+}
+
+/// Two marks that would leave one separator alone between them, which is harder to read than one
+/// mark over all three.
+bool Joins(std::string_view name, const TextRange& a, const TextRange& b) {
+  if (Empty(a) || Empty(b)) return false;
+  const std::string_view between = PartOf(name, {a.end, b.begin});
+  return text::NextCharacter(between, 0) == between.size() && KindOf(between) == WordKind::kAlone;
+}
+
+void AddMark(std::string_view name, const TextRange& part, std::vector<TextRange>& marks) {
+  if (Empty(part)) return;
+  if (!marks.empty() && Joins(name, marks.back(), part)) {
+    marks.back().end = part.end;
+  } else {
+    marks.push_back(part);
+  }
+}
+
+/// Both ranges and what lies between them; an empty one counts for nothing.
+TextRange Hull(const TextRange& a, const TextRange& b) {
+  if (Empty(a) || Empty(b)) return Empty(a) ? b : a;
+  return {a.begin, b.end};
 }
 
 }  // namespace
 
 ChangedPart FindChangedPart(std::string_view old_name, std::string_view new_name) {
-  const Words old_words = WordsOf(old_name);
-  const Words new_words = WordsOf(new_name);
   ChangedPart changed;
-  const Comparison comparison(old_words, new_words);
-  for (const Change& change : comparison.Changes()) {
-    AddRange(old_name, TextOf(old_words, change.old_from, change.old_to), changed.gone);
-    AddRange(new_name, TextOf(new_words, change.new_from, change.new_to), changed.come);
+  for (const Replaced& part : FindReplaced(old_name, new_name)) {
+    AddMark(old_name, part.gone, changed.gone);
+    AddMark(new_name, part.come, changed.come);
   }
   return changed;
 }
 
 std::string DescribeChange(std::string_view old_name, std::string_view new_name) {
-  const Words old_words = WordsOf(old_name);
-  const Words new_words = WordsOf(new_name);
-  const Comparison comparison(old_words, new_words);
-  if (comparison.Changes().empty()) return {};
-  const Change& first = comparison.Changes().front();
-  const std::string gone(TextOf(old_words, first.old_from, first.old_to));
-  const std::string come(TextOf(new_words, first.new_from, first.new_to));
+  const std::vector<Replaced> parts = FindReplaced(old_name, new_name);
+  if (parts.empty()) return {};
+  Replaced first = parts.front();
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    const bool joined = Joins(old_name, parts[i - 1].gone, parts[i].gone) ||
+                        Joins(new_name, parts[i - 1].come, parts[i].come);
+    if (!joined) break;
+    first = {Hull(first.gone, parts[i].gone), Hull(first.come, parts[i].come)};
+  }
+  const std::string gone(PartOf(old_name, first.gone));
+  const std::string come(PartOf(new_name, first.come));
   if (come.empty()) return gone + " removed";
   if (gone.empty()) return come + " added";
   return gone + " becomes " + come;

@@ -37,7 +37,7 @@ EmptyListTexts TextsOf(EmptyList reason) {
     case EmptyList::kNotListed:
       return {kNoneListed, kChooseAndList};
     case EmptyList::kListing:
-      break;
+      return {kListing, {}};
     case EmptyList::kNotComplete:
       return {kNotComplete, kListAgain};
     case EmptyList::kFolderMissing:

@@ -6,7 +6,7 @@
 /// Why the list shows no file.
 enum class EmptyList : std::uint8_t {
   kNotListed,    ///< none was looked for yet
-  kListing,      ///< it is being filled: it shows nothing
+  kListing,      ///< it is being filled
   kNotComplete,  ///< cancelled, or ended by a failure
   kFolderMissing,
   kFolderUnreadable,

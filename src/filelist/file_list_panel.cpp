@@ -183,6 +183,10 @@ void FileListPanel::RowsChanged() {
   model_->RowsChanged();
 }
 
+void FileListPanel::RepaintRows() {
+  ReportControl1->RepaintChangedRows();
+}
+
 void FileListPanel::EnableElements(bool enable) {
   for (QCheckBox* box : column_boxes_) {
     if (box != nullptr) box->setEnabled(enable);

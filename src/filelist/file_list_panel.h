@@ -31,6 +31,8 @@ class FileListPanel : public QWidget {
   void Populate();
   /// Names, marks or check boxes of rows were written; their number and order stand.
   void RowsChanged();
+  /// The same while a pass works or the new names go out of date: only rows in sight are looked at.
+  void RepaintRows();
   /// What the list tells while it has no rows.
   void SetEmptyText(EmptyList reason);
 

@@ -33,6 +33,8 @@ std::string MarkOf(const FileRow& row) {
   return std::string(MarkText(row.mark));
 }
 
+const ColumnWidth kDateWidth{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
+
 /// In the order of `Column`.
 std::vector<ListColumn> FileColumns(const Records& records) {
   const auto of = FieldsOf(records);
@@ -42,14 +44,14 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   const auto by_type = [&] { return Types(records); };
   const auto source = of(&FileRow::sourceFileName);
   const auto target = of(&FileRow::newFileName);
-  const ColumnWidth date_width{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
   return {
       {"Path",
        Cell::kText,
        {WidthRule::kFree, 300},
        path,
        by_folder,
-       {"chColumnPath", &ListOptions::chColumnPath, Keys::kColumnPath}},
+       {"chColumnPath", &ListOptions::chColumnPath, Keys::kColumnPath},
+       true},
       {"Size",
        Cell::kNumber,
        {WidthRule::kFree, 80},
@@ -64,7 +66,7 @@ std::vector<ListColumn> FileColumns(const Records& records) {
        {"chColumnType", &ListOptions::chColumnType, Keys::kColumnType}},
       {"Date",
        Cell::kText,
-       date_width,
+       kDateWidth,
        of(DateText),
        ByNumber(of(DateNumber)),
        {"chColumnDate", &ListOptions::chColumnDate, Keys::kColumnDate}},
@@ -75,7 +77,7 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   };
 }
 
-RecordFacts FactsOf(const FileRow& row) {
+RecordFacts FactsOf(const FileRow& row, bool stale) {
   static constexpr std::string_view kStates[] = {"waiting", "done", "failed", "waiting"};
   const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
   RecordFacts facts{not_undone ? "not undone" : kStates[static_cast<int>(row.mark)],
@@ -85,17 +87,23 @@ RecordFacts FactsOf(const FileRow& row) {
                     {},
                     row.checked};
   if (!row.newFileName.empty()) facts.new_name = row.newFileName;
+  // The name of a row that is done is a fact, whatever the options are now.
+  facts.out_of_date = stale && facts.new_name && row.RowTag != 1;
   return facts;
 }
 
-RecordSource FileSource(Records& records) {
-  return {FileColumns(records), [&] { return records.Count(); }, FieldsOf(records)(FactsOf),
+RecordSource FileSource(Records& records, const RunState* state) {
+  return {FileColumns(records), [&] { return records.Count(); },
+          [&records, state](std::size_t i) {
+            return FactsOf(records[i], state != nullptr && state->gPreviewStale);
+          },
           [&](std::size_t i) { return PathOfRow(records, records[i]); },
           [&](std::size_t i, bool checked) { records[i].checked = checked; }};
 }
 
 }  // namespace
 
-Grid::Grid(Records& records) : records_(records), list_(FileSource(records)) {
+Grid::Grid(Records& records, const RunState* state)
+    : records_(records), list_(FileSource(records, state)) {
   SetGroupsOrder(GroupBy::kPath);
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "core/records.h"
+#include "core/run_state.h"
 #include "filelist/record_list.h"
 
 /// The columns of the list; the number is the index of the row's item.
@@ -25,7 +26,8 @@ inline constexpr int kGroupColumns[] = {-1, kColumnPath, kColumnType};
 /// The list of files: the records as they are displayed. Grouped by path until told otherwise.
 class Grid {
  public:
-  explicit Grid(Records& records);
+  /// Both outlive the grid. `state` tells when new names are out of date; without it none are.
+  explicit Grid(Records& records, const RunState* state = nullptr);
   Grid(const Grid&) = delete;
   Grid& operator=(const Grid&) = delete;
 

@@ -1,6 +1,7 @@
 #include "filelist/grouped_rows_model.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "common/problem_text.h"
 #include "filelist/changed_part.h"
@@ -20,11 +21,13 @@ QString FileCount(std::size_t count) {
 }
 
 /// What every cell of a group row answers: the row is one heading across all columns.
-QVariant GroupData(const GroupedRows::Group& group, int role) {
+QVariant GroupData(const GroupedRows::Group& group, bool folder, int role) {
   switch (role) {
     case Qt::DisplayRole:
     case kGroupTextRole:
       return text::Shown(group.text);
+    case kGroupIsFolderRole:
+      return folder;
     case kGroupCountRole:
       return FileCount(group.file_count);
     case Qt::AccessibleDescriptionRole:
@@ -44,7 +47,9 @@ QString ReasonOf(const RecordFacts& facts) {
 QString Describe(const RecordFacts& facts) {
   QStringList more;
   if (!facts.checked) more += QStringLiteral("not checked");
-  if (facts.new_name) {
+  if (facts.out_of_date) {
+    more += QStringLiteral("new name out of date");
+  } else if (facts.new_name) {
     const QString change = text::Shown(DescribeChange(facts.old_name, *facts.new_name));
     more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
   }
@@ -61,8 +66,8 @@ QString Describe(const RecordFacts& facts) {
 MarkedName MarkedNameOf(const RecordFacts& facts, Cell cell, const QString& shown) {
   MarkedName name;
   name.is_new = cell == Cell::kNewName;
-  name.muted = !facts.checked && !name.is_new;
-  if (!facts.checked || !facts.new_name) {
+  name.muted = name.is_new ? facts.out_of_date : !facts.checked;
+  if (!facts.checked || !facts.new_name || facts.out_of_date) {
     name.pieces = {{shown, false}};
   } else if (name.is_new) {
     name.pieces = MarkNew(facts.old_name, *facts.new_name);
@@ -89,10 +94,25 @@ bool GroupedRowsModel::IsFileRow(int row) const {
   return row >= 0 && row < rowCount() && !list_.Rows().IsGroupRow(static_cast<std::size_t>(row));
 }
 
+std::size_t GroupedRowsModel::LookOf(int row) const {
+  if (!IsFileRow(row)) return static_cast<std::size_t>(row);
+  const RecordFacts facts = Facts(row);
+  const auto number = [](auto value) { return static_cast<std::size_t>(value); };
+  const std::hash<std::string_view> hash;
+  std::size_t look = RecordOf(row);
+  for (const std::size_t part :
+       {hash(facts.old_name), hash(facts.new_name.value_or("")), number(facts.mark),
+        number(facts.problem), number(facts.checked), number(facts.out_of_date)}) {
+    look = look * 31 + part;
+  }
+  return look;
+}
+
 QVariant GroupedRowsModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   if (IsFileRow(index.row())) return FileData(index.row(), ColumnAt(index.column()), role);
-  return GroupData(list_.Rows().GroupOf(static_cast<std::size_t>(index.row())), role);
+  return GroupData(list_.Rows().GroupOf(static_cast<std::size_t>(index.row())),
+                   list_.GroupsAreFolders(), role);
 }
 
 QString GroupedRowsModel::TextOf(int row, const ListColumn& column) const {

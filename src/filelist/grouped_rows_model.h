@@ -48,6 +48,8 @@ class GroupedRowsModel : public QAbstractTableModel {
   bool IsFileRow(int row) const;
   /// The path of the file of a file row.
   std::string FileOf(int row) const { return list_.Source().file(RecordOf(row)); }
+  /// A number that is another one when the row tells something else.
+  std::size_t LookOf(int row) const;
   /// Whether a file row is checked.
   bool IsChecked(int row) const { return Facts(row).checked; }
 

@@ -9,6 +9,7 @@
 /// applies and nothing elsewhere.
 enum ListRole : int {
   kGroupTextRole = Qt::UserRole + 1,  ///< QString: the row is a group row of this text
+  kGroupIsFolderRole,                 ///< bool: its text is the path of a folder
   kGroupCountRole,                    ///< QString: "12 files"
   kMarkRole,                          ///< int: the `Mark` of this cell
   kMarkedNameRole,                    ///< MarkedName: a name with its changed part
@@ -19,6 +20,6 @@ enum ListRole : int {
 struct MarkedName {
   NamePieces pieces;
   bool is_new = false;  ///< marks stand for what came; else for what went
-  bool muted = false;   ///< of a file that is passed over
+  bool muted = false;   ///< of a file that is passed over, or out of date
 };
 Q_DECLARE_METATYPE(MarkedName)

@@ -48,6 +48,18 @@ int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
   return widest;
 }
 
+/// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
+class PictureLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
+  }
+};
+
 }  // namespace
 
 ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent), model_(model) {
@@ -92,6 +104,9 @@ void ListView::SetUpHeader() {
 
 void ListView::ConnectRows() {
   connect(&model_, &QAbstractItemModel::modelReset, this, &ListView::ShowEmptyText);
+  const auto look_anew = [this] { looks_.clear(); };
+  connect(&model_, &QAbstractItemModel::modelReset, this, look_anew);
+  connect(&model_, &QAbstractItemModel::dataChanged, this, look_anew);
   // The view itself repaints no more than the two cells.
   connect(selectionModel(), &QItemSelectionModel::currentRowChanged, viewport(),
           qOverload<>(&QWidget::update));
@@ -109,7 +124,8 @@ void ListView::ConnectRows() {
 void ListView::MakeEmptyText() {
   empty_ = new QWidget(viewport());
   empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  empty_picture_ = NewLabel(empty_, "lbEmptyPicture");
+  empty_picture_ = new PictureLabel(empty_);
+  empty_picture_->setObjectName(QStringLiteral("lbEmptyPicture"));
   empty_title_ = NewLabel(empty_, "lbEmptyTitle");
   empty_title_->setProperty("strong", true);
   empty_note_ = NewLabel(empty_, "lbEmptyNote");
@@ -202,6 +218,21 @@ void ListView::ShowColumn(int column, bool show) {
   LayOutColumns();
 }
 
+void ListView::RepaintChangedRows() {
+  std::vector<std::size_t> looks;
+  const int first = rowAt(0);
+  const int bottom = viewport()->height();
+  for (int row = first; row >= 0 && row < model_.rowCount(); ++row) {
+    const int top = rowViewportPosition(row);
+    if (top >= bottom) break;
+    const std::size_t at = looks.size();
+    looks.push_back(model_.LookOf(row));
+    if (at < looks_.size() && looks_[at] == looks[at]) continue;
+    viewport()->update(0, top, viewport()->width(), rowHeight(row));
+  }
+  looks_ = std::move(looks);
+}
+
 void ListView::SetEmptyText(const QString& title, const QString& note) {
   empty_title_->setText(title);
   empty_note_->setText(note);
@@ -276,8 +307,10 @@ void ListView::ShowEmptyText() {
   // A table tells screen readers of its cells only. What others added to the description stays.
   QString words = accessibleDescription();
   if (words.startsWith(described_)) words.remove(0, described_.size());
-  described_ =
-      shown ? empty_title_->text() + QStringLiteral(". ") + empty_note_->text() : QString();
+  described_ = shown ? empty_title_->text() : QString();
+  if (shown && !empty_note_->text().isEmpty()) {
+    described_ += QStringLiteral(". ") + empty_note_->text();
+  }
   setAccessibleDescription(described_ + words);
   PlaceEmptyLink();
 }

@@ -26,6 +26,11 @@ class ListView : public QTableView {
   /// tells screen readers of is its cells.
   void SetEmptyLink(QWidget* link);
 
+  /// Paints those rows in sight anew that tell something else than at the last call, or all after
+  /// the model told of a change; costs next to nothing where none does, so that a pass can call it
+  /// often.
+  void RepaintChangedRows();
+
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
 
@@ -74,6 +79,7 @@ class ListView : public QTableView {
     bool dragged = false;
   };
   std::vector<SizedColumn> columns_;
+  std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
   bool laying_out_ = false;
   QWidget* empty_ = nullptr;

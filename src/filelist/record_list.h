@@ -61,6 +61,7 @@ struct ListColumn {
   std::function<std::string(std::size_t record)> text = nullptr;  ///< null: no text
   std::function<SortKey()> sort_key = nullptr;  ///< made for a sort; null: not sorted by
   ColumnBox box = {};                           ///< without a name: none
+  bool folders = false;                         ///< its texts are paths of folders
 };
 
 /// Makes functions of a record's number from fields and functions of the records in `records`.
@@ -92,6 +93,7 @@ struct RecordFacts {
   std::string_view old_name;
   std::optional<std::string_view> new_name;  ///< none while there is none to tell of
   bool checked = true;                       ///< off: passed over
+  bool out_of_date = false;                  ///< the new name isn't what it would be now
 };
 
 /// The records that a list shows, told apart by their numbers. What the functions answer refers to
@@ -124,6 +126,8 @@ class RecordList {
   /// records.
   void SetSortOrder(int column, bool ascending);
   bool CanSort(int column) const;
+  /// The groups are folders.
+  bool GroupsAreFolders() const { return group_column_ >= 0 && ColumnAt(group_column_).folders; }
   int SortColumn() const { return sort_column_; }
   bool SortAscending() const { return sort_ascending_; }
 

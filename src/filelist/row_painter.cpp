@@ -1,5 +1,6 @@
 #include "filelist/row_painter.h"
 
+#include <QGlyphRun>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -7,6 +8,8 @@
 #include <QTableView>
 #include <QTextLayout>
 #include <QToolTip>
+#include <algorithm>
+#include <vector>
 
 #include "filelist/list_roles.h"
 #include "filelist/record_list.h"
@@ -19,7 +22,7 @@ constexpr int kPillRadius = 4;
 constexpr int kTintRadius = 3;
 constexpr int kFolderSize = 16;
 constexpr int kFolderLeft = 5;
-constexpr int kGroupTextLeft = 27;
+constexpr int kFolderTextLeft = 27;
 constexpr int kGroupTextRight = 8;
 
 bool Selected(const QStyleOptionViewItem& option) {
@@ -35,6 +38,10 @@ QColor TextColour(const QStyleOptionViewItem& option) {
 
 QRect TextRect(const QRect& cell) {
   return cell.adjusted(kCellInset, 0, -kCellInset, 0);
+}
+
+int GroupTextLeft(const QModelIndex& index) {
+  return index.data(kGroupIsFolderRole).toBool() ? kFolderTextLeft : kCellInset;
 }
 
 /// Where a group row's strip lies: it stays in view when the columns are scrolled sideways.
@@ -67,11 +74,13 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   painter->fillRect(strip, look.Colour(Selected(option) ? Role::kSel : Role::kGroup));
   painter->fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1),
                     look.Colour(Role::kLine));
-  const QPixmap folder =
-      look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText,
-                   kFolderSize, painter->device()->devicePixelRatioF());
-  painter->drawPixmap(strip.left() + kFolderLeft, strip.top() + (strip.height() - kFolderSize) / 2,
-                      folder);
+  if (index.data(kGroupIsFolderRole).toBool()) {
+    const QPixmap folder =
+        look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText,
+                     kFolderSize, painter->device()->devicePixelRatioF());
+    painter->drawPixmap(strip.left() + kFolderLeft,
+                        strip.top() + (strip.height() - kFolderSize) / 2, folder);
+  }
 
   const QString count = index.data(kGroupCountRole).toString();
   const int count_width = option.fontMetrics.horizontalAdvance(count);
@@ -82,7 +91,7 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
 
   QFont heavy = option.font;
   heavy.setWeight(QFont::DemiBold);
-  const QRect room = strip.adjusted(kGroupTextLeft, 0, -2 * kGroupTextRight - count_width, 0);
+  const QRect room = strip.adjusted(GroupTextLeft(index), 0, -2 * kGroupTextRight - count_width, 0);
   painter->setFont(heavy);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kGroupText));
   painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -135,7 +144,9 @@ class NameLine {
         const Role role = name_.is_new ? Role::kTintText : Role::kGone;
         const bool plain = !name_.is_new && Selected(option_);
         const QColor colour = plain ? TextColour(option_) : look.Colour(role);
-        PaintMarkOf(painter, start, start + length, colour);
+        for (const QRectF& run : VisualRuns(start, start + length)) {
+          PaintMarkOf(painter, run, colour);
+        }
         QTextCharFormat format;
         format.setForeground(colour);
         formats.append({start, length, format});
@@ -148,21 +159,42 @@ class NameLine {
   }
 
  private:
-  void PaintMarkOf(QPainter* painter, int from, int to, const QColor& colour) const {
+  /// Where the characters `from` to `to` stand: one piece for each run of one direction, since text
+  /// that runs the other way may part what is one in the name.
+  std::vector<QRectF> VisualRuns(int from, int to) const {
+    std::vector<QRectF> places;
+    for (const QGlyphRun& glyphs : line_.glyphRuns(from, to - from)) {
+      const QRectF place = glyphs.boundingRect();
+      places.emplace_back(room_.left() + place.left(), room_.top(), place.width(), room_.height());
+    }
+    std::sort(places.begin(), places.end(),
+              [](const QRectF& a, const QRectF& b) { return a.left() < b.left(); });
+    std::vector<QRectF> runs;
+    for (const QRectF& place : places) {
+      if (!runs.empty() && place.left() < runs.back().right() + 1) {
+        runs.back() |= place;
+      } else {
+        runs.push_back(place);
+      }
+    }
+    return runs;
+  }
+
+  void PaintMarkOf(QPainter* painter, const QRectF& run, const QColor& colour) const {
     const Look& look = Look::Current();
-    const qreal a = room_.left() + line_.cursorToX(from);
-    const qreal b = room_.left() + line_.cursorToX(to);
-    const QRectF run(qMin(a, b), room_.top(), qAbs(b - a), room_.height());
     if (!name_.is_new) {
-      painter->fillRect(QRectF(run.left(), qRound(top_ + line_.ascent()) + 2, run.width(), 1),
-                        colour);
+      // Through the small letters: a line below them would hide underscores.
+      const qreal middle = top_ + line_.ascent() - QFontMetricsF(option_.font).xHeight() / 2;
+      painter->fillRect(QRectF(run.left(), qRound(middle - 0.5), run.width(), 1), colour);
       return;
     }
     painter->setPen(Selected(option_) ? QPen(look.Colour(Role::kFocus), 1) : QPen(Qt::NoPen));
     painter->setBrush(look.Colour(Role::kTint));
-    const qreal half = Selected(option_) ? 0.5 : 0;
-    painter->drawRoundedRect(run.adjusted(half - 1, 3 + half, 1 - half, -4 - half), kTintRadius,
-                             kTintRadius);
+    // The outline keeps off the underscores.
+    const bool outline = Selected(option_);
+    painter->drawRoundedRect(
+        outline ? run.adjusted(-0.5, 1.5, 0.5, -2.5) : run.adjusted(-1, 3, 1, -4), kTintRadius,
+        kTintRadius);
   }
 
   const MarkedName& name_;
@@ -251,8 +283,8 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   const QString words = index.data(Qt::DisplayRole).toString();
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
-  const int room =
-      group ? StripRect(option).width() - kGroupTextLeft - 100 : TextRect(option.rect).width();
+  const int room = group ? StripRect(option).width() - GroupTextLeft(index) - 100
+                         : TextRect(option.rect).width();
   const QString reason = index.data(kReasonRole).toString();
   QStringList lines;
   if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;

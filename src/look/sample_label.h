@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QLabel>
 #include <string_view>
 
-/// A note that shows what the options beside it make: "Example: 0001". However long it gets it asks
-/// for no room, and is elided to what there is.
-class SampleLabel : public QLabel {
+#include "look/elided_label.h"
+
+/// A note that shows what the options beside it make: "Example: 0001".
+class SampleLabel : public ElidedLabel {
   Q_OBJECT
 
  public:
@@ -13,7 +13,4 @@ class SampleLabel : public QLabel {
 
   /// `sample` is the text behind "Example: ", as raw bytes.
   void ShowSample(std::string_view sample);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 };

@@ -65,6 +65,7 @@ bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor) {
         counters.StartGroup();
         continue;
       }
+      ++pass.state.counts.passed;
       FileRow& row = pass.records[grid.RecordOf(i)];
       PreviewRow(row, pass.records, composer);
       if (row.checked) counters.Step();

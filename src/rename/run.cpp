@@ -42,6 +42,7 @@ bool RenameRun::RunRename() {
 }
 
 void RenameRun::Count(std::size_t record) {
+  ++state_.counts.passed;
   if (record >= state_.gRowCounted.size() || state_.gRowCounted[record] != 0) return;
   state_.gRowCounted[record] = 1;
   ++state_.panes.progressValue;
@@ -138,6 +139,7 @@ void RenameRun::Fail(const Turn& turn, int problem) {
 }
 
 void RenameRun::Succeed(const Turn& turn) {
+  ++state_.counts.done;
   FileRow& row = records_[turn.record];
   row.KeepRollback();
   if (!KeepsSource(output_.cmbDestination)) row.ShowRollbackName();

@@ -37,6 +37,7 @@ bool UndoRun::Undo() {
 }
 
 void UndoRun::CountDown(std::size_t record) {
+  ++state_.counts.passed;
   if (record >= state_.gRowCounted.size() || state_.gRowCounted[record] != 1) return;
   state_.gRowCounted[record] = 0;
   --state_.panes.progressValue;
@@ -45,7 +46,9 @@ void UndoRun::CountDown(std::size_t record) {
 void UndoRun::UndoRow(std::size_t record) {
   FileRow& row = records_[record];
   if (row.RowTag == 1 && !IsOutputMode(row.mode)) return;
-  if (TakeBack(record) || state_.gCancelRequested) return;
+  const bool done = TakeBack(record);
+  state_.counts.done += done;
+  if (done || state_.gCancelRequested) return;
   row.problem = static_cast<std::int16_t>(problem_);
   reports_.gFailureReport.push_back(
       {records_.Path(row), row.sourceFileName, std::string(row.Rollback()), problem_});

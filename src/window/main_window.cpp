@@ -321,6 +321,10 @@ void Form1::ShowPanes() {
   status_bar_->ShowPanes(session_.state.panes);
 }
 
+void Form1::RepaintRows() {
+  list_->RepaintRows();
+}
+
 void Form1::SetSourceFolder(const std::string& folder) {
   folder_pages_->SetSourceFolder(folder);
 }

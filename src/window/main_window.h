@@ -68,6 +68,7 @@ class Form1 : public QWidget, private CommandView {
   void SetWaitPointer(bool wait) override;
   void EnableButton(CommandButton button, bool enable) override;
   void ShowPanes() override;
+  void RepaintRows() override;
   Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
   bool AskAboutSystemFolders(const std::string& folders) override;

@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "look/elided_label.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
@@ -15,6 +16,7 @@ namespace {
 constexpr int kBarHeight = 27;
 constexpr int kProgressWidth = 220;
 constexpr int kProgressHeight = 10;
+constexpr int kResultGap = 10;
 
 QPushButton* LinkButton(const char* name, const QString& caption, const QString& tip) {
   auto* button = new QPushButton(caption);
@@ -39,6 +41,7 @@ StatusBar::StatusBar(QWidget* parent)
       paneProgress(new QProgressBar),
       rule(new QFrame),
       paneTotal(new QLabel),
+      lbResult(new ElidedLabel("lbResult", Qt::ElideRight, this)),
       bnAbout(LinkButton("bnAbout", tr("About"), WithKeys(tr("About Quorvane"), Keys::kAbout))),
       bnHelp(LinkButton("bnHelp", tr("Help"), WithKeys(tr("Help"), Keys::kHelp))) {
   setObjectName(QStringLiteral("statusBar"));
@@ -55,11 +58,14 @@ StatusBar::StatusBar(QWidget* parent)
   rule->setFrameShape(QFrame::VLine);
   rule->setProperty("rule", true);
 
+  lbResult->setContentsMargins(kResultGap, 0, 0, 0);
+
   setSizeGripEnabled(false);
   addWidget(paneStatus);
   addWidget(paneProgress);
   addWidget(rule);
-  addWidget(paneTotal, 1);
+  addWidget(paneTotal);
+  addWidget(lbResult, 1);
   addPermanentWidget(bnAbout);
   addPermanentWidget(bnHelp);
   setContentsMargins(8, 1, 4, 0);
@@ -70,6 +76,7 @@ StatusBar::StatusBar(QWidget* parent)
 void StatusBar::ShowPanes(const StatusPanes& panes) {
   Show(paneStatus, panes.paneStatus);
   Show(paneTotal, panes.paneTotal);
+  Show(lbResult, panes.paneResult);
   paneStatus->setVisible(!panes.paneStatus.empty());
   paneProgress->setVisible(panes.progressVisible);
   rule->setVisible(!panes.totalStretched);

@@ -9,8 +9,8 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-/// The line at the foot of the main window: what runs, how far it is, the total, and the two links
-/// that are always in reach.
+/// The line at the foot of the main window: what runs, how far it is, the total, what the last
+/// pass did, and the two links that are always in reach.
 class StatusBar : public QStatusBar {
   Q_OBJECT
 
@@ -28,6 +28,7 @@ class StatusBar : public QStatusBar {
   QProgressBar* paneProgress;
   QFrame* rule;
   QLabel* paneTotal;
+  QLabel* lbResult;  ///< takes the rest, and is elided when that is too little
   QPushButton* bnAbout;
   QPushButton* bnHelp;
 };

@@ -18,6 +18,7 @@ class FakeView : public CommandView {
     buttons[static_cast<std::size_t>(button)] = enable ? '1' : '0';
   }
   void ShowPanes() override {}
+  void RepaintRows() override {}
   Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
   bool AskAboutSystemFolders(const std::string& folders) override {
@@ -102,19 +103,20 @@ class CommandsTest : public testing::Test, protected FakeServices {
 }  // namespace
 
 TEST_F(CommandsTest, GoFromModeToMode) {
-  const char* const table[][4] = {
-      {"p r", "1 1", "1000-", "a.txt b.txt "},
-      {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt "},
-      {"l2 p", "4 4", "10000", "a.txt b.txt "},
-      {"l p2 p", "3 3 5", "11100", "a.txt b.txt "},
-      {"l p r1", "3 5 9", "10110", "a.txt b.txt "},
-      {"l p r2 r", "3 5 9 8", "10010", "x a.txt x b.txt "},
-      {"l p r2 u", "3 5 9 10", "11100", "a.txt b.txt "},
-      {"l p r u2", "3 5 8 11", "10110", "a.txt x b.txt "},
-      {"l p r u2 u", "3 5 8 11 10", "11100", "a.txt b.txt "},
+  const char* const table[][5] = {
+      {"p r", "1 1", "1000-", "a.txt b.txt ", ""},
+      {"l p r u", "3 5 8 10", "11100", "a.txt b.txt ", "2 undone"},
+      {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt ", "2 renamed"},
+      {"l2 p", "4 4", "10000", "a.txt b.txt ", ""},
+      {"l p2 p", "3 3 5", "11100", "a.txt b.txt ", ""},
+      {"l p r1", "3 5 9", "10110", "a.txt b.txt ", "0 renamed"},
+      {"l p r2 r", "3 5 9 8", "10010", "x a.txt x b.txt ", "1 renamed"},
+      {"l p r2 u", "3 5 9 10", "11100", "a.txt b.txt ", "1 undone"},
+      {"l p r u2", "3 5 8 11", "10110", "a.txt x b.txt ", "1 undone"},
+      {"l p r u2 u p", "3 5 8 11 10 5", "11100", "a.txt b.txt ", ""},
   };
   clock.step_ms = 50;
-  for (const auto& [road, modes, buttons, left] : table) {
+  for (const auto& [road, modes, buttons, left, result] : table) {
     SCOPED_TRACE(road);
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
     records.DeleteAll();
@@ -123,6 +125,7 @@ TEST_F(CommandsTest, GoFromModeToMode) {
     view.buttons = "1000-";
     EXPECT_EQ(Walk(road), modes);
     EXPECT_EQ(view.buttons, buttons);
+    EXPECT_EQ(state.panes.paneResult, result);
     std::string names;
     for (const auto& [path, content] : files.contents) names += path.substr(4) + " ";
     EXPECT_EQ(names, left);
@@ -145,6 +148,7 @@ TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
                     (panes.totalStretched ? "total stretched " : "") +
                     std::to_string(panes.progressMax),
                 expected);
+      EXPECT_EQ(panes.paneResult.ends_with(" of 2"), panes.progressVisible) << "group rows aside";
       EXPECT_EQ(view.buttons, "00001");
       EXPECT_TRUE(!view.elements && view.waiting && commands.Busy());
     };
@@ -229,8 +233,13 @@ TEST_F(CommandsTest, AskForAWholeOutputFolderAndDoNothingWithoutAFolderOrElement
   EXPECT_NE(prompts.told[0], prompts.told[1]);
   view.output = {kUseSourceFolder, "pictures/", true};
   EXPECT_EQ(Walk("r"), "8") << "the folder isn't used";
+  for (const auto& [mode, result] : {std::pair(kCopyTo, "2 copied"), {kMoveTo, "2 moved"}}) {
+    view.output = {mode, "/out/", true};
+    Walk("u p r");
+    EXPECT_EQ(state.panes.paneResult, result);
+  }
   constructor.ArrConstr.clear();
-  EXPECT_EQ(Walk("l p"), "3 3");
+  EXPECT_EQ(Walk("u l p"), "10 3 3");
 }
 
 TEST_F(CommandsTest, TellThatAPassWasCancelled) {
@@ -256,6 +265,7 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   files.fails = [](std::string_view, std::string_view path) { return path == "/in/a.txt"; };
   Walk("l p r");
   EXPECT_EQ(view.shown, "1 failed 1 numbered ");
+  EXPECT_EQ(state.panes.paneResult, "2 renamed, 1 failed, 1 numbered");
   files.fails = nullptr;
   Walk("u");
   EXPECT_TRUE(prompts.told.empty()) << "what failed has nothing to take back";
@@ -273,6 +283,9 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   prompts.icons.clear();
   EXPECT_EQ(Walk("u"), "10");
   EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
+  EXPECT_EQ(state.panes.paneResult, "2 undone, 1 failed");
+  commands.EnableDisable(ModeFolderChosen);
+  EXPECT_EQ(state.panes.paneResult, "");
   EXPECT_EQ(prompts.icons, "x");
   EXPECT_TRUE(view.shown.empty()) << "an undo tells its failures by number only";
 }

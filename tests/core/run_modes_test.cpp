@@ -14,8 +14,10 @@ class FakeWindow : public ModeView {
   void EnableElements(bool) override {}
   void SetWaitPointer(bool) override {}
   void ShowPanes() override {}
+  void RepaintRows() override { ++repaints; }
 
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel; "-" is left alone
+  int repaints = 0;
 };
 
 }  // namespace
@@ -24,8 +26,9 @@ TEST(RunModes, KeepRenameOffAfterAnUndoWhenThePreviewIsStale) {
   for (const int mode : {ModeUndoFinished, ModeUndoCancelled}) {
     RunState state;
     FakeWindow window;
-    MarkStale(state, window);
+    for (int i = 0; i < 2; ++i) MarkStale(state, window);
     EXPECT_EQ(window.buttons, "--0--");
+    EXPECT_EQ(window.repaints, 1) << "not at each letter that is typed";
     EnableDisable(mode, 0, state, window);
     EXPECT_EQ(window.buttons[2], '0');
   }

@@ -14,6 +14,7 @@
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
 #include "filelist/row_menu.h"
+#include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
 
@@ -60,7 +61,8 @@ class FileListTest : public testing::Test {
   void SortBy(int column) { list.horizontalHeader()->setSortIndicator(column, Qt::AscendingOrder); }
 
   Records records;
-  Grid grid{records};
+  RunState state;
+  Grid grid{records, &state};
   FileListPanel panel{grid};
   ListView& list = *panel.ReportControl1;
   QAbstractItemModel& model = *list.model();
@@ -96,12 +98,47 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
     EXPECT_EQ(Text(1, kColumnMark, kReasonRole), problem == 0 ? "" : taken);
   };
   expect(Mark::kWaiting, 0, "waiting, IMG_ removed");
+  state.gPreviewStale = true;
+  expect(Mark::kWaiting, 0, "waiting, new name out of date");
+  file.RowTag = 1;
+  expect(Mark::kDone, 0, "done, IMG_ removed");
   file.newFileName = "";
   expect(Mark::kDone, EEXIST, "not undone: " + taken);
   file.newFileName = "IMG_3.JPG";
   file.checked = false;
   expect(Mark::kFailed, 0, "failed, not checked, name unchanged");
   expect(Mark::kFailed, EEXIST, "failed: " + taken + " not checked, name unchanged");
+}
+
+TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
+  struct : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+      return false;
+    }
+    QRegion region;
+  } painted;
+  list.viewport()->installEventFilter(&painted);
+  const auto repainted = [&] {
+    painted.region = {};
+    panel.RepaintRows();
+    QCoreApplication::processEvents();
+    return painted.region.boundingRect();
+  };
+  const auto place = [&](int row) {
+    return QRect(0, list.rowViewportPosition(row), list.viewport()->width(), list.rowHeight(row));
+  };
+  repainted();
+  EXPECT_TRUE(repainted().isEmpty());
+  records[1].mark = Mark::kDone;
+  EXPECT_EQ(repainted(), place(2));
+  state.gPreviewStale = true;
+  EXPECT_EQ(repainted(), place(1)) << "the one with a new name";
+  state.gPreviewStale = false;
+  panel.RowsChanged();
+  QCoreApplication::processEvents();
+  state.gPreviewStale = true;
+  EXPECT_TRUE(repainted().contains(place(1))) << "it was fresh in between";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
@@ -155,6 +192,21 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   for (int i = 0; i < 2; ++i) panel.bnWideFileList->click();
   EXPECT_EQ(panel.bnWideFileList->shortcut(), QKeySequence(Qt::Key_F9)) << "a caption drops it";
   EXPECT_THAT(told, ElementsAre(0, 2, -1, 1, 0));
+}
+
+TEST_F(FileListTest, MarksOfWhatRunsBothWaysStandOnTheirCharactersOnly) {
+  records[0].sourceFileName = "aד";
+  records[0].newFileName = "abגד";  // "bג" is new and is seen as "b", then "ד", then "ג"
+  const QRect cell = list.visualRect(model.index(1, kColumnNewName));
+  const QImage picture = list.viewport()->grab(cell).toImage();
+  int tinted = 0;
+  for (int x = 1; x < picture.width(); ++x) {
+    const auto is_tint = [&](int at) {
+      return picture.pixelColor(at, 5) == Look::Current().Colour(Role::kTint);
+    };
+    tinted += is_tint(x) && !is_tint(x - 1);
+  }
+  EXPECT_EQ(tinted, 2);
 }
 
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {

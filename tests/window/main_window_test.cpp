@@ -137,6 +137,12 @@ TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
   EXPECT_FALSE(Button("bnRename")->isEnabled());
   EXPECT_FALSE(Button("bnPreview")->isEnabled());
   EXPECT_TRUE(Button("bnUndo")->isEnabled());
+  auto* result = Find<QLabel>("lbResult");
+  EXPECT_EQ(result->text(), QLatin1String("3 renamed"));
+  result->setText(QString(500, u'9'));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(program->MainWindow().rect().contains(
+      Button("bnHelp")->mapTo(&program->MainWindow(), Button("bnHelp")->rect().bottomRight())));
   Find<QLineEdit>("fdSourceFolder")->setText(QStringLiteral("/elsewhere/"));
   EXPECT_FALSE(Button("bnUndo")->isEnabled());
   EXPECT_EQ(Model()->rowCount(), 4) << "the rows stay until the next list";
@@ -185,6 +191,8 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
     Preview(edit.with_counter);
     edit.act();
     EXPECT_EQ(Button("bnRename")->isEnabled(), !edit.stale);
+    const QVariant told = Model()->index(1, 7).data(Qt::AccessibleDescriptionRole);
+    EXPECT_EQ(told.toString().contains(QLatin1String("out of date")), edit.stale);
     EXPECT_TRUE(Button("bnPreview")->isEnabled());
   }
 }

@@ -12,7 +12,7 @@ template <class Record>
 ListColumn PathColumn(const std::vector<Record>& rows) {
   const auto path = FieldsOf(rows)(&Record::path);
   const auto by_path = [&rows, path] { return ShareTexts(rows.size(), path); };
-  return {"Path", Cell::kHidden, kNameWidth, path, by_path};
+  return {"Path", Cell::kHidden, kNameWidth, path, by_path, {}, true};
 }
 
 ListColumn NameColumn(std::string_view caption, Cell cell, const TextOf& name) {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/run_state.h"
+#include "platform/services.h"
+#include "rename/result_rows.h"
+
+/// How far a pass is, "12,345 of 100,000"; empty when it counts no files. Numbers are written as
+/// the locale has them.
+std::string ProgressLine(const FileCounts& counts, const LocaleFacts& locale);
+
+/// What a run or undo did, "2,983 renamed, 1 failed, 410 numbered", with `done` for the first word.
+/// What there is none of is left out, but for the first.
+std::string ResultLine(std::string_view done, const FileCounts& counts, const RunReports& reports,
+                       const LocaleFacts& locale);
