@@ -22,6 +22,7 @@
 #include "trace/err_trace.h"
 #include "window/folder_pages.h"
 #include "window/status_bar.h"
+#include "window/undo_key.h"
 
 namespace {
 
@@ -54,6 +55,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   setWindowTitle(tr("Quorvane"));
   LayOut();
   ConnectPanels();
+  undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
   Form_Load();
   new WindowPlacement(settings_, *this, "Form1");
 }
@@ -160,6 +162,8 @@ void Form1::Start(CommandButton button) {
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   (commands_.*kCommands[static_cast<std::size_t>(button)])();
+  const bool run_ended = button == CommandButton::bnRename || button == CommandButton::bnUndo;
+  if (run_ended) undo_key_->RunEnded();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
