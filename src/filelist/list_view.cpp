@@ -14,11 +14,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "filelist/column_widths.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/row_painter.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
-#include "platform/qt/text_qt.h"
 
 namespace {
 
@@ -41,14 +41,6 @@ QLabel* NewLabel(QWidget* parent, const char* name) {
   return label;
 }
 
-int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
-  int widest = width.least;
-  for (const std::string& words : width.texts) {
-    widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
-  }
-  return widest;
-}
-
 }  // namespace
 
 ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent), model_(model) {
@@ -68,7 +60,8 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   MakeEmptyText();
   ConnectRows();
   SetHeights();
-  MeasureColumns();
+  columns_ = new ColumnWidths(*this, model.List());
+  columns_->LayOut();
   ShowEmptyText();
 }
 
@@ -85,11 +78,8 @@ void ListView::SetUpHeader() {
   header->setSortIndicatorShown(true);
   header->setSortIndicatorClearable(true);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &ListView::AskForSort);
-  connect(header, &QHeaderView::sectionResized, this, [this](int section) {
-    viewport()->update();  // the group rows reach over all columns
-    const auto at = static_cast<std::size_t>(section);
-    if (!laying_out_ && at < columns_.size()) columns_[at].dragged = true;
-  });
+  // The group rows reach over all columns.
+  connect(header, &QHeaderView::sectionResized, viewport(), qOverload<>(&QWidget::update));
 }
 
 void ListView::ConnectRows() {
@@ -126,28 +116,8 @@ void ListView::MakeEmptyText() {
   layout->addStretch(3);
 }
 
-void ListView::MeasureColumns() {
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
-    columns_.push_back({WidthOf(column.width, fontMetrics())});
-    const bool fixed = column.width.rule == WidthRule::kFixed;
-    horizontalHeader()->setSectionResizeMode(i,
-                                             fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
-  }
-  laying_out_ = true;
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
-    setColumnHidden(i, column.cell == Cell::kHidden || !column.box.name.empty());
-  }
-  LayOutColumns();
-}
-
 int ListView::LeastWidth() const {
-  int least = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    if (!isColumnHidden(i)) least += columns_[static_cast<std::size_t>(i)].width;
-  }
-  return least;
+  return columns_->LeastWidth();
 }
 
 void ListView::AskForSort(int column, Qt::SortOrder order) {
@@ -175,9 +145,7 @@ void ListView::AskForMenu(const QPoint& place) {
 }
 
 void ListView::ShowColumn(int column, bool show) {
-  laying_out_ = true;  // the width that comes or goes is not the user's doing
-  setColumnHidden(column, !show);
-  LayOutColumns();
+  columns_->Show(column, show);
 }
 
 void ListView::SetEmptyText(const QString& title, const QString& note) {
@@ -206,30 +174,6 @@ void ListView::SetHeights() {
       Look::Current().Picture(Drawing::kFolder, Role::kEdge, kEmptyPicture, devicePixelRatioF()));
 }
 
-void ListView::LayOutColumns() {
-  int room = viewport()->width();
-  std::vector<int> sharing;
-  laying_out_ = true;
-  for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
-    if (isColumnHidden(i)) continue;
-    const auto at = static_cast<std::size_t>(i);
-    const bool dragged = columns_[at].dragged;
-    if (!dragged && model_.List().Columns()[at].width.rule == WidthRule::kShared) {
-      sharing.push_back(i);
-      continue;
-    }
-    if (!dragged) setColumnWidth(i, columns_[at].width);
-    room -= columnWidth(i);
-  }
-  for (std::size_t i = 0; i < sharing.size(); ++i) {
-    const int least = columns_[static_cast<std::size_t>(sharing[i])].width;
-    const int width = std::max(least, room / static_cast<int>(sharing.size() - i));
-    setColumnWidth(sharing[i], width);
-    room -= width;
-  }
-  laying_out_ = false;
-}
-
 void ListView::ShowEmptyText() {
   const bool no_rows = model_.rowCount() == 0;
   const bool shown = no_rows && !empty_title_->text().isEmpty();
@@ -247,7 +191,7 @@ void ListView::changeEvent(QEvent* event) {
   const auto type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange) {
     SetHeights();
-    LayOutColumns();
+    columns_->LayOut();
   }
 }
 
@@ -274,5 +218,5 @@ void ListView::paintEvent(QPaintEvent* event) {
 void ListView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   empty_->setGeometry(viewport()->rect());
-  LayOutColumns();
+  columns_->LayOut();
 }

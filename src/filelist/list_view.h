@@ -3,13 +3,14 @@
 #include <QTableView>
 #include <vector>
 
+class ColumnWidths;
 class GroupedRowsModel;
 class QLabel;
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
-/// has them and together as wide as the view, and a text in its middle, its description too, for as
-/// long as it has no rows. A click on a heading asks for a sort, the third one for the order of the
-/// records.
+/// has them, as wide as `ColumnWidths` makes them, and a text in its middle, its description too,
+/// for as long as it has no rows. A click on a heading asks for a sort, the third one for the order
+/// of the records.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -53,21 +54,14 @@ class ListView : public QTableView {
   void SetUpHeader();
   void MakeEmptyText();
   void ConnectRows();
-  void MeasureColumns();
   void SetHeights();
-  void LayOutColumns();
   void ShowEmptyText();
   void AskForSort(int column, Qt::SortOrder order);
   void AskForMenu(const QPoint& place);
 
   GroupedRowsModel& model_;
-  struct SizedColumn {
-    int width;  ///< as told; the least of a shared column
-    bool dragged = false;
-  };
-  std::vector<SizedColumn> columns_;
+  ColumnWidths* columns_ = nullptr;
   QPoint menu_place_;
-  bool laying_out_ = false;
   QWidget* empty_ = nullptr;
   QLabel* empty_picture_ = nullptr;
   QLabel* empty_title_ = nullptr;

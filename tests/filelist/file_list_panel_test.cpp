@@ -146,6 +146,29 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   EXPECT_THAT(told, ElementsAre(0, 2, -1, 1, 0));
 }
 
+TEST_F(FileListTest, APathGivesWayToTheNamesAndAFittedColumnLeavesTheOtherNameInSight) {
+  const auto all_seen = [&] {
+    return list.horizontalHeader()->length() <= list.viewport()->width();
+  };
+  list.ShowColumn(kColumnPath, true);
+  EXPECT_EQ(list.columnWidth(kColumnPath), 300);
+  panel.resize(427, 400);
+  EXPECT_GE(list.columnWidth(kColumnSourceName), 140);
+  EXPECT_TRUE(all_seen());
+  list.ShowColumn(kColumnPath, false);
+  records[1].sourceFileName = std::string(200, 'm');
+  const auto fit = [&] {
+    emit list.horizontalHeader()->sectionHandleDoubleClicked(kColumnSourceName);
+  };
+  fit();
+  EXPECT_EQ(list.columnWidth(kColumnNewName), 140) << "the other one gives what it can";
+  EXPECT_TRUE(all_seen());
+  records[1].sourceFileName = "IMG_1.JPG";
+  fit();
+  EXPECT_LT(list.columnWidth(kColumnSourceName), 140) << "as wide as what is seen of it";
+  EXPECT_TRUE(all_seen());
+}
+
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
   const std::pair<RowMenuPlace, const char*> table[] = {
       {{true, false, false}, "102 112 105 113 101 "},  // 0 is a line
