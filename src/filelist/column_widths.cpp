@@ -83,8 +83,7 @@ void ColumnWidths::LayOut() {
   }
   for (const int i : sharing) room += LeastOf(i);
   for (std::size_t i = 0; i < sharing.size(); ++i) {
-    const int width =
-        std::max(LeastOf(sharing[i]), room / static_cast<int>(sharing.size() - i));
+    const int width = std::max(LeastOf(sharing[i]), room / static_cast<int>(sharing.size() - i));
     view_.setColumnWidth(sharing[i], width);
     room -= width;
   }

@@ -19,6 +19,7 @@
 #include "filelist/row_painter.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
+#include "platform/qt/text_qt.h"
 
 namespace {
 
@@ -56,6 +57,7 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   setHorizontalScrollMode(ScrollPerPixel);
   setVerticalScrollMode(ScrollPerItem);
   setModel(&model);
+  running_.start();
   SetUpHeader();
   MakeEmptyText();
   ConnectRows();
@@ -193,6 +195,14 @@ void ListView::changeEvent(QEvent* event) {
     SetHeights();
     columns_->LayOut();
   }
+}
+
+void ListView::keyboardSearch(const QString& letters) {
+  if (letters.isEmpty() || !letters.at(0).isPrint()) return;
+  const QModelIndex current = currentIndex();
+  const auto row =
+      find_.Type(text::FromQt(letters), running_.elapsed(), model_.List(), current.row());
+  if (row) setCurrentIndex(model_.index(static_cast<int>(*row), std::max(current.column(), 0)));
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {

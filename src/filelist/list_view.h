@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <vector>
+
+#include "filelist/type_to_find.h"
 
 class ColumnWidths;
 class GroupedRowsModel;
@@ -46,6 +49,8 @@ class ListView : public QTableView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  /// Goes to the next row whose name begins with what is typed.
+  void keyboardSearch(const QString& letters) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -61,6 +66,8 @@ class ListView : public QTableView {
 
   GroupedRowsModel& model_;
   ColumnWidths* columns_ = nullptr;
+  TypeToFind find_;
+  QElapsedTimer running_;  ///< since the view was made
   QPoint menu_place_;
   QWidget* empty_ = nullptr;
   QLabel* empty_picture_ = nullptr;

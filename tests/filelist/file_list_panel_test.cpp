@@ -127,6 +127,8 @@ TEST_F(FileListTest, CurrentAndSelectedRowsGoWithTheirFilesThroughASort) {
   EXPECT_EQ(Text(1, kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
   EXPECT_EQ(list.currentIndex().row(), 3);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(3));
+  Type(&list, QStringLiteral("img"));
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(2)) << "what is typed is looked for";
   SortBy(kColumnMark);  // can't be sorted by, so nothing moves
   EXPECT_THAT(told, ElementsAre(-1));
 }
