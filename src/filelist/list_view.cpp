@@ -122,6 +122,10 @@ int ListView::LeastWidth() const {
   return columns_->LeastWidth();
 }
 
+int ListView::HeightOfRows() const {
+  return 2 * frameWidth() + horizontalHeader()->height() + verticalHeader()->length();
+}
+
 void ListView::AskForSort(int column, Qt::SortOrder order) {
   const RecordList& list = model_.List();
   if (column < 0 || list.CanSort(column)) {

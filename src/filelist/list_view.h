@@ -31,6 +31,8 @@ class ListView : public QTableView {
 
   /// The width in which no shown column is out of sight.
   int LeastWidth() const;
+  /// The height in which all rows are seen.
+  int HeightOfRows() const;
 
   /// Sorts the model; the selection goes with its files unless it is very large.
   void SortRows(int column, Qt::SortOrder order);
