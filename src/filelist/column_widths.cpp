@@ -14,8 +14,13 @@ namespace {
 
 constexpr int kRounding = 1;  ///< a text may be a part of a pixel wider than its advance tells
 
-int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
+int WidthOf(const ListColumn& column, const QFontMetrics& metrics) {
+  const ColumnWidth& width = column.width;
   int widest = width.least;
+  if (width.rule == WidthRule::kShared) {
+    const int heading = metrics.horizontalAdvance(text::ToQt(column.caption));
+    widest = std::max(widest, heading + 2 * kCellInset + kRounding);
+  }
   for (const std::string& words : width.texts) {
     widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
   }
@@ -40,7 +45,7 @@ void ColumnWidths::Measure() {
   const QScopedValueRollback rollback(laying_out_, true);
   for (int i = 0; i < static_cast<int>(list_.Columns().size()); ++i) {
     const ListColumn& column = list_.Columns()[static_cast<std::size_t>(i)];
-    columns_.push_back({WidthOf(column.width, view_.fontMetrics())});
+    columns_.push_back({WidthOf(column, view_.fontMetrics())});
     const bool fixed = column.width.rule == WidthRule::kFixed;
     view_.horizontalHeader()->setSectionResizeMode(
         i, fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
@@ -69,6 +74,9 @@ int ColumnWidths::LeastOf(int column) const {
 
 void ColumnWidths::LayOut() {
   const QScopedValueRollback rollback(laying_out_, true);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    columns_[i].width = WidthOf(list_.Columns()[i], view_.fontMetrics());  // the font may be new
+  }
   std::vector<int> sharing;
   int room = view_.viewport()->width();
   for (const int i : Shown()) room -= LeastOf(i);
