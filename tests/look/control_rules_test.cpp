@@ -5,47 +5,34 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTabBar>
 #include <QToolTip>
 #include <QWheelEvent>
-#include <tuple>
-#include <utility>
 
 #include "support/keys.h"
 
-namespace {
-
-/// Whether the control itself takes a step of the wheel.
-bool TakesTurn(QWidget& widget) {
-  QWheelEvent turn({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                   Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&widget, &turn);
-  return turn.isAccepted();
-}
-
-}  // namespace
-
-TEST(ControlRules, TheWheelChangesOnlyWhatHasTheFocusAndNeverTabs) {
+TEST(ControlRules, TheWheelChangesOnlyABoxWithTheFocusAndNeverTabs) {
   QWidget window;
-  QComboBox combo(&window);
-  QSpinBox number(&window);
+  QComboBox box(&window);
   QTabBar tabs(&window);
-  combo.addItems({QStringLiteral("a"), QStringLiteral("b")});
-  number.setValue(5);
-  for (int i = 0; i < 2; ++i) tabs.addTab(QStringLiteral("t"));
+  for (const char* text : {"a", "b"}) {
+    box.addItem(QLatin1String(text));
+    tabs.addTab(QLatin1String(text));
+  }
   window.show();
   window.activateWindow();
   QCoreApplication::processEvents();
-  for (QWidget* control : std::initializer_list<QWidget*>{&combo, &number, &tabs}) {
-    EXPECT_NE(control->focusPolicy(), Qt::WheelFocus);
-    window.setFocus();
-    EXPECT_FALSE(TakesTurn(*control));
+  EXPECT_NE(box.focusPolicy(), Qt::WheelFocus);
+  for (QWidget* control : std::initializer_list<QWidget*>{&window, &box, &tabs}) {
     control->setFocus();
-    EXPECT_EQ(TakesTurn(*control), control != &tabs);
+    for (QWidget* under : std::initializer_list<QWidget*>{&box, &tabs}) {
+      QWheelEvent turn({5, 5}, under->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                       Qt::NoModifier, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(under, &turn);
+      EXPECT_EQ(turn.isAccepted(), control == &box && under == &box) << "else it scrolls";
+    }
   }
-  EXPECT_EQ(std::tuple(combo.currentIndex(), number.value(), tabs.currentIndex()),
-            std::tuple(1, 4, 0));
+  EXPECT_EQ(box.currentIndex() - tabs.currentIndex(), 1);
 }
 
 TEST(ControlRules, EnterPressesTheFocusedButtonOutsideOfDialogsToo) {
@@ -70,9 +57,8 @@ TEST(ControlRules, MarkupInATextIsShownAsItStands) {
     if (top->inherits("QTipLabel")) tip = qobject_cast<QLabel*>(top);
   }
   ASSERT_NE(tip, nullptr);
-  for (const QLabel* shown : {&std::as_const(label), tip}) {
-    EXPECT_EQ(shown->text(), name);
-    EXPECT_EQ(shown->textFormat(), Qt::PlainText);
-  }
+  EXPECT_EQ(tip->text(), name);
+  EXPECT_EQ(tip->textFormat(), Qt::PlainText);
+  EXPECT_EQ(label.textFormat(), Qt::PlainText);
   QToolTip::hideText();
 }
