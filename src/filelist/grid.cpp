@@ -47,7 +47,7 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   return {
       {"Path",
        Cell::kText,
-       {WidthRule::kFree, 300},
+       {WidthRule::kFree, 300, {}, 0, 60},
        path,
        by_folder,
        {"chColumnPath", &ListOptions::chColumnPath, Keys::kColumnPath},

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "filelist/column_widths.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/kept_rows.h"
 #include "filelist/row_painter.h"
@@ -38,14 +39,6 @@ QLabel* NewLabel(QWidget* parent, const char* name) {
   label->setAlignment(Qt::AlignCenter);
   label->setWordWrap(true);
   return label;
-}
-
-int WidthOf(const ColumnWidth& width, const QFontMetrics& metrics) {
-  int widest = width.least;
-  for (const std::string& words : width.texts) {
-    widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
-  }
-  return widest;
 }
 
 /// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
@@ -74,11 +67,13 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   setHorizontalScrollMode(ScrollPerPixel);
   setVerticalScrollMode(ScrollPerItem);
   setModel(&model);
+  running_.start();
   SetUpHeader();
   MakeEmptyText();
   ConnectRows();
   SetHeights();
-  MeasureColumns();
+  columns_ = new ColumnWidths(*this, model.List());
+  columns_->LayOut();
   ShowEmptyText();
 }
 
@@ -95,11 +90,8 @@ void ListView::SetUpHeader() {
   header->setSortIndicatorShown(true);
   header->setSortIndicatorClearable(true);
   connect(header, &QHeaderView::sortIndicatorChanged, this, &ListView::AskForSort);
-  connect(header, &QHeaderView::sectionResized, this, [this](int section) {
-    viewport()->update();  // the group rows reach over all columns
-    const auto at = static_cast<std::size_t>(section);
-    if (!laying_out_ && at < columns_.size()) columns_[at].dragged = true;
-  });
+  // The group rows reach over all columns.
+  connect(header, &QHeaderView::sectionResized, viewport(), qOverload<>(&QWidget::update));
 }
 
 void ListView::ConnectRows() {
@@ -140,28 +132,12 @@ void ListView::MakeEmptyText() {
   layout->addStretch(3);
 }
 
-void ListView::MeasureColumns() {
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
-    columns_.push_back({WidthOf(column.width, fontMetrics())});
-    const bool fixed = column.width.rule == WidthRule::kFixed;
-    horizontalHeader()->setSectionResizeMode(i,
-                                             fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
-  }
-  laying_out_ = true;
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    const ListColumn& column = model_.List().Columns()[static_cast<std::size_t>(i)];
-    setColumnHidden(i, column.cell == Cell::kHidden || !column.box.name.empty());
-  }
-  LayOutColumns();
+int ListView::LeastWidth() const {
+  return columns_->LeastWidth();
 }
 
-int ListView::LeastWidth() const {
-  int least = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  for (int i = 0; i < model_.columnCount(); ++i) {
-    if (!isColumnHidden(i)) least += columns_[static_cast<std::size_t>(i)].width;
-  }
-  return least;
+int ListView::HeightOfRows() const {
+  return 2 * frameWidth() + horizontalHeader()->height() + verticalHeader()->length();
 }
 
 void ListView::AskForSort(int column, Qt::SortOrder order) {
@@ -213,9 +189,7 @@ void ListView::AskForMenu(const QModelIndex& index, const QPoint& place) {
 }
 
 void ListView::ShowColumn(int column, bool show) {
-  laying_out_ = true;  // the width that comes or goes is not the user's doing
-  setColumnHidden(column, !show);
-  LayOutColumns();
+  columns_->Show(column, show);
 }
 
 void ListView::RepaintChangedRows() {
@@ -276,30 +250,6 @@ void ListView::SetHeights() {
       Look::Current().Picture(Drawing::kFolder, Role::kEdge, kEmptyPicture, devicePixelRatioF()));
 }
 
-void ListView::LayOutColumns() {
-  int room = viewport()->width();
-  std::vector<int> sharing;
-  laying_out_ = true;
-  for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
-    if (isColumnHidden(i)) continue;
-    const auto at = static_cast<std::size_t>(i);
-    const bool dragged = columns_[at].dragged;
-    if (!dragged && model_.List().Columns()[at].width.rule == WidthRule::kShared) {
-      sharing.push_back(i);
-      continue;
-    }
-    if (!dragged) setColumnWidth(i, columns_[at].width);
-    room -= columnWidth(i);
-  }
-  for (std::size_t i = 0; i < sharing.size(); ++i) {
-    const int least = columns_[static_cast<std::size_t>(sharing[i])].width;
-    const int width = std::max(least, room / static_cast<int>(sharing.size() - i));
-    setColumnWidth(sharing[i], width);
-    room -= width;
-  }
-  laying_out_ = false;
-}
-
 void ListView::ShowEmptyText() {
   const bool no_rows = model_.rowCount() == 0;
   const bool shown = no_rows && !empty_title_->text().isEmpty();
@@ -320,8 +270,16 @@ void ListView::changeEvent(QEvent* event) {
   const auto type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange) {
     SetHeights();
-    LayOutColumns();
+    columns_->LayOut();
   }
+}
+
+void ListView::keyboardSearch(const QString& letters) {
+  if (letters.isEmpty() || !letters.at(0).isPrint()) return;
+  const QModelIndex current = currentIndex();
+  const auto row =
+      find_.Type(text::FromQt(letters), running_.elapsed(), model_.List(), current.row());
+  if (row) setCurrentIndex(model_.index(static_cast<int>(*row), std::max(current.column(), 0)));
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
@@ -348,5 +306,5 @@ void ListView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   empty_->setGeometry(viewport()->rect());
   PlaceEmptyLink();
-  LayOutColumns();
+  columns_->LayOut();
 }

@@ -1,16 +1,20 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
 #include <vector>
 
+#include "filelist/type_to_find.h"
+
+class ColumnWidths;
 class GroupedRowsModel;
 class QLabel;
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
-/// has them and together as wide as the view, and a text in its middle, its description too, for as
-/// long as it has no rows. A click on a heading asks for a sort, the third one for the order of the
-/// records.
+/// has them, as wide as `ColumnWidths` makes them, and a text in its middle, its description too,
+/// for as long as it has no rows. A click on a heading asks for a sort, the third one for the order
+/// of the records.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -36,6 +40,8 @@ class ListView : public QTableView {
 
   /// The width in which no shown column is out of sight.
   int LeastWidth() const;
+  /// The height in which all rows are seen.
+  int HeightOfRows() const;
 
   /// Runs `change`, which makes the model's rows anew, under the wait pointer. What is selected and
   /// current stays so, wherever it stands then, and the list where it is scrolled to.
@@ -56,6 +62,8 @@ class ListView : public QTableView {
  protected:
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  /// Goes to the next row whose name begins with what is typed.
+  void keyboardSearch(const QString& letters) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -64,9 +72,7 @@ class ListView : public QTableView {
   void SetUpHeader();
   void MakeEmptyText();
   void ConnectRows();
-  void MeasureColumns();
   void SetHeights();
-  void LayOutColumns();
   void ShowEmptyText();
   void PlaceEmptyLink();
   void AskForSort(int column, Qt::SortOrder order);
@@ -74,14 +80,11 @@ class ListView : public QTableView {
   void AskForMenuAtCurrent();
 
   GroupedRowsModel& model_;
-  struct SizedColumn {
-    int width;  ///< as told; the least of a shared column
-    bool dragged = false;
-  };
-  std::vector<SizedColumn> columns_;
+  ColumnWidths* columns_ = nullptr;
+  TypeToFind find_;
+  QElapsedTimer running_;  ///< since the view was made
   std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
-  bool laying_out_ = false;
   QWidget* empty_ = nullptr;
   QLabel* empty_picture_ = nullptr;
   QLabel* empty_title_ = nullptr;

@@ -37,6 +37,7 @@ struct ColumnWidth {
   int least;
   std::vector<std::string> texts = {};  ///< it has room for each of these
   int air = 0;                          ///< and for this beside them
+  int yields_to = 0;  ///< so narrow, not `least`, before shared ones fall short; 0: never
 };
 
 /// The space between a cell's edges and its text, in logical pixels.

@@ -289,10 +289,6 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QStringList lines;
   if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;
   if (!reason.isEmpty() && reason != words) lines += reason;
-  // Escaped: what looks like markup in a name must not be taken for it.
-  const QString shown =
-      QStringLiteral("<span style='white-space:pre'>%1</span>")
-          .arg(lines.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
-  QToolTip::showText(event->globalPos(), lines.isEmpty() ? QString() : shown, view->viewport());
+  QToolTip::showText(event->globalPos(), lines.join(u'\n'), view->viewport());
   return true;
 }

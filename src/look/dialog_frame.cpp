@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "look/handlers.h"
 #include "look/look.h"
@@ -30,8 +31,8 @@ DialogFrame::DialogFrame(std::string_view name, const QString& title, Buttons bu
   OnSignal(bnCancel, &QPushButton::clicked, this, Handler("bnCancel_Click"), [this] { reject(); });
 }
 
-void DialogFrame::KeepPlacement(SettingsStore& settings) {
-  new WindowPlacement(settings, *this, text::FromQt(objectName()));
+void DialogFrame::KeepPlacement(SettingsStore& settings, std::function<QSize()> own_size) {
+  new WindowPlacement(settings, *this, text::FromQt(objectName()), std::move(own_size));
 }
 
 std::string DialogFrame::Handler(std::string_view procedure) const {

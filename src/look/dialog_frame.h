@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -25,8 +26,8 @@ class DialogFrame : public QDialog {
   DialogFrame(std::string_view name, const QString& title, Buttons buttons, QWidget* parent);
 
   /// Gives the dialog its stored place and stores it; called by dialogs that keep one. `settings`
-  /// outlives the dialog.
-  void KeepPlacement(SettingsStore& settings);
+  /// outlives the dialog. `own_size` as `WindowPlacement` takes it.
+  void KeepPlacement(SettingsStore& settings, std::function<QSize()> own_size = nullptr);
 
   /// What OK does; a failure in it is reported.
   virtual void bnOK_Click() { accept(); }

@@ -84,8 +84,7 @@ void LinkButton::paintEvent(QPaintEvent*) {
 
 void LinkButton::resizeEvent(QResizeEvent* event) {
   QAbstractButton::resizeEvent(event);
-  // A tooltip guesses rich text from "<"; a link holds no line break to lose.
-  setToolTip(Elided() == link_ ? QString() : link_.toHtmlEscaped());
+  setToolTip(Elided() == link_ ? QString() : link_);
 }
 
 void LinkButton::keyPressEvent(QKeyEvent* event) {

@@ -100,7 +100,7 @@ void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFr
         save("MainLeft", *window.left);
         save("MainTop", *window.top);
       }
-      if (row->keeps_size) {
+      if (row->keeps_size && window.width > 0) {
         save("MainWidth", window.width);
         save("MainHeight", window.height);
       }
@@ -119,6 +119,11 @@ void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSiz
     window.WindowState = mRegSettings::ReadInteger(store, {row->section, "WindowState", "0"},
                                                    kNormalWindow, kMaximised);
   });
+}
+
+bool HasStoredSize(SettingsStore& store, std::string_view frm) {
+  const PlacedWindow* row = Find(frm);
+  return row != nullptr && !store.GetSetting(row->section, "MainWidth").empty();
 }
 
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window) {

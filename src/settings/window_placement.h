@@ -16,7 +16,7 @@ enum WindowState : int { kNormalWindow = 0, kMinimised = 1, kMaximised = 2 };
 struct WindowFrame {
   std::optional<float> left;  ///< none: left to the window system, which may be all it allows
   std::optional<float> top;
-  float width = 0;
+  float width = 0;  ///< 0: not to be stored, and so the height
   float height = 0;
   int WindowState = kNormalWindow;
 };
@@ -41,6 +41,9 @@ void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFr
 /// kOverflow, kInvalidPropertyValue) at the first bad value; what was set before it stands.
 void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSize& screen,
                      WindowFrame& window);
+
+/// Whether the user's own size of the window `frm` is stored.
+bool HasStoredSize(SettingsStore& store, std::string_view frm);
 
 /// Places `window` in the middle of the screen.
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window);

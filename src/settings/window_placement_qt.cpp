@@ -71,8 +71,13 @@ void Apply(const WindowFrame& frame, QWidget& window) {
 
 }  // namespace
 
-WindowPlacement::WindowPlacement(SettingsStore& store, QWidget& window, std::string frm)
-    : QObject(&window), store_(store), window_(window), frm_(std::move(frm)) {
+WindowPlacement::WindowPlacement(SettingsStore& store, QWidget& window, std::string frm,
+                                 std::function<QSize()> own_size)
+    : QObject(&window),
+      store_(store),
+      window_(window),
+      frm_(std::move(frm)),
+      own_size_(std::move(own_size)) {
   window.installEventFilter(this);
 }
 
@@ -80,6 +85,7 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
   // Spontaneous events tell of the window system: minimised, or on another desktop.
   if (watched == &window_ && !event->spontaneous()) {
     if (event->type() == QEvent::Show && !loaded_) Form_Load();
+    if (event->type() == QEvent::Show && own_size_ && !sized_) GiveOwnSize();
     if (event->type() == QEvent::Hide && loaded_) Form_Unload();
   }
   return QObject::eventFilter(watched, event);
@@ -94,11 +100,28 @@ void WindowPlacement::Form_Load() {
   ErrTrace::top("WindowPlacement.Form_Load(frm)", ErrTrace::args(frm_),
                 [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
   Apply(frame, window_);
+  sized_ = HasStoredSize(store_, frm_);
+}
+
+void WindowPlacement::GiveOwnSize() {
+  if (StateOf(window_) != kNormalWindow) return;
+  window_.resize(own_size_());
+  given_ = window_.size();
+  const QWidget* owner = window_.parentWidget();
+  if (owner == nullptr || !CanPlaceWindows()) return;
+  const QSize all_screens = owner->screen()->virtualSize();
+  WindowFrame frame = FrameOf(window_);
+  CenterOwner(FrameOf(*owner->window()), {Twips(all_screens.width()), Twips(all_screens.height())},
+              frame);
+  Apply(frame, window_);
 }
 
 void WindowPlacement::Form_Unload() {
   ErrTrace::top("WindowPlacement.Form_Unload(frm)", ErrTrace::args(frm_), [&] {
-    SaveWindowConfig(store_, frm_, FrameOf(window_));
+    WindowFrame frame = FrameOf(window_);
+    if (own_size_ && window_.size() == given_) frame.width = 0;
+    if (own_size_ && frame.WindowState == kNormalWindow) sized_ = frame.width > 0;
+    SaveWindowConfig(store_, frm_, frame);
     mRegSettings::Flush(store_);
   });
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <QSize>
+#include <functional>
 #include <string>
 
 #include "platform/settings_store.h"
@@ -15,21 +17,29 @@ class QWidget;
 /// Where the window system doesn't let a program place its windows (Wayland), size and state
 /// return, and the stored place isn't touched.
 ///
+/// A window whose size follows from what it shows tells that size: it gets it each time it is
+/// shown, over its parent, until the user gives it another, which alone is stored and stays.
+///
 ///     new WindowPlacement(store, *this, "Form8");  // in the window's constructor
 class WindowPlacement : public QObject {
  public:
   /// Belongs to `window`, a top-level one, and ends with it; `store` outlives both. `frm` is the
-  /// name in the table of placed windows.
-  WindowPlacement(SettingsStore& store, QWidget& window, std::string frm);
+  /// name in the table of placed windows; `own_size` is asked when the window is shown.
+  WindowPlacement(SettingsStore& store, QWidget& window, std::string frm,
+                  std::function<QSize()> own_size = nullptr);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Form_Load();
   void Form_Unload();
+  void GiveOwnSize();
 
   SettingsStore& store_;
   QWidget& window_;
   const std::string frm_;
+  const std::function<QSize()> own_size_;  ///< null: none
+  QSize given_;                            ///< the last own size
   bool loaded_ = false;
+  bool sized_ = false;  ///< by the user
 };

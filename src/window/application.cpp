@@ -1,6 +1,11 @@
 #include "window/application.h"
 
+#include "look/control_rules.h"
 #include "trace/err_trace.h"
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  SetControlRules(*this);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   bool taken = false;

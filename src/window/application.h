@@ -2,13 +2,14 @@
 
 #include <QApplication>
 
-/// The application with a net under all of its events: a failure that no handler has taken is
-/// reported, and the program lives on with what it holds.
+/// The application with the rules of all its controls, and a net under all of its events: a failure
+/// that no handler has taken is reported, and the program lives on with what it holds.
 class Application : public QApplication {
   Q_OBJECT
 
  public:
-  using QApplication::QApplication;
+  /// Both as `main` has them; they outlive the application.
+  Application(int& argc, char** argv);
 
   bool notify(QObject* receiver, QEvent* event) override;
 };

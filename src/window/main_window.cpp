@@ -32,6 +32,7 @@
 #include "window/folder_field.h"
 #include "window/folder_pages.h"
 #include "window/status_bar.h"
+#include "window/undo_key.h"
 
 namespace {
 
@@ -67,6 +68,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   ConnectPanels();
   ConnectFolders();
   WatchDrops(services.files);
+  undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
   Form_Load();
   new WindowPlacement(settings_, *this, "Form1");
 }
@@ -211,6 +213,8 @@ void Form1::Start(CommandButton button) {
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
   (commands_.*kCommands[static_cast<std::size_t>(button)])();
+  const bool run_ended = button == CommandButton::bnRename || button == CommandButton::bnUndo;
+  if (run_ended) undo_key_->RunEnded();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {

@@ -17,6 +17,7 @@ class FileListPanel;
 class FolderPages;
 class ResultWindow;
 class StatusBar;
+class UndoKey;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
 /// which command.
@@ -91,6 +92,7 @@ class Form1 : public QWidget, private CommandView {
   CommandButtons* buttons_;
   FileListPanel* list_;
   StatusBar* status_bar_;
+  UndoKey* undo_key_;
   ResultWindow* gFailureReport;
   ResultWindow* gConflictReport;
   OptionsAtStart at_start_;

@@ -177,6 +177,8 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
   EXPECT_EQ(panel.SelectedFile(), "/a/IMG_1.JPG");
+  Type(&list, QStringLiteral("bad"));
+  EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
@@ -207,6 +209,29 @@ TEST_F(FileListTest, MarksOfWhatRunsBothWaysStandOnTheirCharactersOnly) {
     tinted += is_tint(x) && !is_tint(x - 1);
   }
   EXPECT_EQ(tinted, 2);
+}
+
+TEST_F(FileListTest, APathGivesWayToTheNamesAndAFittedColumnLeavesTheOtherNameInSight) {
+  const auto all_seen = [&] {
+    return list.horizontalHeader()->length() <= list.viewport()->width();
+  };
+  list.ShowColumn(kColumnPath, true);
+  EXPECT_EQ(list.columnWidth(kColumnPath), 300);
+  panel.resize(427, 400);
+  EXPECT_GE(list.columnWidth(kColumnSourceName), 140);
+  EXPECT_TRUE(all_seen());
+  list.ShowColumn(kColumnPath, false);
+  records[1].sourceFileName = std::string(200, 'm');
+  const auto fit = [&] {
+    emit list.horizontalHeader()->sectionHandleDoubleClicked(kColumnSourceName);
+  };
+  fit();
+  EXPECT_EQ(list.columnWidth(kColumnNewName), 140) << "the other one gives what it can";
+  EXPECT_TRUE(all_seen());
+  records[1].sourceFileName = "IMG_1.JPG";
+  fit();
+  EXPECT_LT(list.columnWidth(kColumnSourceName), 140) << "as wide as what is seen of it";
+  EXPECT_TRUE(all_seen());
 }
 
 TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "filelist/row_paths.h"
+#include "filelist/type_to_find.h"
 
 namespace {
 
@@ -75,6 +76,25 @@ TEST_F(GridTest, TakesAnotherOrderOfTextsForHeadingsAndNames) {
   const auto b_first = [](std::string_view t, std::string& key) { key += t == "/b/" ? "" : t; };
   rows.Populate(4, {TextOf(name_of), true, ShareTexts(4, path_of), b_first});
   EXPECT_EQ(Shown(rows), "[/b/ 3] N1 n1 n2 [/A/ 1] n3 ");
+}
+
+TEST_F(GridTest, IsFoundInByTheBeginningOfAName) {
+  records.AddRecord("b", "/b/", "\u00C9t\u00E9", FileDate(), 1, "");
+  grid.Populate();  // 0 "/A/", 1 n3, 2 "/b/", 3 n2, 4 N1, 5 n1, 6 Ete with accents
+  TypeToFind find;
+  std::int64_t now = 5000;
+  const struct {
+    const char* typed;
+    int after, current, found;  // -1: none
+  } table[] = {
+      {"n", 2000, -1, 1},     {"1", 1000, 1, 4}, {"N", 1001, 4, 5},     {"n", 10, 5, 1},
+      {"\u00E9", 2000, 0, 6}, {"T", 500, 6, 6},  {"/", 2000, 0, -1},    {"n", 900, 0, -1},
+      {"n", 2000, 3, 4},      {"2", 10, 4, 3},   {"\xFF", 2000, 3, -1},
+  };
+  for (const auto& row : table) {
+    const auto found = find.Type(row.typed, now += row.after, grid.List(), row.current);
+    EXPECT_EQ(found ? static_cast<int>(*found) : -1, row.found) << row.typed << now;
+  }
 }
 
 TEST_F(GridTest, ARowStandsForItsFileWhereTheLastRunLeftIt) {

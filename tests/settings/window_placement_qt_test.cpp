@@ -42,6 +42,30 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   EXPECT_EQ(again.size(), QSize(321, 222));
 }
 
+TEST(WindowPlacementQt, AnOwnSizeIsGivenAtEachShowingUntilTheUserHasSizedTheWindow) {
+  MemorySettings store;
+  QWidget owner;
+  owner.setGeometry(100, 100, 500, 400);
+  QSize own(200, 100);
+  const auto show = [&](QSize sized, QSize expected) {
+    QWidget window(&owner, Qt::Window);
+    new WindowPlacement(store, window, "Form3", [&] { return own; });
+    for (int i = 0; i < 2; ++i) {
+      window.show();
+      EXPECT_EQ(window.size(), expected);
+      if (expected == own) {
+        EXPECT_EQ(window.geometry().center(), owner.geometry().center());
+      }
+      if (i == 1 && sized.isValid()) window.resize(sized);
+      window.close();
+    }
+  };
+  show({}, own);
+  own = {300, 200};
+  show({321, 222}, own);
+  show({}, {321, 222});
+}
+
 TEST(WindowPlacementQt, BadValuesAndAFullDiskAreReportedAndTheWindowWorks) {
   MemorySettings store;
   store.values = {{{"Windows\\Main", "MainWidth"}, "6000"},

@@ -197,6 +197,25 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
   }
 }
 
+TEST_F(MainWindowTest, UndoesTheRunFromATextFieldUntilSomethingIsTypedInIt) {
+  Find<QComboBox>("cmbCaseOldFile")->setCurrentText(QStringLiteral("UPPERCASE"));
+  auto* field = Find<QLineEdit>("fdIncludeMask");
+  // What the field doesn't claim for itself goes to the shortcuts.
+  const auto is_the_runs = [&] {
+    QKeyEvent ask(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    ask.ignore();
+    QApplication::sendEvent(field, &ask);
+    return !ask.isAccepted();
+  };
+  Type(field, QStringLiteral("*"));
+  Preview(false);
+  EXPECT_FALSE(is_the_runs()) << "there is none";
+  Button("bnRename")->click();
+  EXPECT_TRUE(is_the_runs()) << "typed before the run";
+  Type(field, QStringLiteral(".txt"));
+  EXPECT_FALSE(is_the_runs());
+}
+
 TEST(EndingSignals, AreTakenUnlessTheyWereIgnored) {
   constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
   for (const bool ignored : {true, false}) {

@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kListGap = 10;
+constexpr int kNarrower = 120;        ///< than the main window
+constexpr int kMostOfOwner = 60;      ///< per cent of its height
 constexpr int kMostLeastWidth = 900;  ///< with a large font, so that no column is out of sight
 
 }  // namespace
@@ -32,7 +34,7 @@ ResultWindow::ResultWindow(const ResultKind& kind, const RunReports& reports,
       model_(new GroupedRowsModel(list_, this)) {
   list_.SetGroupColumn(kResultPath);
   ErrTrace::top(Handler("Form_Load"), [&] { Form_Load(); });
-  KeepPlacement(services.settings);
+  KeepPlacement(services.settings, [this] { return SizeOfRows(); });
 }
 
 void ResultWindow::Form_Load() {
@@ -57,6 +59,15 @@ void ResultWindow::LayOut() {
   layout()->setSpacing(kListGap);
   Body()->addWidget(ReportControl1);
   Foot()->insertWidget(0, lbFilesCount, 1);
+}
+
+QSize ResultWindow::SizeOfRows() const {
+  const QWidget* owner = parentWidget();
+  if (owner == nullptr) return sizeHint();
+  const QSize around = sizeHint() - ReportControl1->sizeHint();
+  const int high = around.height() + ReportControl1->HeightOfRows();
+  return {std::max(owner->window()->width() - kNarrower, minimumWidth()),
+          std::min(high, owner->window()->height() * kMostOfOwner / 100)};
 }
 
 void ResultWindow::Connect() {
