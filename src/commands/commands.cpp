@@ -13,8 +13,8 @@
 #include "platform/text.h"
 #include "rename/run.h"
 #include "rename/undo.h"
-#include "settings/reg_settings.h"
 #include "settings/output_modes.h"
+#include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 
 namespace {

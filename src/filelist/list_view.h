@@ -82,7 +82,7 @@ class ListView : public QTableView {
   GroupedRowsModel& model_;
   ColumnWidths* columns_ = nullptr;
   TypeToFind find_;
-  QElapsedTimer running_;  ///< since the view was made
+  QElapsedTimer running_;           ///< since the view was made
   std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
   QWidget* empty_ = nullptr;
