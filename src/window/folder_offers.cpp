@@ -8,6 +8,7 @@
 #include <system_error>
 #include <thread>
 
+#include "common/natural_order.h"
 #include "common/path_text.h"
 #include "look/handlers.h"
 #include "platform/qt/home_qt.h"
@@ -33,7 +34,11 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
     if (entry->is_directory(unknown)) names.push_back(entry->path().filename().string());
     if (names.size() == kMostNames) break;
   }
-  std::ranges::sort(names, {}, [](const std::string& name) { return text::ToLower(name); });
+  std::ranges::sort(names, {}, [](const std::string& name) {
+    std::string key;
+    AppendNaturalKey(name, key);
+    return key;
+  });
   return names;
 }
 

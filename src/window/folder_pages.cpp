@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "common/path_text.h"
+#include "filelist/mask_field.h"
 #include "look/card.h"
 #include "look/handlers.h"
 #include "look/look.h"
@@ -128,6 +129,7 @@ QWidget* FolderPages::BuildSourcePage() {
   for (QLineEdit* mask : {fdIncludeMask, fdExcludeMask}) {
     mask->setPlaceholderText(tr("*.jpg *.png"));
     Explain(mask, tr("Masks are parted by blanks"));
+    WatchMasks(mask);
   }
   Explain(Command2, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
 
