@@ -80,6 +80,7 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
                        const std::function<bool(Pass&)>& work) {
   const auto let_go = [&] {
     services_.files.LetFoldersGo();
+    state_.previewing = false;
     (this->*kind.show)();
     state_.gCancelRequested = false;
   };
@@ -91,6 +92,7 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
   bool done = false;
   ErrTrace::OnFailure("Commands.OnFailure", leave_usable, [&] {
     EnableDisable(kind.running);
+    if (!kind.done_word.empty()) ++run_count_;
     state_.counts = {};
     if (!kind.status.empty()) ShowProgress(kind.status, count);
     state_.gCancelRequested = false;
@@ -189,6 +191,7 @@ void Commands::bnPreview_Click() {
   ErrTrace::top("Form1.bnPreview_Click", [&] {
     if (session_.grid.RowCount() == 0 || session_.constructor.ArrConstr.empty()) return;
     const bool done = RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
+      state_.previewing = true;
       return SetPreview(pass, session_.grid, session_.constructor);
     });
     if (done) state_.gPreviewStale = false;

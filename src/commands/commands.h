@@ -49,6 +49,8 @@ class Commands {
   int Mode() const { return mode_; }
   /// A pass is running, so nothing but "Cancel" may be done.
   bool Busy() const;
+  /// How many runs and undos have begun; a command that was refused begins none.
+  int RunCount() const { return run_count_; }
 
  private:
   /// The events of a pass: how far it is can be seen each time events run.
@@ -102,4 +104,5 @@ class Commands {
   FileTypes types_;
   EmptyList list_state_ = EmptyList::kNotListed;  ///< of the last scan
   int mode_ = ModeNoFolder;
+  int run_count_ = 0;
 };

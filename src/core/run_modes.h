@@ -50,5 +50,6 @@ class ModeView {
 /// number of rows that the progress bar counts.
 void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView& view);
 
-/// The stale rule: new names no longer fit what the user asked for, so "Rename" is off.
+/// The stale rule: new names no longer fit what the user asked for, so "Rename" is off. Sets
+/// `gPreviewStale`; where it wasn't set yet, rows in sight are repainted.
 void MarkStale(RunState& state, ModeView& view);

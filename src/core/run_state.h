@@ -30,6 +30,7 @@ struct FileCounts {
 struct RunState {
   bool gCancelRequested = false;  ///< the user pressed "Cancel"; every long pass asks for it
   bool gPreviewStale = false;     ///< names or checks changed since the last finished preview
+  bool previewing = false;        ///< new names are being made, so none is told to be old
   std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
   std::string gCheckMask = "*.*";         ///< by which check boxes were set last

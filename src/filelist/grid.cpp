@@ -95,7 +95,8 @@ RecordFacts FactsOf(const FileRow& row, bool stale) {
 RecordSource FileSource(Records& records, const RunState* state) {
   return {FileColumns(records), [&] { return records.Count(); },
           [&records, state](std::size_t i) {
-            return FactsOf(records[i], state != nullptr && state->gPreviewStale);
+            return FactsOf(records[i],
+                           state != nullptr && state->gPreviewStale && !state->previewing);
           },
           [&](std::size_t i) { return PathOfRow(records, records[i]); },
           [&](std::size_t i, bool checked) { records[i].checked = checked; }};

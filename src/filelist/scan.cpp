@@ -59,8 +59,7 @@ void Scan::FillFrom(std::string_view pParentName, std::string_view sParentPath, 
             folder, [&] { return pass_.GoOn(); }, entries);
         if (!read) NoteUnreadable(is_root);
         for (const std::uint32_t number : Choose(entries.entries, beginning)) {
-          const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
-          if (!(due ? pass_.LetEventsRun() : pass_.GoOn())) return;
+          if (!LetEventsRunIfDue()) return;
           const auto& [name, kind] = entries.entries[number];
           if (kind == EntryKind::kFile) {
             AddFile(name, pParentName, sParentPath, folder);
@@ -73,11 +72,20 @@ void Scan::FillFrom(std::string_view pParentName, std::string_view sParentPath, 
       });
 }
 
+bool Scan::LetEventsRunIfDue() {
+  const bool due = state_.gFileCount % kFilesBetweenEvents == 0;
+  return due ? pass_.LetEventsRun() : pass_.GoOn();
+}
+
 std::vector<std::uint32_t> Scan::Choose(std::vector<FolderEntries::Entry>& entries,
                                         std::string_view beginning) {
   const GoOn go_on = [&] { return pass_.GoOn(); };
   std::erase_if(entries, [&](const FolderEntries::Entry& entry) {
-    return !go_on() || !entry.name.starts_with(beginning) || !Chooses(entry);
+    if (state_.gCancelRequested) return true;
+    const bool chosen = entry.name.starts_with(beginning) && Chooses(entry);
+    // The turn of what is chosen comes when it is taken.
+    const bool goes_on = chosen ? pass_.GoOn() : LetEventsRunIfDue();
+    return !chosen || !goes_on;
   });
   const auto name_of = [&](std::size_t i) { return entries[i].name; };
   return SortedByText(entries.size(), name_of, AppendNaturalKey, true, go_on);

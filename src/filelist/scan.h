@@ -37,6 +37,8 @@ class Scan {
  private:
   void FillFrom(std::string_view pParentName, std::string_view sParentPath, bool is_root);
   void NoteUnreadable(bool is_root);
+  /// Called for each entry; false when the user cancels.
+  bool LetEventsRunIfDue();
   /// Leaves only the entries to be taken; answers their numbers in natural order, none when the
   /// user cancelled.
   std::vector<std::uint32_t> Choose(std::vector<FolderEntries::Entry>& entries,

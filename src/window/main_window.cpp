@@ -212,9 +212,9 @@ void Form1::Start(CommandButton button) {
   if (by_numbers && editor_->TellRefusedNumber()) return;
   const QPointer<QWidget> focused = focusWidget();
   cancelled_ = false;
+  const int runs = commands_.RunCount();
   (commands_.*kCommands[static_cast<std::size_t>(button)])();
-  const bool run_ended = button == CommandButton::bnRename || button == CommandButton::bnUndo;
-  if (run_ended) undo_key_->RunEnded();
+  if (commands_.RunCount() != runs) undo_key_->RunEnded();
   if (close_wanted_) {
     close();
   } else if (!cancelled_) {
