@@ -1,6 +1,7 @@
 #include "filelist/scan.h"
 
 #include <cerrno>
+#include <optional>
 
 #include "common/natural_order.h"
 #include "common/path_text.h"
