@@ -55,7 +55,10 @@ WindowFrame FrameOf(const QWidget& window) {
 /// without the frame, and the window would creep by its frame at each start.
 void Place(QWidget& window, const QPoint& place) {
   window.move(place);
-  if (QWindow* handle = window.windowHandle()) handle->setFramePosition(place);
+  QWindow* handle = window.windowHandle();
+  if (handle == nullptr) return;
+  handle->resize(window.size());  // else Qt does it at the showing, and moves the window as well
+  handle->setFramePosition(place);
 }
 
 void Apply(const WindowFrame& frame, QWidget& window) {
