@@ -6,6 +6,7 @@
 #include "common/language.h"
 #include "common/path_text.h"
 #include "core/pass.h"
+#include "filelist/masks.h"
 #include "filelist/scan.h"
 #include "filelist/system_folder.h"
 #include "names/preview.h"
@@ -150,7 +151,9 @@ void Commands::bnLoadFileList_Click() {
     session_.records.DeleteAll();
     session_.grid.Clear();
     view_.ListRepopulated(EmptyList::kListing);
-    list_state_ = EmptyList::kNotComplete;
+    const bool faulty =
+        MaskList(source.fdIncludeMask).IsFaulty() || MaskList(source.fdExcludeMask).IsFaulty();
+    list_state_ = faulty ? EmptyList::kMaskFaulty : EmptyList::kNotComplete;
     state_.gFileCount = 0;
     state_.panes.paneTotal = kTotalOfNone;  // none of those that stood there is listed now
     RunPass(kScan, 0, [&](Pass& pass) { return FillList(pass, source); });

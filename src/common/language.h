@@ -131,6 +131,7 @@ inline constexpr std::string_view kChooseAndList =
 inline constexpr std::string_view kListing = "Listing…";
 inline constexpr std::string_view kNotComplete = "List not complete";
 inline constexpr std::string_view kListAgain = "Press “Prepare file list” to start again.";
+inline constexpr std::string_view kBracketOpen = "A “[” in a mask has no “]”.";
 inline constexpr std::string_view kNoneFound = "No files found";
 inline constexpr std::string_view kFolderUnreadable = "The folder can't be read.";
 inline constexpr std::string_view kNoClosingSeparator = "The source folder does not end in “/”.";

@@ -40,6 +40,8 @@ EmptyListTexts TextsOf(EmptyList reason) {
       return {kListing, {}};
     case EmptyList::kNotComplete:
       return {kNotComplete, kListAgain};
+    case EmptyList::kMaskFaulty:
+      return {kNotComplete, kBracketOpen};
     case EmptyList::kFolderMissing:
       return {kNoneFound, kFolderNotFound};
     case EmptyList::kFolderUnreadable:

@@ -8,6 +8,7 @@ enum class EmptyList : std::uint8_t {
   kNotListed,    ///< none was looked for yet
   kListing,      ///< it is being filled
   kNotComplete,  ///< cancelled, or ended by a failure
+  kMaskFaulty,   ///< ended by a mask that can't be understood
   kFolderMissing,
   kFolderUnreadable,
   kSeparatorMissing,  ///< the folder as typed lacks its closing separator, so it has no files

@@ -5,7 +5,6 @@
 #include <QLineEdit>
 
 #include "filelist/masks.h"
-#include "look/card.h"
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 
@@ -18,7 +17,7 @@ QAction* AddSign(QLineEdit* field) {
                                                   field->devicePixelRatioF());
   QAction* sign = field->addAction(QIcon(picture), QLineEdit::TrailingPosition);
   sign->setObjectName(field->objectName() + QStringLiteral("Warning"));
-  sign->setToolTip(QLineEdit::tr("A “[” in the mask has no “]”"));
+  sign->setText(QLineEdit::tr("A “[” in the mask has no “]”"));
   return sign;
 }
 
@@ -31,7 +30,7 @@ void WatchMasks(QLineEdit* field) {
     auto* sign = field->findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
     if (faulty == (sign != nullptr)) return;
     delete sign;
-    Explain(field, faulty ? AddSign(field)->toolTip() : own_words);
+    field->setToolTip(faulty ? AddSign(field)->text() : own_words);
   };
   QObject::connect(field, &QLineEdit::textChanged, field, show);
   show();

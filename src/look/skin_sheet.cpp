@@ -146,6 +146,7 @@ QLineEdit, QAbstractSpinBox { min-height: 24px; padding: 0 6px; }
 QLineEdit:focus, QAbstractSpinBox:focus {
   border: 2px solid {focus}; min-height: 22px; padding: 0 5px;
 }
+QLineEdit QToolButton { background: transparent; border: none; padding: 0; min-height: 0; }
 QPlainTextEdit:focus, QTextEdit:focus { border: 2px solid {focus}; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBox:disabled {
   background: {disabledFill}; border-color: {line};

@@ -297,7 +297,7 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   };
   view.source.fdIncludeMask = "[a";
   expect("l", "4", "bnLoadFileList_Click");
-  EXPECT_EQ(view.empty, EmptyList::kNotComplete);
+  EXPECT_EQ(view.empty, EmptyList::kMaskFaulty);
   EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
