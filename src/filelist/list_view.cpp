@@ -73,7 +73,6 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   ConnectRows();
   SetHeights();
   columns_ = new ColumnWidths(*this, model.List());
-  columns_->LayOut();
   ShowEmptyText();
 }
 

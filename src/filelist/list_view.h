@@ -38,7 +38,7 @@ class ListView : public QTableView {
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
 
-  /// The width in which no shown column is out of sight.
+  /// The narrowest one in which no shown column is out of sight.
   int LeastWidth() const;
   /// The height in which all rows are seen.
   int HeightOfRows() const;
