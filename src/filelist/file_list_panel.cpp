@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "common/language.h"
+#include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
 #include "look/handlers.h"
@@ -214,6 +215,6 @@ RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {
 
 void FileListPanel::SetEmptyText(EmptyList reason) {
   const EmptyListTexts texts = TextsOf(reason);
-  ReportControl1->SetEmptyText(text::ToQt(texts.title), text::ToQt(texts.note));
-  ReportControl1->SetEmptyLink(texts.link.empty() ? nullptr : lnkAddSeparator);
+  ReportControl1->Empty().SetTexts(text::ToQt(texts.title), text::ToQt(texts.note));
+  ReportControl1->Empty().SetLink(texts.link.empty() ? nullptr : lnkAddSeparator);
 }

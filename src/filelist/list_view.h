@@ -8,13 +8,12 @@
 #include "filelist/type_to_find.h"
 
 class ColumnWidths;
+class EmptyText;
 class GroupedRowsModel;
-class QLabel;
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
-/// has them, as wide as `ColumnWidths` makes them, and a text in its middle, its description too,
-/// for as long as it has no rows. A click on a heading asks for a sort, the third one for the order
-/// of the records.
+/// has them, as wide as `ColumnWidths` makes them, and an `EmptyText` for as long as it has no
+/// rows. A click on a heading asks for a sort, the third one for the order of the records.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -24,11 +23,8 @@ class ListView : public QTableView {
 
   /// Hides or shows a column and shares the width anew.
   void ShowColumn(int column, bool show);
-  /// What stands in the middle while there are no rows; without a title nothing does.
-  void SetEmptyText(const QString& title, const QString& note);
-  /// A control below those texts; null: none. It is a sibling of the view, since all that a table
-  /// tells screen readers of is its cells.
-  void SetEmptyLink(QWidget* link);
+  /// What is shown while there are no rows; nothing until it has texts.
+  EmptyText& Empty() { return *empty_; }
 
   /// Paints those rows in sight anew that tell something else than at the last call, or all after
   /// the model told of a change; costs next to nothing where none does, so that a pass can call it
@@ -70,11 +66,8 @@ class ListView : public QTableView {
 
  private:
   void SetUpHeader();
-  void MakeEmptyText();
   void ConnectRows();
   void SetHeights();
-  void ShowEmptyText();
-  void PlaceEmptyLink();
   void AskForSort(int column, Qt::SortOrder order);
   void AskForMenu(const QModelIndex& index, const QPoint& place);
   void AskForMenuAtCurrent();
@@ -85,11 +78,5 @@ class ListView : public QTableView {
   QElapsedTimer running_;           ///< since the view was made
   std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
-  QWidget* empty_ = nullptr;
-  QLabel* empty_picture_ = nullptr;
-  QLabel* empty_title_ = nullptr;
-  QLabel* empty_note_ = nullptr;
-  QWidget* empty_room_ = nullptr;  ///< where the link stands
-  QWidget* empty_link_ = nullptr;
-  QString described_;  ///< how the empty list is described to screen readers
+  EmptyText* empty_ = nullptr;
 };
