@@ -137,11 +137,7 @@ void FileListPanel::ConnectControls() {
 void FileListPanel::ConnectList() {
   OnSignal(lnkAddSeparator, &LinkButton::clicked, this, "Form1.lnkAddSeparator_Click",
            [this] { emit separatorAsked(); });
-  OnSignal(ReportControl1, &ListView::sortAsked, this, "Form1.ReportControl1_SortOrderChanged",
-           [this](int column, Qt::SortOrder order) {
-             ReportControl1->ChangeRows([&] { model_->sort(column, order); });
-             emit sortChanged();
-           });
+  connect(ReportControl1, &ListView::sortChanged, this, &FileListPanel::sortChanged);
   connect(model_, &GroupedRowsModel::rowChecked, this, [this](int Row) {
     constexpr int Item = kColumnCheck;
     ErrTrace::top("Form1.ReportControl1_ItemCheck(Row,Item)", ErrTrace::args(Row, Item),
@@ -200,11 +196,6 @@ void FileListPanel::EnableElements(bool enable) {
 
 std::vector<int> FileListPanel::SelectedRows() const {
   return ReportControl1->SelectedRows();
-}
-
-std::string FileListPanel::SelectedFile() const {
-  const std::vector<int> rows = SelectedRows();
-  return !rows.empty() && model_->IsFileRow(rows.front()) ? model_->FileOf(rows.front()) : "";
 }
 
 RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {

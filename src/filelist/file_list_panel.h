@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
 #include <vector>
 
 #include "filelist/empty_list.h"
@@ -46,8 +45,6 @@ class FileListPanel : public QWidget {
 
   /// The selected rows of the grid from the top, group rows among them.
   std::vector<int> SelectedRows() const;
-  /// The path of the file of the first of them; empty for a group row and when none is selected.
-  std::string SelectedFile() const;
   /// What the menu of a row offers, or of the list where `row` is -1.
   RowMenuPlace MenuPlaceOf(int row) const;
 

@@ -17,6 +17,7 @@
 #include "filelist/grouped_rows_model.h"
 #include "filelist/kept_rows.h"
 #include "filelist/row_painter.h"
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
@@ -63,7 +64,8 @@ void ListView::SetUpHeader() {
   header->setSortIndicator(-1, Qt::AscendingOrder);
   header->setSortIndicatorShown(true);
   header->setSortIndicatorClearable(true);
-  connect(header, &QHeaderView::sortIndicatorChanged, this, &ListView::AskForSort);
+  OnSignal(header, &QHeaderView::sortIndicatorChanged, this, "ListView.Sort",
+           [this](int column, Qt::SortOrder order) { Sort(column, order); });
   // The group rows reach over all columns.
   connect(header, &QHeaderView::sectionResized, viewport(), qOverload<>(&QWidget::update));
 }
@@ -94,10 +96,11 @@ int ListView::HeightOfRows() const {
   return 2 * frameWidth() + horizontalHeader()->height() + verticalHeader()->length();
 }
 
-void ListView::AskForSort(int column, Qt::SortOrder order) {
+void ListView::Sort(int column, Qt::SortOrder order) {
   const RecordList& list = model_.List();
   if (column < 0 || list.CanSort(column)) {
-    emit sortAsked(column, order);
+    ChangeRows([&] { model_.sort(column, order); });
+    emit sortChanged();
     return;
   }
   const QSignalBlocker quiet(horizontalHeader());
@@ -169,6 +172,11 @@ std::vector<int> ListView::SelectedRows() const {
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   return rows;
+}
+
+std::string ListView::SelectedFile() const {
+  const std::vector<int> rows = SelectedRows();
+  return !rows.empty() && model_.IsFileRow(rows.front()) ? model_.FileOf(rows.front()) : "";
 }
 
 void ListView::SetHeights() {

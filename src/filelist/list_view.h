@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "filelist/type_to_find.h"
@@ -13,7 +14,7 @@ class GroupedRowsModel;
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
 /// has them, as wide as `ColumnWidths` makes them, and an `EmptyText` for as long as it has no
-/// rows. A click on a heading asks for a sort, the third one for the order of the records.
+/// rows. A click on a heading sorts by it, the third one gives the order of the records back.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -33,6 +34,8 @@ class ListView : public QTableView {
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
+  /// The path of the file of the first of them; empty for a group row and when none is selected.
+  std::string SelectedFile() const;
 
   /// The narrowest one in which no shown column is out of sight.
   int LeastWidth() const;
@@ -52,8 +55,8 @@ class ListView : public QTableView {
   void rowDblClick(int Row, int Item);
   /// A menu is asked for at a row, which is selected, or at none: -1.
   void rowRClick(int Row, int Item);
-  /// The user wants a sort by a column, or by none: -1.
-  void sortAsked(int column, Qt::SortOrder order);
+  /// The user has sorted by another column, by none, or the other way.
+  void sortChanged();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -68,7 +71,7 @@ class ListView : public QTableView {
   void SetUpHeader();
   void ConnectRows();
   void SetHeights();
-  void AskForSort(int column, Qt::SortOrder order);
+  void Sort(int column, Qt::SortOrder order);
   void AskForMenu(const QModelIndex& index, const QPoint& place);
   void AskForMenuAtCurrent();
 

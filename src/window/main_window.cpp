@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -116,7 +115,7 @@ void Form1::ConnectPanels() {
   connect(list_, &FileListPanel::rowDblClick, this, [this] {
     // A double click speaks of the first selected row, as the menu does.
     mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell,
-                              list_->SelectedFile());
+                              list_->ReportControl1->SelectedFile());
   });
   connect(list_, &FileListPanel::rowRClick, this, &Form1::ShowPopup);
   AddListKeys();
@@ -275,7 +274,7 @@ void Form1::CommandBars1_Execute(int Control) {
     if (const CheckOperation* operation = FindCheckOperation(Control)) {
       return commands_.Check(*operation);
     }
-    ExecuteOnFile(Control, services_, list_->SelectedFile());
+    ExecuteOnFile(Control, services_, list_->ReportControl1->SelectedFile());
   });
 }
 
@@ -292,11 +291,7 @@ void Form1::AddListKeys() {
 
 void Form1::ShowPopup(int row, const QPoint& place) {
   if (session_.grid.RowCount() == 0) return;
-  auto* popup = new QMenu(this);
-  popup->setObjectName(QStringLiteral("Popup"));
-  popup->setAttribute(Qt::WA_DeleteOnClose);
-  FillRowMenu(*popup, list_->MenuPlaceOf(row), [this](int id) { CommandBars1_Execute(id); });
-  popup->popup(place);
+  PopUpRowMenu(this, list_->MenuPlaceOf(row), place, [this](int id) { CommandBars1_Execute(id); });
 }
 
 void Form1::EnableElements(bool pEnable) {

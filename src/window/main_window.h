@@ -60,7 +60,7 @@ class Form1 : public QWidget, private CommandView {
   void FocusFirst();
   void Command4_Click();
   void AddListKeys();
-  /// The commands that fit a row, at `place` on the screen. Returns at once; the menu ends itself.
+  /// The commands that fit a row, at `place` on the screen.
   void ShowPopup(int row, const QPoint& place);
   /// The one way of all commands that a menu sends, by their numbers.
   void CommandBars1_Execute(int Control);

@@ -176,7 +176,7 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3, 4));
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
-  EXPECT_EQ(panel.SelectedFile(), "/a/IMG_1.JPG");
+  EXPECT_EQ(list.SelectedFile(), "/a/IMG_1.JPG");
   Type(&list, QStringLiteral("bad"));
   EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
 }
@@ -241,10 +241,10 @@ TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
       {{true, false, true}, "102 112 105 113 101 0 106 107 0 108 "},
       {{false, false, true}, "106 107 0 108 "}};
   for (const auto& [place, expected] : table) {
-    QMenu menu;
+    QWidget window;
     std::string commands;
-    FillRowMenu(menu, place, [&](int id) { commands += std::to_string(id) + " "; });
-    for (QAction* action : menu.actions()) action->trigger();
+    PopUpRowMenu(&window, place, {}, [&](int id) { commands += std::to_string(id) + " "; });
+    for (QAction* action : window.findChild<QMenu*>()->actions()) action->trigger();
     EXPECT_EQ(commands, expected);
   }
 }
