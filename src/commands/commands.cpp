@@ -28,10 +28,11 @@ Services WithEvents(const Services& s, EventPump& events) {
 
 }  // namespace
 
-Commands::Commands(Session& session, const Services& services, CommandView& view)
+Commands::Commands(Session& session, const Services& services, CommandView& view, ListSurface& list)
     : session_(session),
       state_(session.state),
       view_(view),
+      list_(list),
       events_(services.events, *this),
       services_(WithEvents(services, events_)),
       types_(services.type_names) {}
@@ -117,7 +118,7 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 void Commands::ShowPass() {
   state_.panes.paneResult = ProgressLine(state_.counts, services_.locale);
   view_.ShowPanes();
-  view_.RepaintRows();
+  list_.RepaintRows();
 }
 
 void Commands::ShowResult(const PassKind& kind) {
@@ -129,11 +130,11 @@ void Commands::ShowResult(const PassKind& kind) {
 
 void Commands::ShowList() {
   if (list_state_ != EmptyList::kNotListed) state_.panes.paneTotal = kTotalOfNone;
-  view_.ListRepopulated(list_state_);
+  list_.ListRepopulated(list_state_);
 }
 
 void Commands::ShowRows() {
-  view_.RowsChanged();
+  list_.RowsChanged();
 }
 
 // The commands.
@@ -147,7 +148,7 @@ void Commands::bnLoadFileList_Click() {
     if (!MayList(source.fdSourceFolder)) return;
     session_.records.DeleteAll();
     session_.grid.Clear();
-    view_.ListRepopulated(EmptyList::kListing);
+    list_.ListRepopulated(EmptyList::kListing);
     list_state_ = EmptyList::kNotComplete;
     state_.gFileCount = 0;
     state_.panes.paneTotal = kTotalOfNone;  // none of those that stood there is listed now
@@ -251,8 +252,12 @@ void Commands::Check(const CheckOperation& operation) {
       if (!mask) return;
       state_.gCheckMask = *mask;
     }
-    SetCheckBoxes(operation, session_.grid, view_.SelectedRows(), state_.gCheckMask);
-    view_.Populate();
-    MarkStale(state_, view_);
+    SetCheckBoxes(operation, session_.grid, list_.SelectedRows(), state_.gCheckMask);
+    list_.ShowAnew();
+    MarkStale();
   });
+}
+
+void Commands::MarkStale() {
+  if (::MarkStale(state_, view_)) list_.RepaintRows();
 }

@@ -42,13 +42,12 @@ class ModeView {
   virtual void EnableButton(CommandButton button, bool enable) = 0;
   /// `RunState::panes` has changed and is to be shown.
   virtual void ShowPanes() = 0;
-  /// What rows tell may have changed; those in sight are to be painted as they are now.
-  virtual void RepaintRows() = 0;
 };
 
 /// Applies the row of `mode`; any number outside the table does nothing. `record_count` is the
 /// number of rows that the progress bar counts.
 void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView& view);
 
-/// The stale rule: new names no longer fit what the user asked for, so "Rename" is off.
-void MarkStale(RunState& state, ModeView& view);
+/// The stale rule: new names no longer fit what the user asked for, so "Rename" is off. Whether
+/// they fitted until now.
+bool MarkStale(RunState& state, ModeView& view);

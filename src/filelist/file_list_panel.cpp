@@ -168,11 +168,12 @@ void FileListPanel::CheckSelected() {
   if (model_->IsFileRow(leader)) model_->CheckRows(rows, !model_->IsChecked(leader));
 }
 
-void FileListPanel::ListRepopulated() {
+void FileListPanel::ListRepopulated(EmptyList reason) {
+  SetEmptyText(reason);
   model_->Reset();
 }
 
-void FileListPanel::Populate() {
+void FileListPanel::ShowAnew() {
   ReportControl1->ChangeRows([this] { model_->ShowAnew(); });
 }
 

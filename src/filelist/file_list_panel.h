@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <vector>
 
-#include "filelist/empty_list.h"
 #include "filelist/grid.h"
+#include "filelist/list_surface.h"
 #include "filelist/row_menu.h"
 #include "settings/options.h"
 
@@ -18,22 +18,17 @@ class QPushButton;
 
 /// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
 /// what the user did by signals.
-class FileListPanel : public QWidget {
+class FileListPanel : public QWidget, public ListSurface {
   Q_OBJECT
 
  public:
   explicit FileListPanel(Grid& grid, QWidget* parent = nullptr);
 
-  /// The rows of the grid were made anew.
-  void ListRepopulated();
-  /// Makes the rows anew from the records; what is selected and current stays so.
-  void Populate();
-  /// Names, marks or check boxes of rows were written; their number and order stand.
-  void RowsChanged();
-  /// The same while a pass works or the new names go out of date: only rows in sight are looked at.
-  void RepaintRows();
-  /// What the list tells while it has no rows.
-  void SetEmptyText(EmptyList reason);
+  void ListRepopulated(EmptyList reason) override;
+  void ShowAnew() override;
+  void RowsChanged() override;
+  void RepaintRows() override;
+  std::vector<int> SelectedRows() const override;
 
   /// What the controls hold.
   ListOptions ReadOptions() const;
@@ -43,8 +38,6 @@ class FileListPanel : public QWidget {
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);
 
-  /// The selected rows of the grid from the top, group rows among them.
-  std::vector<int> SelectedRows() const;
   /// What the menu of a row offers, or of the list where `row` is -1.
   RowMenuPlace MenuPlaceOf(int row) const;
 
@@ -76,6 +69,8 @@ class FileListPanel : public QWidget {
   void ConnectControls();
   void ConnectList();
   void SetWideCaption();
+  /// What the list tells while it has no rows.
+  void SetEmptyText(EmptyList reason);
   void CheckSelected();
 
   Grid& grid_;

@@ -35,7 +35,7 @@ class FileListTest : public testing::Test {
     add("/b/", "x.txt", 1);
     records[0].newFileName = "3_a.jpg";
     grid.Populate();
-    panel.ListRepopulated();
+    panel.ListRepopulated(EmptyList::kNotListed);
     panel.resize(700, 400);
     panel.show();
     QCoreApplication::processEvents();
@@ -172,7 +172,7 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   SortBy(kColumnMark);  // can't be sorted by, so nothing moves
   EXPECT_THAT(told, ElementsAre(-1));
   records[2].size = 1e9;
-  panel.Populate();
+  panel.ShowAnew();
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3, 4));
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
@@ -187,7 +187,8 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   EXPECT_EQ(model.rowCount(), 4);
   EXPECT_EQ(list.currentIndex().row(), 3);
   grid.Clear();
-  panel.ListRepopulated();
+  panel.ListRepopulated(EmptyList::kNotComplete);
+  panel.ShowAnew();
   panel.cmbGroupBy->setCurrentIndex(2);
   SortBy(kColumnSourceName);
   EXPECT_EQ(model.rowCount(), 0);
