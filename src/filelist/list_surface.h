@@ -11,8 +11,8 @@ class ListSurface {
 
   /// The rows of the grid were made anew; `reason` is what an empty list tells.
   virtual void ListRepopulated(EmptyList reason) = 0;
-  /// Makes the rows of the grid anew from the records; what is selected and current stays so. A list
-  /// without rows stays without, whatever a cancelled scan has left in the records.
+  /// Makes the rows of the grid anew from the records; what is selected and current stays so. A
+  /// list without rows stays without, whatever a cancelled scan has left in the records.
   virtual void ShowAnew() = 0;
   /// Names, marks or check boxes of rows were written; their number and order stand.
   virtual void RowsChanged() = 0;
