@@ -26,6 +26,18 @@ Services WithEvents(const Services& s, EventPump& events) {
           s.type_names, s.folders, s.prompts, s.shell, s.settings};
 }
 
+/// The wait pointer for as long as it lives.
+class WaitPointer {
+ public:
+  explicit WaitPointer(ModeView& view) : view_(view) { view_.SetWaitPointer(true); }
+  ~WaitPointer() { view_.SetWaitPointer(false); }
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+
+ private:
+  ModeView& view_;
+};
+
 }  // namespace
 
 Commands::Commands(Session& session, const Services& services, CommandView& view, ListSurface& list)
@@ -252,6 +264,7 @@ void Commands::Check(const CheckOperation& operation) {
       if (!mask) return;
       state_.gCheckMask = *mask;
     }
+    const WaitPointer wait(view_);  // a million boxes take a moment before the list is made anew
     SetCheckBoxes(operation, session_.grid, list_.SelectedRows(), state_.gCheckMask);
     list_.ShowAnew();
     MarkStale();

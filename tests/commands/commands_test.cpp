@@ -31,8 +31,12 @@ class FakeView : public CommandView, public ListSurface {
   void ShowAnew() override {
     if (grid_.RowCount() > 0) grid_.Populate();
   }
-  std::vector<int> SelectedRows() const override { return selected; }
+  std::vector<int> SelectedRows() const override {
+    EXPECT_TRUE(waiting) << "its rows are about to be worked on";
+    return selected;
+  }
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override {
+    EXPECT_FALSE(waiting);
     shown += std::string(caption).append(" (").append(mask).append(") ");
     return mask_given;
   }
@@ -319,6 +323,7 @@ TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused)
     view.mask_given = std::move(mask);
     state.gPreviewStale = false;
     report = FailureReport([&] { commands.Check(*FindCheckOperation(id)); });
+    EXPECT_FALSE(view.waiting);
     return state.gPreviewStale;
   };
   EXPECT_TRUE(check(kCheckAll)) << "of an empty list too";
