@@ -147,7 +147,11 @@ void FileListPanel::ConnectList() {
            [this] { CheckSelected(); });
   OnSignal(ReportControl1, &ListView::rowDblClick, this,
            "Form1.ReportControl1_RowDblClick(Row,Item)", [this](int row, int) {
-             if (model_->IsFileRow(row)) emit rowDblClick();
+             if (model_->IsFileRow(row)) emit rowDblClick(ReportControl1->SelectedFile());
+           });
+  OnSignal(ReportControl1, &ListView::rowEntered, this,
+           "Form1.ReportControl1_RowDblClick(Row,Item)", [this](int row, int) {
+             if (model_->IsFileRow(row)) emit rowDblClick(model_->FileOf(row));
            });
   OnSignal(ReportControl1, &ListView::rowRClick, this, "Form1.ReportControl1_RowRClick(Row,Item)",
            [this](int row, int) { emit rowRClick(row, ReportControl1->MenuPlace()); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
 #include <vector>
 
 #include "filelist/grid.h"
@@ -56,8 +57,9 @@ class FileListPanel : public QWidget, public ListSurface {
   void wideToggled(bool wide);
   /// The user has changed check boxes, `row`'s among them.
   void rowChecked(int row);
-  /// A double click on a file row, or Enter with a file row the current one.
-  void rowDblClick();
+  /// A double click on a file row, which speaks of the first selected row, as the menu does, or
+  /// Enter with a file row the current one. The path of that row's file; empty for a group row.
+  void rowDblClick(const std::string& file);
   /// A menu is asked for at `place` on the screen; `row` is the row there, or -1.
   void rowRClick(int row, QPoint place);
 

@@ -211,10 +211,17 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   if (plain && event->key() == Qt::Key_Space) {
     emit spacePressed();
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    emit rowDblClick(currentIndex().row(), currentIndex().column());
+    EnterCurrent();
   } else {
     QTableView::keyPressEvent(event);
   }
+}
+
+void ListView::EnterCurrent() {
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return;
+  if (!selectionModel()->hasSelection()) selectRow(current.row());
+  emit rowEntered(current.row(), current.column());
 }
 
 void ListView::paintEvent(QPaintEvent* event) {

@@ -51,8 +51,10 @@ class ListView : public QTableView {
 
  signals:
   void spacePressed();
-  /// A double click on a row, but for one on a check box; or Enter, which means the current row.
+  /// A double click on a row, but for one on a check box.
   void rowDblClick(int Row, int Item);
+  /// Enter, with the current row, which is selected if none was.
+  void rowEntered(int Row, int Item);
   /// A menu is asked for at a row, which is selected, or at none: -1.
   void rowRClick(int Row, int Item);
   /// The user has sorted by another column, by none, or the other way.
@@ -74,6 +76,7 @@ class ListView : public QTableView {
   void Sort(int column, Qt::SortOrder order);
   void AskForMenu(const QModelIndex& index, const QPoint& place);
   void AskForMenuAtCurrent();
+  void EnterCurrent();
 
   GroupedRowsModel& model_;
   ColumnWidths* columns_ = nullptr;

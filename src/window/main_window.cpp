@@ -111,10 +111,8 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
-  connect(list_, &FileListPanel::rowDblClick, this, [this] {
-    // A double click speaks of the first selected row, as the menu does.
-    mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell,
-                              list_->ReportControl1->SelectedFile());
+  connect(list_, &FileListPanel::rowDblClick, this, [this](const std::string& file) {
+    mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell, file);
   });
   connect(list_, &FileListPanel::rowRClick, this, &Form1::ShowPopup);
   AddListKeys();

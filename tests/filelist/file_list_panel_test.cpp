@@ -181,6 +181,20 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
 }
 
+TEST_F(FileListTest, EnterMeansTheCurrentRowAndADoubleClickTheFirstSelectedOne) {
+  std::string files;
+  QObject::connect(&panel, &FileListPanel::rowDblClick, [&](auto& file) { files += file + " "; });
+  const QModelIndex second = model.index(2, kColumnSourceName);
+  list.selectionModel()->setCurrentIndex(second, QItemSelectionModel::NoUpdate);
+  Press(&list, Qt::Key_Return);
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(2));
+  list.selectionModel()->select(model.index(1, 0),
+                                QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  Press(&list, Qt::Key_Enter);
+  emit list.doubleClicked(second);
+  EXPECT_EQ(files, "/a/IMG_1.JPG /a/IMG_1.JPG /a/IMG_3.JPG ");
+}
+
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
   list.selectRow(5);
   panel.cmbGroupBy->setCurrentIndex(0);

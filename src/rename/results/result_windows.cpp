@@ -70,9 +70,10 @@ QSize ResultWindow::SizeOfRows() const {
 }
 
 void ResultWindow::Connect() {
-  OnSignal(ReportControl1, &ListView::rowDblClick, this,
-           Handler("ReportControl1_RowDblClick(Row,Item)"),
-           [this](int row, int) { OpenInExplorerList(row); });
+  for (auto signal : {&ListView::rowDblClick, &ListView::rowEntered}) {
+    OnSignal(ReportControl1, signal, this, Handler("ReportControl1_RowDblClick(Row,Item)"),
+             [this](int row, int) { OpenInExplorerList(row); });
+  }
   OnSignal(ReportControl1, &ListView::rowRClick, this,
            Handler("ReportControl1_RowRClick(Row,Item)"), [this](int row, int item) {
              if (!model_->IsFileRow(row)) return;
