@@ -3,13 +3,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/run_modes.h"
-#include "filelist/empty_list.h"
 #include "settings/options.h"
 
-/// What the commands need of the main window.
+/// What the commands need of the main window beside its list.
 class CommandView : public ModeView {
  public:
   /// The options as they stand when a command starts; all option controls are off during a pass.
@@ -19,17 +17,9 @@ class CommandView : public ModeView {
   /// Whether the user lists a folder that touches the system's own `folders`, one a line.
   virtual bool AskAboutSystemFolders(const std::string& folders) = 0;
 
-  /// The rows of the grid were made anew; `reason` is what an empty list tells.
-  virtual void ListRepopulated(EmptyList reason) = 0;
-  /// Makes the rows of the grid anew from the records; what is selected stays so.
-  virtual void Populate() = 0;
-  /// The selected rows of the grid from the top.
-  virtual std::vector<int> SelectedRows() const = 0;
   /// Asks for a mask, with `mask` to begin with; none when the user cancels.
   virtual std::optional<std::string> AskForMask(std::string_view caption,
                                                 std::string_view mask) = 0;
-  /// Names or marks of rows were written; their number and order stand.
-  virtual void RowsChanged() = 0;
   /// Gives the focus to `Command5`, where a press of Enter can't start a command again.
   virtual void FocusAfterCancel() = 0;
 

@@ -27,12 +27,25 @@ Services WithEvents(const Services& s, EventPump& events) {
           s.type_names, s.folders, s.prompts, s.shell, s.settings};
 }
 
+/// The wait pointer for as long as it lives.
+class WaitPointer {
+ public:
+  explicit WaitPointer(ModeView& view) : view_(view) { view_.SetWaitPointer(true); }
+  ~WaitPointer() { view_.SetWaitPointer(false); }
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+
+ private:
+  ModeView& view_;
+};
+
 }  // namespace
 
-Commands::Commands(Session& session, const Services& services, CommandView& view)
+Commands::Commands(Session& session, const Services& services, CommandView& view, ListSurface& list)
     : session_(session),
       state_(session.state),
       view_(view),
+      list_(list),
       events_(services.events, *this),
       services_(WithEvents(services, events_)),
       types_(services.type_names) {}
@@ -120,7 +133,7 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 void Commands::ShowPass() {
   state_.panes.paneResult = ProgressLine(state_.counts, services_.locale);
   view_.ShowPanes();
-  view_.RepaintRows();
+  list_.RepaintRows();
 }
 
 void Commands::ShowResult(const PassKind& kind) {
@@ -132,11 +145,11 @@ void Commands::ShowResult(const PassKind& kind) {
 
 void Commands::ShowList() {
   if (list_state_ != EmptyList::kNotListed) state_.panes.paneTotal = kTotalOfNone;
-  view_.ListRepopulated(list_state_);
+  list_.ListRepopulated(list_state_);
 }
 
 void Commands::ShowRows() {
-  view_.RowsChanged();
+  list_.RowsChanged();
 }
 
 // The commands.
@@ -150,7 +163,7 @@ void Commands::bnLoadFileList_Click() {
     if (!MayList(source.fdSourceFolder)) return;
     session_.records.DeleteAll();
     session_.grid.Clear();
-    view_.ListRepopulated(EmptyList::kListing);
+    list_.ListRepopulated(EmptyList::kListing);
     const bool faulty =
         MaskList(source.fdIncludeMask).IsFaulty() || MaskList(source.fdExcludeMask).IsFaulty();
     list_state_ = faulty ? EmptyList::kMaskFaulty : EmptyList::kNotComplete;
@@ -257,8 +270,13 @@ void Commands::Check(const CheckOperation& operation) {
       if (!mask) return;
       state_.gCheckMask = *mask;
     }
-    SetCheckBoxes(operation, session_.grid, view_.SelectedRows(), state_.gCheckMask);
-    view_.Populate();
-    MarkStale(state_, view_);
+    const WaitPointer wait(view_);  // a million boxes take a moment before the list is made anew
+    SetCheckBoxes(operation, session_.grid, list_.SelectedRows(), state_.gCheckMask);
+    list_.ShowAnew();
+    MarkStale();
   });
+}
+
+void Commands::MarkStale() {
+  if (::MarkStale(state_, view_)) list_.RepaintRows();
 }

@@ -10,6 +10,7 @@
 #include "filelist/check_operations.h"
 #include "filelist/file_type.h"
 #include "filelist/grid.h"
+#include "filelist/list_surface.h"
 #include "names/constructor.h"
 #include "platform/services.h"
 #include "rename/result_rows.h"
@@ -30,7 +31,7 @@ struct Session {
 class Commands {
  public:
   /// All of them outlive the commands.
-  Commands(Session& session, const Services& services, CommandView& view);
+  Commands(Session& session, const Services& services, CommandView& view, ListSurface& list);
 
   void bnLoadFileList_Click();
   void bnPreview_Click();
@@ -43,6 +44,8 @@ class Commands {
   /// Sets check boxes, and asks for the mask first where the operation goes by one. The preview is
   /// stale then, whatever changed; it stands when the user cancels or the mask fails.
   void Check(const CheckOperation& operation);
+  /// The new names no longer fit what the user asks for; the rows in sight tell it.
+  void MarkStale();
 
   /// The mode of the window; see run_modes.h.
   void EnableDisable(int mode);
@@ -99,6 +102,7 @@ class Commands {
   Session& session_;
   RunState& state_;
   CommandView& view_;
+  ListSurface& list_;
   ShowingPump events_;
   const Services services_;  ///< as the program has them, but with `events_`
   FileTypes types_;

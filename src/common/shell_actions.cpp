@@ -60,8 +60,10 @@ void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {
 namespace mFileProperties {
 
 void ShowFileProperties(Prompts& prompts, Shell& shell, std::string_view aFile) {
-  ErrTrace::inner("mFileProperties.ShowFileProperties(aFile)", ErrTrace::args(aFile),
-                  [&] { shell.ShowProperties(aFile, mMain::TellRefusal(prompts)); });
+  ErrTrace::inner("mFileProperties.ShowFileProperties(aFile)", ErrTrace::args(aFile), [&] {
+    if (aFile.empty()) return;
+    shell.ShowProperties(aFile, mMain::TellRefusal(prompts));
+  });
 }
 
 }  // namespace mFileProperties

@@ -22,7 +22,7 @@ void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn);
 namespace mFileProperties {
 
 /// Shows the desktop's sheet of the file's properties; what it refuses is told to the user. Whether
-/// the file can be reached is not looked at first.
+/// the file can be reached is not looked at first; without a path nothing happens.
 void ShowFileProperties(Prompts& prompts, Shell& shell, std::string_view aFile);
 
 }  // namespace mFileProperties

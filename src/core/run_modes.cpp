@@ -1,5 +1,7 @@
 #include "core/run_modes.h"
 
+#include <utility>
+
 #include "common/language.h"
 
 namespace {
@@ -93,9 +95,7 @@ void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView
   view.ShowPanes();
 }
 
-void MarkStale(RunState& state, ModeView& view) {
+bool MarkStale(RunState& state, ModeView& view) {
   view.EnableButton(CommandButton::bnRename, false);
-  if (state.gPreviewStale) return;
-  state.gPreviewStale = true;
-  view.RepaintRows();
+  return !std::exchange(state.gPreviewStale, true);
 }

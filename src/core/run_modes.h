@@ -42,8 +42,6 @@ class ModeView {
   virtual void EnableButton(CommandButton button, bool enable) = 0;
   /// `RunState::panes` has changed and is to be shown.
   virtual void ShowPanes() = 0;
-  /// What rows tell may have changed; those in sight are to be painted as they are now.
-  virtual void RepaintRows() = 0;
 };
 
 /// Applies the row of `mode`; any number outside the table does nothing. `record_count` is the
@@ -51,5 +49,5 @@ class ModeView {
 void EnableDisable(int mode, std::size_t record_count, RunState& state, ModeView& view);
 
 /// The stale rule: new names no longer fit what the user asked for, so "Rename" is off. Sets
-/// `gPreviewStale`; where it wasn't set yet, rows in sight are repainted.
-void MarkStale(RunState& state, ModeView& view);
+/// `gPreviewStale`; answers whether they fitted until now.
+bool MarkStale(RunState& state, ModeView& view);

@@ -14,9 +14,9 @@ namespace {
 
 constexpr int kRounding = 1;  ///< a text may be a part of a pixel wider than its advance tells
 
-int WidthOf(const ListColumn& column, const QFontMetrics& metrics) {
+int WantedWidth(const ListColumn& column, const QFontMetrics& metrics) {
   const ColumnWidth& width = column.width;
-  int widest = width.least;
+  int widest = width.base;
   if (width.rule == WidthRule::kShared) {
     const int heading = metrics.horizontalAdvance(text::ToQt(column.caption));
     widest = std::max(widest, heading + 2 * kCellInset + kRounding);
@@ -38,14 +38,15 @@ ColumnWidths::ColumnWidths(QTableView& view, const RecordList& list)
   // The view's own answer measures group rows too, and knows nothing of the other columns.
   header->disconnect(SIGNAL(sectionHandleDoubleClicked(int)), &view);
   connect(header, &QHeaderView::sectionHandleDoubleClicked, this, &ColumnWidths::Fit);
-  Measure();
+  SetUpColumns();
+  LayOut();
 }
 
-void ColumnWidths::Measure() {
+void ColumnWidths::SetUpColumns() {
   const QScopedValueRollback rollback(laying_out_, true);
-  for (int i = 0; i < static_cast<int>(list_.Columns().size()); ++i) {
+  columns_.resize(list_.Columns().size());
+  for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
     const ListColumn& column = list_.Columns()[static_cast<std::size_t>(i)];
-    columns_.push_back({WidthOf(column, view_.fontMetrics())});
     const bool fixed = column.width.rule == WidthRule::kFixed;
     view_.horizontalHeader()->setSectionResizeMode(
         i, fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
@@ -66,32 +67,33 @@ bool ColumnWidths::IsShared(int column) const {
          Told(column).rule == WidthRule::kShared;
 }
 
-int ColumnWidths::LeastOf(int column) const {
+int ColumnWidths::Yielded(int column) const {
   const SizedColumn& sized = columns_[static_cast<std::size_t>(column)];
   if (sized.dragged) return view_.columnWidth(column);
-  return Told(column).yields_to > 0 ? Told(column).yields_to : sized.width;
+  return Told(column).yields_to > 0 ? Told(column).yields_to : sized.wanted;
 }
 
 void ColumnWidths::LayOut() {
   const QScopedValueRollback rollback(laying_out_, true);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    columns_[i].width = WidthOf(list_.Columns()[i], view_.fontMetrics());  // the font may be new
+    columns_[i].wanted =
+        WantedWidth(list_.Columns()[i], view_.fontMetrics());  // the font may be new
   }
   std::vector<int> sharing;
   int room = view_.viewport()->width();
-  for (const int i : Shown()) room -= LeastOf(i);
-  // What is left beside the least of all goes to those that gave way, then to the names.
+  for (const int i : Shown()) room -= Yielded(i);
+  // What is left when all have yielded goes to those that gave way, then to the names.
   for (const int i : Shown()) {
     const SizedColumn& sized = columns_[static_cast<std::size_t>(i)];
     if (IsShared(i)) sharing.push_back(i);
     if (IsShared(i) || sized.dragged) continue;
-    const int more = std::clamp(room, 0, sized.width - LeastOf(i));
-    view_.setColumnWidth(i, LeastOf(i) + more);
+    const int more = std::clamp(room, 0, sized.wanted - Yielded(i));
+    view_.setColumnWidth(i, Yielded(i) + more);
     room -= more;
   }
-  for (const int i : sharing) room += LeastOf(i);
+  for (const int i : sharing) room += Yielded(i);
   for (std::size_t i = 0; i < sharing.size(); ++i) {
-    const int width = std::max(LeastOf(sharing[i]), room / static_cast<int>(sharing.size() - i));
+    const int width = std::max(Yielded(sharing[i]), room / static_cast<int>(sharing.size() - i));
     view_.setColumnWidth(sharing[i], width);
     room -= width;
   }
@@ -106,9 +108,9 @@ void ColumnWidths::Show(int column, bool show) {
 }
 
 int ColumnWidths::LeastWidth() const {
-  int least = 2 * view_.frameWidth() + view_.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  for (const int i : Shown()) least += columns_[static_cast<std::size_t>(i)].width;
-  return least;
+  int width = 2 * view_.frameWidth() + view_.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  for (const int i : Shown()) width += Yielded(i);
+  return width;
 }
 
 int ColumnWidths::WidthSeen(int column) const {
@@ -131,17 +133,17 @@ int ColumnWidths::RoomBeside(int column, bool names_only) const {
   int room = view_.viewport()->width();
   for (const int i : Shown()) {
     const bool counts = !names_only || Told(i).rule != WidthRule::kFree;
-    if (i != column && counts) room -= LeastOf(i);
+    if (i != column && counts) room -= Yielded(i);
   }
   return room;
 }
 
 void ColumnWidths::Fit(int column) {
   const ColumnWidth& told = Told(column);
-  const int least = told.yields_to > 0 ? told.yields_to : told.least;
+  const int narrowest = told.yields_to > 0 ? told.yields_to : told.base;
   int room = RoomBeside(column, false);
   // It scrolls sideways all the same: then to where the names stand.
-  if (room < least) room = std::max(RoomBeside(column, true), least);
+  if (room < narrowest) room = std::max(RoomBeside(column, true), narrowest);
   view_.setColumnWidth(column, std::min(WidthSeen(column), room));
   LayOut();
 }

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "common/language.h"
+#include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
 #include "look/handlers.h"
@@ -136,11 +137,7 @@ void FileListPanel::ConnectControls() {
 void FileListPanel::ConnectList() {
   OnSignal(lnkAddSeparator, &LinkButton::clicked, this, "Form1.lnkAddSeparator_Click",
            [this] { emit separatorAsked(); });
-  OnSignal(ReportControl1, &ListView::sortAsked, this, "Form1.ReportControl1_SortOrderChanged",
-           [this](int column, Qt::SortOrder order) {
-             ReportControl1->ChangeRows([&] { model_->sort(column, order); });
-             emit sortChanged();
-           });
+  connect(ReportControl1, &ListView::sortChanged, this, &FileListPanel::sortChanged);
   connect(model_, &GroupedRowsModel::rowChecked, this, [this](int Row) {
     constexpr int Item = kColumnCheck;
     ErrTrace::top("Form1.ReportControl1_ItemCheck(Row,Item)", ErrTrace::args(Row, Item),
@@ -150,7 +147,11 @@ void FileListPanel::ConnectList() {
            [this] { CheckSelected(); });
   OnSignal(ReportControl1, &ListView::rowDblClick, this,
            "Form1.ReportControl1_RowDblClick(Row,Item)", [this](int row, int) {
-             if (model_->IsFileRow(row)) emit rowDblClick();
+             if (model_->IsFileRow(row)) emit rowDblClick(ReportControl1->SelectedFile());
+           });
+  OnSignal(ReportControl1, &ListView::rowEntered, this,
+           "Form1.ReportControl1_RowDblClick(Row,Item)", [this](int row, int) {
+             if (model_->IsFileRow(row)) emit rowDblClick(model_->FileOf(row));
            });
   OnSignal(ReportControl1, &ListView::rowRClick, this, "Form1.ReportControl1_RowRClick(Row,Item)",
            [this](int row, int) { emit rowRClick(row, ReportControl1->MenuPlace()); });
@@ -171,11 +172,12 @@ void FileListPanel::CheckSelected() {
   if (model_->IsFileRow(leader)) model_->CheckRows(rows, !model_->IsChecked(leader));
 }
 
-void FileListPanel::ListRepopulated() {
+void FileListPanel::ListRepopulated(EmptyList reason) {
+  SetEmptyText(reason);
   model_->Reset();
 }
 
-void FileListPanel::Populate() {
+void FileListPanel::ShowAnew() {
   ReportControl1->ChangeRows([this] { model_->ShowAnew(); });
 }
 
@@ -201,11 +203,6 @@ std::vector<int> FileListPanel::SelectedRows() const {
   return ReportControl1->SelectedRows();
 }
 
-std::string FileListPanel::SelectedFile() const {
-  const std::vector<int> rows = SelectedRows();
-  return !rows.empty() && model_->IsFileRow(rows.front()) ? model_->FileOf(rows.front()) : "";
-}
-
 RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {
   return {.has_boxes = true,
           .grouped = cmbGroupBy->currentIndex() != static_cast<int>(GroupBy::kNone),
@@ -214,6 +211,6 @@ RowMenuPlace FileListPanel::MenuPlaceOf(int row) const {
 
 void FileListPanel::SetEmptyText(EmptyList reason) {
   const EmptyListTexts texts = TextsOf(reason);
-  ReportControl1->SetEmptyText(text::ToQt(texts.title), text::ToQt(texts.note));
-  ReportControl1->SetEmptyLink(texts.link.empty() ? nullptr : lnkAddSeparator);
+  ReportControl1->Empty().SetTexts(text::ToQt(texts.title), text::ToQt(texts.note));
+  ReportControl1->Empty().SetLink(texts.link.empty() ? nullptr : lnkAddSeparator);
 }

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "filelist/empty_list.h"
 #include "filelist/grid.h"
+#include "filelist/list_surface.h"
 #include "filelist/row_menu.h"
 #include "settings/options.h"
 
@@ -19,22 +19,17 @@ class QPushButton;
 
 /// The list of files and the row of controls above it. Groups and sorts the grid by itself; tells
 /// what the user did by signals.
-class FileListPanel : public QWidget {
+class FileListPanel : public QWidget, public ListSurface {
   Q_OBJECT
 
  public:
   explicit FileListPanel(Grid& grid, QWidget* parent = nullptr);
 
-  /// The rows of the grid were made anew.
-  void ListRepopulated();
-  /// Makes the rows anew from the records; what is selected and current stays so.
-  void Populate();
-  /// Names, marks or check boxes of rows were written; their number and order stand.
-  void RowsChanged();
-  /// The same while a pass works or the new names go out of date: only rows in sight are looked at.
-  void RepaintRows();
-  /// What the list tells while it has no rows.
-  void SetEmptyText(EmptyList reason);
+  void ListRepopulated(EmptyList reason) override;
+  void ShowAnew() override;
+  void RowsChanged() override;
+  void RepaintRows() override;
+  std::vector<int> SelectedRows() const override;
 
   /// What the controls hold.
   ListOptions ReadOptions() const;
@@ -44,10 +39,6 @@ class FileListPanel : public QWidget {
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);
 
-  /// The selected rows of the grid from the top, group rows among them.
-  std::vector<int> SelectedRows() const;
-  /// The path of the file of the first of them; empty for a group row and when none is selected.
-  std::string SelectedFile() const;
   /// What the menu of a row offers, or of the list where `row` is -1.
   RowMenuPlace MenuPlaceOf(int row) const;
 
@@ -66,8 +57,9 @@ class FileListPanel : public QWidget {
   void wideToggled(bool wide);
   /// The user has changed check boxes, `row`'s among them.
   void rowChecked(int row);
-  /// A double click on a file row, or Enter with a file row the current one.
-  void rowDblClick();
+  /// A double click on a file row, which speaks of the first selected row, as the menu does, or
+  /// Enter with a file row the current one. The path of that row's file; empty for a group row.
+  void rowDblClick(const std::string& file);
   /// A menu is asked for at `place` on the screen; `row` is the row there, or -1.
   void rowRClick(int row, QPoint place);
 
@@ -79,6 +71,8 @@ class FileListPanel : public QWidget {
   void ConnectControls();
   void ConnectList();
   void SetWideCaption();
+  /// What the list tells while it has no rows.
+  void SetEmptyText(EmptyList reason);
   void CheckSelected();
 
   Grid& grid_;

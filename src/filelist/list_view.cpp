@@ -5,20 +5,19 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QScopeGuard>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QStyle>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "filelist/column_widths.h"
+#include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/kept_rows.h"
 #include "filelist/row_painter.h"
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "platform/qt/text_qt.h"
@@ -30,28 +29,6 @@ constexpr int kRowAir = 8;
 constexpr int kHeadingHeight = 27;
 constexpr int kHeadingAir = 11;
 constexpr int kLeastColumn = 24;
-constexpr int kEmptyPicture = 48;
-
-QLabel* NewLabel(QWidget* parent, const char* name) {
-  auto* label = new QLabel(parent);
-  label->setObjectName(QString::fromLatin1(name));
-  label->setTextFormat(Qt::PlainText);
-  label->setAlignment(Qt::AlignCenter);
-  label->setWordWrap(true);
-  return label;
-}
-
-/// Shows its picture as it is, also while the list is off: Qt's grey is no colour of the look.
-class PictureLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, pixmap());
-  }
-};
 
 }  // namespace
 
@@ -69,12 +46,10 @@ ListView::ListView(GroupedRowsModel& model, QWidget* parent) : QTableView(parent
   setModel(&model);
   running_.start();
   SetUpHeader();
-  MakeEmptyText();
+  empty_ = new EmptyText(*this);
   ConnectRows();
   SetHeights();
   columns_ = new ColumnWidths(*this, model.List());
-  columns_->LayOut();
-  ShowEmptyText();
 }
 
 void ListView::SetUpHeader() {
@@ -89,13 +64,13 @@ void ListView::SetUpHeader() {
   header->setSortIndicator(-1, Qt::AscendingOrder);
   header->setSortIndicatorShown(true);
   header->setSortIndicatorClearable(true);
-  connect(header, &QHeaderView::sortIndicatorChanged, this, &ListView::AskForSort);
+  OnSignal(header, &QHeaderView::sortIndicatorChanged, this, "ListView.Sort",
+           [this](int column, Qt::SortOrder order) { Sort(column, order); });
   // The group rows reach over all columns.
   connect(header, &QHeaderView::sectionResized, viewport(), qOverload<>(&QWidget::update));
 }
 
 void ListView::ConnectRows() {
-  connect(&model_, &QAbstractItemModel::modelReset, this, &ListView::ShowEmptyText);
   const auto look_anew = [this] { looks_.clear(); };
   connect(&model_, &QAbstractItemModel::modelReset, this, look_anew);
   connect(&model_, &QAbstractItemModel::dataChanged, this, look_anew);
@@ -113,25 +88,6 @@ void ListView::ConnectRows() {
   connect(menu_key, &QShortcut::activated, this, &ListView::AskForMenuAtCurrent);
 }
 
-void ListView::MakeEmptyText() {
-  empty_ = new QWidget(viewport());
-  empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  empty_picture_ = new PictureLabel(empty_);
-  empty_picture_->setObjectName(QStringLiteral("lbEmptyPicture"));
-  empty_title_ = NewLabel(empty_, "lbEmptyTitle");
-  empty_title_->setProperty("strong", true);
-  empty_note_ = NewLabel(empty_, "lbEmptyNote");
-  empty_note_->setProperty("muted", true);
-  empty_room_ = new QWidget(empty_);
-  auto* layout = new QVBoxLayout(empty_);
-  layout->addStretch(2);
-  layout->addWidget(empty_picture_);
-  layout->addWidget(empty_title_);
-  layout->addWidget(empty_note_);
-  layout->addWidget(empty_room_, 0, Qt::AlignCenter);
-  layout->addStretch(3);
-}
-
 int ListView::LeastWidth() const {
   return columns_->LeastWidth();
 }
@@ -140,10 +96,11 @@ int ListView::HeightOfRows() const {
   return 2 * frameWidth() + horizontalHeader()->height() + verticalHeader()->length();
 }
 
-void ListView::AskForSort(int column, Qt::SortOrder order) {
+void ListView::Sort(int column, Qt::SortOrder order) {
   const RecordList& list = model_.List();
   if (column < 0 || list.CanSort(column)) {
-    emit sortAsked(column, order);
+    ChangeRows([&] { model_.sort(column, order); });
+    emit sortChanged();
     return;
   }
   const QSignalBlocker quiet(horizontalHeader());
@@ -207,29 +164,6 @@ void ListView::RepaintChangedRows() {
   looks_ = std::move(looks);
 }
 
-void ListView::SetEmptyText(const QString& title, const QString& note) {
-  empty_title_->setText(title);
-  empty_note_->setText(note);
-  ShowEmptyText();
-}
-
-void ListView::SetEmptyLink(QWidget* link) {
-  if (empty_link_ != nullptr) empty_link_->hide();
-  empty_link_ = link;
-  ShowEmptyText();
-}
-
-void ListView::PlaceEmptyLink() {
-  const bool shown = empty_link_ != nullptr && !empty_->isHidden();
-  empty_room_->setFixedSize(shown ? empty_link_->sizeHint() : QSize(0, 0));
-  if (empty_link_ == nullptr) return;
-  empty_->layout()->activate();
-  empty_link_->setGeometry(
-      QRect(empty_room_->mapTo(parentWidget(), QPoint()), empty_room_->size()));
-  empty_link_->setVisible(shown);
-  empty_link_->raise();
-}
-
 std::vector<int> ListView::SelectedRows() const {
   std::vector<int> rows;
   for (const QItemSelectionRange& range : selectionModel()->selection()) {
@@ -240,29 +174,17 @@ std::vector<int> ListView::SelectedRows() const {
   return rows;
 }
 
+std::string ListView::SelectedFile() const {
+  const std::vector<int> rows = SelectedRows();
+  return !rows.empty() && model_.IsFileRow(rows.front()) ? model_.FileOf(rows.front()) : "";
+}
+
 void ListView::SetHeights() {
   const int row = std::max(kRowHeight, fontMetrics().height() + kRowAir);
   verticalHeader()->setMinimumSectionSize(row);
   verticalHeader()->setDefaultSectionSize(row);
   horizontalHeader()->setFixedHeight(
       std::max(kHeadingHeight, fontMetrics().height() + kHeadingAir));
-  empty_picture_->setPixmap(
-      Look::Current().Picture(Drawing::kFolder, Role::kEdge, kEmptyPicture, devicePixelRatioF()));
-}
-
-void ListView::ShowEmptyText() {
-  const bool no_rows = model_.rowCount() == 0;
-  const bool shown = no_rows && !empty_title_->text().isEmpty();
-  empty_->setVisible(shown);
-  // A table tells screen readers of its cells only. What others added to the description stays.
-  QString words = accessibleDescription();
-  if (words.startsWith(described_)) words.remove(0, described_.size());
-  described_ = shown ? empty_title_->text() : QString();
-  if (shown && !empty_note_->text().isEmpty()) {
-    described_ += QStringLiteral(". ") + empty_note_->text();
-  }
-  setAccessibleDescription(described_ + words);
-  PlaceEmptyLink();
 }
 
 void ListView::changeEvent(QEvent* event) {
@@ -270,6 +192,7 @@ void ListView::changeEvent(QEvent* event) {
   const auto type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange) {
     SetHeights();
+    empty_->MakePicture();
     columns_->LayOut();
   }
 }
@@ -288,10 +211,17 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   if (plain && event->key() == Qt::Key_Space) {
     emit spacePressed();
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-    emit rowDblClick(currentIndex().row(), currentIndex().column());
+    EnterCurrent();
   } else {
     QTableView::keyPressEvent(event);
   }
+}
+
+void ListView::EnterCurrent() {
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return;
+  if (!selectionModel()->hasSelection()) selectRow(current.row());
+  emit rowEntered(current.row(), current.column());
 }
 
 void ListView::paintEvent(QPaintEvent* event) {
@@ -304,7 +234,6 @@ void ListView::paintEvent(QPaintEvent* event) {
 
 void ListView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  empty_->setGeometry(viewport()->rect());
-  PlaceEmptyLink();
+  empty_->Place();
   columns_->LayOut();
 }

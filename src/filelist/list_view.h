@@ -3,18 +3,18 @@
 #include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "filelist/type_to_find.h"
 
 class ColumnWidths;
+class EmptyText;
 class GroupedRowsModel;
-class QLabel;
 
 /// A table of files: whole rows, no grid, painted by `RowPainter`, the columns as its model's list
-/// has them, as wide as `ColumnWidths` makes them, and a text in its middle, its description too,
-/// for as long as it has no rows. A click on a heading asks for a sort, the third one for the order
-/// of the records.
+/// has them, as wide as `ColumnWidths` makes them, and an `EmptyText` for as long as it has no
+/// rows. A click on a heading sorts by it, the third one gives the order of the records back.
 class ListView : public QTableView {
   Q_OBJECT
 
@@ -24,11 +24,8 @@ class ListView : public QTableView {
 
   /// Hides or shows a column and shares the width anew.
   void ShowColumn(int column, bool show);
-  /// What stands in the middle while there are no rows; without a title nothing does.
-  void SetEmptyText(const QString& title, const QString& note);
-  /// A control below those texts; null: none. It is a sibling of the view, since all that a table
-  /// tells screen readers of is its cells.
-  void SetEmptyLink(QWidget* link);
+  /// What is shown while there are no rows; nothing until it has texts.
+  EmptyText& Empty() { return *empty_; }
 
   /// Paints those rows in sight anew that tell something else than at the last call, or all after
   /// the model told of a change; costs next to nothing where none does, so that a pass can call it
@@ -37,8 +34,10 @@ class ListView : public QTableView {
 
   /// The selected rows from the top; nothing is computed a row but for what is selected.
   std::vector<int> SelectedRows() const;
+  /// The path of the file of the first of them; empty for a group row and when none is selected.
+  std::string SelectedFile() const;
 
-  /// The width in which no shown column is out of sight.
+  /// The narrowest one in which no shown column is out of sight.
   int LeastWidth() const;
   /// The height in which all rows are seen.
   int HeightOfRows() const;
@@ -52,12 +51,14 @@ class ListView : public QTableView {
 
  signals:
   void spacePressed();
-  /// A double click on a row, but for one on a check box; or Enter, which means the current row.
+  /// A double click on a row, but for one on a check box.
   void rowDblClick(int Row, int Item);
+  /// Enter, with the current row, which is selected if none was.
+  void rowEntered(int Row, int Item);
   /// A menu is asked for at a row, which is selected, or at none: -1.
   void rowRClick(int Row, int Item);
-  /// The user wants a sort by a column, or by none: -1.
-  void sortAsked(int column, Qt::SortOrder order);
+  /// The user has sorted by another column, by none, or the other way.
+  void sortChanged();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -70,14 +71,12 @@ class ListView : public QTableView {
 
  private:
   void SetUpHeader();
-  void MakeEmptyText();
   void ConnectRows();
   void SetHeights();
-  void ShowEmptyText();
-  void PlaceEmptyLink();
-  void AskForSort(int column, Qt::SortOrder order);
+  void Sort(int column, Qt::SortOrder order);
   void AskForMenu(const QModelIndex& index, const QPoint& place);
   void AskForMenuAtCurrent();
+  void EnterCurrent();
 
   GroupedRowsModel& model_;
   ColumnWidths* columns_ = nullptr;
@@ -85,11 +84,5 @@ class ListView : public QTableView {
   QElapsedTimer running_;           ///< since the view was made
   std::vector<std::size_t> looks_;  ///< of the rows in sight, as they were last looked at
   QPoint menu_place_;
-  QWidget* empty_ = nullptr;
-  QLabel* empty_picture_ = nullptr;
-  QLabel* empty_title_ = nullptr;
-  QLabel* empty_note_ = nullptr;
-  QWidget* empty_room_ = nullptr;  ///< where the link stands
-  QWidget* empty_link_ = nullptr;
-  QString described_;  ///< how the empty list is described to screen readers
+  EmptyText* empty_ = nullptr;
 };

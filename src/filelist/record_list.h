@@ -34,10 +34,10 @@ enum class WidthRule {
 /// How wide a column is, in logical pixels.
 struct ColumnWidth {
   WidthRule rule;
-  int least;
+  int base;                             ///< or wider, where its texts or its heading need it
   std::vector<std::string> texts = {};  ///< it has room for each of these
   int air = 0;                          ///< and for this beside them
-  int yields_to = 0;  ///< so narrow, not `least`, before shared ones fall short; 0: never
+  int yields_to = 0;  ///< so narrow it gets before shared ones fall short; 0: it never yields
 };
 
 /// The space between a cell's edges and its text, in logical pixels.

@@ -21,6 +21,20 @@ enum RowCommand : int {
   kUnCheckByMaskInGroup = 115,
 };
 
+/// A command on the file of a row.
+struct FileCommand {
+  RowCommand id;
+  std::string_view caption;
+  bool begin_group;  ///< stands apart from the one before it
+};
+
+/// All of them as the menu of the rows offers them.
+inline constexpr FileCommand kFileCommands[] = {
+    {kOpenInExplorer, "Open in Explorer", true},
+    {kExecute, "Execute", false},
+    {kProperties, "Properties", true},
+};
+
 /// Shows, opens, or shows the properties of the file at `path`, as the command says; any other
 /// command does nothing. The user is told what can't be done.
 void ExecuteOnFile(int id, const Services& services, std::string_view path);

@@ -10,17 +10,6 @@
 
 namespace {
 
-/// The first command of a family begins a group, and one that stands apart from its own.
-constexpr struct {
-  RowCommand id;
-  const char* caption;
-  bool begin_group;
-} kFileCommands[] = {
-    {kOpenInExplorer, QT_TRANSLATE_NOOP("QMenu", "Open in Explorer"), true},
-    {kExecute, QT_TRANSLATE_NOOP("QMenu", "Execute"), false},
-    {kProperties, QT_TRANSLATE_NOOP("QMenu", "Properties"), true},
-};
-
 void AddCheckOperations(QMenu& menu, bool in_group) {
   bool begin_group = true;
   for (const CheckOperation& operation : kCheckOperations) {
@@ -34,16 +23,23 @@ void AddCheckOperations(QMenu& menu, bool in_group) {
   }
 }
 
+void AddFileCommands(QMenu& menu) {
+  for (const FileCommand& command : kFileCommands) {
+    AddButton(menu, command.id, text::ToQt(command.caption), command.begin_group);
+  }
+}
+
 }  // namespace
 
-void FillRowMenu(QMenu& menu, const RowMenuPlace& place, const std::function<void(int)>& execute) {
-  if (place.has_boxes) AddCheckOperations(menu, false);
-  if (place.grouped) AddCheckOperations(menu, true);
-  for (const auto& command : kFileCommands) {
-    if (place.on_file) {
-      AddButton(menu, command.id, QMenu::tr(command.caption), command.begin_group);
-    }
-  }
-  QObject::connect(&menu, &QMenu::triggered, &menu,
+void PopUpRowMenu(QWidget* parent, const RowMenuPlace& place, const QPoint& at,
+                  const std::function<void(int)>& execute) {
+  auto* popup = new QMenu(parent);
+  popup->setObjectName(QStringLiteral("Popup"));
+  popup->setAttribute(Qt::WA_DeleteOnClose);
+  if (place.has_boxes) AddCheckOperations(*popup, false);
+  if (place.grouped) AddCheckOperations(*popup, true);
+  if (place.on_file) AddFileCommands(*popup);
+  QObject::connect(popup, &QMenu::triggered, popup,
                    [execute](const QAction* action) { execute(action->data().toInt()); });
+  popup->popup(at);
 }

@@ -4,7 +4,8 @@
 
 #include "filelist/row_commands.h"
 
-class QMenu;
+class QPoint;
+class QWidget;
 
 /// Where a menu is asked for, which decides what it offers.
 struct RowMenuPlace {
@@ -13,6 +14,7 @@ struct RowMenuPlace {
   bool on_file = false;    ///< the row is a file row
 };
 
-/// Adds the commands that fit the place, in the order of the menu; `execute` gets the id of the one
-/// that is chosen.
-void FillRowMenu(QMenu& menu, const RowMenuPlace& place, const std::function<void(int)>& execute);
+/// Opens the menu with the commands that fit the place, in their order, `at` on the screen;
+/// `execute` gets the id of the one that is chosen. Returns at once; the menu ends itself.
+void PopUpRowMenu(QWidget* parent, const RowMenuPlace& place, const QPoint& at,
+                  const std::function<void(int)>& execute);

@@ -29,11 +29,14 @@ bool Selected(const QStyleOptionViewItem& option) {
   return option.state & QStyle::State_Selected;
 }
 
+/// On the desktop's own colour of what is selected, which only its own text colour is made for.
+bool OnHighlight(const QStyleOptionViewItem& option) {
+  return Selected(option) && !Look::Current().SkinOn();
+}
+
 QColor TextColour(const QStyleOptionViewItem& option) {
-  const Look& look = Look::Current();
-  const bool on_highlight = Selected(option) && !look.SkinOn();
-  return on_highlight ? option.palette.color(QPalette::Active, QPalette::HighlightedText)
-                      : look.Colour(Role::kText);
+  return OnHighlight(option) ? option.palette.color(QPalette::Active, QPalette::HighlightedText)
+                             : Look::Current().Colour(Role::kText);
 }
 
 QRect TextRect(const QRect& cell) {
@@ -69,7 +72,7 @@ void PaintFocus(QPainter* painter, const QStyleOptionViewItem& option, const QMo
 void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
   const Look& look = Look::Current();
   const QRect strip = StripRect(option);
-  const bool on_highlight = Selected(option) && !look.SkinOn();
+  const bool on_highlight = OnHighlight(option);
   painter->setClipRect(option.rect);
   painter->fillRect(strip, look.Colour(Selected(option) ? Role::kSel : Role::kGroup));
   painter->fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1),
@@ -109,8 +112,7 @@ void PaintMark(QPainter* painter, const QStyleOptionViewItem& option, Mark mark,
     painter->setBrush(PillColour(role));
     painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 3, -1, -3), kPillRadius, kPillRadius);
   }
-  const bool on_highlight = Selected(option) && !look.SkinOn();
-  painter->setPen(on_highlight ? TextColour(option) : look.Colour(role));
+  painter->setPen(OnHighlight(option) ? TextColour(option) : look.Colour(role));
   painter->drawText(option.rect, Qt::AlignCenter, words);
 }
 
@@ -135,7 +137,6 @@ class NameLine {
   void Paint(QPainter* painter) {
     if (!line_.isValid()) return;
     const Look& look = Look::Current();
-    const bool on_highlight = Selected(option_) && !look.SkinOn();
     QList<QTextLayout::FormatRange> formats;
     int start = 0;
     for (const NamePiece& piece : pieces_) {
@@ -153,7 +154,7 @@ class NameLine {
       }
       start += length;
     }
-    const bool muted = name_.muted && !on_highlight;
+    const bool muted = name_.muted && !OnHighlight(option_);
     painter->setPen(muted ? look.Colour(Role::kMuted) : TextColour(option_));
     layout_.draw(painter, QPointF(room_.left(), top_), formats);
   }

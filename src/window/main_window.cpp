@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -52,14 +51,13 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
       services_(services),
-      settings_(services.settings),
-      commands_(session, services, *this),
       left_column_(new QWidget(this)),
       folder_pages_(new FolderPages(left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(session.grid, this)),
-      status_bar_(new StatusBar(this)) {
+      status_bar_(new StatusBar(this)),
+      commands_(session, services, *this, *list_) {
   gFailureReport = new ResultWindow(kRenamingFailure, session.reports, services, this);
   gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, services, this);
   setObjectName(QStringLiteral("Form1"));
@@ -70,7 +68,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   WatchDrops(services.files);
   undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
   Form_Load();
-  new WindowPlacement(settings_, *this, "Form1");
+  new WindowPlacement(services_.settings, *this, "Form1");
 }
 
 Form1::~Form1() {
@@ -104,7 +102,7 @@ void Form1::LayOut() {
 }
 
 void Form1::ConnectPanels() {
-  const auto mark_stale = [this] { MarkStale(session_.state, *this); };
+  const auto mark_stale = [this] { commands_.MarkStale(); };
   connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
   connect(list_, &FileListPanel::rowChecked, this, mark_stale);
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
@@ -113,10 +111,8 @@ void Form1::ConnectPanels() {
   connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
     ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
   });
-  connect(list_, &FileListPanel::rowDblClick, this, [this] {
-    // A double click speaks of the first selected row, as the menu does.
-    mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell,
-                              list_->SelectedFile());
+  connect(list_, &FileListPanel::rowDblClick, this, [this](const std::string& file) {
+    mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell, file);
   });
   connect(list_, &FileListPanel::rowRClick, this, &Form1::ShowPopup);
   AddListKeys();
@@ -180,8 +176,8 @@ void Form1::IniSettings(const std::string& pTemplateName) {
     Options options = ReadOptions();
     const auto show =
         qScopeGuard([&] { ErrTrace::top("Form1.IniSettings", [&] { Show(options); }); });
-    at_start_.could_read = settings_.CanBeRead();
-    ReadSavedOptions(settings_, options, at_start_.read);
+    at_start_.could_read = services_.settings.CanBeRead();
+    ReadSavedOptions(services_.settings, options, at_start_.read);
     folder_pages_->chEnableSkin->setChecked(true);
   });
 }
@@ -199,7 +195,7 @@ void Form1::Form_Unload() {
   const bool Cancel = false;
   ErrTrace::top("Form1.Form_Unload(Cancel)", ErrTrace::args(Cancel), [&] {
     folder_pages_->CommitFocusedField();
-    WriteSavedOptions(settings_, ReadOptions(), at_start_);
+    WriteSavedOptions(services_.settings, ReadOptions(), at_start_);
   });
 }
 
@@ -232,7 +228,7 @@ void Form1::GiveFocusBack(QWidget* focused) {
 }
 
 void Form1::MarkStaleWhereOrderCounts() {
-  if (session_.constructor.Holds(kCounter)) MarkStale(session_.state, *this);
+  if (session_.constructor.Holds(kCounter)) commands_.MarkStale();
 }
 
 void Form1::SetWide(bool wide) {
@@ -265,7 +261,8 @@ void Form1::FocusFirst() {
 }
 
 void Form1::Command4_Click() {
-  ErrTrace::top("Form1.Command4_Click", [&] { Form8(session_.state, settings_, this).exec(); });
+  ErrTrace::top("Form1.Command4_Click",
+                [&] { Form8(session_.state, services_.settings, this).exec(); });
 }
 
 void Form1::CommandBars1_Execute(int Control) {
@@ -275,7 +272,7 @@ void Form1::CommandBars1_Execute(int Control) {
     if (const CheckOperation* operation = FindCheckOperation(Control)) {
       return commands_.Check(*operation);
     }
-    ExecuteOnFile(Control, services_, list_->SelectedFile());
+    ExecuteOnFile(Control, services_, list_->ReportControl1->SelectedFile());
   });
 }
 
@@ -292,11 +289,7 @@ void Form1::AddListKeys() {
 
 void Form1::ShowPopup(int row, const QPoint& place) {
   if (session_.grid.RowCount() == 0) return;
-  auto* popup = new QMenu(this);
-  popup->setObjectName(QStringLiteral("Popup"));
-  popup->setAttribute(Qt::WA_DeleteOnClose);
-  FillRowMenu(*popup, list_->MenuPlaceOf(row), [this](int id) { CommandBars1_Execute(id); });
-  popup->popup(place);
+  PopUpRowMenu(this, list_->MenuPlaceOf(row), place, [this](int id) { CommandBars1_Execute(id); });
 }
 
 void Form1::EnableElements(bool pEnable) {
@@ -325,39 +318,18 @@ void Form1::ShowPanes() {
   status_bar_->ShowPanes(session_.state.panes);
 }
 
-void Form1::RepaintRows() {
-  list_->RepaintRows();
-}
-
 void Form1::SetSourceFolder(const std::string& folder) {
   folder_pages_->SetSourceFolder(folder);
 }
 
 bool Form1::AskAboutSystemFolders(const std::string& folders) {
-  return Form4(folders, settings_, this).exec() == QDialog::Accepted;
-}
-
-void Form1::ListRepopulated(EmptyList reason) {
-  list_->SetEmptyText(reason);
-  list_->ListRepopulated();
-}
-
-void Form1::Populate() {
-  list_->Populate();
-}
-
-std::vector<int> Form1::SelectedRows() const {
-  return list_->SelectedRows();
+  return Form4(folders, services_.settings, this).exec() == QDialog::Accepted;
 }
 
 std::optional<std::string> Form1::AskForMask(std::string_view caption, std::string_view mask) {
   Form6 dialog(text::ToQt(caption), std::string(mask), services_, this);
   dialog.exec();
   return dialog.OK ? std::optional(dialog.Mask) : std::nullopt;
-}
-
-void Form1::RowsChanged() {
-  list_->RowsChanged();
 }
 
 void Form1::FocusAfterCancel() {

@@ -8,7 +8,6 @@
 #include "filelist/grid.h"
 #include "names/constructor.h"
 #include "platform/services.h"
-#include "platform/settings_store.h"
 #include "settings/saved_options.h"
 
 class CommandButtons;
@@ -60,7 +59,7 @@ class Form1 : public QWidget, private CommandView {
   void FocusFirst();
   void Command4_Click();
   void AddListKeys();
-  /// The commands that fit a row, at `place` on the screen. Returns at once; the menu ends itself.
+  /// The commands that fit a row, at `place` on the screen.
   void ShowPopup(int row, const QPoint& place);
   /// The one way of all commands that a menu sends, by their numbers.
   void CommandBars1_Execute(int Control);
@@ -69,29 +68,23 @@ class Form1 : public QWidget, private CommandView {
   void SetWaitPointer(bool wait) override;
   void EnableButton(CommandButton button, bool enable) override;
   void ShowPanes() override;
-  void RepaintRows() override;
   Options ReadOptions() const override;
   void SetSourceFolder(const std::string& folder) override;
   bool AskAboutSystemFolders(const std::string& folders) override;
-  void ListRepopulated(EmptyList reason) override;
-  void Populate() override;
-  std::vector<int> SelectedRows() const override;
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override;
-  void RowsChanged() override;
   void FocusAfterCancel() override;
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
   Session& session_;
   const Services& services_;
-  SettingsStore& settings_;
-  Commands commands_;
   QWidget* left_column_;
   FolderPages* folder_pages_;
   ConstructorEditor* editor_;
   CommandButtons* buttons_;
   FileListPanel* list_;
   StatusBar* status_bar_;
+  Commands commands_;
   UndoKey* undo_key_;
   ResultWindow* gFailureReport;
   ResultWindow* gConflictReport;

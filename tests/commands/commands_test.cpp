@@ -8,7 +8,7 @@
 
 namespace {
 
-class FakeView : public CommandView {
+class FakeView : public CommandView, public ListSurface {
  public:
   FakeView(Grid& grid, const RunReports& reports) : grid_(grid), reports_(reports) {}
 
@@ -28,9 +28,15 @@ class FakeView : public CommandView {
   void ListRepopulated(EmptyList reason) override {
     if (grid_.RowCount() == 0) empty = reason;
   }
-  void Populate() override { grid_.Populate(); }
-  std::vector<int> SelectedRows() const override { return selected; }
+  void ShowAnew() override {
+    if (grid_.RowCount() > 0) grid_.Populate();
+  }
+  std::vector<int> SelectedRows() const override {
+    EXPECT_TRUE(waiting) << "its rows are about to be worked on";
+    return selected;
+  }
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override {
+    EXPECT_FALSE(waiting);
     shown += std::string(caption).append(" (").append(mask).append(") ");
     return mask_given;
   }
@@ -97,7 +103,7 @@ class CommandsTest : public testing::Test, protected FakeServices {
   Constructor& constructor = session.constructor;
   RunReports& reports = session.reports;
   FakeView view{grid, reports};
-  Commands commands{session, services, view};
+  Commands commands{session, services, view, view};
 };
 
 }  // namespace
@@ -212,7 +218,7 @@ TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   Walk("l l");
   EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
   EXPECT_EQ(state.panes.paneTotal, "Total 2 files") << "counted anew";
-  MarkStale(state, view);
+  commands.MarkStale();
   Walk("p2");
   EXPECT_TRUE(state.gPreviewStale);
   EXPECT_EQ(records[0].newFileName, "") << "the group row came first";
@@ -317,6 +323,7 @@ TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused)
     view.mask_given = std::move(mask);
     state.gPreviewStale = false;
     report = FailureReport([&] { commands.Check(*FindCheckOperation(id)); });
+    EXPECT_FALSE(view.waiting);
     return state.gPreviewStale;
   };
   EXPECT_TRUE(check(kCheckAll)) << "of an empty list too";

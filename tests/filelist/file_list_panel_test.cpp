@@ -35,7 +35,7 @@ class FileListTest : public testing::Test {
     add("/b/", "x.txt", 1);
     records[0].newFileName = "3_a.jpg";
     grid.Populate();
-    panel.ListRepopulated();
+    panel.ListRepopulated(EmptyList::kNotListed);
     panel.resize(700, 400);
     panel.show();
     QCoreApplication::processEvents();
@@ -172,13 +172,27 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   SortBy(kColumnMark);  // can't be sorted by, so nothing moves
   EXPECT_THAT(told, ElementsAre(-1));
   records[2].size = 1e9;
-  panel.Populate();
+  panel.ShowAnew();
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3, 4));
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
-  EXPECT_EQ(panel.SelectedFile(), "/a/IMG_1.JPG");
+  EXPECT_EQ(list.SelectedFile(), "/a/IMG_1.JPG");
   Type(&list, QStringLiteral("bad"));
   EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
+}
+
+TEST_F(FileListTest, EnterMeansTheCurrentRowAndADoubleClickTheFirstSelectedOne) {
+  std::string files;
+  QObject::connect(&panel, &FileListPanel::rowDblClick, [&](auto& file) { files += file + " "; });
+  const QModelIndex second = model.index(2, kColumnSourceName);
+  list.selectionModel()->setCurrentIndex(second, QItemSelectionModel::NoUpdate);
+  Press(&list, Qt::Key_Return);
+  EXPECT_THAT(panel.SelectedRows(), ElementsAre(2));
+  list.selectionModel()->select(model.index(1, 0),
+                                QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  Press(&list, Qt::Key_Enter);
+  emit list.doubleClicked(second);
+  EXPECT_EQ(files, "/a/IMG_1.JPG /a/IMG_1.JPG /a/IMG_3.JPG ");
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
@@ -187,7 +201,8 @@ TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeep
   EXPECT_EQ(model.rowCount(), 4);
   EXPECT_EQ(list.currentIndex().row(), 3);
   grid.Clear();
-  panel.ListRepopulated();
+  panel.ListRepopulated(EmptyList::kNotComplete);
+  panel.ShowAnew();
   panel.cmbGroupBy->setCurrentIndex(2);
   SortBy(kColumnSourceName);
   EXPECT_EQ(model.rowCount(), 0);
@@ -241,10 +256,10 @@ TEST(RowMenu, OffersWhatFitsItsPlaceInItsOrder) {
       {{true, false, true}, "102 112 105 113 101 0 106 107 0 108 "},
       {{false, false, true}, "106 107 0 108 "}};
   for (const auto& [place, expected] : table) {
-    QMenu menu;
+    QWidget window;
     std::string commands;
-    FillRowMenu(menu, place, [&](int id) { commands += std::to_string(id) + " "; });
-    for (QAction* action : menu.actions()) action->trigger();
+    PopUpRowMenu(&window, place, {}, [&](int id) { commands += std::to_string(id) + " "; });
+    for (QAction* action : window.findChild<QMenu*>()->actions()) action->trigger();
     EXPECT_EQ(commands, expected);
   }
 }

@@ -2,7 +2,6 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -71,18 +70,16 @@ QSize ResultWindow::SizeOfRows() const {
 }
 
 void ResultWindow::Connect() {
-  OnSignal(ReportControl1, &ListView::sortAsked, this, Handler("ReportControl1_SortOrderChanged"),
-           [this](int column, Qt::SortOrder order) {
-             ReportControl1->ChangeRows([&] { model_->sort(column, order); });
-           });
-  OnSignal(ReportControl1, &ListView::rowDblClick, this,
-           Handler("ReportControl1_RowDblClick(Row,Item)"),
-           [this](int row, int) { OpenInExplorerList(row); });
+  for (auto signal : {&ListView::rowDblClick, &ListView::rowEntered}) {
+    OnSignal(ReportControl1, signal, this, Handler("ReportControl1_RowDblClick(Row,Item)"),
+             [this](int row, int) { OpenInExplorerList(row); });
+  }
   OnSignal(ReportControl1, &ListView::rowRClick, this,
            Handler("ReportControl1_RowRClick(Row,Item)"), [this](int row, int item) {
              if (!model_->IsFileRow(row)) return;
              ReportControl1->setCurrentIndex(model_->index(row, item));
-             ShowPopup();
+             PopUpRowMenu(this, {.on_file = true}, ReportControl1->MenuPlace(),
+                          [this](int id) { CommandBars1_Execute(id); });
            });
 }
 
@@ -99,20 +96,10 @@ void ResultWindow::ShowReport() {
   model_->Clear();
 }
 
-/// Returns at once; the menu ends itself.
-void ResultWindow::ShowPopup() {
-  auto* popup = new QMenu(this);
-  popup->setObjectName(QStringLiteral("Popup"));
-  popup->setAttribute(Qt::WA_DeleteOnClose);
-  FillRowMenu(*popup, {.on_file = true}, [this](int id) { CommandBars1_Execute(id); });
-  popup->popup(ReportControl1->MenuPlace());
-}
-
 void ResultWindow::CommandBars1_Execute(int Control) {
   ErrTrace::top(Handler("CommandBars1_Execute(Control)"), ErrTrace::args(Control), [&] {
-    const std::vector<int> rows = ReportControl1->SelectedRows();
-    if (rows.empty() || !model_->IsFileRow(rows.front())) return;
-    ExecuteOnFile(Control, services_, model_->FileOf(rows.front()));
+    const std::string file = ReportControl1->SelectedFile();
+    if (!file.empty()) ExecuteOnFile(Control, services_, file);
   });
 }
 

@@ -31,7 +31,6 @@ class ResultWindow : public DialogFrame {
   void Connect();
   /// The size in which all rows are seen, as far as the main window allows.
   QSize SizeOfRows() const;
-  void ShowPopup();
   void CommandBars1_Execute(int Control);
   void OpenInExplorerList(int row);
 
