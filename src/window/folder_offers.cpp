@@ -60,11 +60,16 @@ FolderOffers::FolderOffers(QLineEdit* field)
            [this] { TakeSelected(); });
 }
 
-void FolderOffers::Follow() {
+std::string FolderOffers::TypedFolder() const {
   const std::string path = mMain::WithHome(text::FromQt(field_->text()), HomeFolder());
   const std::string folder = path.substr(0, path.rfind(kNative.separator) + 1);
-  if (!mMain::IsAbsolutePath(folder)) {
-    hide();
+  return mMain::IsAbsolutePath(folder) ? folder : "";
+}
+
+void FolderOffers::Follow() {
+  const std::string folder = TypedFolder();
+  if (folder.empty()) {
+    Forget();
   } else if (folder != folder_) {
     Ask(folder);
   } else if (Settled()) {
@@ -93,7 +98,8 @@ void FolderOffers::LookForAnswer() {
   if (answer_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
   look_.stop();
   names_ = answer_.get();
-  Offer();
+  // Meanwhile another path may have come into the field without a key.
+  if (TypedFolder() == folder_) Offer();
 }
 
 void FolderOffers::Offer() {

@@ -32,6 +32,9 @@ class FolderOffers : public QListView {
   bool TakeSelected();
 
  private:
+  /// The folder whose folders the text of the field may go on with, as the system knows it; empty
+  /// where the text is no whole path.
+  std::string TypedFolder() const;
   void Ask(const std::string& folder);
   void LookForAnswer();
   void Offer();

@@ -97,6 +97,10 @@ TEST_F(FolderPagesTest, OfferTheFoldersThatATypedOneMayGoOnWith) {
     pages.SetSourceFolder(folder.path() + typed);
     EXPECT_EQ(offered(), offers) << typed;
   }
+  pages.SetSourceFolder(folder.path() + "/./");
+  Press(pages.fdSourceFolder, Qt::Key_unknown, Qt::NoModifier, QStringLiteral("x"));
+  pages.SetSourceFolder("elsewhere/");
+  EXPECT_EQ(offered(), "") << "not what was read of the other path";
   int asked = 0;
   QObject::connect(&pages, &FolderPages::listAsked, [&] { ++asked; });
   pages.SetSourceFolder(folder.path() + "/b");
