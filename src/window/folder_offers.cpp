@@ -4,15 +4,17 @@
 #include <QStandardItemModel>
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <system_error>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 #include "common/natural_order.h"
 #include "common/path_text.h"
+#include "core/text_sort.h"
 #include "look/handlers.h"
 #include "platform/qt/home_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/subfolders.h"
 #include "platform/text.h"
 
 namespace {
@@ -23,23 +25,13 @@ constexpr int kMostOffered = 500;
 constexpr std::size_t kMostNames = 20000;
 constexpr int kWholePath = Qt::UserRole;
 
-/// A link that leads to a folder is one here.
-std::vector<std::string> FoldersIn(const std::string& folder) {
-  namespace fs = std::filesystem;
-  std::vector<std::string> names;
-  std::error_code none;
-  for (fs::directory_iterator entry(folder, none), end; !none && entry != end;
-       entry.increment(none)) {
-    std::error_code unknown;
-    if (entry->is_directory(unknown)) names.push_back(entry->path().filename().string());
-    if (names.size() == kMostNames) break;
+std::vector<std::string> InNaturalOrder(std::vector<std::string> names) {
+  const auto name = [&](std::size_t number) { return std::string_view(names[number]); };
+  std::vector<std::string> sorted;
+  for (const auto number : SortedByText(names.size(), name, AppendNaturalKey)) {
+    sorted.push_back(std::move(names[number]));
   }
-  std::ranges::sort(names, {}, [](const std::string& name) {
-    std::string key;
-    AppendNaturalKey(name, key);
-    return key;
-  });
-  return names;
+  return sorted;
 }
 
 }  // namespace
@@ -48,6 +40,7 @@ FolderOffers::FolderOffers(QLineEdit* field)
     : QListView(field->window()), field_(field), model_(new QStandardItemModel(this)) {
   hide();
   setObjectName(field->objectName() + QStringLiteral("Offers"));
+  setProperty("offers", true);
   setAccessibleName(tr("Folders"));
   setModel(model_);
   setFocusPolicy(Qt::NoFocus);
@@ -87,7 +80,8 @@ void FolderOffers::Forget() {
 /// The thread belongs to nobody: on a disk that doesn't answer it may outlive the window.
 void FolderOffers::Ask(const std::string& folder) {
   hide();
-  std::packaged_task<std::vector<std::string>()> task([folder] { return FoldersIn(folder); });
+  std::packaged_task<std::vector<std::string>()> task(
+      [folder] { return InNaturalOrder(SubfoldersOf(folder, kMostNames)); });
   answer_ = task.get_future();
   folder_ = folder;
   std::thread(std::move(task)).detach();
