@@ -12,8 +12,8 @@
 #include "common/path_text.h"
 #include "core/text_sort.h"
 #include "look/handlers.h"
-#include "platform/qt/home_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/services.h"
 #include "platform/subfolders.h"
 #include "platform/text.h"
 
@@ -36,8 +36,11 @@ std::vector<std::string> InNaturalOrder(std::vector<std::string> names) {
 
 }  // namespace
 
-FolderOffers::FolderOffers(QLineEdit* field)
-    : QListView(field->window()), field_(field), model_(new QStandardItemModel(this)) {
+FolderOffers::FolderOffers(QLineEdit* field, Folders& folders)
+    : QListView(field->window()),
+      field_(field),
+      folders_(folders),
+      model_(new QStandardItemModel(this)) {
   hide();
   setObjectName(field->objectName() + QStringLiteral("Offers"));
   setProperty("offers", true);
@@ -54,7 +57,7 @@ FolderOffers::FolderOffers(QLineEdit* field)
 }
 
 std::string FolderOffers::TypedFolder() const {
-  const std::string path = mMain::WithHome(text::FromQt(field_->text()), HomeFolder());
+  const std::string path = mMain::WithHome(text::FromQt(field_->text()), folders_.Home());
   const std::string folder = path.substr(0, path.rfind(kNative.separator) + 1);
   return mMain::IsAbsolutePath(folder) ? folder : "";
 }

@@ -55,7 +55,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       settings_(services.settings),
       commands_(session, services, *this),
       left_column_(new QWidget(this)),
-      folder_pages_(new FolderPages(left_column_)),
+      folder_pages_(new FolderPages(services.folders, left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(session.grid, this)),

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <filesystem>
 
+#include "support/fake_services.h"
 #include "support/keys.h"
 #include "support/temp_folder.h"
 #include "window/folder_drop.h"
@@ -19,7 +20,9 @@ namespace {
 
 struct FolderPagesTest : testing::Test {
   std::string answer, start;
-  FolderPages pages{nullptr, [this](const std::string& from) { return start = from, answer; }};
+  FakeFolders folders;
+  FolderPages pages{folders, nullptr,
+                    [this](const std::string& from) { return start = from, answer; }};
 
   /// What is offered for the text that the field holds, as if it were typed.
   std::string Offered() {
@@ -64,7 +67,6 @@ TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
 }
 
 TEST_F(FolderPagesTest, CompleteATypedFolderWhenItIsLeft) {
-  qputenv("HOME", "/home/me");
   const struct {
     const char *typed, *left, *source;
   } table[] = {{"/sorted", "/sorted/", "/sorted"},
