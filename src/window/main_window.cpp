@@ -206,6 +206,7 @@ void Form1::Form_Unload() {
 void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
+  list_->ShowNarrow();  // "Cancel" has to be in reach of mouse and keys
   folder_pages_->CommitFocusedField();
   editor_->CommitFocusedField();
   const bool by_numbers = button == CommandButton::bnPreview || button == CommandButton::bnRename;
