@@ -88,9 +88,6 @@ void Form4::LayOut() {
 
 void Form4::Form_Load(const std::string& folders) {
   ShowFolders(folders);
-  // What to do by Enter alone is the safe way: nothing is listed.
-  bnCancel->setDefault(true);
-  bnCancel->setFocus();
   chAllowSystemRename->setChecked(mRegSettings::ReadInteger(settings_, kCheckForSystemFolders) ==
                                   1);
 }
