@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 #include "filelist/system_folder.h"
 #include "look/card.h"
