@@ -1,5 +1,7 @@
 #include "commands/start_up.h"
 
+#include <optional>
+
 #include "common/drives.h"
 #include "common/language.h"
 #include "platform/build_facts.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 #include "common/language.h"
 #include "platform/text.h"
@@ -88,8 +89,9 @@ namespace mMain {
 namespace {
 
 /// A text in which one folder can stand under several paths; comparing it would mislead.
-bool Winds(std::string_view path) {
-  for (const std::string_view winding : {"//", "/./", "/../"}) {
+bool Winds(std::string_view path, PathStyle style) {
+  for (const char* level : {"", ".", ".."}) {
+    const std::string winding = style.separator + std::string(level) + style.separator;
     if (path.find(winding) != path.npos) return true;
   }
   return false;
@@ -97,18 +99,20 @@ bool Winds(std::string_view path) {
 
 }  // namespace
 
-std::optional<std::string> FolderOf(FileSystem& files, std::string_view path) {
+std::optional<std::string> FolderOf(FileSystem& files, std::string_view path, PathStyle style) {
   if (path.empty()) return std::nullopt;
   std::string whole(path);
-  if (!IsAbsolutePath(path)) whole.insert(0, files.ResolveFolder("./"));
+  if (!IsAbsolutePath(path, style)) {
+    whole.insert(0, files.ResolveFolder(std::string(".") + style.separator));
+  }
   if (files.IdentifyFolder(whole)) {
-    whole = mScanCD::NormalizePath(whole);
+    whole = mScanCD::NormalizePath(whole, style);
   } else if (files.Look(whole)) {
-    whole.resize(whole.rfind(kNative.separator) + 1);
+    whole.resize(whole.rfind(style.separator) + 1);
   } else {
     return std::nullopt;
   }
-  return Winds(whole) ? files.ResolveFolder(whole) : whole;
+  return Winds(whole, style) ? files.ResolveFolder(whole) : whole;
 }
 
 bool FileManager(FileSystem& files, Prompts& prompts, std::string_view pName, PathStyle style) {

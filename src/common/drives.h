@@ -49,7 +49,8 @@ namespace mMain {
 /// The folder to list for `path`, absolute and with its closing separator: that at `path`, or the
 /// one that holds the entry there. Nothing when there is no such entry. A relative path starts from
 /// the working folder.
-std::optional<std::string> FolderOf(FileSystem& files, std::string_view path);
+std::optional<std::string> FolderOf(FileSystem& files, std::string_view path,
+                                    PathStyle style = kNative);
 
 /// Whether `pName` can be reached; if not, tells the user why.
 bool FileManager(FileSystem& files, Prompts& prompts, std::string_view pName,

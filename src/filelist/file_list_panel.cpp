@@ -189,6 +189,10 @@ void FileListPanel::RepaintRows() {
   ReportControl1->RepaintChangedRows();
 }
 
+void FileListPanel::ShowNarrow() {
+  if (wide_) bnWideFileList->click();
+}
+
 void FileListPanel::EnableElements(bool enable) {
   for (QCheckBox* box : column_boxes_) {
     if (box != nullptr) box->setEnabled(enable);

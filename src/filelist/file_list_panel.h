@@ -36,6 +36,8 @@ class FileListPanel : public QWidget, public ListSurface {
   /// Sets the controls; one that changes runs its handlers.
   void Show(const ListOptions& options);
 
+  /// Leaves the wide state, if the list is in it.
+  void ShowNarrow();
   /// Enables or disables the list and its options; the width of the list can always be changed.
   void EnableElements(bool enable);
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 #include "filelist/system_folder.h"
 #include "look/card.h"
@@ -38,7 +39,7 @@ Form4::Form4(const std::string& folders, SettingsStore& settings, QWidget* paren
     : DialogFrame("Form4", tr("Warning"), Buttons::kOkAndCancel, parent), settings_(settings) {
   MakeControls();
   LayOut();
-  ErrTrace::top(Handler("Form_Load"), [&] { Form_Load(folders); });
+  ErrTrace::top(Handler("Form_Load"), [&] { ShowFolders(folders); });
   OnSignal(chAllowSystemRename, &QCheckBox::toggled, Handler("chAllowSystemRename_Click"),
            [this] { chAllowSystemRename_Click(); });
   KeepPlacement(settings_);
@@ -66,7 +67,7 @@ void Form4::MakeControls() {
   Label3 = NewText("Label3", tr("Continue working with this source folder anyway?"), nullptr, this);
   chAllowSystemRename = new QCheckBox(tr("&Always show this warning"), this);
   chAllowSystemRename->setObjectName(QStringLiteral("chAllowSystemRename"));
-  chAllowSystemRename->setChecked(true);
+  chAllowSystemRename->setChecked(true);  // else this would not be asked
   bnOK->setText(tr("&Yes"));
   bnCancel->setText(tr("&No!"));
 }
@@ -84,15 +85,6 @@ void Form4::LayOut() {
   row->addWidget(picExclamation, 0, Qt::AlignTop);
   row->addLayout(texts, 1);
   Body()->addLayout(row);
-}
-
-void Form4::Form_Load(const std::string& folders) {
-  ShowFolders(folders);
-  // What to do by Enter alone is the safe way: nothing is listed.
-  bnCancel->setDefault(true);
-  bnCancel->setFocus();
-  chAllowSystemRename->setChecked(mRegSettings::ReadInteger(settings_, kCheckForSystemFolders) ==
-                                  1);
 }
 
 void Form4::ShowFolders(const std::string& folders) {

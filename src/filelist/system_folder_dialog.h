@@ -8,7 +8,8 @@ class QLabel;
 class QPlainTextEdit;
 
 /// Asks whether to go on although the list would touch the system's own folders; accepted only by
-/// "Yes". Its box decides whether this is asked again, and is stored as soon as it changes.
+/// "Yes". Its box decides whether this is asked again, and is stored as soon as it changes; it
+/// starts ticked, for whoever asks has read what is stored.
 class Form4 : public DialogFrame {
   Q_OBJECT
 
@@ -26,7 +27,6 @@ class Form4 : public DialogFrame {
  private:
   void MakeControls();
   void LayOut();
-  void Form_Load(const std::string& folders);
   void ShowFolders(const std::string& folders);
   void chAllowSystemRename_Click();
 

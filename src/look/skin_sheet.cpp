@@ -164,13 +164,13 @@ QComboBox::drop-down { border: none; width: 20px; }
 QComboBox::down-arrow { image: url("{down}"); width: 16px; height: 16px; }
 QComboBox::down-arrow:disabled { image: url("{downDisabled}"); }
 QComboBox QLineEdit { border: none; padding: 0; min-height: 22px; }
-QComboBox QAbstractItemView, QWidget FolderOffers {
+QComboBox QAbstractItemView, QListView[offers="true"] {
   background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 0; outline: none;
   selection-background-color: {sel}; selection-color: {text};
 }
-QComboBox QAbstractItemView::item, QWidget FolderOffers::item { min-height: 24px; padding: 0 6px; border: none; }
+QComboBox QAbstractItemView::item, QListView[offers="true"]::item { min-height: 24px; padding: 0 6px; border: none; }
 QComboBox QAbstractItemView::item:selected, QComboBox QAbstractItemView::item:hover,
-QWidget FolderOffers::item:selected, QWidget FolderOffers::item:hover {
+QListView[offers="true"]::item:selected, QListView[offers="true"]::item:hover {
   background: {sel}; color: {text};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <utility>
 
 /// Owns one open file of the system; -1 is none. On a POSIX system, a file descriptor.
@@ -21,3 +22,8 @@ class FileHandle {
  private:
   int fd_ = -1;
 };
+
+/// The regular file that the raw bytes `path` lead to, links followed, to be read. None, and errno,
+/// where that can't be; EINVAL for what is no regular file, which is not opened: a fifo can wait
+/// for ever, and a device do anything.
+FileHandle OpenRegularFile(const std::string& path);

@@ -25,6 +25,10 @@ class Folders {
 
   /// The folder for documents, which needn't exist.
   virtual std::string Documents() = 0;
+
+  /// The user's own folder, for which "~" stands, in the bytes of the system; a root keeps its
+  /// separator.
+  virtual std::string Home() = 0;
 };
 
 /// What the user's language and region decide.

@@ -3,8 +3,6 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/file_handle.h"
-
 /// What Qt neither looks at nor tells of the file that holds the settings. Paths are raw bytes;
 /// links are followed. Errors are errno values, 0 is none.
 namespace settings_file {
@@ -21,9 +19,6 @@ Place Look(const std::string& path);
 
 /// Whether something other than a file has that very name, be it a link.
 bool IsBlocked(const std::string& path);
-
-/// The file to be read; none, and errno, where that can't be.
-FileHandle OpenToRead(const std::string& path);
 
 /// Qt tells only that a write beside `path` failed. Why: the error of the same steps, done once
 /// more with `size` bytes; 0 if they succeed now.

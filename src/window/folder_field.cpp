@@ -4,19 +4,19 @@
 
 #include "common/path_text.h"
 #include "look/handlers.h"
-#include "platform/qt/home_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/services.h"
 #include "window/folder_offers.h"
 
-FolderField::FolderField(QWidget* parent) : QLineEdit(parent) {
+FolderField::FolderField(QWidget* parent, Folders& folders) : QLineEdit(parent), folders_(folders) {
   OnSignal(this, &QLineEdit::textEdited, "FolderField.textEdited", [this] {
-    if (!offers_) offers_ = new FolderOffers(this);
+    if (!offers_) offers_ = new FolderOffers(this, folders_);
     offers_->Follow();
   });
 }
 
 void FolderField::TakeHome() {
-  const QString path = text::ToQt(mMain::WithHome(text::FromQt(text()), HomeFolder()));
+  const QString path = text::ToQt(mMain::WithHome(text::FromQt(text()), folders_.Home()));
   if (path != text()) setText(path);
 }
 

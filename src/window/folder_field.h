@@ -4,6 +4,7 @@
 #include <QPointer>
 
 class FolderOffers;
+class Folders;
 
 /// A field for the path of a folder. While one is typed, the folders are offered with which it may
 /// go on; Down and Up select one, Enter, Tab or a click takes it.
@@ -11,7 +12,8 @@ class FolderField : public QLineEdit {
   Q_OBJECT
 
  public:
-  explicit FolderField(QWidget* parent);
+  /// `folders` outlives it.
+  FolderField(QWidget* parent, Folders& folders);
 
   /// Puts the user's own folder in the place of "~" at the beginning.
   void TakeHome();
@@ -22,5 +24,6 @@ class FolderField : public QLineEdit {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  Folders& folders_;
   QPointer<FolderOffers> offers_;  ///< made when something is typed first
 };

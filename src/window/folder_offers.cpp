@@ -4,15 +4,17 @@
 #include <QStandardItemModel>
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <system_error>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 #include "common/natural_order.h"
 #include "common/path_text.h"
+#include "core/text_sort.h"
 #include "look/handlers.h"
-#include "platform/qt/home_qt.h"
 #include "platform/qt/text_qt.h"
+#include "platform/services.h"
+#include "platform/subfolders.h"
 #include "platform/text.h"
 
 namespace {
@@ -23,31 +25,25 @@ constexpr int kMostOffered = 500;
 constexpr std::size_t kMostNames = 20000;
 constexpr int kWholePath = Qt::UserRole;
 
-/// A link that leads to a folder is one here.
-std::vector<std::string> FoldersIn(const std::string& folder) {
-  namespace fs = std::filesystem;
-  std::vector<std::string> names;
-  std::error_code none;
-  for (fs::directory_iterator entry(folder, none), end; !none && entry != end;
-       entry.increment(none)) {
-    std::error_code unknown;
-    if (entry->is_directory(unknown)) names.push_back(entry->path().filename().string());
-    if (names.size() == kMostNames) break;
+std::vector<std::string> InNaturalOrder(std::vector<std::string> names) {
+  const auto name = [&](std::size_t number) { return std::string_view(names[number]); };
+  std::vector<std::string> sorted;
+  for (const auto number : SortedByText(names.size(), name, AppendNaturalKey)) {
+    sorted.push_back(std::move(names[number]));
   }
-  std::ranges::sort(names, {}, [](const std::string& name) {
-    std::string key;
-    AppendNaturalKey(name, key);
-    return key;
-  });
-  return names;
+  return sorted;
 }
 
 }  // namespace
 
-FolderOffers::FolderOffers(QLineEdit* field)
-    : QListView(field->window()), field_(field), model_(new QStandardItemModel(this)) {
+FolderOffers::FolderOffers(QLineEdit* field, Folders& folders)
+    : QListView(field->window()),
+      field_(field),
+      folders_(folders),
+      model_(new QStandardItemModel(this)) {
   hide();
   setObjectName(field->objectName() + QStringLiteral("Offers"));
+  setProperty("offers", true);
   setAccessibleName(tr("Folders"));
   setModel(model_);
   setFocusPolicy(Qt::NoFocus);
@@ -60,11 +56,16 @@ FolderOffers::FolderOffers(QLineEdit* field)
            [this] { TakeSelected(); });
 }
 
-void FolderOffers::Follow() {
-  const std::string path = mMain::WithHome(text::FromQt(field_->text()), HomeFolder());
+std::string FolderOffers::TypedFolder() const {
+  const std::string path = mMain::WithHome(text::FromQt(field_->text()), folders_.Home());
   const std::string folder = path.substr(0, path.rfind(kNative.separator) + 1);
-  if (!mMain::IsAbsolutePath(folder)) {
-    hide();
+  return mMain::IsAbsolutePath(folder) ? folder : "";
+}
+
+void FolderOffers::Follow() {
+  const std::string folder = TypedFolder();
+  if (folder.empty()) {
+    Forget();
   } else if (folder != folder_) {
     Ask(folder);
   } else if (Settled()) {
@@ -82,7 +83,8 @@ void FolderOffers::Forget() {
 /// The thread belongs to nobody: on a disk that doesn't answer it may outlive the window.
 void FolderOffers::Ask(const std::string& folder) {
   hide();
-  std::packaged_task<std::vector<std::string>()> task([folder] { return FoldersIn(folder); });
+  std::packaged_task<std::vector<std::string>()> task(
+      [folder] { return InNaturalOrder(SubfoldersOf(folder, kMostNames)); });
   answer_ = task.get_future();
   folder_ = folder;
   std::thread(std::move(task)).detach();
@@ -93,7 +95,8 @@ void FolderOffers::LookForAnswer() {
   if (answer_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
   look_.stop();
   names_ = answer_.get();
-  Offer();
+  // Meanwhile another path may have come into the field without a key.
+  if (TypedFolder() == folder_) Offer();
 }
 
 void FolderOffers::Offer() {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+class Folders;
 class QLineEdit;
 class QStandardItemModel;
 
@@ -17,8 +18,8 @@ class FolderOffers : public QListView {
   Q_OBJECT
 
  public:
-  /// Lives as long as the window of `field`.
-  explicit FolderOffers(QLineEdit* field);
+  /// Lives as long as the window of `field`; `folders` outlives it.
+  FolderOffers(QLineEdit* field, Folders& folders);
 
   /// Offers what fits the text of the field, now or when it is known.
   void Follow();
@@ -32,6 +33,9 @@ class FolderOffers : public QListView {
   bool TakeSelected();
 
  private:
+  /// The folder whose folders the text of the field may go on with, as the system knows it; empty
+  /// where the text is no whole path.
+  std::string TypedFolder() const;
   void Ask(const std::string& folder);
   void LookForAnswer();
   void Offer();
@@ -39,6 +43,7 @@ class FolderOffers : public QListView {
   void Place();
 
   QLineEdit* field_;
+  Folders& folders_;
   QStandardItemModel* model_;
   QTimer look_;
   std::string folder_;              ///< asked for last, as the system knows it

@@ -44,9 +44,9 @@ constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
 constexpr int kBrowseWidth = 30;
 
-template <class Field>
-Field* NewField(const char* name, QWidget* parent) {
-  auto* field = new Field(parent);
+template <class Field, class... More>
+Field* NewField(const char* name, QWidget* parent, More&... more) {
+  auto* field = new Field(parent, more...);
   field->setObjectName(QLatin1String(name));
   return field;
 }
@@ -82,8 +82,8 @@ QGridLayout* NewGrid(QWidget* page) {
 
 }  // namespace
 
-FolderPages::FolderPages(QWidget* parent, FolderDialog browse)
-    : QTabWidget(parent), browse_(std::move(browse)) {
+FolderPages::FolderPages(Folders& folders, QWidget* parent, FolderDialog browse)
+    : QTabWidget(parent), folders_(folders), browse_(std::move(browse)) {
   setObjectName(QStringLiteral("TabControl2"));
   setAccessibleName(tr("Folders and settings"));
   if (!browse_) {
@@ -121,7 +121,7 @@ void FolderPages::showEvent(QShowEvent* event) {
 
 QWidget* FolderPages::BuildSourcePage() {
   auto* page = new QWidget(this);
-  fdSourceFolder = NewField<FolderField>("fdSourceFolder", page);
+  fdSourceFolder = NewField<FolderField>("fdSourceFolder", page, folders_);
   Command2 = NewBrowseButton("Command2", tr("Choose the source folder"), page);
   fdIncludeMask = NewField<QLineEdit>("fdIncludeMask", page);
   fdExcludeMask = NewField<QLineEdit>("fdExcludeMask", page);
@@ -158,7 +158,7 @@ QWidget* FolderPages::BuildOutputPage() {
   cmbDestination = new QComboBox(page);
   cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
   for (const OutputModeRow& mode : kOutputModes) cmbDestination->addItem(tr(mode.caption));
-  fdDestination = NewField<FolderField>("fdDestination", page);
+  fdDestination = NewField<FolderField>("fdDestination", page, folders_);
   bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
   Explain(bnDestination, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
   chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);

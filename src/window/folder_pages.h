@@ -8,6 +8,7 @@
 #include "settings/options.h"
 
 class FolderField;
+class Folders;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -22,8 +23,8 @@ class FolderPages : public QTabWidget {
   /// Shows the folder dialog from `start` and answers the chosen path, empty after a cancel.
   using FolderDialog = std::function<std::string(const std::string& start)>;
 
-  /// Without `browse`, the dialog is that of `BrowseForDisk`.
-  explicit FolderPages(QWidget* parent = nullptr, FolderDialog browse = {});
+  /// Without `browse`, the dialog is that of `BrowseForDisk`. `folders` outlives the pages.
+  explicit FolderPages(Folders& folders, QWidget* parent = nullptr, FolderDialog browse = {});
 
   /// What the controls hold.
   SaveOptions Saved() const;
@@ -83,6 +84,7 @@ class FolderPages : public QTabWidget {
   void bnDestination_Click();
   void cmbDestination_Click();
 
+  Folders& folders_;
   FolderDialog browse_;
   QLabel* destination_label_;
 };

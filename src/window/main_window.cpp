@@ -52,7 +52,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       session_(session),
       services_(services),
       left_column_(new QWidget(this)),
-      folder_pages_(new FolderPages(left_column_)),
+      folder_pages_(new FolderPages(services.folders, left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(session.grid, this)),
@@ -202,6 +202,7 @@ void Form1::Form_Unload() {
 void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
+  list_->ShowNarrow();  // "Cancel" has to be in reach of mouse and keys
   folder_pages_->CommitFocusedField();
   editor_->CommitFocusedField();
   const bool by_numbers = button == CommandButton::bnPreview || button == CommandButton::bnRename;

@@ -26,6 +26,20 @@ TEST(Drives, TellWhyAPathCanNotBeReached) {
   EXPECT_FALSE(mScanCD::FolderExist(files, "abc", kPosix));
 }
 
+TEST(Drives, MakeTheFolderToListWholeInEitherStyle) {
+  struct : MemoryFiles {
+    std::string ResolveFolder(std::string_view path) override { return "R:" + std::string(path); }
+  } files;
+  files.folders = {"/in", "/R:./in", "/C:\\in", "/R:.\\in", "/C:\\in\\..\\in"};
+  const std::tuple<const char*, PathStyle, const char*> table[] = {
+      {"/in", kPosix, "/in/"},        {"/in/./", kPosix, "R:/in/./"},
+      {"in", kPosix, "R:./in/"},      {"in", kDrive, "R:.\\in\\"},
+      {"C:\\in", kDrive, "C:\\in\\"}, {"C:\\in\\..\\in", kDrive, "R:C:\\in\\..\\in\\"}};
+  for (const auto& [path, style, whole] : table) {
+    EXPECT_EQ(mMain::FolderOf(files, path, style), whole) << path;
+  }
+}
+
 TEST(Drives, TellFactsOfAVolumeByType) {
   MemoryFiles files;
   FakeSystemFacts facts;

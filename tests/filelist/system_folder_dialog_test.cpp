@@ -9,7 +9,7 @@
 #include "support/keys.h"
 #include "support/memory_settings.h"
 
-TEST(SystemFolderDialog, GoesOnByYesAloneAndStoresItsBoxAtOnce) {
+TEST(SystemFolderDialog, GoesOnByYesAndEnterAndStoresItsBoxAtOnce) {
   MemorySettings settings;
   Form4 dialog("/usr\n/lib\n", settings, nullptr);
   dialog.show();
@@ -20,11 +20,11 @@ TEST(SystemFolderDialog, GoesOnByYesAloneAndStoresItsBoxAtOnce) {
     EXPECT_EQ((settings.values[{"Settings", "CheckForSystemFolders"}]), stored);
   }
   EXPECT_EQ(settings.flushes, 3);
-  Press(&dialog, Qt::Key_Return);
-  EXPECT_FALSE(dialog.isVisible());
-  EXPECT_EQ(dialog.result(), QDialog::Rejected);
-  Form4 again("/usr", settings, nullptr);
-  EXPECT_FALSE(again.chAllowSystemRename->isChecked());
-  again.bnOK->click();
-  EXPECT_EQ(again.result(), QDialog::Accepted);
+  for (const auto& [key, result] : {std::pair(Qt::Key_Return, QDialog::Accepted),
+                                    std::pair(Qt::Key_Escape, QDialog::Rejected)}) {
+    dialog.show();
+    Press(dialog.fdSystemFolders, key);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), result);
+  }
 }

@@ -100,6 +100,7 @@ class FakeSystemFacts : public SystemFacts {
 class FakeFolders : public Folders {
  public:
   std::string Documents() override { return documents; }
+  std::string Home() override { return "/home/me"; }
   std::string documents;
 };
 

@@ -155,7 +155,10 @@ TEST_F(MainWindowTest, AddsTheSeparatorThatTheFolderLacks) {
   field->setText(text::ToQt(folder.path()));
   emit field->returnPressed();
   ASSERT_TRUE(link->isVisible());
+  Button("bnWideFileList")->click();
+  EXPECT_FALSE(Button("bnCancel")->isVisible());
   link->click();
+  EXPECT_TRUE(Button("bnCancel")->isVisible()) << "a pass can always be cancelled";
   EXPECT_EQ(field->text(), text::ToQt(folder.path() + "/"));
   EXPECT_EQ(Model()->rowCount(), 4);
   EXPECT_FALSE(link->isVisible());

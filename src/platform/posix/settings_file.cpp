@@ -41,10 +41,6 @@ bool IsBlocked(const std::string& path) {
   return ::lstat(path.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode);
 }
 
-FileHandle OpenToRead(const std::string& path) {
-  return FileHandle(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
-}
-
 int ErrorOfWriting(const std::string& path, std::size_t size) {
   std::error_code error;
   const fs::path file = fs::weakly_canonical(path, error);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QMimeType>
 #include <QScopeGuard>
@@ -33,6 +34,14 @@ void QtEventPump::LetEventsRun() {
 
 std::string QtFolders::Documents() {
   return text::FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+std::string QtFolders::Home() {
+  // Qt's own answer loses bytes that are no UTF-8.
+  std::string home = qgetenv("HOME").toStdString();
+  if (home.empty()) home = text::FromQt(QDir::homePath());
+  while (home.size() > 1 && home.ends_with('/')) home.pop_back();
+  return home;
 }
 
 std::string QtLocaleFacts::MonthName(int month) const {

@@ -19,10 +19,11 @@ class QtEventPump : public EventPump {
   bool running_ = false;
 };
 
-/// The folders that the desktop names (xdg-user-dirs on Linux).
+/// The folders that the desktop names (xdg-user-dirs on Linux), and that of the login.
 class QtFolders : public Folders {
  public:
   std::string Documents() override;
+  std::string Home() override;
 };
 
 /// The facts of a locale as Qt knows it: by default the user's.

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <cerrno>
 
+#include "platform/file_handle.h"
 #include "platform/qt/settings_names_qt.h"
 #include "platform/qt/text_qt.h"
 #include "platform/settings_file.h"
@@ -57,7 +58,7 @@ StoreProblem Read(const QString& path, QByteArray& content) {
     content = QByteArray(1, '\0');  // not sound, whatever is in it
     return {};
   }
-  const FileHandle handle = settings_file::OpenToRead(Bytes(path));
+  const FileHandle handle = OpenRegularFile(Bytes(path));
   if (!handle && errno == ENOENT) return {};
   QFile file;
   if (handle && file.open(handle.get(), QIODevice::ReadOnly)) content = file.readAll();

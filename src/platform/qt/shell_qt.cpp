@@ -15,8 +15,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/file_handle.h"
 #include "platform/qt/services_qt.h"
-#include "platform/settings_file.h"
 
 namespace {
 
@@ -206,8 +206,9 @@ void QtShell::Open(const QByteArray& path, const ShellAnswer& answer) {
 
 void QtShell::AskForProgram(const QByteArray& path, ShellResult result, const ShellAnswer& answer) {
   const QDBusConnection bus = bus_();
-  const FileHandle file = settings_file::OpenToRead(path.toStdString());
-  if (!file || !HasService(bus, kPortal)) return answer(result);
+  if (!HasService(bus, kPortal)) return answer(result);
+  const FileHandle file = OpenRegularFile(path.toStdString());
+  if (!file) return answer(result);
   QDBusMessage call =
       QDBusMessage::createMethodCall(kPortal, kPortalPath, kOpenUri, QStringLiteral("OpenFile"));
   call << QString() << QVariant::fromValue(QDBusUnixFileDescriptor(file.get()))

@@ -29,7 +29,8 @@ class QtShell : public Shell {
   void AskFileManager(const QString& method, const QByteArray& path, const ShellAnswer& answer,
                       const std::function<void()>& without);
   void Open(const QByteArray& path, const ShellAnswer& answer);
-  /// Has the user choose the program that opens the file; `result` stands where nobody can ask.
+  /// Has the user choose the program that opens the file; `result` stands where nobody can ask,
+  /// and for what is no regular file.
   void AskForProgram(const QByteArray& path, ShellResult result, const ShellAnswer& answer);
   ShellAnswer OutsidePasses(const ShellAnswer& answer);
 

@@ -1,6 +1,7 @@
 #include "platform/qt/shell_qt.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -156,6 +157,8 @@ TEST_F(ShellTest, TellsWhyTheDesktopDoesNothing) {
     EXPECT_EQ(Ask(row.request, folder / "a"), row.answer);
     EXPECT_EQ(Opened().empty(), std::string_view(row.code).empty());
   }
+  ::mkfifo((folder / "pipe").c_str(), 0600);
+  EXPECT_EQ(Ask(&QtShell::OpenFile, folder / "pipe"), kShellNoAssociation);
   EXPECT_TRUE(service.asked.ends_with("OpenFile contentOpenFile content")) << service.asked;
   service.asked.clear();
   for (const auto request :
