@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <cerrno>
 
+#include "filelist/kept_rows.h"
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
 #include "filelist/row_menu.h"
@@ -179,6 +180,27 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   EXPECT_EQ(panel.SelectedFile(), "/a/IMG_1.JPG");
   Type(&list, QStringLiteral("bad"));
   EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
+}
+
+TEST_F(FileListTest, ASelectionInFiftyThousandPlacesStaysAndOfOneInMoreTheCurrentRow) {
+  for (const std::size_t size : {std::size_t{2 * KeptRows::kMostPlaces}, records.Count() + 2}) {
+    while (records.Count() < size) {
+      const double odd = static_cast<double>(records.Count() % 2);
+      records.AddRecord("", "/a/", "x", FileDate(), odd, "File");
+    }
+    for (std::size_t i = 0; i < 4; ++i) records[i].size = static_cast<double>(i % 2);
+    SortBy(kColumnSize);
+    panel.cmbGroupBy->setCurrentIndex(0);
+    panel.Populate();
+    const int last = static_cast<int>(records.Count()) / 2 - 1;
+    list.setCurrentIndex(model.index(last, 0));
+    list.selectionModel()->select({model.index(0, 0), model.index(last, model.columnCount() - 1)},
+                                  QItemSelectionModel::ClearAndSelect);
+    SortBy(-1);
+    const bool stays = last < KeptRows::kMostPlaces;
+    EXPECT_EQ(panel.SelectedRows().size(), stays ? records.Count() / 2 : 1U);
+    EXPECT_EQ(panel.SelectedRows().back(), 2 * last);
+  }
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {
