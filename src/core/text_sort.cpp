@@ -135,7 +135,7 @@ class TextSort {
     };
     for (std::size_t i = 0; i < run.size(); i += kSortedAtOnce) {
       std::sort(at(i), at(i + kSortedAtOnce));
-      if (run.size() > kKeysBetweenCalls && !GoOn()) return false;
+      if (!GoOn()) return false;
     }
     for (std::size_t width = kSortedAtOnce; width < run.size(); width *= 2) {
       for (std::size_t i = 0; i + width < run.size(); i += 2 * width) {
