@@ -132,6 +132,34 @@ void MeasureSorts(Grid& grid) {
   populate(-1, true);
 }
 
+/// Names of which most are equal for long: what is tried is the text of the sort alone.
+void MeasureLongNames() {
+  constexpr double kAim = 1000;
+  constexpr const char* kFormats[] = {
+      "%4$d-%3$02d-%2$02d Holiday in Portugal - Lisbon - Camera B - IMG_%1$04d.jpg",
+      "Holiday in Portugal - Lisbon - Camera B - %4$d-%3$02d-%2$02d IMG_%1$04d.jpg",
+      "The long title of a book with a subtitle - volume %4$d, the complete and revised edition, "
+      "chapter %3$02d, part %2$02d, page %1$04d.jpg"};
+  for (const char* format : kFormats) {
+    std::uint32_t any = 1;
+    std::vector<std::string> names(std::size_t{kListedFolders} * kFilesAFolder);
+    for (std::string& name : names) {
+      any = any * 1664525 + 1013904223;
+      char buffer[160];
+      const int i = static_cast<int>(any >> 8);
+      std::snprintf(buffer, sizeof buffer, format, i % 10000, 1 + i / 7 % 28, 1 + i / 3 % 12,
+                    2010 + i / 11 % 10);
+      name = buffer;
+    }
+    const auto name_of = [&](std::size_t i) { return std::string_view(names[i]); };
+    for (const bool ascending : {true, false}) {
+      const std::string what = names[0].substr(0, 20) + "..." + (ascending ? "" : ", downwards");
+      Print(what.c_str(), kAim,
+            [&] { SortedByText(names.size(), name_of, AppendNaturalKey, ascending); });
+    }
+  }
+}
+
 void MeasureScroll(Grid& grid) {
   GroupedRowsModel model(grid.List());
   ListView view(model);
@@ -169,5 +197,6 @@ int main(int argc, char** argv) {
     MeasureSorts(grid);
     MeasureScroll(grid);
     PrintPeak();
+    MeasureLongNames();
   });
 }

@@ -1,6 +1,7 @@
 #include "commands/commands.h"
 
 #include <string>
+#include <vector>
 
 #include "commands/result_line.h"
 #include "common/language.h"
@@ -174,7 +175,10 @@ void Commands::bnLoadFileList_Click() {
 }
 
 bool Commands::MayList(const std::string& folder) {
-  const std::string folders = SystemFolder(folder, services_.facts.SystemFolders());
+  const std::vector<std::string> system = services_.facts.SystemFolders();
+  std::string folders = SystemFolder(folder, system);
+  // The same folder under another path ("//etc/", a link to it) is as dear.
+  if (folders.empty()) folders = SystemFolder(services_.files.ResolveFolder(folder), system);
   if (folders.empty()) return true;
   bool asks = true;  // what can't be read must not take the guard away
   ErrTrace::top("Form1.bnLoadFileList_Click", [&] {

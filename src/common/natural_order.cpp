@@ -33,6 +33,17 @@ constexpr std::array<char, 256> MakePlainBytes() {
 }
 constexpr std::array<char, 256> kPlain = MakePlainBytes();
 
+char PlainOf(char c) {
+  return kPlain[static_cast<unsigned char>(c)];
+}
+
+/// How many bytes from the first on are plain.
+std::size_t PlainLength(std::string_view t) {
+  std::size_t length = 0;
+  while (length < t.size() && PlainOf(t[length]) != 0) ++length;
+  return length;
+}
+
 /// Numbers of any size whose bytes are in their order.
 void AppendCount(std::size_t count, std::string& key) {
   constexpr std::size_t kMore = 0xFF;
@@ -63,9 +74,11 @@ void AppendNumber(std::string_view digits, std::string& key) {
 void AppendNaturalKey(std::string_view t, std::string& key) {
   std::size_t zeros = 0;
   for (std::size_t at = 0; at < t.size();) {
-    if (const char plain = kPlain[static_cast<unsigned char>(t[at])]) {
-      key += plain;
-      ++at;
+    if (const std::size_t plain = PlainLength(t.substr(at)); plain > 0) {
+      const auto begin = static_cast<std::ptrdiff_t>(key.size());
+      key += t.substr(at, plain);
+      std::transform(key.begin() + begin, key.end(), key.begin() + begin, PlainOf);
+      at += plain;
       continue;
     }
     if (!IsDigit(t[at])) {

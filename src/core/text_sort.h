@@ -11,8 +11,8 @@
 using TextOrder = void (*)(std::string_view text, std::string& key);
 
 /// The numbers 0 to `count` - 1 in the order of their texts, ascending or exactly the other way
-/// about; numbers of texts with equal keys ascend both ways. Takes 16 to 24 bytes a number
-/// beside its answer: keys are made again where they are needed, and never kept.
+/// about; numbers of texts with equal keys ascend both ways. Takes 16 to 24 bytes a number beside
+/// its answer, and at most 32 MB for keys: where these are too many, they are made again.
 ///
 /// `go_on`, when given, is called every few milliseconds at most; false stops the sort, which then
 /// answers nothing.

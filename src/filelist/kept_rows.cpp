@@ -2,12 +2,6 @@
 
 #include <QItemSelectionModel>
 
-namespace {
-
-constexpr int kMostPlaces = 5000;
-
-}  // namespace
-
 void KeptRows::Entries::Add(const GroupedRows& rows, std::size_t row) {
   if (rows.IsGroupRow(row)) {
     groups.insert(rows.GroupOf(row).text);
@@ -42,7 +36,12 @@ void KeptRows::Restore(const GroupedRows& rows, QItemSelectionModel& selection) 
     break;
   }
   const QItemSelection places = SelectedIn(rows, model);
-  if (places.size() <= kMostPlaces) selection.select(places, QItemSelectionModel::ClearAndSelect);
+  if (places.size() <= kMostPlaces) {
+    selection.select(places, QItemSelectionModel::ClearAndSelect);
+  } else {
+    selection.select(selection.currentIndex(),
+                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
 }
 
 QItemSelection KeptRows::SelectedIn(const GroupedRows& rows,

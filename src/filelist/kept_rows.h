@@ -19,8 +19,13 @@ class KeptRows {
   KeptRows(const GroupedRows& rows, const QItemSelectionModel& selection,
            const std::vector<int>& selected);
 
-  /// Selects again what is still there. A selection that has come to lie in very many places is
-  /// given up: Qt would search all of them for each cell that it paints.
+  /// Rows that are selected without others beside them are a place each.
+  static constexpr int kMostPlaces = 7'000;
+
+  /// Selects again what is still there. Of a selection that has come to lie in more places than
+  /// `kMostPlaces` the current row alone stays: Qt searches all of them for each cell that it
+  /// paints, and for each selected row when a screen reader asks how many there are, which takes a
+  /// second then.
   void Restore(const GroupedRows& rows, QItemSelectionModel& selection) const;
 
  private:

@@ -209,6 +209,8 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   const bool plain =
       event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
   if (plain && event->key() == Qt::Key_Space) {
+    // Names have blanks: amid the typing of one, a blank mustn't tick anything.
+    if (find_.GoesOn(running_.elapsed())) return keyboardSearch(event->text());
     emit spacePressed();
   } else if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
     EnterCurrent();

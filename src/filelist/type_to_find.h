@@ -18,6 +18,9 @@ class TypeToFind {
   std::optional<std::size_t> Type(std::string_view letters, std::int64_t now,
                                   const RecordList& list, int current);
 
+  /// Whether what is typed at `now` adds to what was typed before.
+  bool GoesOn(std::int64_t now) const;
+
  private:
   std::string typed_;  ///< folded
   std::int64_t last_ = 0;

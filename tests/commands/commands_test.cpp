@@ -210,6 +210,8 @@ TEST_F(CommandsTest, AskBeforeAListTouchesTheSystem) {
   EXPECT_EQ(records[0].newFileName, "x a.txt") << "declined, all stays";
   EXPECT_EQ(touch("1", true), "3 /in");
   EXPECT_EQ(touch("0", false), "3 ");
+  view.source.fdSourceFolder = "/./in/";
+  EXPECT_EQ(touch("1", false), "3 /in") << "written otherwise";
   const auto misread = [&] { EXPECT_EQ(touch("often", false), "3 /in"); };
   EXPECT_THAT(FailureReport(misread), testing::StartsWith("Type mismatch"));
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "common/natural_order.h"
 
 namespace {
@@ -32,6 +34,15 @@ TEST(TextSort, PutsTextsInNaturalOrderAndItsExactReverse) {
     const std::vector<std::string> texts(expected.rbegin(), expected.rend());
     EXPECT_EQ(Sorted(texts, true), expected);
     EXPECT_EQ(Sorted(expected, false), texts);
+  }
+}
+
+TEST(TextSort, FindsTheOneTextThatPartsBeforeTheOthers) {
+  std::vector<std::string> texts(300, "Holiday in Portugal - 1.jpg");
+  for (std::size_t odd = 0; odd < texts.size(); ++odd) {
+    const std::string other = std::exchange(texts[odd], "Holiday in Italy.jpg");
+    EXPECT_EQ(Sorted(texts, true).front(), texts[odd]) << odd;
+    texts[odd] = other;
   }
 }
 

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <cerrno>
 
+#include "filelist/kept_rows.h"
 #include "filelist/list_roles.h"
 #include "filelist/list_view.h"
 #include "filelist/row_menu.h"
@@ -177,8 +178,12 @@ TEST_F(FileListTest, CurrentAndSelectedRowsStayWhateverMakesTheRowsAnew) {
   panel.cmbGroupBy->setCurrentIndex(0);
   EXPECT_THAT(panel.SelectedRows(), ElementsAre(1, 3)) << "the group is gone";
   EXPECT_EQ(list.SelectedFile(), "/a/IMG_1.JPG");
+  records[0].sourceFileName = "bad b";
   Type(&list, QStringLiteral("bad"));
-  EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad\xEF\xBF\xBD.JPG");
+  Press(&list, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+  Type(&list, QStringLiteral("b"));
+  EXPECT_EQ(Text(list.currentIndex().row(), kColumnSourceName), "bad b");
+  EXPECT_TRUE(records[0].checked && records[2].checked) << "the blank was one of the name";
 }
 
 TEST_F(FileListTest, EnterMeansTheCurrentRowAndADoubleClickTheFirstSelectedOne) {
@@ -193,6 +198,27 @@ TEST_F(FileListTest, EnterMeansTheCurrentRowAndADoubleClickTheFirstSelectedOne) 
   Press(&list, Qt::Key_Enter);
   emit list.doubleClicked(second);
   EXPECT_EQ(files, "/a/IMG_1.JPG /a/IMG_1.JPG /a/IMG_3.JPG ");
+}
+
+TEST_F(FileListTest, ASelectionInManyPlacesStaysAndOfOneInTooManyTheCurrentRow) {
+  for (const std::size_t size : {std::size_t{2 * KeptRows::kMostPlaces}, records.Count() + 2}) {
+    while (records.Count() < size) {
+      const double odd = static_cast<double>(records.Count() % 2);
+      records.AddRecord("", "/a/", "x", FileDate(), odd, "File");
+    }
+    for (std::size_t i = 0; i < 4; ++i) records[i].size = static_cast<double>(i % 2);
+    SortBy(kColumnSize);
+    panel.cmbGroupBy->setCurrentIndex(0);
+    panel.ShowAnew();
+    const int last = static_cast<int>(records.Count()) / 2 - 1;
+    list.setCurrentIndex(model.index(last, 0));
+    list.selectionModel()->select({model.index(0, 0), model.index(last, model.columnCount() - 1)},
+                                  QItemSelectionModel::ClearAndSelect);
+    SortBy(-1);
+    const bool stays = last < KeptRows::kMostPlaces;
+    EXPECT_EQ(panel.SelectedRows().size(), stays ? records.Count() / 2 : 1U);
+    EXPECT_EQ(panel.SelectedRows().back(), 2 * last);
+  }
 }
 
 TEST_F(FileListTest, GroupingKeepsTheCurrentFileAndFillsNoClearedListAndWideKeepsItsKey) {

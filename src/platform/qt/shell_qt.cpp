@@ -33,6 +33,7 @@ const QString kPortalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString kOpenUri = QStringLiteral("org.freedesktop.portal.OpenURI");
 
 constexpr int kAgainMs = 100;
+constexpr int kAnswerMs = 10000;  ///< so long may a service take to start and to answer
 /// xdg-open may run for as long as the program that it starts; after this it has opened the file,
 /// whatever that program ends with.
 constexpr qint64 kOpenedMs = 10'000;
@@ -107,7 +108,7 @@ ShellResult ResultOf(const QString& error) {
 /// seconds to start; the window mustn't stand still for that long.
 void Send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
           std::function<void(ShellResult)> done) {
-  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), context);
+  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, kAnswerMs), context);
   QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                    [watcher, done = std::move(done)] {
                      watcher->deleteLater();
