@@ -176,23 +176,42 @@ void LeaveOutCommonEnds(std::string_view old_name, std::string_view new_name, Re
   }
 }
 
+/// Whether each word of the change became one of its kind, as in "_7" and "-70".
+bool GoesWordByWord(const Words& old_words, const Words& new_words, const Change& change) {
+  const std::size_t count = change.old_to - change.old_from;
+  if (count != change.new_to - change.new_from) return false;
+  for (std::size_t i = 0; i < count; ++i) {
+    const WordKind kind = KindOf(old_words[change.old_from + i]);
+    if (kind != KindOf(new_words[change.new_from + i])) return false;
+  }
+  return true;
+}
+
 std::vector<Replaced> FindReplaced(std::string_view old_name, std::string_view new_name) {
   const Words old_words = WordsOf(old_name);
   const Words new_words = WordsOf(new_name);
   std::vector<Replaced> parts;
-  const Comparison comparison(old_words, new_words);
-  for (const Change& change : comparison.Changes()) {
+  const auto add = [&](const Change& change) {
     parts.push_back({RangeOf(old_name, old_words, change.old_from, change.old_to),
                      RangeOf(new_name, new_words, change.new_from, change.new_to)});
     LeaveOutCommonEnds(old_name, new_name, parts.back());
+  };
+  const Comparison comparison(old_words, new_words);
+  for (Change change : comparison.Changes()) {
+    const bool word_by_word = GoesWordByWord(old_words, new_words, change);
+    for (; word_by_word && change.old_from < change.old_to; ++change.old_from, ++change.new_from) {
+      add({change.old_from, change.old_from + 1, change.new_from, change.new_from + 1});
+    }
+    if (!word_by_word) add(change);
   }
   return parts;
 }
 
-/// Two marks that would leave one separator alone between them, which is harder to read than one
-/// mark over all three.
+/// Two marks that touch, or would leave one separator alone between them, which is harder to read
+/// than one mark over all three.
 bool Joins(std::string_view name, const TextRange& a, const TextRange& b) {
   if (Empty(a) || Empty(b)) return false;
+  if (a.end == b.begin) return true;
   const std::string_view between = PartOf(name, {a.end, b.begin});
   return text::NextCharacter(between, 0) == between.size() && KindOf(between) == WordKind::kAlone;
 }

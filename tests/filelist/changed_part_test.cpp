@@ -29,6 +29,7 @@ TEST(ChangedPart, IsFoundWordByWordAndLeavesCommonEndsUnmarked) {
       {"holidays", "hotels", "ho[liday]s", "ho[tel]s", "liday becomes tel"},
       {"aa", "aaa", "aa", "aa[a]", "a added"},
       {"--", "---", "--", "--[-]", "- added"},
+      {"b_7.txt", "b-7003.txt", "b[_]7.txt", "b[-]7[003].txt", "_ becomes -"},
       // One lone separator joins, two or a word don't.
       {"IMG_1184.JPG", "Rom_a.jpg", "[IMG_1184.JPG]", "[Rom_a.jpg]",
        "IMG_1184.JPG becomes Rom_a.jpg"},
