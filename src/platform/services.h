@@ -63,6 +63,10 @@ class Prompts {
 
   /// Shows `message` and returns when the user has closed it.
   virtual void Tell(std::string_view message, PromptIcon icon) = 0;
+
+  /// Shows `question` with Yes and No, No being what Enter and Esc answer. Answers whether it was
+  /// Yes.
+  virtual bool Ask(std::string_view question, PromptIcon icon) = 0;
 };
 
 /// What became of a request to the desktop. The numbers are those that messages are kept under.

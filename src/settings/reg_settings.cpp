@@ -6,8 +6,6 @@
 
 namespace mRegSettings {
 
-namespace {
-
 std::int32_t ToInteger(std::string_view text) {
   std::int32_t value = 0;
   const char* const end = text.data() + text.size();
@@ -19,7 +17,10 @@ std::int32_t ToInteger(std::string_view text) {
   return value;
 }
 
-}  // namespace
+std::int16_t ToShort(std::int64_t number) {
+  if (number != static_cast<std::int16_t>(number)) throw Failure(kOverflow, "Overflow");
+  return static_cast<std::int16_t>(number);
+}
 
 std::string ReadText(SettingsStore& store, const Setting& setting) {
   return ErrTrace::inner(

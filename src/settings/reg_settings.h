@@ -20,12 +20,17 @@ struct Setting {
 /// In bytes. No control takes as much; a damaged file can hold any length.
 inline constexpr std::size_t kLongestText = 64 * 1024;
 
+/// The number that the whole text is: digits, with "-" in front or not. Raises Failure
+/// kTypeMismatch when it is none, kOverflow when it needs more than 32 bits.
+std::int32_t ToInteger(std::string_view text);
+
+/// The same number; raises Failure kOverflow when it needs more than 16 bits.
+std::int16_t ToShort(std::int64_t number);
+
 /// Raises Failure kInvalidPropertyValue for a text above kLongestText, and so do all that read.
 std::string ReadText(SettingsStore& store, const Setting& setting);
 
-/// The number that the whole text is: digits, with "-" in front or not. Raises Failure
-/// kTypeMismatch when it is none, kOverflow when it needs more than 32 bits; the report names the
-/// key.
+/// The stored text, as ToInteger takes it; the report names the key.
 std::int32_t ReadInteger(SettingsStore& store, const Setting& setting);
 
 /// As ReadInteger; raises Failure kInvalidPropertyValue for a number below `least` or above `most`.

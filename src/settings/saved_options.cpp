@@ -9,11 +9,6 @@ namespace {
 using option_table::kRows;
 using option_table::TextOf;
 
-std::int16_t ToShort(std::int32_t number) {
-  if (number != static_cast<std::int16_t>(number)) throw Failure(kOverflow, "Overflow");
-  return static_cast<std::int16_t>(number);
-}
-
 void Read(SettingsStore& store, const OptionRow& row, Options& options) {
   const std::string first_start = TextOf(row, Options());
   const mRegSettings::Setting stored{row.section, row.key, first_start};
@@ -21,7 +16,7 @@ void Read(SettingsStore& store, const OptionRow& row, Options& options) {
     void operator()(bool* held) const { *held = mRegSettings::ReadCheck(store, stored); }
     void operator()(int* held) const { *held = mRegSettings::ReadInteger(store, stored, 0, most); }
     void operator()(std::int16_t* held) const {
-      *held = ToShort(mRegSettings::ReadInteger(store, stored));
+      *held = mRegSettings::ToShort(mRegSettings::ReadInteger(store, stored));
     }
     void operator()(std::string* held) const { *held = mRegSettings::ReadText(store, stored); }
 

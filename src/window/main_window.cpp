@@ -31,6 +31,7 @@
 #include "window/folder_field.h"
 #include "window/folder_pages.h"
 #include "window/status_bar.h"
+#include "window/template_group.h"
 #include "window/undo_key.h"
 
 namespace {
@@ -60,6 +61,9 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       commands_(session, services, *this, *list_) {
   gFailureReport = new ResultWindow(kRenamingFailure, session.reports, services, this);
   gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, services, this);
+  const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
+  const auto ini_settings = [this](const std::string& name) { IniSettings(name); };
+  templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -297,6 +301,7 @@ void Form1::EnableElements(bool pEnable) {
   folder_pages_->setEnabled(pEnable);
   editor_->setEnabled(pEnable);
   list_->EnableElements(pEnable);
+  templates_->setEnabled(pEnable);
 }
 
 void Form1::SetWaitPointer(bool wait) {

@@ -16,6 +16,7 @@ class FileListPanel;
 class FolderPages;
 class ResultWindow;
 class StatusBar;
+class TemplateGroup;
 class UndoKey;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
@@ -82,6 +83,7 @@ class Form1 : public QWidget, private CommandView {
   FolderPages* folder_pages_;
   ConstructorEditor* editor_;
   CommandButtons* buttons_;
+  TemplateGroup* templates_;
   FileListPanel* list_;
   StatusBar* status_bar_;
   Commands commands_;

@@ -46,10 +46,14 @@ class FakePrompts : public Prompts {
     icons += icon == PromptIcon::kCritical ? 'x' : '!';
     if (on_tell) on_tell();
   }
+  bool Ask(std::string_view question, PromptIcon icon) override {
+    return Tell(question, icon), answer;
+  }
 
   std::vector<std::string> told;
   std::function<void()> on_tell;
-  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
+  bool answer = false;  ///< to a question: Yes
+  std::string icons;    ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
 class FakeTypeNames : public TypeNames {

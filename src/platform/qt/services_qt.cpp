@@ -24,6 +24,20 @@ std::string LookUp(const QMimeDatabase& database, std::string_view extension) {
   return type.isDefault() ? std::string() : text::FromQt(type.comment());
 }
 
+/// Answers the button that was pressed. "No" is the default, where there is one.
+int Show(std::string_view message, PromptIcon icon, QMessageBox::StandardButtons buttons) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("messageBox"));
+  box.setWindowTitle(QStringLiteral("Quorvane"));
+  box.setIcon(icon == PromptIcon::kCritical ? QMessageBox::Critical : QMessageBox::Warning);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(text::ShownLines(message));
+  box.setStandardButtons(buttons);
+  if (buttons.testFlag(QMessageBox::No)) box.setDefaultButton(QMessageBox::No);
+  const OrdinaryPointer pointer;
+  return box.exec();
+}
+
 }  // namespace
 
 void QtEventPump::LetEventsRun() {
@@ -69,13 +83,9 @@ std::string QtTypeNames::TypeName(std::string_view extension) {
 }
 
 void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setObjectName(QStringLiteral("messageBox"));
-  box.setWindowTitle(QStringLiteral("Quorvane"));
-  box.setIcon(icon == PromptIcon::kCritical ? QMessageBox::Critical : QMessageBox::Warning);
-  box.setTextFormat(Qt::PlainText);
-  box.setText(text::ShownLines(message));
-  box.setStandardButtons(QMessageBox::Ok);
-  const OrdinaryPointer pointer;
-  box.exec();
+  Show(message, icon, QMessageBox::Ok);
+}
+
+bool QtPrompts::Ask(std::string_view question, PromptIcon icon) {
+  return Show(question, icon, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }

@@ -55,4 +55,5 @@ class QtTypeNames : public TypeNames {
 class QtPrompts : public Prompts {
  public:
   void Tell(std::string_view message, PromptIcon icon) override;
+  bool Ask(std::string_view question, PromptIcon icon) override;
 };

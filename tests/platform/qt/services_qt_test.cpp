@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QTimer>
+
 #include "names/date_format.h"
 #include "platform/qt/shell_qt.h"
 #include "platform/qt/text_qt.h"
+#include "support/keys.h"
 
 TEST(LocaleFacts, NamesTheMonthsInTheLanguageOfTheUser) {
   const std::tuple<QLocale, const char*, const char*> table[] = {
@@ -26,6 +31,17 @@ TEST(QtTypeNames, NamesAKnownExtensionInAnyLetterCaseAndNoOther) {
   EXPECT_EQ(names.TypeName(".jpg"), picture) << "the second look must give what the first gave";
   for (const char* unknown : {"", ".", ".nosuchtype", ".bad\xFF", ".000001"}) {
     EXPECT_EQ(names.TypeName(unknown), "") << unknown;
+  }
+}
+
+TEST(QtPrompts, TakeOnlyYesForYes) {
+  for (const auto& [key, yes] :
+       {std::pair(0, true), {Qt::Key_Return, false}, {Qt::Key_Escape, false}}) {
+    QTimer::singleShot(0, [key = key] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      key == 0 ? box->button(QMessageBox::Yes)->click() : Press(box, key);
+    });
+    EXPECT_EQ(QtPrompts().Ask("Really?", PromptIcon::kExclamation), yes) << key;
   }
 }
 
