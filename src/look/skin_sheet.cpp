@@ -1,8 +1,6 @@
 #include "look/skin_sheet.h"
 
-#include <QDir>
-
-#include "look/look.h"
+#include "look/sheet_pictures.h"
 
 namespace {
 
@@ -31,28 +29,6 @@ constexpr NamedRole kRoles[] = {
     {"disabledFill", Role::kDisabledFill},
     {"hover", Role::kHover},
     {"press", Role::kPress},
-};
-
-struct NamedPicture {
-  const char* name;
-  Drawing drawing;
-  Role role;
-  int size;
-};
-
-constexpr NamedPicture kPictures[] = {
-    {"tick", Drawing::kTick, Role::kAccentText, 16},
-    {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
-    {"down", Drawing::kDown, Role::kText, 16},
-    {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
-    {"left", Drawing::kLeft, Role::kText, 16},
-    {"leftDisabled", Drawing::kLeft, Role::kDisabled, 16},
-    {"right", Drawing::kRight, Role::kText, 16},
-    {"rightDisabled", Drawing::kRight, Role::kDisabled, 16},
-    {"downSmall", Drawing::kDown, Role::kText, 12},
-    {"downSmallDisabled", Drawing::kDown, Role::kDisabled, 12},
-    {"warning", Drawing::kWarning, Role::kWarn, 40},
-    {"critical", Drawing::kWarning, Role::kFailed, 40},
 };
 
 /// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text
@@ -277,33 +253,21 @@ QMessageBox {
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 )";
 
-/// Writes one picture at three sizes; the name with "@2x" is how Qt finds the sharper one.
-QString WritePicture(const NamedPicture& picture, const QString& folder) {
-  const QString stem =
-      QDir(folder).filePath(QString::fromLatin1(picture.name)) +
-      (Look::Current().Dark() ? QStringLiteral("-dark") : QStringLiteral("-light"));
-  for (int scale = 1; scale <= 3; ++scale) {
-    const QString mark = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
-    QPixmap pixels = Look::Current().Picture(picture.drawing, picture.role, picture.size, scale);
-    pixels.save(stem + mark + QStringLiteral(".png"));
-  }
-  return stem + QStringLiteral(".png");
-}
-
 QString Placeholder(const char* name) {
   return u'{' + QString::fromLatin1(name) + u'}';
 }
 
 }  // namespace
 
-QString SkinSheet(const QString& picture_folder) {
+QString SkinSheet() {
+  const Look& look = Look::Current();
   QString sheet = QString::fromLatin1(kSheet);
   for (const NamedRole& row : kRoles) {
-    sheet.replace(Placeholder(row.name), Look::Current().Colour(row.role).name());
+    sheet.replace(Placeholder(row.name), look.Colour(row.role).name());
   }
-  for (const NamedPicture& picture : kPictures) {
+  for (const SheetPicture& picture : kSheetPictures) {
     sheet.replace(Placeholder(picture.name),
-                  picture_folder.isEmpty() ? QString() : WritePicture(picture, picture_folder));
+                  QStringLiteral(":/look/") + picture.FileName(look.Dark()));
   }
   return sheet;
 }
