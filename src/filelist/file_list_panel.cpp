@@ -10,6 +10,7 @@
 #include "common/language.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
@@ -18,7 +19,7 @@
 
 namespace {
 
-constexpr int kWideButtonAir = 20;
+constexpr FittedButton::Width kWideButton{.air = 20};
 
 }  // namespace
 
@@ -51,10 +52,9 @@ void FileListPanel::Show(const ListOptions& options) {
 }
 
 void FileListPanel::MakeControls() {
-  bnWideFileList = new QPushButton(this);
+  bnWideFileList = new FittedButton({}, kWideButton, this);
   bnWideFileList->setObjectName(QStringLiteral("bnWideFileList"));
   bnWideFileList->setProperty("narrow", true);
-  bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
   const QString tip = WithKeys(tr("Wide or narrow file list"), Keys::kWideList);
   bnWideFileList->setToolTip(tip);

@@ -10,6 +10,7 @@
 #include "common/path_text.h"
 #include "filelist/mask_field.h"
 #include "look/card.h"
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/look.h"
 #include "look/option_controls.h"
@@ -42,7 +43,7 @@ constexpr std::tuple kOutput{
 constexpr int kPageTop = 10;
 constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
-constexpr int kBrowseWidth = 30;
+constexpr FittedButton::Width kBrowseWidth{.air = 18, .least = 30};
 
 template <class Field>
 Field* NewField(const char* name, QWidget* parent) {
@@ -59,12 +60,10 @@ QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
 }
 
 QPushButton* NewBrowseButton(const char* name, const QString& tells, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setText(QObject::tr("&..."));
+  auto* button = new FittedButton(QObject::tr("&..."), kBrowseWidth, parent);
   button->setObjectName(QLatin1String(name));
   button->setAccessibleName(tells);
   button->setProperty("narrow", true);
-  button->setFixedWidth(kBrowseWidth);
   return button;
 }
 

@@ -18,6 +18,7 @@
 #include "filelist/list_view.h"
 #include "filelist/mask_dialog.h"
 #include "filelist/system_folder_dialog.h"
+#include "look/card.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "look/skin.h"
@@ -40,6 +41,27 @@ namespace {
 constexpr int kLeastWidth = 930;
 constexpr int kLeastHeight = 484;
 
+/// As wide as its widest row needs at the font in use, and no wider.
+class LeftColumn : public QWidget {
+ public:
+  explicit LeftColumn(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  }
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override {
+    return QWidget::minimumSizeHint().expandedTo({measure::kLeftColumn, 0});
+  }
+};
+
+/// A layout gives its window the least size, and anew with each font and style.
+class WholeWindow : public QVBoxLayout {
+ public:
+  using QVBoxLayout::QVBoxLayout;
+  QSize minimumSize() const override {
+    return QVBoxLayout::minimumSize().expandedTo({kLeastWidth, kLeastHeight});
+  }
+};
+
 /// What each command button starts.
 constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
     &Commands::bnLoadFileList_Click, &Commands::bnPreview_Click, &Commands::bnRename_Click,
@@ -54,7 +76,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       services_(services),
       settings_(services.settings),
       commands_(session, services, *this),
-      left_column_(new QWidget(this)),
+      left_column_(new LeftColumn(this)),
       folder_pages_(new FolderPages(left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
@@ -84,7 +106,6 @@ void Form1::LayOut() {
   left->addWidget(folder_pages_);
   left->addWidget(editor_, 1);
   left->addWidget(buttons_);
-  left_column_->setFixedWidth(measure::kLeftColumn);
 
   auto* row = new QHBoxLayout;
   row->setContentsMargins(measure::kWindowMargin, measure::kWindowMargin, measure::kWindowMargin,
@@ -93,14 +114,13 @@ void Form1::LayOut() {
   row->addWidget(left_column_);
   row->addWidget(list_, 1);
 
-  auto* whole = new QVBoxLayout(this);
+  auto* whole = new WholeWindow(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->setSpacing(0);
   whole->addLayout(row, 1);
   whole->addWidget(status_bar_);
-  const QSize needed = whole->totalMinimumSize();
-  setMinimumSize(needed.expandedTo({kLeastWidth, kLeastHeight}));
-  resize(minimumSize());
+  PolishAll(this);
+  resize(whole->totalMinimumSize());
 }
 
 void Form1::ConnectPanels() {
