@@ -26,7 +26,8 @@ constexpr ButtonRow kButtons[kCommandButtonCount] = {
     {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), Keys::kCancel},
 };
 /// As wide as with the heavier type of the primary button, so that nothing moves.
-constexpr FittedButton::Width kWidth{.air = 24, .weight = QFont::DemiBold};
+constexpr FittedButton::Measures kMeasures{
+    .air = 24, .high = measure::kCommandHeight, .weight = QFont::DemiBold};
 
 std::size_t IndexOf(CommandButton button) {
   return static_cast<std::size_t>(button);
@@ -51,12 +52,11 @@ CommandButtons::CommandButtons(QWidget* parent) : QWidget(parent), Command5(new 
 
 void CommandButtons::AddButton(CommandButton button) {
   const ButtonRow& row = kButtons[IndexOf(button)];
-  auto* made = new FittedButton(tr(row.text), kWidth, this);
+  auto* made = new FittedButton(tr(row.text), kMeasures, this);
   made->setObjectName(QLatin1String(row.name));
   made->setProperty("command", true);
   made->setProperty("primary", false);
   made->setEnabled(false);  // a mode turns it on
-  made->setMinimumHeight(measure::kCommandHeight);
   buttons_[IndexOf(button)] = made;
   layout()->addWidget(made);
   connect(made, &QPushButton::clicked, this, [this, button] { emit commandRequested(button); });

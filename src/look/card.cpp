@@ -48,8 +48,8 @@ Card::Card(const QString& name, const QString& title, QWidget* parent)
   label->setProperty("title", true);
   // The controls beside a title give way, never the title.
   label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-  label->setMinimumHeight(kTitleHeight);
   head_->setSpacing(measure::kLabelGap);
+  head_->addStrut(kTitleHeight);
   head_->addWidget(label);
   head_->addStretch();
   body_->setSpacing(measure::kControlGap);

@@ -7,17 +7,18 @@ class FittedButton : public QPushButton {
   Q_OBJECT
 
  public:
-  struct Width {
-    int air;        ///< left and right of the caption together
-    int least = 0;  ///< whatever the caption
+  struct Measures {
+    int air;                               ///< left and right of the caption together
+    int least = 0;                         ///< whatever the caption
+    int high = 0;                          ///< the least height
     QFont::Weight weight = QFont::Normal;  ///< the heaviest type that the caption takes
   };
 
-  FittedButton(const QString& caption, Width width, QWidget* parent);
+  FittedButton(const QString& caption, Measures measures, QWidget* parent);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  private:
-  Width width_;
+  Measures measures_;
 };

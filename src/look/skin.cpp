@@ -75,6 +75,12 @@ void ApplySkin(QApplication& application, bool skin_on) {
   Skin::Of(application).Apply(application, skin_on);
 }
 
+void FitSkinToFont(QApplication& application) {
+  if (application.styleSheet().isEmpty()) return;
+  const QString sheet = SkinSheet();
+  if (sheet != application.styleSheet()) application.setStyleSheet(sheet);
+}
+
 void Repolish(QWidget& widget) {
   widget.style()->unpolish(&widget);
   widget.style()->polish(&widget);

@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// The style sheet in the colours of `Look::Current()`. Its ticks and arrows are resources of the
-/// program, see `SheetPicture`.
+/// The style sheet in the colours of `Look::Current()`, for the application's font. Its ticks and
+/// arrows are resources of the program, see `SheetPicture`.
 QString SkinSheet();

@@ -43,7 +43,7 @@ constexpr std::tuple kOutput{
 constexpr int kPageTop = 10;
 constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
-constexpr FittedButton::Width kBrowseWidth{.air = 18, .least = 30};
+constexpr FittedButton::Measures kBrowseWidth{.air = 18, .least = 30};
 
 template <class Field>
 Field* NewField(const char* name, QWidget* parent) {
@@ -55,7 +55,6 @@ Field* NewField(const char* name, QWidget* parent) {
 QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
   auto* box = new QCheckBox(text, parent);
   box->setObjectName(QLatin1String(name));
-  box->setMinimumHeight(measure::kCheckHeight);
   return box;
 }
 
@@ -75,6 +74,7 @@ QGridLayout* NewGrid(QWidget* page) {
   grid->setVerticalSpacing(measure::kControlGap);
   grid->setColumnMinimumWidth(0, measure::kFolderLabels);
   grid->setColumnStretch(1, 1);
+  for (int row = 0; row < 3; ++row) grid->setRowMinimumHeight(row, measure::kCheckHeight);
   grid->setRowStretch(3, 1);
   return grid;
 }

@@ -34,33 +34,9 @@
 #include "window/folder_pages.h"
 #include "window/status_bar.h"
 #include "window/undo_key.h"
+#include "window/window_layout.h"
 
 namespace {
-
-// The told least size, 13940 by 7260 twips, at 15 twips to a logical pixel.
-constexpr int kLeastWidth = 930;
-constexpr int kLeastHeight = 484;
-
-/// As wide as its widest row needs at the font in use, and no wider.
-class LeftColumn : public QWidget {
- public:
-  explicit LeftColumn(QWidget* parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-  }
-  QSize sizeHint() const override { return minimumSizeHint(); }
-  QSize minimumSizeHint() const override {
-    return QWidget::minimumSizeHint().expandedTo({measure::kLeftColumn, 0});
-  }
-};
-
-/// A layout gives its window the least size, and anew with each font and style.
-class WholeWindow : public QVBoxLayout {
- public:
-  using QVBoxLayout::QVBoxLayout;
-  QSize minimumSize() const override {
-    return QVBoxLayout::minimumSize().expandedTo({kLeastWidth, kLeastHeight});
-  }
-};
 
 /// What each command button starts.
 constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
@@ -114,7 +90,7 @@ void Form1::LayOut() {
   row->addWidget(left_column_);
   row->addWidget(list_, 1);
 
-  auto* whole = new WholeWindow(this);
+  auto* whole = new WindowLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->setSpacing(0);
   whole->addLayout(row, 1);

@@ -22,7 +22,7 @@
 namespace {
 
 /// With room for the arrow of its menu.
-constexpr FittedButton::Width kMenuButton{.air = 36};
+constexpr FittedButton::Measures kMenuButton{.air = 36};
 
 QPushButton* Named(const char* name, const QString& keys, QPushButton* button) {
   button->setObjectName(QLatin1String(name));

@@ -117,6 +117,10 @@ struct Row {
   void Add(const QString& caption, QWidget* field, bool is_first = true) {
     QLabel* label = NewLabel(caption, field, field->parentWidget());
     if (is_first) {
+      // Whichever of them is hidden, the column keeps its width.
+      QSizePolicy policy = label->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      label->setSizePolicy(policy);
       page->addWidget(label, number, 0);
     } else {
       label->setContentsMargins(kPairGap, 0, 0, 0);
