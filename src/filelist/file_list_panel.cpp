@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr FittedButton::Measures kWideButton{.air = 20, .least = 30};
+constexpr FittedButton::Measures kWideButton{.air = 20};
 
 }  // namespace
 

@@ -86,8 +86,7 @@ class FramelessPages : public QTabWidget {
   }
 };
 
-/// A page whose labels stand in one column, so that all fields start on one line; what fills its
-/// last row is free.
+/// A page whose labels stand in one column; the room below its rows is free.
 QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   constexpr int kRows = 2;
   auto* widget = new QWidget(pages);
@@ -96,7 +95,6 @@ QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
   rows->setHorizontalSpacing(measure::kLabelGap);
   rows->setVerticalSpacing(measure::kControlGap);
-  rows->setColumnMinimumWidth(0, measure::kOptionLabels);
   rows->setColumnStretch(1, 1);
   rows->setRowStretch(kRows, 1);
   pages->addTab(widget, title);
@@ -117,10 +115,6 @@ struct Row {
   void Add(const QString& caption, QWidget* field, bool is_first = true) {
     QLabel* label = NewLabel(caption, field, field->parentWidget());
     if (is_first) {
-      // Whichever of them is hidden, the column keeps its width.
-      QSizePolicy policy = label->sizePolicy();
-      policy.setRetainSizeWhenHidden(true);
-      label->setSizePolicy(policy);
       page->addWidget(label, number, 0);
     } else {
       label->setContentsMargins(kPairGap, 0, 0, 0);
@@ -174,6 +168,7 @@ TransformPane::TransformPane(const Parts& parts, const TransformNames& names) : 
            });
   ShowCutFields();
   ShowAddFields();
+  built_ = true;
   FitStyle();
 }
 
@@ -192,7 +187,23 @@ void TransformPane::FitStyle() {
   // Without the skin, a frame around the pages would be a second one inside that of the card.
   pages_->setDocumentMode(!Look::Current().SkinOn());
   case_->setMinimumWidth(std::max(kLeastCombo, kLeastSigns * fontMetrics().averageCharWidth()));
+  FitLabels();
   MarkPages();
+}
+
+void TransformPane::FitLabels() {
+  constexpr int kSlack = 2;
+  int widest = measure::kOptionLabels;
+  for (const QWidget* field : std::initializer_list<QWidget*>{cut_, cut_n_, cut_text_, replace1_,
+                                                              replace2_, add_, add_text1_}) {
+    const QString caption = LabelOf(field)->text();
+    // The labels may hear of a new font after the pane.
+    const int wide = fontMetrics().size(Qt::TextShowMnemonic, caption).width();
+    widest = std::max(widest, wide + kSlack);
+  }
+  for (int page = 0; page < pages_->count(); ++page) {
+    static_cast<QGridLayout*>(pages_->widget(page)->layout())->setColumnMinimumWidth(0, widest);
+  }
 }
 
 void TransformPane::changeEvent(QEvent* event) {
@@ -200,7 +211,7 @@ void TransformPane::changeEvent(QEvent* event) {
   const auto type = event->type();
   const bool new_look =
       type == QEvent::StyleChange || type == QEvent::PaletteChange || type == QEvent::FontChange;
-  if (new_look && pages_ != nullptr) FitStyle();
+  if (new_look && built_) FitStyle();
 }
 
 template <class Value>
