@@ -28,7 +28,7 @@ namespace {
 using namespace mLanguageGobals;
 
 constexpr int kWidth = 560;
-constexpr int kSigns = 60;       ///< that much with a large font
+constexpr int kSigns = 80;       ///< that much with a large font
 constexpr int kLinkIndent = 16;  // the link's own inset makes it 20
 constexpr int kIconSize = 40;
 
