@@ -1,11 +1,10 @@
 #include "commands/command_buttons.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QShortcut>
 
 #include "look/card.h"
+#include "look/fitted_button.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "look/skin.h"
@@ -26,7 +25,9 @@ constexpr ButtonRow kButtons[kCommandButtonCount] = {
     {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), Keys::kUndo},
     {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), Keys::kCancel},
 };
-constexpr int kPadding = 12;
+/// As wide as with the heavier type of the primary button, so that nothing moves.
+constexpr FittedButton::Measures kMeasures{
+    .air = 24, .high = measure::kCommandHeight, .weight = QFont::DemiBold};
 
 std::size_t IndexOf(CommandButton button) {
   return static_cast<std::size_t>(button);
@@ -44,20 +45,18 @@ CommandButtons::CommandButtons(QWidget* parent) : QWidget(parent), Command5(new 
     AddButton(button);
   }
   Command5->setObjectName(QStringLiteral("Command5"));
-  Command5->setAccessibleName(tr("Cancelling"));
+  Command5->setAccessibleName(tr("The command was cancelled"));
   Command5->setGeometry(0, 0, 1, 1);
-  FitWidths();
   MarkPrimary();
 }
 
 void CommandButtons::AddButton(CommandButton button) {
   const ButtonRow& row = kButtons[IndexOf(button)];
-  auto* made = new QPushButton(tr(row.text), this);
+  auto* made = new FittedButton(tr(row.text), kMeasures, this);
   made->setObjectName(QLatin1String(row.name));
   made->setProperty("command", true);
   made->setProperty("primary", false);
   made->setEnabled(false);  // a mode turns it on
-  made->setMinimumHeight(measure::kCommandHeight);
   buttons_[IndexOf(button)] = made;
   layout()->addWidget(made);
   connect(made, &QPushButton::clicked, this, [this, button] { emit commandRequested(button); });
@@ -103,20 +102,4 @@ void CommandButtons::MarkPrimary() {
     button->setProperty("primary", is_primary);
     Repolish(*button);
   }
-}
-
-void CommandButtons::FitWidths() {
-  // As wide as with the heavier type of the primary button, so that nothing moves.
-  QFont heavy = font();
-  heavy.setWeight(QFont::DemiBold);
-  const QFontMetrics metrics(heavy);
-  for (QPushButton* button : buttons_) {
-    const QSize text = metrics.size(Qt::TextShowMnemonic, button->text());
-    button->setFixedWidth(text.width() + 2 * kPadding);
-  }
-}
-
-void CommandButtons::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitWidths();
 }

@@ -29,13 +29,9 @@ class CommandButtons : public QWidget {
   /// A button was pressed, by mouse, letter or key. The receiver starts the command.
   void commandRequested(CommandButton button);
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
   void AddButton(CommandButton button);
   void MarkPrimary();
-  void FitWidths();
 
   std::array<QPushButton*, kCommandButtonCount> buttons_;
   QWidget* Command5;

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,7 @@ namespace {
 using namespace mLanguageGobals;
 
 constexpr int kWidth = 560;
+constexpr int kSigns = 80;       ///< that much with a large font
 constexpr int kLinkIndent = 16;  // the link's own inset makes it 20
 constexpr int kIconSize = 40;
 
@@ -70,14 +72,15 @@ Form11::Form11(const Services& services, QWidget* parent)
 }
 
 void Form11::LayOut() {
-  setMinimumWidth(kWidth);
+  const int width = std::max(kWidth, kSigns * fontMetrics().averageCharWidth());
+  Body()->addStrut(width - 2 * measure::kDialogMargin);
   layout()->setSpacing(10);
   Body()->setSpacing(10);
   AddHeading(*Body());
   AddWays(*Body());
   Body()->addStretch(1);
   bnOK->setFocus();
-  resize(kWidth, layout()->totalHeightForWidth(kWidth));
+  resize(width, layout()->totalHeightForWidth(width));
 }
 
 void Form11::AddHeading(QVBoxLayout& column) {

@@ -11,6 +11,7 @@
 #include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
@@ -19,7 +20,7 @@
 
 namespace {
 
-constexpr int kWideButtonAir = 20;
+constexpr FittedButton::Measures kWideButton{.air = 20};
 
 }  // namespace
 
@@ -52,10 +53,9 @@ void FileListPanel::Show(const ListOptions& options) {
 }
 
 void FileListPanel::MakeControls() {
-  bnWideFileList = new QPushButton(this);
+  bnWideFileList = new FittedButton({}, kWideButton, this);
   bnWideFileList->setObjectName(QStringLiteral("bnWideFileList"));
   bnWideFileList->setProperty("narrow", true);
-  bnWideFileList->setMaximumWidth(fontMetrics().horizontalAdvance(u'>') + kWideButtonAir);
   SetWideCaption();
   const QString tip = WithKeys(tr("Wide or narrow file list"), Keys::kWideList);
   bnWideFileList->setToolTip(tip);

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int kTextWidth = 460;
+constexpr int kTextSigns = 50;  ///< that much with a large font
 constexpr int kIconSize = 40;
 constexpr int kIconGap = 14;
 constexpr int kRowGap = 10;
@@ -76,7 +77,7 @@ void Form4::LayOut() {
   auto* texts = new QVBoxLayout;
   texts->setSpacing(kRowGap);
   for (QWidget* part : std::initializer_list<QWidget*>{Label1, fdSystemFolders, Label2, Label3}) {
-    part->setMinimumWidth(kTextWidth);
+    part->setMinimumWidth(std::max(kTextWidth, kTextSigns * fontMetrics().averageCharWidth()));
     texts->addWidget(part);
   }
   texts->addWidget(chAllowSystemRename, 0, Qt::AlignLeft);

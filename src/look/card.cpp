@@ -1,8 +1,11 @@
 #include "look/card.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "look/look.h"
@@ -45,8 +48,8 @@ Card::Card(const QString& name, const QString& title, QWidget* parent)
   label->setProperty("title", true);
   // The controls beside a title give way, never the title.
   label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-  label->setMinimumHeight(kTitleHeight);
   head_->setSpacing(measure::kLabelGap);
+  head_->addStrut(kTitleHeight);
   head_->addWidget(label);
   head_->addStretch();
   body_->setSpacing(measure::kControlGap);
@@ -73,6 +76,11 @@ QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
 
 void PolishAll(QWidget* widget) {
   for (QWidget* part : widget->findChildren<QWidget*>()) part->ensurePolished();
+  for (QTabBar* tabs : widget->findChildren<QTabBar*>()) {
+    // By itself, a hidden one keeps the sizes that it had before.
+    QEvent event(QEvent::StyleChange);
+    QCoreApplication::sendEvent(tabs, &event);
+  }
 }
 
 void Explain(QWidget* widget, const QString& text) {

@@ -5,17 +5,36 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "settings/window_placement_qt.h"
+
+namespace {
+
+constexpr FittedButton::Measures kButton{
+    .air = 24, .least = measure::kDialogButton, .weight = QFont::DemiBold};
+
+/// Wrapped texts need the more height the narrower they are; a layout's own answer forgets them.
+class WholeDialog : public QVBoxLayout {
+ public:
+  using QVBoxLayout::QVBoxLayout;
+  QSize minimumSize() const override {
+    const QSize least = QVBoxLayout::minimumSize();
+    if (!hasHeightForWidth()) return least;
+    return least.expandedTo({0, minimumHeightForWidth(least.width())});
+  }
+};
+
+}  // namespace
 
 DialogFrame::DialogFrame(std::string_view name, const QString& title, Buttons buttons,
                          QWidget* parent)
     : QDialog(parent), body_(new QVBoxLayout), foot_(new QHBoxLayout) {
   setObjectName(text::ToQt(name));
   setWindowTitle(title);
-  auto* column = new QVBoxLayout(this);
+  auto* column = new WholeDialog(this);
   column->setContentsMargins(measure::kDialogMargin, measure::kDialogMargin, measure::kDialogMargin,
                              measure::kDialogMargin);
   column->setSpacing(measure::kDialogMargin);
@@ -53,9 +72,8 @@ void DialogFrame::showEvent(QShowEvent* event) {
 }
 
 QPushButton* DialogFrame::NewButton(const char* name, const QString& caption) {
-  auto* button = new QPushButton(caption, this);
+  auto* button = new FittedButton(caption, kButton, this);
   button->setObjectName(QLatin1String(name));
-  button->setMinimumWidth(measure::kDialogButton);
   foot_->addWidget(button);
   return button;
 }

@@ -200,9 +200,13 @@ QColor Look::Colour(Role role) const {
 }
 
 QPixmap Look::Picture(Drawing drawing, Role role, int size, qreal scale) const {
+  return QPixmap::fromImage(Drawn(drawing, role, size, scale));
+}
+
+QImage Look::Drawn(Drawing drawing, Role role, int size, qreal scale) const {
   constexpr qreal kUnits = 16;
   constexpr qreal kStroke = 1.5;
-  QPixmap picture(QSize(size, size) * scale);
+  QImage picture(QSize(size, size) * scale, QImage::Format_ARGB32_Premultiplied);
   picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);

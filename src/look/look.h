@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPixmap>
 
 /// The colours of the program's look by what they are for; a skin gives each a light and a dark
@@ -54,6 +55,8 @@ class Look {
   /// A drawing in a role's colour, `size` logical pixels wide, sharp at `scale` device pixels a
   /// logical one.
   QPixmap Picture(Drawing drawing, Role role, int size, qreal scale) const;
+  /// The same, without a display.
+  QImage Drawn(Drawing drawing, Role role, int size, qreal scale) const;
 
   /// Chooses the colours; the caller sets palette and style sheet of the application.
   void Choose(bool skin_on, bool dark);

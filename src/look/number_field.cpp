@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QValidator>
+#include <algorithm>
 #include <utility>
 
 #include "common/number_text.h"
@@ -46,7 +47,17 @@ NumberField::NumberField(const char* name, std::function<void(std::int32_t)> sto
   connect(this, &QLineEdit::textChanged, this, &NumberField::KeepDigits);
   ShowNumber(0);
   setInputMethodHints(Qt::ImhDigitsOnly);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(this, &QLineEdit::returnPressed, this, &NumberField::HandOver);
+}
+
+QSize NumberField::sizeHint() const {
+  // The style's answer is for 17 times this letter.
+  constexpr int kSigns = 17, kDigits = 10, kCaret = 4, kLeast = 84;
+  const QSize hint = QLineEdit::sizeHint();
+  const int around = hint.width() - kSigns * fontMetrics().horizontalAdvance(u'x');
+  const int digits = kDigits * fontMetrics().horizontalAdvance(u'0');
+  return {std::max(around + digits + kCaret, kLeast), hint.height()};
 }
 
 void NumberField::KeepDigits() {

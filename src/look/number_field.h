@@ -22,6 +22,10 @@ class NumberField : public QLineEdit {
   /// The text shown is a number that was not stored.
   bool Refused() const { return refused_; }
 
+  /// Room for the ten digits of the largest number.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
   /// Shows a number that comes from the store.
   void ShowNumber(std::int32_t number);
 

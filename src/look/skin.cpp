@@ -2,16 +2,20 @@
 
 #include <QApplication>
 #include <QStyle>
-#include <QTemporaryDir>
 #include <QWidget>
 
 #include "look/look.h"
 #include "look/skin_sheet.h"
 
+/// What a static library holds of resources comes into the program only when it is asked for, and
+/// that by a function in no namespace.
+static void HavePictures() {
+  Q_INIT_RESOURCE(look);
+}
+
 namespace {
 
-/// What a program without its skin goes back to. A child of the application, so that the pictures
-/// go with it.
+/// What a program without its skin goes back to. A child of the application.
 class Skin : public QObject {
  public:
   static Skin& Of(QApplication& application) {
@@ -36,6 +40,7 @@ class Skin : public QObject {
  private:
   explicit Skin(QApplication& application) : QObject(&application) {
     setObjectName(QStringLiteral("skin"));
+    HavePictures();
   }
 
   void RememberDesktop(const QApplication& application) {
@@ -49,7 +54,7 @@ class Skin : public QObject {
     const bool user_chose = qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE");
     if (!user_chose && application.style()->name() != fusion) QApplication::setStyle(fusion);
     QApplication::setPalette(SkinPalette());
-    application.setStyleSheet(SkinSheet(pictures_.isValid() ? pictures_.path() : QString()));
+    application.setStyleSheet(SkinSheet());
   }
 
   void TakeOff() {
@@ -62,13 +67,18 @@ class Skin : public QObject {
   QPalette desktop_;
   bool palette_was_set_ = false;
   QString style_;
-  QTemporaryDir pictures_;
 };
 
 }  // namespace
 
 void ApplySkin(QApplication& application, bool skin_on) {
   Skin::Of(application).Apply(application, skin_on);
+}
+
+void FitSkinToFont(QApplication& application) {
+  if (application.styleSheet().isEmpty()) return;
+  const QString sheet = SkinSheet();
+  if (sheet != application.styleSheet()) application.setStyleSheet(sheet);
 }
 
 void Repolish(QWidget& widget) {

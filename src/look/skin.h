@@ -23,6 +23,9 @@ class QWidget;
 ///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 
+/// Fits the skin, if it is on, to the application's font.
+void FitSkinToFont(QApplication& application);
+
 /// Lets the style sheet see a changed property of `widget`.
 void Repolish(QWidget& widget);
 

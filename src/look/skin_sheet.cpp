@@ -1,8 +1,10 @@
 #include "look/skin_sheet.h"
 
-#include <QDir>
+#include <QApplication>
+#include <QFontMetrics>
+#include <algorithm>
 
-#include "look/look.h"
+#include "look/sheet_pictures.h"
 
 namespace {
 
@@ -33,32 +35,11 @@ constexpr NamedRole kRoles[] = {
     {"press", Role::kPress},
 };
 
-struct NamedPicture {
-  const char* name;
-  Drawing drawing;
-  Role role;
-  int size;
-};
-
-constexpr NamedPicture kPictures[] = {
-    {"tick", Drawing::kTick, Role::kAccentText, 16},
-    {"tickDisabled", Drawing::kTick, Role::kDisabled, 16},
-    {"down", Drawing::kDown, Role::kText, 16},
-    {"downDisabled", Drawing::kDown, Role::kDisabled, 16},
-    {"left", Drawing::kLeft, Role::kText, 16},
-    {"leftDisabled", Drawing::kLeft, Role::kDisabled, 16},
-    {"right", Drawing::kRight, Role::kText, 16},
-    {"rightDisabled", Drawing::kRight, Role::kDisabled, 16},
-    {"downSmall", Drawing::kDown, Role::kText, 12},
-    {"downSmallDisabled", Drawing::kDown, Role::kDisabled, 12},
-    {"warning", Drawing::kWarning, Role::kWarn, 40},
-    {"critical", Drawing::kWarning, Role::kFailed, 40},
-};
-
-/// {role} and {picture} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine. Text
-/// fields take their text's colour from the palette: a colour here would fade their placeholder. A
-/// content height of 24 and a border of 1 above and below make a control of 26; a focused one has a
-/// border of 2 and as much less inside, so nothing moves.
+/// {role}, {picture} and {height} are filled in; frame shapes 4 and 5 are QFrame::HLine and VLine.
+/// Text fields take their text's colour from the palette: a colour here would fade their
+/// placeholder. A content height of 24 and a border of 1 above and below make a control of 26; a
+/// focused one has a border of 2 and as much less inside, so nothing moves. A height is that of a
+/// usual font: a larger one adds the same to all.
 constexpr char kSheet[] = R"(
 QMainWindow, QDialog { background: {window}; }
 QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }
@@ -82,14 +63,14 @@ QLabel:disabled { color: {disabled}; }
 
 QPushButton, QToolButton {
   background: {surface}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: 24px; padding: 0 8px; outline: none;
+  min-height: {24}; padding: 0 8px; outline: none;
 }
 QToolButton { padding: 0 5px; }
 QPushButton:hover, QToolButton:hover { background: {hover}; }
 QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked,
 QPushButton:open, QToolButton:open { background: {press}; }
 QPushButton:focus, QToolButton:focus {
-  border: 2px solid {focus}; min-height: 22px; padding: 0 7px;
+  border: 2px solid {focus}; min-height: {22}; padding: 0 7px;
 }
 QToolButton:focus { padding: 0 4px; }
 QPushButton:disabled, QToolButton:disabled {
@@ -100,9 +81,9 @@ QToolButton::left-arrow { image: url("{left}"); width: 16px; height: 16px; }
 QToolButton::left-arrow:disabled { image: url("{leftDisabled}"); }
 QToolButton::right-arrow { image: url("{right}"); width: 16px; height: 16px; }
 QToolButton::right-arrow:disabled { image: url("{rightDisabled}"); }
-QPushButton[command="true"] { min-height: 28px; padding: 0 11px; }
-QPushButton[command="true"]:focus { min-height: 26px; padding: 0 10px; }
-QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; min-width: 18px; }
+QPushButton[command="true"] { min-height: {28}; padding: 0 11px; }
+QPushButton[command="true"]:focus { min-height: {26}; padding: 0 10px; }
+QPushButton[narrow="true"], QToolButton[narrow="true"] { padding: 0 5px; }
 QPushButton[narrow="true"]:focus, QToolButton[narrow="true"]:focus { padding: 0 4px; }
 QPushButton::menu-indicator, QToolButton::menu-indicator {
   subcontrol-origin: padding; subcontrol-position: center right;
@@ -111,10 +92,11 @@ QPushButton::menu-indicator, QToolButton::menu-indicator {
 QPushButton::menu-indicator:disabled, QToolButton::menu-indicator:disabled {
   image: url("{downSmallDisabled}");
 }
-QDialog QPushButton { min-height: 28px; min-width: 66px; padding: 0 10px; }
-QDialog QPushButton:focus { min-height: 26px; padding: 0 9px; }
-QDialog QPushButton[narrow="true"] { min-height: 24px; min-width: 18px; padding: 0 5px; }
-QDialog QPushButton[narrow="true"]:focus { min-height: 22px; padding: 0 4px; }
+QDialog QPushButton { min-height: {28}; padding: 0 10px; }
+QDialogButtonBox QPushButton { min-width: 66px; }
+QDialog QPushButton:focus { min-height: {26}; padding: 0 9px; }
+QDialog QPushButton[narrow="true"] { min-height: {24}; padding: 0 5px; }
+QDialog QPushButton[narrow="true"]:focus { min-height: {22}; padding: 0 4px; }
 
 QPushButton[primary="true"]:enabled, QDialog QPushButton:default:enabled {
   background: {accent}; border-color: {accent}; color: {accentText}; font-weight: 600;
@@ -129,22 +111,22 @@ QPushButton[primary="true"]:focus:enabled, QDialog QPushButton:default:focus:ena
 
 QPushButton[link="true"], QToolButton[link="true"] {
   background: transparent; border: 1px solid transparent; color: {link}; padding: 0 7px;
-  min-width: 0; min-height: 20px;
+  min-width: 0; min-height: {20};
 }
 QPushButton[link="true"]:hover, QToolButton[link="true"]:hover {
   background: {hover}; text-decoration: underline;
 }
 QPushButton[link="true"]:focus, QToolButton[link="true"]:focus {
-  border: 2px solid {focus}; padding: 0 6px; min-height: 18px;
+  border: 2px solid {focus}; padding: 0 6px; min-height: {18};
 }
 
 QLineEdit, QPlainTextEdit, QTextEdit, QAbstractSpinBox {
   background: {field}; border: 1px solid {edge}; border-radius: 4px;
   selection-background-color: {accent}; selection-color: {accentText};
 }
-QLineEdit, QAbstractSpinBox { min-height: 24px; padding: 0 6px; }
+QLineEdit, QAbstractSpinBox { min-height: {24}; padding: 0 6px; }
 QLineEdit:focus, QAbstractSpinBox:focus {
-  border: 2px solid {focus}; min-height: 22px; padding: 0 5px;
+  border: 2px solid {focus}; min-height: {22}; padding: 0 5px;
 }
 QLineEdit QToolButton { background: transparent; border: none; padding: 0; min-height: 0; }
 QPlainTextEdit:focus, QTextEdit:focus { border: 2px solid {focus}; }
@@ -154,28 +136,28 @@ QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBo
 
 QComboBox {
   background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: 24px; padding: 0 1px 0 7px; combobox-popup: 0;
+  min-height: {24}; padding: 0 1px 0 7px; combobox-popup: 0;
 }
 QComboBox:hover { background: {hover}; }
 QComboBox:on { background: {press}; }
-QComboBox:focus { border: 2px solid {focus}; min-height: 22px; padding: 0 0 0 6px; }
+QComboBox:focus { border: 2px solid {focus}; min-height: {22}; padding: 0 0 0 6px; }
 QComboBox:disabled { background: {disabledFill}; color: {disabled}; border-color: {line}; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox::down-arrow { image: url("{down}"); width: 16px; height: 16px; }
 QComboBox::down-arrow:disabled { image: url("{downDisabled}"); }
-QComboBox QLineEdit { border: none; padding: 0; min-height: 22px; }
+QComboBox QLineEdit { border: none; padding: 0; min-height: {22}; }
 QComboBox QAbstractItemView, QListView[offers="true"] {
   background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 0; outline: none;
   selection-background-color: {sel}; selection-color: {text};
 }
-QComboBox QAbstractItemView::item, QListView[offers="true"]::item { min-height: 24px; padding: 0 6px; border: none; }
+QComboBox QAbstractItemView::item, QListView[offers="true"]::item { min-height: {24}; padding: 0 6px; border: none; }
 QComboBox QAbstractItemView::item:selected, QComboBox QAbstractItemView::item:hover,
 QListView[offers="true"]::item:selected, QListView[offers="true"]::item:hover {
   background: {sel}; color: {text};
 }
 
 QCheckBox, QRadioButton {
-  color: {text}; background: transparent; spacing: 5px; min-height: 18px; padding: 0 2px;
+  color: {text}; background: transparent; spacing: 5px; min-height: {18}; padding: 0 2px;
   border: 2px solid transparent; border-radius: 4px; outline: none;
 }
 QCheckBox:focus, QRadioButton:focus { border-color: {focus}; }
@@ -199,21 +181,21 @@ QTabWidget::tab-bar { left: 0; }
 QTabWidget > QTabBar { background: transparent; }
 QTabWidget > QTabBar::tab {
   background: transparent; color: {muted}; border: 1px solid transparent;
-  border-top-left-radius: 6px; border-top-right-radius: 6px; min-height: 23px; padding: 0 11px;
+  border-top-left-radius: 6px; border-top-right-radius: 6px; min-height: {23}; padding: 0 11px;
   margin-right: 3px;
 }
 QTabWidget > QTabBar::tab:selected {
   background: {surface}; color: {text}; border-color: {line}; border-bottom-color: {surface};
 }
 QTabWidget > QTabBar::tab:hover:!selected { color: {text}; background: {hover}; }
-QTabWidget > QTabBar::tab:selected:focus { border: 2px solid {focus}; min-height: 21px; padding: 0 10px; }
+QTabWidget > QTabBar::tab:selected:focus { border: 2px solid {focus}; min-height: {21}; padding: 0 10px; }
 QTabWidget > QTabBar::tab:disabled { color: {disabled}; }
 QTabWidget[optionPages="true"]::pane {
   background: transparent; border: none; border-radius: 0; border-top: 1px solid {line}; top: -1px;
 }
 QTabWidget[optionPages="true"] > QTabBar::tab {
   background: transparent; color: {muted}; border: none; border-bottom: 2px solid transparent;
-  border-radius: 0; min-height: 22px; padding: 0 10px; margin-right: 4px;
+  border-radius: 0; min-height: {22}; padding: 0 10px; margin-right: 4px;
 }
 QTabWidget[optionPages="true"] > QTabBar::tab:selected {
   color: {groupText}; border-bottom-color: {focus};
@@ -222,7 +204,7 @@ QTabWidget[optionPages="true"] > QTabBar::tab:hover:!selected {
   color: {text}; background: {hover};
 }
 QTabWidget[optionPages="true"] > QTabBar::tab:selected:focus {
-  border: 2px solid {focus}; min-height: 20px; padding: 0 8px; border-radius: 4px;
+  border: 2px solid {focus}; min-height: {20}; padding: 0 8px; border-radius: 4px;
 }
 QTabWidget[optionPages="true"] > QTabBar::tab:disabled { color: {disabled}; }
 QTabWidget[optionPages="true"] > QTabBar::tab:selected:disabled {
@@ -262,7 +244,7 @@ QProgressBar {
 }
 QProgressBar::chunk { background: {accent}; border-radius: 4px; }
 
-QStatusBar { background: {head}; color: {muted}; border-top: 1px solid {line}; min-height: 26px; }
+QStatusBar { background: {head}; color: {muted}; border-top: 1px solid {line}; min-height: {26}; }
 QStatusBar::item { border: none; }
 QStatusBar QLabel { color: {muted}; }
 
@@ -278,17 +260,14 @@ QMessageBox {
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 )";
 
-/// Writes one picture at three sizes; the name with "@2x" is how Qt finds the sharper one.
-QString WritePicture(const NamedPicture& picture, const QString& folder) {
-  const QString stem =
-      QDir(folder).filePath(QString::fromLatin1(picture.name)) +
-      (Look::Current().Dark() ? QStringLiteral("-dark") : QStringLiteral("-light"));
-  for (int scale = 1; scale <= 3; ++scale) {
-    const QString mark = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
-    QPixmap pixels = Look::Current().Picture(picture.drawing, picture.role, picture.size, scale);
-    pixels.save(stem + mark + QStringLiteral(".png"));
-  }
-  return stem + QStringLiteral(".png");
+// The heights that the sheet names.
+constexpr int kLeastHeight = 18, kGreatestHeight = 28;
+constexpr int kLine = 16;
+
+/// A style sheet's height holds even where the text needs more. A line of this much has room in
+/// all.
+int AddedHeight() {
+  return std::max(0, QFontMetrics(QApplication::font()).height() - kLine);
 }
 
 QString Placeholder(const char* name) {
@@ -297,14 +276,19 @@ QString Placeholder(const char* name) {
 
 }  // namespace
 
-QString SkinSheet(const QString& picture_folder) {
+QString SkinSheet() {
+  const Look& look = Look::Current();
   QString sheet = QString::fromLatin1(kSheet);
   for (const NamedRole& row : kRoles) {
-    sheet.replace(Placeholder(row.name), Look::Current().Colour(row.role).name());
+    sheet.replace(Placeholder(row.name), look.Colour(row.role).name());
   }
-  for (const NamedPicture& picture : kPictures) {
+  for (const SheetPicture& picture : kSheetPictures) {
     sheet.replace(Placeholder(picture.name),
-                  picture_folder.isEmpty() ? QString() : WritePicture(picture, picture_folder));
+                  QStringLiteral(":/look/") + picture.FileName(look.Dark()));
+  }
+  for (int height = kLeastHeight; height <= kGreatestHeight; ++height) {
+    sheet.replace(u'{' + QString::number(height) + u'}',
+                  QString::number(height + AddedHeight()) + QStringLiteral("px"));
   }
   return sheet;
 }

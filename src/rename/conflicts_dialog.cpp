@@ -8,6 +8,7 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "look/card.h"
 #include "look/handlers.h"
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int kRowGap = 10;
 constexpr int kFieldWidth = 72;
+constexpr int kFieldSigns = 9;  ///< that much with a large font
 
 /// Where the caption of a check box begins.
 int CaptionLeft(const QCheckBox& box) {
@@ -65,7 +67,8 @@ void Form8::MakeControls() {
 QLineEdit* Form8::NewTemplateField(const char* name) {
   auto* field = new QLineEdit(this);
   field->setObjectName(QLatin1String(name));
-  field->setFixedWidth(kFieldWidth);
+  field->setFixedWidth(
+      std::max(kFieldWidth, kFieldSigns * field->fontMetrics().averageCharWidth()));
   HoldWhatIsShown(field);
   KeepRoom(field);
   return field;

@@ -10,6 +10,7 @@
 #include "common/path_text.h"
 #include "filelist/mask_field.h"
 #include "look/card.h"
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/look.h"
 #include "look/option_controls.h"
@@ -42,7 +43,7 @@ constexpr std::tuple kOutput{
 constexpr int kPageTop = 10;
 constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
-constexpr int kBrowseWidth = 30;
+constexpr FittedButton::Measures kBrowseWidth{.air = 18, .least = 30};
 
 template <class Field, class... More>
 Field* NewField(const char* name, QWidget* parent, More&... more) {
@@ -54,17 +55,14 @@ Field* NewField(const char* name, QWidget* parent, More&... more) {
 QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
   auto* box = new QCheckBox(text, parent);
   box->setObjectName(QLatin1String(name));
-  box->setMinimumHeight(measure::kCheckHeight);
   return box;
 }
 
 QPushButton* NewBrowseButton(const char* name, const QString& tells, QWidget* parent) {
-  auto* button = new QPushButton(parent);
-  button->setText(QObject::tr("&..."));
+  auto* button = new FittedButton(QObject::tr("&..."), kBrowseWidth, parent);
   button->setObjectName(QLatin1String(name));
   button->setAccessibleName(tells);
   button->setProperty("narrow", true);
-  button->setFixedWidth(kBrowseWidth);
   return button;
 }
 
@@ -76,6 +74,7 @@ QGridLayout* NewGrid(QWidget* page) {
   grid->setVerticalSpacing(measure::kControlGap);
   grid->setColumnMinimumWidth(0, measure::kFolderLabels);
   grid->setColumnStretch(1, 1);
+  for (int row = 0; row < 3; ++row) grid->setRowMinimumHeight(row, measure::kCheckHeight);
   grid->setRowStretch(3, 1);
   return grid;
 }

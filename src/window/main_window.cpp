@@ -17,6 +17,7 @@
 #include "filelist/list_view.h"
 #include "filelist/mask_dialog.h"
 #include "filelist/system_folder_dialog.h"
+#include "look/card.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "look/skin.h"
@@ -33,12 +34,9 @@
 #include "window/status_bar.h"
 #include "window/template_group.h"
 #include "window/undo_key.h"
+#include "window/window_layout.h"
 
 namespace {
-
-// The told least size, 13940 by 7260 twips, at 15 twips to a logical pixel.
-constexpr int kLeastWidth = 930;
-constexpr int kLeastHeight = 484;
 
 /// What each command button starts.
 constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
@@ -52,7 +50,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
       services_(services),
-      left_column_(new QWidget(this)),
+      left_column_(new LeftColumn(this)),
       folder_pages_(new FolderPages(services.folders, left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
@@ -86,7 +84,6 @@ void Form1::LayOut() {
   left->addWidget(folder_pages_);
   left->addWidget(editor_, 1);
   left->addWidget(buttons_);
-  left_column_->setFixedWidth(measure::kLeftColumn);
 
   auto* row = new QHBoxLayout;
   row->setContentsMargins(measure::kWindowMargin, measure::kWindowMargin, measure::kWindowMargin,
@@ -95,14 +92,13 @@ void Form1::LayOut() {
   row->addWidget(left_column_);
   row->addWidget(list_, 1);
 
-  auto* whole = new QVBoxLayout(this);
+  auto* whole = new WindowLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->setSpacing(0);
   whole->addLayout(row, 1);
   whole->addWidget(status_bar_);
-  const QSize needed = whole->totalMinimumSize();
-  setMinimumSize(needed.expandedTo({kLeastWidth, kLeastHeight}));
-  resize(minimumSize());
+  PolishAll(this);
+  resize(whole->totalMinimumSize());
 }
 
 void Form1::ConnectPanels() {

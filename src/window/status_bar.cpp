@@ -69,8 +69,11 @@ StatusBar::StatusBar(QWidget* parent)
   addPermanentWidget(bnAbout);
   addPermanentWidget(bnHelp);
   setContentsMargins(8, 1, 4, 0);
-  setMinimumHeight(kBarHeight);
   ShowPanes(StatusPanes());
+}
+
+QSize StatusBar::sizeHint() const {
+  return QStatusBar::sizeHint().expandedTo({0, kBarHeight});
 }
 
 void StatusBar::ShowPanes(const StatusPanes& panes) {

@@ -20,6 +20,9 @@ class StatusBar : public QStatusBar {
   /// Shows the panes as they stand; costs next to nothing where nothing has changed.
   void ShowPanes(const StatusPanes& panes);
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 

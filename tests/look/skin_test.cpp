@@ -6,14 +6,12 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QStyle>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cmath>
 #include <tuple>
 #include <vector>
 
 #include "look/look.h"
-#include "look/skin_sheet.h"
 
 namespace {
 
@@ -99,16 +97,15 @@ TEST_F(SkinTest, TheDesktopDecidesBetweenLightAndDarkAndOffGivesItBack) {
 }
 
 TEST_F(SkinTest, TheSheetIsWholeAndItsPicturesAreThere) {
-  QTemporaryDir folder;
-  Look::Current().Choose(true, true);
-  const QString sheet = SkinSheet(folder.path());
+  ApplySkin(*qApp, true);
+  const QString sheet = qApp->styleSheet();
   static const QRegularExpression placeholder(QStringLiteral("\\{[A-Za-z]+\\}"));
   EXPECT_EQ(placeholder.match(sheet).captured(), QString());
   static const QRegularExpression url(QStringLiteral("url\\(\"([^\"]*)\\.png\"\\)"));
   int pictures = 0;
   for (auto i = url.globalMatch(sheet); i.hasNext(); ++pictures) {
     const QString stem = i.next().captured(1);
-    for (const char* rest : {".png", "@2x.png"}) {
+    for (const char* rest : {".png", "@2x.png", "@3x.png"}) {
       EXPECT_TRUE(QFile::exists(stem + QString::fromLatin1(rest))) << stem.toStdString() << rest;
     }
   }

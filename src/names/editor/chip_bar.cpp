@@ -17,6 +17,7 @@ constexpr int kChipGap = 4;
 constexpr int kChipPadding = 10;
 constexpr int kLeastChip = 30;
 constexpr int kGreatestText = 200 - 2 * kChipPadding;
+constexpr int kGreatestSigns = 26;  ///< that much with a large font
 constexpr int kGreatestTip = 800;
 constexpr int kRadius = 4;
 constexpr QChar kOpenBox(0x2423);
@@ -42,6 +43,10 @@ ChipColours ColoursOf(bool enabled, bool focused, bool selected, bool is_text) {
   if (selected) return {Role::kSel, Role::kFocus, Role::kText};
   if (is_text) return {Role::kField, Role::kEdge, Role::kText};
   return {Role::kChip, Role::kChipEdge, Role::kChipText};
+}
+
+int GreatestText(const QFontMetrics& metrics) {
+  return std::max(kGreatestText, kGreatestSigns * metrics.averageCharWidth());
 }
 
 /// An outline of `width` that lies within `box`.
@@ -71,7 +76,7 @@ void ChipBar::InsertChip(int index, std::string_view text, int tag) {
   // An "&" in a tab's text would make a shortcut of the letter behind it.
   const int at = insertTab(index, QString(shown).replace(u'&', QStringLiteral("&&")));
   setTabData(at, tag);
-  const bool fits = fontMetrics().horizontalAdvance(shown) <= kGreatestText;
+  const bool fits = fontMetrics().horizontalAdvance(shown) <= GreatestText(fontMetrics());
   // Wider than the screen it could not be read either.
   const QString tip = fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestTip);
   setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
@@ -92,7 +97,7 @@ int ChipBar::ChipsWidth() const {
 QString ChipBar::ChipText(int index) const {
   const QString text = PlainText(index);
   const QString shown = tabData(index).toInt() == kText ? WithVisibleEnds(text) : text.trimmed();
-  return fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestText);
+  return fontMetrics().elidedText(shown, Qt::ElideMiddle, GreatestText(fontMetrics()));
 }
 
 QSize ChipBar::tabSizeHint(int index) const {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "look/card.h"
+#include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/look.h"
 #include "look/menus.h"
@@ -20,12 +21,10 @@
 
 namespace {
 
-/// Around the text of a button with a menu, its arrow included.
-constexpr int kMenuButtonPadding = 36;
+/// With room for the arrow of its menu.
+constexpr FittedButton::Measures kMenuButton{.air = 36};
 
-QPushButton* NewButton(const char* name, const QString& text, const QString& keys,
-                       QWidget* parent) {
-  auto* button = new QPushButton(text, parent);
+QPushButton* Named(const char* name, const QString& keys, QPushButton* button) {
   button->setObjectName(QLatin1String(name));
   Explain(button, keys);
   return button;
@@ -79,16 +78,16 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
 }
 
 void ConstructorStrip::BuildButtons() {
-  vbInsertLeft = NewButton("vbInsertLeft", tr("In&sert left"), ShownKeys(Keys::kInsertLeft), this);
-  bnInsertRight =
-      NewButton("bnInsertRight", tr("Insert rig&ht"), ShownKeys(Keys::kInsertRight), this);
-  bnMoveLeft = NewButton("bnMoveLeft", tr("&Move left"), ShownKeys(Keys::kMoveLeft), this);
-  bnMoveRight = NewButton("bnMoveRight", tr("Move ri&ght"), ShownKeys(Keys::kMoveRight), this);
-  bnDeletePattern = NewButton("bnDeletePattern", tr("De&lete"), ShownKeys(Keys::kDelete), this);
-  for (QPushButton* button : {vbInsertLeft, bnInsertRight}) {
-    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, button->text());
-    button->setMinimumWidth(text.width() + kMenuButtonPadding);
-  }
+  vbInsertLeft = Named("vbInsertLeft", ShownKeys(Keys::kInsertLeft),
+                       new FittedButton(tr("In&sert left"), kMenuButton, this));
+  bnInsertRight = Named("bnInsertRight", ShownKeys(Keys::kInsertRight),
+                        new FittedButton(tr("Insert rig&ht"), kMenuButton, this));
+  bnMoveLeft =
+      Named("bnMoveLeft", ShownKeys(Keys::kMoveLeft), new QPushButton(tr("&Move left"), this));
+  bnMoveRight =
+      Named("bnMoveRight", ShownKeys(Keys::kMoveRight), new QPushButton(tr("Move ri&ght"), this));
+  bnDeletePattern =
+      Named("bnDeletePattern", ShownKeys(Keys::kDelete), new QPushButton(tr("De&lete"), this));
   GiveMenu(vbInsertLeft, NewMenu(Side::kLeft));
   GiveMenu(bnInsertRight, NewMenu(Side::kRight));
 

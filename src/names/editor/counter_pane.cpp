@@ -16,7 +16,6 @@
 namespace {
 
 constexpr std::string_view kWidths[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
-constexpr int kStartWidth = 84;
 constexpr int kRangeWidth = 64;
 constexpr int kPairGap = 13;
 
@@ -29,18 +28,17 @@ CounterPane::CounterPane(const Parts& parts) : OptionPane(parts) {
 
 void CounterPane::BuildControls() {
   lbRangeSample = new SampleLabel("lbRangeSample", this);
-  lbRangeSample->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
   const auto store = [this](std::int32_t start) {
     if (ConstrItem* shown = Shown()) shown->counter.Start = start;
   };
   fdStartValue = new NumberField("fdStartValue", store, this);
   fdStartValue->ShowNumber(1);
-  fdStartValue->setFixedWidth(kStartWidth);
   HandleChange(fdStartValue, "fdStartValue", [this] { UpdateSample(); });
 
   cmbRange = NewPick("cmbRange", kWidths, [this](int) { TakeRange(); });
-  cmbRange->setFixedWidth(kRangeWidth);
+  cmbRange->setMinimumWidth(kRangeWidth);
+  cmbRange->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
   chResetCounter = new QCheckBox(tr("R&eset counter for each group in file list"), this);
   chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
@@ -58,7 +56,7 @@ void CounterPane::Lay() {
   row->addSpacing(kPairGap - measure::kLabelGap);
   row->addWidget(NewLabel(tr("&Number of digits:"), cmbRange, this));
   row->addWidget(cmbRange);
-  row->addWidget(lbRangeSample, 1);
+  row->addStretch();
   QLabel* note =
       NewLabel(tr("Note: counter increment depends on sort order in file list."), nullptr, this);
   note->setObjectName(QStringLiteral("Label22"));
@@ -67,6 +65,7 @@ void CounterPane::Lay() {
   Body()->addLayout(row);
   Body()->addWidget(chResetCounter);
   Body()->addWidget(note);
+  Body()->addWidget(lbRangeSample);
   Body()->addStretch();
 }
 

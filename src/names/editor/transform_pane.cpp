@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,7 +12,6 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -68,41 +68,62 @@ constexpr AddShows kAddShows[std::size(kAdds)] = {
     {true, true, false},   {true, false, true},  {true, false, true},
 };
 
-constexpr int kNumberWidth = 84;
 constexpr int kPairGap = 5;
 constexpr int kLeastCombo = 120;
+constexpr int kLeastSigns = 14;  ///< that much of an entry with a large font
 constexpr int kDot = 6;
 
-QVBoxLayout* NewPage(QTabWidget* pages, const QString& title) {
+/// Pages without a frame around them, which a style may keep room for all the same.
+class FramelessPages : public QTabWidget {
+ public:
+  using QTabWidget::QTabWidget;
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override {
+    QSize pages;
+    for (int i = 0; i < count(); ++i) pages = pages.expandedTo(widget(i)->minimumSizeHint());
+    const QSize tabs = tabBar()->minimumSizeHint();
+    return {std::max(pages.width(), tabBar()->sizeHint().width()), pages.height() + tabs.height()};
+  }
+};
+
+/// A page whose labels stand in one column; the room below its rows is free.
+QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
+  constexpr int kRows = 2;
   auto* widget = new QWidget(pages);
-  auto* rows = new QVBoxLayout(widget);
+  auto* rows = new QGridLayout(widget);
   // One more for the line under the tabs.
   rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
-  rows->setSpacing(measure::kControlGap);
+  rows->setHorizontalSpacing(measure::kLabelGap);
+  rows->setVerticalSpacing(measure::kControlGap);
+  rows->setColumnStretch(1, 1);
+  rows->setRowStretch(kRows, 1);
   pages->addTab(widget, title);
   return rows;
 }
 
-QHBoxLayout* AddRow(QVBoxLayout* page) {
-  auto* row = new QHBoxLayout;
-  row->setSpacing(measure::kLabelGap);
-  page->addLayout(row);
-  return row;
-}
+/// A row of fields; the labels of the first of them stand in the page's column.
+struct Row {
+  QGridLayout* page;
+  int number;
+  QHBoxLayout* fields = new QHBoxLayout;
 
-/// Labels of a first column have one width, so that all fields start on one line.
-void AddField(QHBoxLayout* row, const QString& caption, QWidget* field, bool is_first) {
-  QLabel* label = NewLabel(caption, field, field->parentWidget());
-  if (is_first) {
-    label->setMinimumWidth(measure::kOptionLabels);
-  } else {
-    label->setContentsMargins(kPairGap, 0, 0, 0);
+  Row(QGridLayout* of_page, int at) : page(of_page), number(at) {
+    fields->setSpacing(measure::kLabelGap);
+    page->addLayout(fields, number, 1);
   }
-  row->addWidget(label);
-  const bool is_number = qobject_cast<NumberField*>(field) != nullptr;
-  if (is_number) field->setFixedWidth(kNumberWidth);
-  row->addWidget(field, is_number ? 0 : 1);
-}
+
+  void Add(const QString& caption, QWidget* field, bool is_first = true) {
+    QLabel* label = NewLabel(caption, field, field->parentWidget());
+    if (is_first) {
+      page->addWidget(label, number, 0);
+    } else {
+      label->setContentsMargins(kPairGap, 0, 0, 0);
+      fields->addWidget(label);
+    }
+    const bool is_number = qobject_cast<NumberField*>(field) != nullptr;
+    fields->addWidget(field, is_number ? 0 : 1);
+  }
+};
 
 /// A dot, or as much room without one, so that no tab moves.
 QIcon Dot(bool filled, qreal scale) {
@@ -128,7 +149,7 @@ void SetShown(QWidget* field, bool shown) {
 
 TransformPane::TransformPane(const Parts& parts, const TransformNames& names) : OptionPane(parts) {
   BuildCase(names.letter_case);
-  pages_ = new QTabWidget(this);
+  pages_ = new FramelessPages(this);
   pages_->setObjectName(text::ToQt(names.pages));
   pages_->setProperty("optionPages", true);
   pages_->setIconSize(QSize(kDot, kDot));
@@ -147,6 +168,7 @@ TransformPane::TransformPane(const Parts& parts, const TransformNames& names) : 
            });
   ShowCutFields();
   ShowAddFields();
+  built_ = true;
   FitStyle();
 }
 
@@ -164,14 +186,32 @@ void TransformPane::MarkPages() {
 void TransformPane::FitStyle() {
   // Without the skin, a frame around the pages would be a second one inside that of the card.
   pages_->setDocumentMode(!Look::Current().SkinOn());
+  case_->setMinimumWidth(std::max(kLeastCombo, kLeastSigns * fontMetrics().averageCharWidth()));
+  FitLabels();
   MarkPages();
+}
+
+void TransformPane::FitLabels() {
+  constexpr int kSlack = 2;
+  int widest = measure::kOptionLabels;
+  for (const QWidget* field : std::initializer_list<QWidget*>{cut_, cut_n_, cut_text_, replace1_,
+                                                              replace2_, add_, add_text1_}) {
+    const QString caption = LabelOf(field)->text();
+    // The labels may hear of a new font after the pane.
+    const int wide = fontMetrics().size(Qt::TextShowMnemonic, caption).width();
+    widest = std::max(widest, wide + kSlack);
+  }
+  for (int page = 0; page < pages_->count(); ++page) {
+    static_cast<QGridLayout*>(pages_->widget(page)->layout())->setColumnMinimumWidth(0, widest);
+  }
 }
 
 void TransformPane::changeEvent(QEvent* event) {
   Card::changeEvent(event);
+  const auto type = event->type();
   const bool new_look =
-      event->type() == QEvent::StyleChange || event->type() == QEvent::PaletteChange;
-  if (new_look && pages_ != nullptr) FitStyle();
+      type == QEvent::StyleChange || type == QEvent::PaletteChange || type == QEvent::FontChange;
+  if (new_look && built_) FitStyle();
 }
 
 template <class Value>
@@ -207,14 +247,13 @@ NumberField* TransformPane::NewNumberField(const std::string& name,
 
 void TransformPane::BuildCase(const std::string& letter_case) {
   case_ = NewModePick("cmbCase" + letter_case, &TransformOptions::Case, kCases);
-  case_->setMinimumWidth(kLeastCombo);
   case_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   Head()->addWidget(NewLabel(tr("Letter c&ase"), case_, this));
   Head()->addWidget(case_);
 }
 
 void TransformPane::BuildRemovePage(const TransformNames& names) {
-  QVBoxLayout* page = NewPage(pages_, tr("Remove"));
+  QGridLayout* page = NewPage(pages_, tr("Remove"));
   const std::string field = "fdCut" + names.part;
   cut_ = NewModePick("cmbCut" + names.part, &TransformOptions::Cut, kCuts,
                      [this] { ShowCutFields(); });
@@ -227,39 +266,36 @@ void TransformPane::BuildRemovePage(const TransformNames& names) {
   OnSignal(reset, &QPushButton::clicked, HandlerOf(names.reset, "_Click"),
            [this] { cut_->setCurrentIndex(0); });
 
-  AddField(AddRow(page), tr("Cu&t"), cut_, true);
-  QHBoxLayout* row = AddRow(page);
-  AddField(row, tr("&N:"), cut_n_, true);
-  AddField(row, tr("&K:"), cut_x_, false);
-  AddField(row, tr("T&ext:"), cut_text_, true);
-  row->addStretch();
-  row->addWidget(reset);
-  page->addStretch();
+  Row(page, 0).Add(tr("Cu&t"), cut_);
+  Row row(page, 1);
+  row.Add(tr("&N:"), cut_n_);
+  row.Add(tr("&K:"), cut_x_, false);
+  row.Add(tr("T&ext:"), cut_text_);
+  row.fields->addStretch();
+  row.fields->addWidget(reset);
 }
 
 void TransformPane::BuildReplacePage(const std::string& replace) {
-  QVBoxLayout* page = NewPage(pages_, tr("Replace"));
+  QGridLayout* page = NewPage(pages_, tr("Replace"));
   const std::string field = "fdReplace" + replace;
   replace1_ = NewTextField(field + "1", &TransformOptions::Replace1, false);
   replace2_ = NewTextField(field + "2", &TransformOptions::Replace2, true);
-  AddField(AddRow(page), tr("R&eplace:"), replace1_, true);
-  AddField(AddRow(page), tr("&With:"), replace2_, true);
-  page->addStretch();
+  Row(page, 0).Add(tr("R&eplace:"), replace1_);
+  Row(page, 1).Add(tr("&With:"), replace2_);
 }
 
 void TransformPane::BuildAddPage(const std::string& part) {
-  QVBoxLayout* page = NewPage(pages_, tr("Add / Insert"));
+  QGridLayout* page = NewPage(pages_, tr("Add / Insert"));
   const std::string field = "fdAdd" + part;
   add_ = NewModePick("cmbAdd" + part, &TransformOptions::Add, kAdds, [this] { ShowAddFields(); });
   add_text1_ = NewTextField(field + "Text1", &TransformOptions::AddText1, true);
   add_text2_ = NewTextField(field + "Text2", &TransformOptions::AddText2, true);
   add_n_ = NewNumberField(field + "N", &TransformOptions::AddN);
-  AddField(AddRow(page), tr("A&dd"), add_, true);
-  QHBoxLayout* row = AddRow(page);
-  AddField(row, tr("&Text1:"), add_text1_, true);
-  AddField(row, tr("T&ext2:"), add_text2_, false);
-  AddField(row, tr("&N:"), add_n_, false);
-  page->addStretch();
+  Row(page, 0).Add(tr("A&dd"), add_);
+  Row row(page, 1);
+  row.Add(tr("&Text1:"), add_text1_);
+  row.Add(tr("T&ext2:"), add_text2_, false);
+  row.Add(tr("&N:"), add_n_, false);
 }
 
 void TransformPane::ShowCutFields() {

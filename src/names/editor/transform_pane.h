@@ -30,6 +30,8 @@ class TransformPane : public OptionPane {
 
  private:
   void FitStyle();
+  /// Gives the labels of all pages one width, so that all fields start on one line.
+  void FitLabels();
   void MarkPages();
   void BuildCase(const std::string& letter_case);
   void BuildRemovePage(const TransformNames& names);
@@ -47,7 +49,7 @@ class TransformPane : public OptionPane {
   void ShowAddFields();
 
   QComboBox* case_;
-  QTabWidget* pages_ = nullptr;
+  QTabWidget* pages_;
   QComboBox* cut_;
   NumberField* cut_n_;
   NumberField* cut_x_;
@@ -58,4 +60,5 @@ class TransformPane : public OptionPane {
   QLineEdit* add_text1_;
   QLineEdit* add_text2_;
   NumberField* add_n_;
+  bool built_ = false;
 };
