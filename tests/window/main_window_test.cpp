@@ -228,6 +228,12 @@ TEST_F(MainWindowTest, UndoesTheRunFromATextFieldUntilSomethingIsTypedInIt) {
   EXPECT_FALSE(is_the_runs()) << "refused for want of an output folder";
 }
 
+TEST(Application, BearsItsIconFromThePictureThatFits) {
+  for (const int size : {16, 24, 128}) {
+    EXPECT_EQ(QApplication::windowIcon().pixmap(size).toImage().width(), size);
+  }
+}
+
 TEST(EndingSignals, AreTakenUnlessTheyWereIgnored) {
   constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
   for (const bool ignored : {true, false}) {
