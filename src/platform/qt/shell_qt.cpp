@@ -118,7 +118,7 @@ void Send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context
 
 /// Runs xdg-open with `link` as its one argument; `done` gets its exit code, -1 where there is no
 /// such program. Nobody owns the process: its destruction would end what it runs.
-void RunXdgOpen(const QByteArray& link, QObject* context, std::function<void(int)> done) {
+void RunXdgOpen(const QByteArray& link, QObject* context, const std::function<void(int)>& done) {
   auto* opener = new QProcess;
   opener->setStandardInputFile(QProcess::nullDevice());
   opener->setStandardOutputFile(QProcess::nullDevice());
