@@ -136,41 +136,52 @@ class NameLine {
 
   void Paint(QPainter* painter) {
     if (!line_.isValid()) return;
-    const Look& look = Look::Current();
-    QList<QTextLayout::FormatRange> formats;
+    const bool muted = name_.muted && !OnHighlight(option_);
+    const QColor plain = muted ? Look::Current().Colour(Role::kMuted) : TextColour(option_);
+    const QColor marked = MarkedColour();
+    QRegion marks;
     int start = 0;
     for (const NamePiece& piece : pieces_) {
       const int length = static_cast<int>(piece.text.size());
-      if (piece.marked) {
-        const Role role = name_.is_new ? Role::kTintText : Role::kGone;
-        const bool plain = !name_.is_new && Selected(option_);
-        const QColor colour = plain ? TextColour(option_) : look.Colour(role);
-        for (const QRectF& run : VisualRuns(start, start + length)) {
-          PaintMarkOf(painter, run, colour);
-        }
-        QTextCharFormat format;
-        format.setForeground(colour);
-        formats.append({start, length, format});
+      for (const QRectF& run : piece.marked ? VisualRuns(start, start + length) : Runs()) {
+        PaintMarkOf(painter, run, marked);
+        marks += run.toAlignedRect();
       }
       start += length;
     }
-    const bool muted = name_.muted && !OnHighlight(option_);
-    painter->setPen(muted ? look.Colour(Role::kMuted) : TextColour(option_));
-    layout_.draw(painter, QPointF(room_.left(), top_), formats);
+    PaintIn(painter, QRegion(option_.rect) - marks, plain);
+    if (!marks.isEmpty()) PaintIn(painter, marks, marked);
   }
 
  private:
+  using Runs = std::vector<QRectF>;
+
+  QColor MarkedColour() const {
+    if (!name_.is_new && Selected(option_)) return TextColour(option_);
+    return Look::Current().Colour(name_.is_new ? Role::kTintText : Role::kGone);
+  }
+
+  /// What of the line stands in `place`. By its place, since Qt's own formats of parts lose those
+  /// that lie where two directions meet.
+  void PaintIn(QPainter* painter, const QRegion& place, const QColor& colour) {
+    painter->save();
+    painter->setClipRegion(place, Qt::IntersectClip);
+    painter->setPen(colour);
+    layout_.draw(painter, QPointF(room_.left(), top_));
+    painter->restore();
+  }
+
   /// Where the characters `from` to `to` stand: one piece for each run of one direction, since text
   /// that runs the other way may part what is one in the name.
-  std::vector<QRectF> VisualRuns(int from, int to) const {
-    std::vector<QRectF> places;
+  Runs VisualRuns(int from, int to) const {
+    Runs places;
     for (const QGlyphRun& glyphs : line_.glyphRuns(from, to - from)) {
       const QRectF place = glyphs.boundingRect();
       places.emplace_back(room_.left() + place.left(), room_.top(), place.width(), room_.height());
     }
     std::sort(places.begin(), places.end(),
               [](const QRectF& a, const QRectF& b) { return a.left() < b.left(); });
-    std::vector<QRectF> runs;
+    Runs runs;
     for (const QRectF& place : places) {
       if (!runs.empty() && place.left() < runs.back().right() + 1) {
         runs.back() |= place;
