@@ -64,8 +64,9 @@ void Form10::LayOut() {
       AddLink(*links, "lnkSupport", kTechnicalSupport, QLatin1String(build_facts::kSupportAddress)),
       &LinkButton::clicked, Handler("lnkSupport_Click"), [this] { BeginMail(); });
   texts->addLayout(links);
-  texts->addWidget(NewLine("lbLicence", tr("© %1. All rights reserved.")
-                                            .arg(QString::fromUtf8(build_facts::kCopyright))));
+  texts->addWidget(
+      NewLine("lbLicence",
+              tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))));
   texts->addStretch();
 
   auto* row = new QHBoxLayout;

@@ -71,12 +71,4 @@ TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
                                    "The operating system denied access to the specified file.",
                                    "The drive is not present.",
                                    testing::StartsWith("There is no application associated")));
-  shell = {};
-  prompts.told.clear();
-  files.contents["/usr/share/doc/quorvane/manual/index.html"] = "";
-  for (const char* program : {"/usr/bin/quorvane", "/elsewhere/bin/quorvane"}) {
-    mMain::OpenManual(files, prompts, shell, program);
-  }
-  EXPECT_THAT(shell.asked, testing::ElementsAre("open /usr/share/doc/quorvane/manual/index.html"));
-  EXPECT_THAT(prompts.told, testing::ElementsAre("The specified file was not found."));
 }
