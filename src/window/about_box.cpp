@@ -88,9 +88,10 @@ LinkButton* Form10::AddLink(QGridLayout& lines, const char* name, std::string_vi
   const int row = lines.rowCount();
   auto* link = new LinkButton(shown, this);
   link->setObjectName(QLatin1String(name));
+  link->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);  // an address is read whole
   link->setAccessibleDescription(text::Shown(label));
   lines.addWidget(NewLabel(text::Shown(label), link, this), row, 0);
-  lines.addWidget(link, row, 1);
+  lines.addWidget(link, row, 1, Qt::AlignLeft);
   return link;
 }
 
