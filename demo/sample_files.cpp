@@ -48,12 +48,16 @@ std::string Printable(const std::string& name) {
 std::string MakeSampleFiles() {
   std::string root = (fs::temp_directory_path() / "quorvane-demo-XXXXXX").string();
   if (::mkdtemp(root.data()) == nullptr) throw std::runtime_error("no folder in " + root);
+  MakeSampleFilesIn(root);
+  return root + "/";
+}
+
+void MakeSampleFilesIn(const std::string& folder) {
   for (const char* name : kNames) {
-    const fs::path path = fs::path(root) / name;
+    const fs::path path = fs::path(folder) / name;
     fs::create_directories(path.parent_path());
     std::ofstream(path) << "This file was made as \"" << name << "\".\n";
   }
-  return root + "/";
 }
 
 void PrintTree(const std::string& heading, const std::string& folder) {

@@ -2,6 +2,8 @@
 
 #include "common/drives.h"
 #include "common/language.h"
+#include "common/path_text.h"
+#include "platform/build_facts.h"
 #include "trace/err_trace.h"
 
 namespace mMain {
@@ -14,6 +16,11 @@ ShellAnswer TellRefusal(Prompts& prompts) {
     if (result >= kShellDone) return;
     ErrTrace::top("Shell.Answer", [&] { ShellErrorMessage(prompts, result); });
   };
+}
+
+/// The folder that a file or folder is in, with its closing separator.
+std::string_view Above(std::string_view path) {
+  return path.substr(0, GetPathWithNoSlash(path).rfind(kNative.separator) + 1);
 }
 
 }  // namespace
@@ -31,6 +38,10 @@ void ExecuteFile(FileSystem& files, Prompts& prompts, Shell& shell, std::string_
                     if (!FileManager(files, prompts, pPath)) return;
                     shell.OpenFile(pPath, TellRefusal(prompts));
                   });
+}
+
+void OpenManual(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view program) {
+  ExecuteFile(files, prompts, shell, std::string(Above(Above(program))) + build_facts::kManual);
 }
 
 void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn) {

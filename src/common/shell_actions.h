@@ -14,6 +14,9 @@ void OpenInExplorerList(FileSystem& files, Prompts& prompts, Shell& shell, std::
 /// Opens the file with the program that is registered for its kind; tells as above.
 void ExecuteFile(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view pPath);
 
+/// Opens the manual that was installed with the program, whose file is `program`; tells as above.
+void OpenManual(FileSystem& files, Prompts& prompts, Shell& shell, std::string_view program);
+
 /// Tells the user what a result of the desktop means; nothing for results without words.
 void ShellErrorMessage(Prompts& prompts, ShellResult lngReturn);
 

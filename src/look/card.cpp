@@ -25,7 +25,8 @@ class FieldLabel : public QLabel {
 };
 
 QString LabelName(QString control) {
-  for (const QLatin1String prefix : {QLatin1String("fd"), QLatin1String("cmb")}) {
+  for (const QLatin1String prefix :
+       {QLatin1String("fd"), QLatin1String("cmb"), QLatin1String("lnk")}) {
     if (control.startsWith(prefix)) control.remove(0, prefix.size());
   }
   return QStringLiteral("lb") + control;

@@ -24,10 +24,12 @@
 #include "names/editor/constructor_editor.h"
 #include "names/element_kinds.h"
 #include "platform/qt/text_qt.h"
+#include "platform/system_facts.h"
 #include "rename/conflicts_dialog.h"
 #include "rename/results/result_windows.h"
 #include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
+#include "window/about_box.h"
 #include "window/folder_drop.h"
 #include "window/folder_field.h"
 #include "window/folder_pages.h"
@@ -119,6 +121,8 @@ void Form1::ConnectPanels() {
   connect(editor_, &ConstructorEditor::commandPicked, this, &Form1::CommandBars1_Execute);
   connect(editor_, &ConstructorEditor::conflictsClicked, this, &Form1::Command4_Click);
   connect(buttons_, &CommandButtons::commandRequested, this, &Form1::Start);
+  connect(status_bar_, &StatusBar::aboutAsked, this, &Form1::bnAbout_Click);
+  connect(status_bar_, &StatusBar::helpAsked, this, &Form1::bnHelp_Click);
 }
 
 void Form1::ConnectFolders() {
@@ -266,6 +270,17 @@ void Form1::Command4_Click() {
                 [&] { Form8(session_.state, services_.settings, this).exec(); });
 }
 
+void Form1::bnAbout_Click() {
+  ErrTrace::top("Form1.bnAbout_Click", [&] { Form10(services_, this).exec(); });
+}
+
+void Form1::bnHelp_Click() {
+  ErrTrace::top("Form1.bnHelp_Click", [&] {
+    mMain::OpenManual(services_.files, services_.prompts, services_.shell,
+                      services_.facts.ProgramPath());
+  });
+}
+
 void Form1::CommandBars1_Execute(int Control) {
   ErrTrace::top("Form1.CommandBars1_Execute(Control)", ErrTrace::args(Control), [&] {
     if (Control < kInsertCommandsEnd) return editor_->Execute(Control);
@@ -298,6 +313,7 @@ void Form1::EnableElements(bool pEnable) {
   editor_->setEnabled(pEnable);
   list_->EnableElements(pEnable);
   templates_->setEnabled(pEnable);
+  status_bar_->EnableElements(pEnable);
 }
 
 void Form1::SetWaitPointer(bool wait) {

@@ -59,6 +59,8 @@ class Form1 : public QWidget, private CommandView {
   void SetWide(bool wide);
   void FocusFirst();
   void Command4_Click();
+  void bnAbout_Click();
+  void bnHelp_Click();
   void AddListKeys();
   /// The commands that fit a row, at `place` on the screen.
   void ShowPopup(int row, const QPoint& place);

@@ -5,7 +5,9 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 
+#include "look/card.h"
 #include "look/elided_label.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
@@ -18,12 +20,13 @@ constexpr int kProgressWidth = 220;
 constexpr int kProgressHeight = 10;
 constexpr int kResultGap = 10;
 
-QPushButton* LinkButton(const char* name, const QString& caption, const QString& tip) {
+QPushButton* NewLink(const char* name, const QString& caption, const QString& words, Keys keys) {
   auto* button = new QPushButton(caption);
   button->setObjectName(QLatin1String(name));
   button->setProperty("link", true);
   button->setFlat(true);
-  button->setToolTip(tip);
+  Explain(button, WithKeys(words, keys));
+  QObject::connect(NewShortcut(keys, button), &QShortcut::activated, button, &QPushButton::click);
   return button;
 }
 
@@ -42,8 +45,8 @@ StatusBar::StatusBar(QWidget* parent)
       rule(new QFrame),
       paneTotal(new QLabel),
       lbResult(new ElidedLabel("lbResult", Qt::ElideRight, this)),
-      bnAbout(LinkButton("bnAbout", tr("About"), WithKeys(tr("About Quorvane"), Keys::kAbout))),
-      bnHelp(LinkButton("bnHelp", tr("Help"), WithKeys(tr("Help"), Keys::kHelp))) {
+      bnAbout(NewLink("bnAbout", tr("About"), tr("About Quorvane"), Keys::kAbout)),
+      bnHelp(NewLink("bnHelp", tr("Help"), tr("Open the manual"), Keys::kHelp)) {
   setObjectName(QStringLiteral("statusBar"));
   paneStatus->setObjectName(QStringLiteral("paneStatus"));
   paneProgress->setObjectName(QStringLiteral("paneProgress"));
@@ -68,8 +71,15 @@ StatusBar::StatusBar(QWidget* parent)
   addWidget(lbResult, 1);
   addPermanentWidget(bnAbout);
   addPermanentWidget(bnHelp);
+  connect(bnAbout, &QPushButton::clicked, this, &StatusBar::aboutAsked);
+  connect(bnHelp, &QPushButton::clicked, this, &StatusBar::helpAsked);
   setContentsMargins(8, 1, 4, 0);
   ShowPanes(StatusPanes());
+}
+
+void StatusBar::EnableElements(bool pEnable) {
+  bnAbout->setEnabled(pEnable);
+  bnHelp->setEnabled(pEnable);
 }
 
 QSize StatusBar::sizeHint() const {

@@ -20,8 +20,15 @@ class StatusBar : public QStatusBar {
   /// Shows the panes as they stand; costs next to nothing where nothing has changed.
   void ShowPanes(const StatusPanes& panes);
 
+  /// Whether the links can be followed.
+  void EnableElements(bool pEnable);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+
+ signals:
+  void aboutAsked();
+  void helpAsked();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -17,6 +17,7 @@
 #include "rename/conflicts_dialog.h"
 #include "rename/results/result_windows.h"
 #include "support/fake_services.h"
+#include "window/about_box.h"
 #include "window/main_window.h"
 
 namespace {
@@ -69,7 +70,7 @@ class FitsTest : public testing::Test, protected FakeServices {
  protected:
   FitsTest() {
     for (QWidget* window : std::initializer_list<QWidget*>{&Form4_, &Form5_, &Form6_, &Form8_,
-                                                           &Form11_, &Form3_, &main_}) {
+                                                           &Form10_, &Form11_, &Form3_, &main_}) {
       window->show();
     }
   }
@@ -112,6 +113,7 @@ class FitsTest : public testing::Test, protected FakeServices {
   Form5 Form5_{prompts, settings, nullptr};
   Form6 Form6_{QStringLiteral("Check by mask"), "*", services, nullptr};
   Form8 Form8_{session_.state, settings, nullptr};
+  Form10 Form10_{services, nullptr};
   Form11 Form11_{services, nullptr};
   ResultWindow Form3_{kRenamingFailure, session_.reports, services, nullptr};
 };
