@@ -16,10 +16,7 @@ void AddCheckOperations(QMenu& menu, bool in_group) {
     if (operation.in_group != in_group) continue;
     QAction* action = AddButton(menu, operation.id, text::ToQt(operation.caption), begin_group);
     begin_group = false;
-    // Only told here: the window itself answers to the keys, and twice would be ambiguous.
-    action->setShortcut(KeysOf(operation.keys));
-    action->setShortcutContext(Qt::WidgetShortcut);
-    action->setShortcutVisibleInContextMenu(true);
+    TellKeys(action, operation.keys);
   }
 }
 

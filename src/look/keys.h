@@ -31,6 +31,9 @@ enum class Keys {
   kMoveLeft,
   kMoveRight,
   kDelete,
+  kFirstElement,
+  kLastElement,
+  kEditText,
   kAbout,
   kHelp,
   kCount,  ///< of those above

@@ -1,5 +1,6 @@
 #include "look/shortcuts.h"
 
+#include <QAction>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QWidget>
@@ -43,6 +44,9 @@ constexpr std::array kTable = {
     Row{Keys::kMoveLeft, "Ctrl+Left"},
     Row{Keys::kMoveRight, "Ctrl+Right"},
     Row{Keys::kDelete, "Del"},
+    Row{Keys::kFirstElement, "Home"},
+    Row{Keys::kLastElement, "End"},
+    Row{Keys::kEditText, "Return; Enter"},
     Row{Keys::kAbout, "Shift+F1"},
     Row{Keys::kHelp, "F1"},
 };
@@ -85,4 +89,10 @@ QShortcut* NewShortcut(Keys keys, QWidget* parent) {
   auto* shortcut = new QShortcut(parent);
   shortcut->setKeys(AllKeysOf(keys));
   return shortcut;
+}
+
+void TellKeys(QAction* action, Keys keys) {
+  action->setShortcut(KeysOf(keys));
+  action->setShortcutContext(Qt::WidgetShortcut);
+  action->setShortcutVisibleInContextMenu(true);
 }

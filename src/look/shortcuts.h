@@ -5,6 +5,7 @@
 
 #include "look/keys.h"
 
+class QAction;
 class QKeyEvent;
 class QShortcut;
 class QWidget;
@@ -23,3 +24,7 @@ bool IsPressOf(Keys keys, const QKeyEvent& event);
 
 /// A shortcut that answers to all of the keys, while the window of `parent` is active.
 QShortcut* NewShortcut(Keys keys, QWidget* parent);
+
+/// Shows the keys behind the caption of `action` in its menu. They are only told there: who answers
+/// to them is the window itself, and twice would be ambiguous.
+void TellKeys(QAction* action, Keys keys);

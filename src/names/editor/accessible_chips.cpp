@@ -50,10 +50,13 @@ class AccessibleChip : public QAccessibleInterface, public QAccessibleActionInte
     return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
                                                 : nullptr;
   }
-  QStringList actionNames() const override { return {pressAction()}; }
+  QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
   void doAction(const QString& action) override {
-    if (isValid() && action == pressAction()) bar_->setCurrentIndex(index_);
+    if (!isValid() || !bar_->isEnabled()) return;
+    if (action != pressAction() && action != showMenuAction()) return;
+    bar_->setCurrentIndex(index_);
+    if (action == showMenuAction()) bar_->AskForMenu();
   }
 
  private:

@@ -1,5 +1,6 @@
 #include "names/editor/chip_bar.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
@@ -72,14 +73,18 @@ ChipBar::ChipBar(QWidget* parent) : QTabBar(parent) {
 }
 
 void ChipBar::InsertChip(int index, std::string_view text, int tag) {
+  setTabData(insertTab(index, QString()), tag);
+  SetChipText(index, text);
+}
+
+void ChipBar::SetChipText(int index, std::string_view text) {
   const QString shown = text::Shown(text);
   // An "&" in a tab's text would make a shortcut of the letter behind it.
-  const int at = insertTab(index, QString(shown).replace(u'&', QStringLiteral("&&")));
-  setTabData(at, tag);
+  setTabText(index, QString(shown).replace(u'&', QStringLiteral("&&")));
   const bool fits = fontMetrics().horizontalAdvance(shown) <= GreatestText(fontMetrics());
   // Wider than the screen it could not be read either.
   const QString tip = fontMetrics().elidedText(shown, Qt::ElideMiddle, kGreatestTip);
-  setTabToolTip(at, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
+  setTabToolTip(index, shown.trimmed().isEmpty() ? tr("space") : fits ? QString() : tip);
 }
 
 QString ChipBar::PlainText(int index) const {
@@ -94,9 +99,13 @@ int ChipBar::ChipsWidth() const {
   return count() == 0 ? 0 : ChipRect(count() - 1).right() + 1;
 }
 
+bool ChipBar::IsText(int index) const {
+  return index >= 0 && tabData(index).toInt() == kText;
+}
+
 QString ChipBar::ChipText(int index) const {
   const QString text = PlainText(index);
-  const QString shown = tabData(index).toInt() == kText ? WithVisibleEnds(text) : text.trimmed();
+  const QString shown = IsText(index) ? WithVisibleEnds(text) : text.trimmed();
   return fontMetrics().elidedText(shown, Qt::ElideMiddle, GreatestText(fontMetrics()));
 }
 
@@ -118,9 +127,38 @@ void ChipBar::keyPressEvent(QKeyEvent* event) {
     emit menuRequested(false);
   } else if (IsPressOf(Keys::kDelete, *event)) {
     emit deleteRequested();
+  } else if (IsPressOf(Keys::kFirstElement, *event)) {
+    setCurrentIndex(0);
+  } else if (IsPressOf(Keys::kLastElement, *event)) {
+    setCurrentIndex(count() - 1);
+  } else if (IsPressOf(Keys::kRowMenu, *event)) {
+    AskForMenu();  // Qt itself knows the Menu key only
+  } else if (IsPressOf(Keys::kEditText, *event) && IsText(currentIndex())) {
+    // Held down, it would go on to accept the dialog that it opened.
+    if (!event->isAutoRepeat()) emit editRequested();
   } else {
     QTabBar::keyPressEvent(event);
   }
+}
+
+void ChipBar::mouseDoubleClickEvent(QMouseEvent* event) {
+  const int chip = tabAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || chip != currentIndex() || !IsText(chip)) {
+    return QTabBar::mouseDoubleClickEvent(event);
+  }
+  emit editRequested();
+}
+
+void ChipBar::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Mouse) return AskForMenu();
+  const int chip = tabAt(event->pos());
+  if (chip >= 0) setCurrentIndex(chip);
+  emit contextMenuRequested(event->globalPos());
+}
+
+void ChipBar::AskForMenu() {
+  const QRect chip = count() == 0 ? rect() : ChipRect(currentIndex());
+  emit contextMenuRequested(mapToGlobal(chip.bottomLeft()));
 }
 
 void ChipBar::paintEvent(QPaintEvent*) {
@@ -133,8 +171,7 @@ void ChipBar::PaintChip(QPainter& painter, int index) const {
   const Look& look = Look::Current();
   const bool selected = index == currentIndex();
   const bool focused = selected && hasFocus();
-  const bool is_text = tabData(index).toInt() == kText;
-  const ChipColours colours = ColoursOf(isEnabled(), focused, selected, is_text);
+  const ChipColours colours = ColoursOf(isEnabled(), focused, selected, IsText(index));
   const QRectF box = ChipRect(index);
   painter.setPen(Qt::NoPen);
   painter.setBrush(look.Colour(colours.fill));

@@ -8,6 +8,7 @@
 
 #include "look/look.h"
 #include "names/editor/chip_bar.h"
+#include "names/editor/chip_drag.h"
 
 namespace {
 
@@ -34,12 +35,15 @@ ChipWell::ChipWell(ChipBar* bar, QWidget* parent)
   view_->setFixedHeight(bar->sizeHint().height());
   connect(left_, &QToolButton::clicked, this, [this] { ScrollByOne(-1); });
   connect(right_, &QToolButton::clicked, this, [this] { ScrollByOne(1); });
+  connect(new ChipDrag(bar), &ChipDrag::scrollWanted, this,
+          [this](int pixels) { ScrollTo(offset_ + pixels); });
 }
 
 QToolButton* ChipWell::NewArrow(Qt::ArrowType arrow, const char* name, const QString& tells) {
   auto* button = new QToolButton(this);
   button->setObjectName(QLatin1String(name));
   button->setAccessibleName(tells);
+  button->setToolTip(tells);
   button->setProperty("scroll", true);
   button->setArrowType(arrow);
   button->setAutoRepeat(true);

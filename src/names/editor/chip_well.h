@@ -6,7 +6,7 @@ class ChipBar;
 class QToolButton;
 
 /// The sunken ground on which the chips lie. Where they need more room than there is, two arrows at
-/// its right end scroll them.
+/// its right end scroll them, and so does a chip that is dragged to an end.
 class ChipWell : public QWidget {
   Q_OBJECT
 

@@ -108,13 +108,14 @@ void ConstructorEditor::showEvent(QShowEvent* event) {
 void ConstructorEditor::BuildConstructorCard() {
   fraConstructor =
       new Card(QStringLiteral("fraConstructor"), tr("New file name constructor"), this);
-  const auto ask = [this] {
-    return GetTextToInsert(services_.prompts, services_.settings, window());
+  const auto ask = [this](std::string_view text) {
+    return GetTextToInsert(services_.prompts, services_.settings, text, window());
   };
   strip = new ConstructorStrip(constructor_, ask, fraConstructor);
   fraConstructor->Body()->addWidget(strip);
   Command4 = new QPushButton(tr("&Conflicts..."), fraConstructor);
   Command4->setObjectName(QStringLiteral("Command4"));
+  Explain(Command4, tr("Choose how a new name is numbered when it is taken"));
   fraConstructor->Head()->addWidget(Command4);
   connect(Command4, &QPushButton::clicked, this, &ConstructorEditor::conflictsClicked);
 }

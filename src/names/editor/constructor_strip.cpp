@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <cstdlib>
 #include <utility>
 
 #include "look/card.h"
@@ -24,9 +25,9 @@ namespace {
 /// With room for the arrow of its menu.
 constexpr FittedButton::Measures kMenuButton{.air = 36};
 
-QPushButton* Named(const char* name, const QString& keys, QPushButton* button) {
+QPushButton* Named(const char* name, const QString& tells, QPushButton* button) {
   button->setObjectName(QLatin1String(name));
-  Explain(button, keys);
+  Explain(button, tells);
   return button;
 }
 
@@ -34,6 +35,7 @@ QPushButton* Named(const char* name, const QString& keys, QPushButton* button) {
 /// button would look hovered from then on.
 void GiveMenu(QPushButton* button, QMenu* menu) {
   button->setMenu(menu);
+  menu->setTitle(button->text());  // it hangs in the menu of the chips too
   QObject::connect(
       menu, &QMenu::aboutToHide, button,
       [button] {
@@ -53,6 +55,8 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
       tabConstructor(new ChipBar(this)),
       constructor_(constructor),
       GetTextToInsert_(std::move(GetTextToInsert)) {
+  // The parts of a name follow each other so on any desktop; left and right of the buttons too.
+  setLayoutDirection(Qt::LeftToRight);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(measure::kControlGap);
@@ -69,25 +73,43 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
   }
   tabConstructor->setCurrentIndex(0);
   connect(this, &ConstructorStrip::selectedChanged, well, &ChipWell::ShowSelected);
+  ConnectChips();
+}
+
+void ConstructorStrip::ConnectChips() {
   connect(tabConstructor, &QTabBar::currentChanged, this, &ConstructorStrip::selectedChanged);
   connect(tabConstructor, &ChipBar::deleteRequested, bnDeletePattern, &QPushButton::click);
-  connect(tabConstructor, &ChipBar::moveRequested, this,
-          [this](int step) { (step < 0 ? bnMoveLeft : bnMoveRight)->click(); });
+  connect(tabConstructor, &ChipBar::moveRequested, this, [this](int step) {
+    QPushButton* button = step < 0 ? bnMoveLeft : bnMoveRight;
+    for (int places = std::abs(step); places > 0; --places) button->click();
+  });
   connect(tabConstructor, &ChipBar::menuRequested, this,
           [this](bool left) { (left ? vbInsertLeft : bnInsertRight)->showMenu(); });
+  OnSignal(tabConstructor, &ChipBar::contextMenuRequested, this, "Form1.tabConstructor_ContextMenu",
+           [this](const QPoint& place) { PopUpMenu(place); });
+  OnSignal(tabConstructor, &ChipBar::editRequested, this, "Form1.tabConstructor_DblClick",
+           [this] { EditText(); });
 }
 
 void ConstructorStrip::BuildButtons() {
-  vbInsertLeft = Named("vbInsertLeft", ShownKeys(Keys::kInsertLeft),
+  vbInsertLeft = Named("vbInsertLeft",
+                       WithKeys(tr("Put an element left of the selected one"), Keys::kInsertLeft),
                        new FittedButton(tr("In&sert left"), kMenuButton, this));
-  bnInsertRight = Named("bnInsertRight", ShownKeys(Keys::kInsertRight),
-                        new FittedButton(tr("Insert rig&ht"), kMenuButton, this));
+  bnInsertRight = Named(
+      "bnInsertRight", WithKeys(tr("Put an element right of the selected one"), Keys::kInsertRight),
+      new FittedButton(tr("Insert rig&ht"), kMenuButton, this));
   bnMoveLeft =
-      Named("bnMoveLeft", ShownKeys(Keys::kMoveLeft), new QPushButton(tr("&Move left"), this));
+      Named("bnMoveLeft",
+            WithKeys(tr("Move the selected element one place to the left"), Keys::kMoveLeft),
+            new QPushButton(tr("&Move left"), this));
   bnMoveRight =
-      Named("bnMoveRight", ShownKeys(Keys::kMoveRight), new QPushButton(tr("Move ri&ght"), this));
+      Named("bnMoveRight",
+            WithKeys(tr("Move the selected element one place to the right"), Keys::kMoveRight),
+            new QPushButton(tr("Move ri&ght"), this));
   bnDeletePattern =
-      Named("bnDeletePattern", ShownKeys(Keys::kDelete), new QPushButton(tr("De&lete"), this));
+      Named("bnDeletePattern",
+            WithKeys(tr("Take the selected element out of the new name"), Keys::kDelete),
+            new QPushButton(tr("De&lete"), this));
   GiveMenu(vbInsertLeft, NewMenu(Side::kLeft));
   GiveMenu(bnInsertRight, NewMenu(Side::kRight));
 
@@ -130,7 +152,7 @@ void ConstructorStrip::Execute(int id) {
   const std::optional<InsertCommand> command = FindInsertCommand(id);
   if (!command) return;
   const ElementKind& kind = command->kind;
-  const std::string text = kind.text != nullptr ? kind.text : GetTextToInsert_();
+  const std::string text = kind.text != nullptr ? kind.text : GetTextToInsert_({});
   if (kind.number == kText && text.empty()) return;
   emit aboutToChange();
   emit elementsChanged();
@@ -167,6 +189,43 @@ void ConstructorStrip::Move(int step) {
     const QSignalBlocker quiet(tabConstructor);
     tabConstructor->moveTab(from, to);
   }
+  emit selectedChanged(Selected());
+}
+
+void ConstructorStrip::PopUpMenu(const QPoint& place) {
+  auto* popup = new QMenu(this);
+  popup->setObjectName(QStringLiteral("mnElement"));
+  popup->setAttribute(Qt::WA_DeleteOnClose);
+  popup->addMenu(vbInsertLeft->menu());
+  popup->addMenu(bnInsertRight->menu());
+  const auto add = [popup](QPushButton* button, Keys keys) {
+    TellKeys(popup->addAction(button->text(), button, &QPushButton::click), keys);
+  };
+  popup->addSeparator();
+  add(bnMoveLeft, Keys::kMoveLeft);
+  add(bnMoveRight, Keys::kMoveRight);
+  popup->addSeparator();
+  add(bnDeletePattern, Keys::kDelete);
+  popup->popup(place);
+}
+
+/// The selected element if it is a text, else null.
+ConstrItem* ConstructorStrip::SelectedText() {
+  if (Selected() < 0) return nullptr;
+  ConstrItem& item = constructor_.ArrConstr[static_cast<std::size_t>(Selected())];
+  return item.ItemType == kText ? &item : nullptr;
+}
+
+void ConstructorStrip::EditText() {
+  const ConstrItem* before = SelectedText();
+  if (before == nullptr) return;
+  const std::string text = GetTextToInsert_(before->ItemText);
+  ConstrItem* item = SelectedText();  // a tool for the disabled can reach behind the dialog
+  if (text.empty() || item == nullptr) return;
+  emit aboutToChange();
+  emit elementsChanged();
+  item->ItemText = text;
+  tabConstructor->SetChipText(Selected(), text);
   emit selectedChanged(Selected());
 }
 

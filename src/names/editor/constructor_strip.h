@@ -18,8 +18,8 @@ class ConstructorStrip : public QWidget {
   Q_OBJECT
 
  public:
-  /// Answers the text of a new text element, empty when the user cancelled.
-  using TextSource = std::function<std::string()>;
+  /// Answers the text of a text element that had `text` until now, empty when the user cancelled.
+  using TextSource = std::function<std::string(std::string_view text)>;
 
   /// `constructor` must outlive the strip.
   ConstructorStrip(Constructor& constructor, TextSource GetTextToInsert, QWidget* parent);
@@ -49,9 +49,13 @@ class ConstructorStrip : public QWidget {
 
  private:
   void BuildButtons();
+  void ConnectChips();
   QMenu* NewMenu(Side side);
   void Insert(int index, ItemType kind, std::string_view text);
   void Move(int step);
+  void PopUpMenu(const QPoint& place);
+  ConstrItem* SelectedText();
+  void EditText();
   void bnDeletePattern_Click();
 
   Constructor& constructor_;

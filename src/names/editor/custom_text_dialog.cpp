@@ -41,8 +41,11 @@ void Form5::bnOK_Click() {
   accept();
 }
 
-std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, QWidget* parent) {
+std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, std::string_view text,
+                            QWidget* parent) {
   Form5 dialog(prompts, settings, parent);
+  dialog.fdText->setText(text::ToQt(text));
+  dialog.fdText->selectAll();
   dialog.exec();
   return dialog.Text();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "look/dialog_frame.h"
 #include "platform/services.h"
@@ -8,7 +9,7 @@
 
 class QLineEdit;
 
-/// The dialog "Custom text": asks for the text of a new text element.
+/// The dialog "Custom text": asks for the text of a text element.
 class Form5 : public DialogFrame {
   Q_OBJECT
 
@@ -28,5 +29,7 @@ class Form5 : public DialogFrame {
   std::string text_;
 };
 
-/// Shows the dialog over `parent` and answers its text, empty when the user cancelled.
-std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, QWidget* parent);
+/// Shows the dialog over `parent`, at first with `text` selected in it, and answers its text, empty
+/// when the user cancelled.
+std::string GetTextToInsert(Prompts& prompts, SettingsStore& settings, std::string_view text,
+                            QWidget* parent);
