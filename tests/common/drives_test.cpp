@@ -63,9 +63,8 @@ TEST(ShellActions, ShowAFileThatIsThereAndTellWhyItCanNotBeShown) {
   mMain::ExecuteFile(files, prompts, shell, "/in/a.txt");
   mMain::ExecuteFile(files, prompts, shell, "");
   shell.answer = kShellNoAssociation;
-  for (const char* name : {"", "/in/gone.txt"}) {  // not looked for first
-    mFileProperties::ShowFileProperties(prompts, shell, name);
-  }
+  using mFileProperties::ShowFileProperties;  // which doesn't look for the file first
+  for (const char* name : {"", "/in/gone.txt"}) ShowFileProperties(prompts, shell, name);
   EXPECT_THAT(prompts.told,
               testing::ElementsAre("The specified file was not found.",
                                    "The operating system denied access to the specified file.",

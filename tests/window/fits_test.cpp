@@ -46,9 +46,7 @@ std::string Faults(const QWidget& window) {
     if (!part->isVisibleTo(&window) || part->window() != &window) continue;
     const QWidget* around = part->parentWidget();
     const QSize needed = NeededBy(*part), has = part->size();
-    if (has != has.expandedTo(needed)) {
-      faults += "\n  cut: " + name(*part);
-    }
+    if (has != has.expandedTo(needed)) faults += "\n  cut: " + name(*part);
     const bool scrolls = part->inherits("ChipBar") || part->inherits("QLineEditIconButton");
     if (!scrolls && !has.isEmpty() && !around->rect().contains(part->geometry())) {
       faults += "\n  outside: " + name(*part) + " in " + name(*around);

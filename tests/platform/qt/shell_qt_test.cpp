@@ -19,6 +19,7 @@
 namespace {
 
 const QString kFiles = QStringLiteral("org.freedesktop.FileManager1");
+constexpr const char* kErrors = "org.freedesktop.DBus.Error.";
 const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 
 /// A service that writes down what it is asked for: the method, and the path of a link or the
@@ -102,8 +103,7 @@ class ShellTest : public testing::Test {
 struct Refusal {
   void (QtShell::*request)(std::string_view, const ShellAnswer&);
   QString service;
-  const char* error;
-  const char* code;  ///< of xdg-open; empty: it isn't asked
+  const char *error, *code;  ///< of those in `kErrors`; of xdg-open, which isn't asked without
   int answer;
 } const kRefusals[] = {
     {&QtShell::OpenFile, kFiles, "", "1", kShellAssociationIncomplete},
@@ -111,19 +111,16 @@ struct Refusal {
     {&QtShell::OpenFile, kFiles, "", "3", kShellNoAssociation},
     {&QtShell::OpenFile, kFiles, "", "4", kShellAssociationIncomplete},
     {&QtShell::OpenFile, kFiles, "", "5", kShellDenied},
-    {&QtShell::ShowInFolder, kFiles, "org.freedesktop.DBus.Error.AccessDenied", "", kShellDenied},
-    {&QtShell::ShowInFolder, kFiles, "other.Error", "", kShellAssociationIncomplete},
-    {&QtShell::ShowInFolder, kFiles, "org.freedesktop.DBus.Error.UnknownMethod", "0", kShellDone},
-    {&QtShell::ShowInFolder, kFiles, "org.freedesktop.DBus.Error.Spawn.ExecFailed", "3",
-     kShellNoAssociation},
-    {&QtShell::ShowProperties, kFiles, "org.freedesktop.DBus.Error.FileNotFound", "",
-     kShellFileNotFound},
-    {&QtShell::ShowProperties, kFiles, "org.freedesktop.DBus.Error.NoMemory", "", kShellNoMemory},
-    {&QtShell::ShowProperties, kFiles, "org.freedesktop.DBus.Error.UnknownMethod", "",
-     kShellNoAssociation},
+    {&QtShell::ShowInFolder, kFiles, "AccessDenied", "", kShellDenied},
+    {&QtShell::ShowInFolder, kFiles, "Unlike", "", kShellAssociationIncomplete},
+    {&QtShell::ShowInFolder, kFiles, "UnknownMethod", "0", kShellDone},
+    {&QtShell::ShowInFolder, kFiles, "Spawn.ExecFailed", "3", kShellNoAssociation},
+    {&QtShell::ShowProperties, kFiles, "FileNotFound", "", kShellFileNotFound},
+    {&QtShell::ShowProperties, kFiles, "NoMemory", "", kShellNoMemory},
+    {&QtShell::ShowProperties, kFiles, "UnknownMethod", "", kShellNoAssociation},
     // The user is asked for a program.
     {&QtShell::OpenFile, kPortal, "", "4", kShellDone},
-    {&QtShell::OpenFile, kPortal, "org.freedesktop.DBus.Error.Failed", "3", kShellNoAssociation},
+    {&QtShell::OpenFile, kPortal, "Failed", "3", kShellNoAssociation},
 };
 
 }  // namespace
@@ -152,7 +149,7 @@ TEST_F(ShellTest, TellsWhyTheDesktopDoesNothing) {
   for (const Refusal& row : kRefusals) {
     SCOPED_TRACE(testing::Message() << row.error << " " << row.code);
     Offer(row.service);
-    service.error = QLatin1String(row.error);
+    service.error = QLatin1String(*row.error ? kErrors : "") + QLatin1String(row.error);
     qputenv("XDG_CODE", row.code);
     EXPECT_EQ(Ask(row.request, folder / "a"), row.answer);
     EXPECT_EQ(Opened().empty(), std::string_view(row.code).empty());
@@ -172,7 +169,7 @@ TEST_F(ShellTest, TellsWhyTheDesktopDoesNothing) {
 TEST_F(ShellTest, KeepsALateAnswerUntilThePassIsOver) {
   folder.Write("a", "");
   Offer(kFiles);
-  service.error = QStringLiteral("org.freedesktop.DBus.Error.Failed");
+  service.error = QLatin1String(kErrors) + QStringLiteral("Failed");
   int answers = 0;
   shell.ShowProperties(folder / "a", [&](ShellResult) { ++answers; });
   const QDeadlineTimer pass(400);
