@@ -83,8 +83,8 @@ bool HasService(const QDBusConnection& bus, const QString& service) {
          bus.interface()->activatableServiceNames().value().contains(service);
 }
 
-/// What an error of the bus means (D-Bus Specification, "Message Bus Messages", and dbus-protocol.h
-/// for the names). No answer at all counts as no handler.
+/// What an error of the bus means (the description of D-Bus, "Message Bus Messages", and
+/// dbus-protocol.h for the names). No answer at all counts as no handler.
 ShellResult ResultOf(const QString& error) {
   static constexpr std::pair<const char*, ShellResult> kErrors[] = {
       {"FileNotFound", kShellFileNotFound},   {"AccessDenied", kShellDenied},
