@@ -83,7 +83,7 @@ bool HasService(const QDBusConnection& bus, const QString& service) {
          bus.interface()->activatableServiceNames().value().contains(service);
 }
 
-/// What an error of the bus means (the description of D-Bus, "Message Bus Messages", and
+/// What an error of the bus means (dbus.freedesktop.org, "Message Bus Messages", and
 /// dbus-protocol.h for the names). No answer at all counts as no handler.
 ShellResult ResultOf(const QString& error) {
   static constexpr std::pair<const char*, ShellResult> kErrors[] = {
