@@ -74,6 +74,7 @@ class MainWindowTest : public testing::Test {
   MainWindowTest() {
     for (const char* name : {"a.txt", "b.txt", "c.jpg"}) folder.Write(name, name);
     qputenv("XDG_CONFIG_HOME", settings.path().c_str());
+    for (const int kept : {SIGINT, SIGHUP}) ::signal(kept, SIG_DFL);  // a shell may ignore them
     StartAnew();
   }
 

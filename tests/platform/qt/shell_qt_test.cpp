@@ -118,7 +118,6 @@ struct Refusal {
     {&QtShell::ShowProperties, kFiles, "FileNotFound", "", kShellFileNotFound},
     {&QtShell::ShowProperties, kFiles, "NoMemory", "", kShellNoMemory},
     {&QtShell::ShowProperties, kFiles, "UnknownMethod", "", kShellNoAssociation},
-    // The user is asked for a program.
     {&QtShell::OpenFile, kPortal, "", "4", kShellDone},
     {&QtShell::OpenFile, kPortal, "Failed", "3", kShellNoAssociation},
 };
