@@ -14,13 +14,13 @@ namespace {
 
 constexpr int kRounding = 1;  ///< a text may be a part of a pixel wider than its advance tells
 
+int HeadingWidth(const ListColumn& column, const QFontMetrics& metrics) {
+  return metrics.horizontalAdvance(text::ToQt(column.caption)) + 2 * kCellInset + kRounding;
+}
+
 int WantedWidth(const ListColumn& column, const QFontMetrics& metrics) {
   const ColumnWidth& width = column.width;
-  int widest = width.base;
-  if (width.rule == WidthRule::kShared) {
-    const int heading = metrics.horizontalAdvance(text::ToQt(column.caption));
-    widest = std::max(widest, heading + 2 * kCellInset + kRounding);
-  }
+  int widest = std::max(width.base, HeadingWidth(column, metrics));
   for (const std::string& words : width.texts) {
     widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
   }
@@ -70,7 +70,14 @@ bool ColumnWidths::IsShared(int column) const {
 int ColumnWidths::Yielded(int column) const {
   const SizedColumn& sized = columns_[static_cast<std::size_t>(column)];
   if (sized.dragged) return view_.columnWidth(column);
-  return Told(column).yields_to > 0 ? Told(column).yields_to : sized.wanted;
+  return Told(column).yields_to > 0 ? Narrowest(column) : sized.wanted;
+}
+
+int ColumnWidths::Narrowest(int column) const {
+  const ColumnWidth& told = Told(column);
+  return std::max(
+      told.yields_to > 0 ? told.yields_to : told.base,
+      HeadingWidth(list_.Columns()[static_cast<std::size_t>(column)], view_.fontMetrics()));
 }
 
 void ColumnWidths::LayOut() {
@@ -139,8 +146,7 @@ int ColumnWidths::RoomBeside(int column, bool names_only) const {
 }
 
 void ColumnWidths::Fit(int column) {
-  const ColumnWidth& told = Told(column);
-  const int narrowest = told.yields_to > 0 ? told.yields_to : told.base;
+  const int narrowest = Narrowest(column);
   int room = RoomBeside(column, false);
   // It scrolls sideways all the same: then to where the names stand.
   if (room < narrowest) room = std::max(RoomBeside(column, true), narrowest);

@@ -40,6 +40,8 @@ class ColumnWidths : public QObject {
   bool IsShared(int column) const;
   /// As narrow as a column gets when the others need its room.
   int Yielded(int column) const;
+  /// What is told or what its heading needs, whichever is more.
+  int Narrowest(int column) const;
   int WidthSeen(int column) const;
   /// What the others leave when they have yielded; the names and the fixed columns, or all.
   int RoomBeside(int column, bool names_only) const;

@@ -33,7 +33,10 @@ std::string MarkOf(const FileRow& row) {
   return std::string(MarkText(row.mark));
 }
 
-const ColumnWidth kDateWidth{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, 16};
+constexpr int kAir = 16;
+const ColumnWidth kSizeWidth{WidthRule::kFree, 80, {"00000000"}, kAir};
+const ColumnWidth kTypeWidth{WidthRule::kFree, 100, {"JPEG image"}, kAir};
+const ColumnWidth kDateWidth{WidthRule::kFree, 0, {"0000.00.00 00:00:00"}, kAir};
 
 /// In the order of `Column`.
 std::vector<ListColumn> FileColumns(const Records& records) {
@@ -54,13 +57,13 @@ std::vector<ListColumn> FileColumns(const Records& records) {
        true},
       {"Size",
        Cell::kNumber,
-       {WidthRule::kFree, 80},
+       kSizeWidth,
        of(SizeText),
        ByNumber(of(&FileRow::size)),
        {"chColumnSize", &ListOptions::chColumnSize, Keys::kColumnSize}},
       {"Type",
        Cell::kText,
-       {WidthRule::kFree, 100},
+       kTypeWidth,
        type,
        by_type,
        {"chColumnType", &ListOptions::chColumnType, Keys::kColumnType}},
