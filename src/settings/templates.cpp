@@ -59,10 +59,6 @@ void ForEachControl(const Body& body) {
   }
 }
 
-std::int16_t NumberOf(std::string_view element) {
-  return mRegSettings::ToShort(mRegSettings::ToInteger(element));
-}
-
 std::string SectionOf(std::int16_t number) {
   return std::string(kDirectory).append("\\").append(std::to_string(number));
 }
@@ -85,12 +81,16 @@ std::vector<std::string> TemplateControls() {
   return names;
 }
 
-std::optional<std::int16_t> FindTemplate(SettingsStore& store, std::string_view name) {
+std::optional<std::string> FindTemplate(SettingsStore& store, std::string_view name) {
   const std::string line = ReadText(store, {kDirectory, kLine, ""});
   for (const std::string_view element : text::Split(line, kBar)) {
-    if (IsCalled(store, element, name)) return NumberOf(element);
+    if (IsCalled(store, element, name)) return std::string(element);
   }
   return std::nullopt;
+}
+
+std::int16_t TemplateNumber(std::string_view element) {
+  return mRegSettings::ToShort(mRegSettings::ToInteger(element));
 }
 
 std::int16_t AddTemplate(SettingsStore& store, std::string_view name) {
@@ -122,7 +122,7 @@ void DeleteTemplate(SettingsStore& store, std::string_view name) {
   std::int16_t found = 0;
   for (const std::string_view element : text::Split(line, kBar)) {
     if (IsCalled(store, element, name)) {
-      found = NumberOf(element);
+      found = TemplateNumber(element);
     } else {
       Append(element, rest);
     }

@@ -23,9 +23,13 @@ struct TemplateOptions {
   bool SortOrder = true;              ///< ascending
 };
 
-/// The number of the first template of that name, whatever its letter case; none if there is none.
-/// Raises Failure (kTypeMismatch, kOverflow) when what stands for its number is none.
-std::optional<std::int16_t> FindTemplate(SettingsStore& store, std::string_view name);
+/// What stands in the directory for the number of the first template of that name, whatever its
+/// letter case; none if there is none.
+std::optional<std::string> FindTemplate(SettingsStore& store, std::string_view name);
+
+/// The number that stands in the directory as `element`. Raises Failure (kTypeMismatch, kOverflow)
+/// when it is none.
+std::int16_t TemplateNumber(std::string_view element);
 
 /// Enters a new template into the directory and answers its number, which no other has had before.
 /// Raises Failure (kTypeMismatch, kOverflow), with nothing written, when the numbers are used up or

@@ -74,13 +74,13 @@ bool Form2::IsRefused(const std::string& name) {
 }
 
 bool Form2::MayTake(const std::string& name) {
-  const std::optional<std::int16_t> taken = FindTemplate(settings_, name);
+  const std::optional<std::string> taken = FindTemplate(settings_, name);
   if (!taken) return true;
   const QString question =
       tr("A template named %1 already exists. Do you want to replace the "
          "existing template?");
   const bool replace =
       prompts_.Ask(text::FromQt(question.arg(text::ToQt(name))), PromptIcon::kExclamation);
-  if (replace) RewriteExist = *taken;
+  if (replace) RewriteExist = TemplateNumber(*taken);
   return replace;
 }
