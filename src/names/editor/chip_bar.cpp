@@ -157,8 +157,10 @@ void ChipBar::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void ChipBar::AskForMenu() {
-  const QRect chip = count() == 0 ? rect() : ChipRect(currentIndex());
-  emit contextMenuRequested(mapToGlobal(chip.bottomLeft()));
+  QPoint place = (count() == 0 ? rect() : ChipRect(currentIndex())).bottomLeft();
+  // The chip may be scrolled out of sight.
+  place.setX(std::clamp(place.x(), -x(), -x() + parentWidget()->width()));
+  emit contextMenuRequested(mapToGlobal(place));
 }
 
 void ChipBar::paintEvent(QPaintEvent*) {

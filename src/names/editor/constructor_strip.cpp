@@ -221,7 +221,7 @@ void ConstructorStrip::EditText() {
   if (before == nullptr) return;
   const std::string text = GetTextToInsert_(before->ItemText);
   ConstrItem* item = SelectedText();  // a tool for the disabled can reach behind the dialog
-  if (text.empty() || item == nullptr) return;
+  if (text.empty() || item == nullptr || item->ItemText == text) return;
   emit aboutToChange();
   emit elementsChanged();
   item->ItemText = text;
