@@ -262,11 +262,11 @@ TEST_F(FileListTest, APathGivesWayToTheNamesAndAFittedColumnLeavesTheOtherNameIn
   EXPECT_GE(list.columnWidth(kColumnSourceName), 140);
   EXPECT_TRUE(all_seen());
   QFont large = list.font();
-  large.setPointSize(20);
+  large.setPointSize(40);
   list.setFont(large);
   panel.resize(200, 400);
   EXPECT_GT(list.columnWidth(kColumnPath),
-            list.fontMetrics().horizontalAdvance(QStringLiteral("Path ")));
+            list.fontMetrics().horizontalAdvance(QStringLiteral("Path")));
   list.setFont(panel.font());
   panel.resize(427, 400);
   list.ShowColumn(kColumnPath, false);
