@@ -63,6 +63,7 @@ ConstructorStrip::ConstructorStrip(Constructor& constructor, TextSource GetTextT
   auto* well = new ChipWell(tabConstructor, this);
   column->addWidget(well);
   BuildButtons();
+  BuildChipMenu();
 
   int index = 0;
   for (const ConstrItem& item : constructor_.ArrConstr) {
@@ -86,7 +87,7 @@ void ConstructorStrip::ConnectChips() {
   connect(tabConstructor, &ChipBar::menuRequested, this,
           [this](bool left) { (left ? vbInsertLeft : bnInsertRight)->showMenu(); });
   OnSignal(tabConstructor, &ChipBar::contextMenuRequested, this, "Form1.tabConstructor_ContextMenu",
-           [this](const QPoint& place) { PopUpMenu(place); });
+           [this](const QPoint& place) { mnElement_->popup(place); });
   OnSignal(tabConstructor, &ChipBar::editRequested, this, "Form1.tabConstructor_DblClick",
            [this] { EditText(); });
 }
@@ -192,21 +193,20 @@ void ConstructorStrip::Move(int step) {
   emit selectedChanged(Selected());
 }
 
-void ConstructorStrip::PopUpMenu(const QPoint& place) {
-  auto* popup = new QMenu(this);
-  popup->setObjectName(QStringLiteral("mnElement"));
-  popup->setAttribute(Qt::WA_DeleteOnClose);
-  popup->addMenu(vbInsertLeft->menu());
-  popup->addMenu(bnInsertRight->menu());
-  const auto add = [popup](QPushButton* button, Keys keys) {
-    TellKeys(popup->addAction(button->text(), button, &QPushButton::click), keys);
+/// Made once: a screen reader knows an entry that opens a menu only in the first menu that had it.
+void ConstructorStrip::BuildChipMenu() {
+  mnElement_ = new QMenu(this);
+  mnElement_->setObjectName(QStringLiteral("mnElement"));
+  mnElement_->addMenu(vbInsertLeft->menu());
+  mnElement_->addMenu(bnInsertRight->menu());
+  const auto add = [this](QPushButton* button, Keys keys) {
+    TellKeys(mnElement_->addAction(button->text(), button, &QPushButton::click), keys);
   };
-  popup->addSeparator();
+  mnElement_->addSeparator();
   add(bnMoveLeft, Keys::kMoveLeft);
   add(bnMoveRight, Keys::kMoveRight);
-  popup->addSeparator();
+  mnElement_->addSeparator();
   add(bnDeletePattern, Keys::kDelete);
-  popup->popup(place);
 }
 
 /// The selected element if it is a text, else null.

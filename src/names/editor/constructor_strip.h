@@ -49,15 +49,16 @@ class ConstructorStrip : public QWidget {
 
  private:
   void BuildButtons();
+  void BuildChipMenu();
   void ConnectChips();
   QMenu* NewMenu(Side side);
   void Insert(int index, ItemType kind, std::string_view text);
   void Move(int step);
-  void PopUpMenu(const QPoint& place);
   ConstrItem* SelectedText();
   void EditText();
   void bnDeletePattern_Click();
 
   Constructor& constructor_;
   TextSource GetTextToInsert_;
+  QMenu* mnElement_ = nullptr;  ///< of all commands for the selected chip
 };

@@ -53,7 +53,7 @@ class StripTest : public testing::Test {
     auto* menu = editor.findChild<QMenu*>(QStringLiteral("mnElement"));
     QAction* action = menu->actions().at(entry);
     (action->menu() != nullptr ? action->menu()->actions().at(sub_entry) : action)->trigger();
-    delete menu;
+    menu->close();
   }
 
   Constructor constructor = [] {
