@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <stdexcept>
@@ -99,6 +100,29 @@ TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
   EXPECT_THAT(Saved(), StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
   QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
   reporter_.WaitForWindows();
+  EXPECT_TRUE(OpenWindows().empty());
+}
+
+TEST_F(ErrorWindowsTest, ADeveloperReadsTheReportItselfModalOnlyOverAModalWindow) {
+  reporter_.MainWindowLoaded(&main_window_);
+  ErrTrace::SetDeveloper(&system_.prompts);
+  QDialog dialog;
+  for (const bool under_dialog : {false, true}) {
+    dialog.setModal(under_dialog);
+    dialog.show();
+    ErrTrace::top("Form1.bnUndo_Click", [] { throw Failure(kOverflow, "Overflow"); });
+    EXPECT_THAT(Saved(), HasSubstr("Call Stack: Form1.bnUndo_Click() -"));
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() != QStringLiteral("frmShowError")) continue;
+      EXPECT_TRUE(window->isVisible());
+      EXPECT_EQ(window->isModal(), under_dialog);
+      const auto* text = window->findChild<QPlainTextEdit*>(QStringLiteral("txtError"));
+      EXPECT_TRUE(text->toPlainText().startsWith(QStringLiteral("Overflow \n  Time=")));
+      window->close();
+    }
+    dialog.close();
+  }
+  ErrTrace::SetDeveloper(nullptr);
   EXPECT_TRUE(OpenWindows().empty());
 }
 
