@@ -62,7 +62,7 @@ void ErrorReporter::WaitForWindows() {
   while (IsOpen()) loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
+void ErrorReporter::ShowErrorReport(const std::string& report, const std::string& slip) noexcept {
   const bool has_windows = QApplication::instance() != nullptr;
   const bool painting = has_windows && IsPainting();
   bool is_new = true;
@@ -76,13 +76,13 @@ void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
     std::fprintf(stderr, "%s\n", report.c_str());
   } else if (painting) {
     QMetaObject::invokeMethod(
-        &later_, [this, report] { ShowWindow(report); }, Qt::QueuedConnection);
+        &later_, [this, report, slip] { ShowWindow(report, slip); }, Qt::QueuedConnection);
   } else {
-    ShowWindow(report);
+    ShowWindow(report, slip);
   }
 }
 
-void ErrorReporter::ShowWindow(const std::string& report) noexcept {
+void ErrorReporter::ShowWindow(const std::string& report, const std::string& slip) noexcept {
   Form11* window = nullptr;
   ++making_;
   ErrTrace::top("ErrTrace.ShowErrorReport", [&] {
@@ -92,7 +92,7 @@ void ErrorReporter::ShowWindow(const std::string& report) noexcept {
       if (!developers_window_) developers_window_ = std::make_unique<frmShowError>();
       developers_window_->ShowError(report);
     } else {
-      window = new Form11(sources_.services, Parent());
+      window = new Form11(sources_.services, Parent(), slip);
     }
   });
   --making_;

@@ -42,10 +42,10 @@ class ErrorReporter : public ErrTrace::Reporter {
 
   /// Saves the report and shows a window. Without a QApplication, and when neither window nor
   /// message can be shown, the report goes to standard error.
-  void ShowErrorReport(const std::string& report) noexcept override;
+  void ShowErrorReport(const std::string& report, const std::string& slip) noexcept override;
 
  private:
-  void ShowWindow(const std::string& report) noexcept;
+  void ShowWindow(const std::string& report, const std::string& slip) noexcept;
   QWidget* Parent() const;
   void Open(Form11& window);
 

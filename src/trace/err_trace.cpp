@@ -26,6 +26,7 @@ struct Record {
   std::int32_t gErrHelpContext = 0;
   std::int32_t gErrLastDllError = 0;  ///< errno
   std::int32_t gErrLine = 0;
+  std::string gErrSlip;  ///< beside the report, which says nothing of it
   bool gErrPreserved = false;
   std::string gErrText;  ///< the report while it is being composed
 };
@@ -85,6 +86,7 @@ void SetRecord(FailureFacts facts) {
   g_record.gErrHelpContext = facts.help_context;
   g_record.gErrLastDllError = facts.system_error;
   g_record.gErrLine = facts.line;
+  g_record.gErrSlip = std::move(facts.slip);
   g_record.gErrPreserved = true;
 }
 
@@ -211,7 +213,7 @@ void ShowErrorReport() noexcept {
   const Record finished = std::exchange(g_record, Record());
   if (IsUserError(finished.gErrNumber)) return;
   if (g_reporter != nullptr) {
-    g_reporter->ShowErrorReport(finished.gErrDescription);
+    g_reporter->ShowErrorReport(finished.gErrDescription, finished.gErrSlip);
   } else {
     std::fprintf(stderr, "%s\n", finished.gErrDescription.c_str());
   }
@@ -239,7 +241,8 @@ void Raise() {
                              .description = std::move(g_record.gErrDescription),
                              .source = std::move(g_record.gErrSource),
                              .help_file = std::move(g_record.gErrHelpFile),
-                             .help_context = g_record.gErrHelpContext});
+                             .help_context = g_record.gErrHelpContext,
+                             .slip = std::move(g_record.gErrSlip)});
 }
 
 }  // namespace detail

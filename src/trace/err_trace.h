@@ -32,9 +32,9 @@ class Reporter {
  public:
   virtual ~Reporter() = default;
 
-  /// `report` is the whole text, lines parted by CR LF. Must not throw. May let events run, and so
-  /// be called again before it has returned.
-  virtual void ShowErrorReport(const std::string& report) noexcept = 0;
+  /// `report` is the whole text, lines parted by CR LF; `slip` is that of the failure. Must not
+  /// throw. May let events run, and so be called again before it has returned.
+  virtual void ShowErrorReport(const std::string& report, const std::string& slip) noexcept = 0;
 };
 
 /// Makes `reporter` the taker of all reports, for as long as the program runs or until the next
