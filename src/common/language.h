@@ -60,6 +60,20 @@ inline constexpr std::string_view kCreateDocument = "2) Create a new email docum
 inline constexpr std::string_view kAttachFileThird =
     "3) Attach the ErrorReport.txt file located in the folder (click to open folder):";
 
+// What the user gave amiss, where only an error could tell; each is put together with what is
+// named.
+inline constexpr std::string_view kTheMask = "The mask";
+inline constexpr std::string_view kTheIncludeMask = "The include mask";
+inline constexpr std::string_view kTheExcludeMask = "The exclude mask";
+inline constexpr std::string_view kBracketNotClosed = " has a bracket that isn't closed.";
+inline constexpr std::string_view kCounterFrom = "The counter that starts at ";
+inline constexpr std::string_view kPasses = " passes ";
+inline constexpr std::string_view kStartLower = "; start it lower.";
+inline constexpr std::string_view kSumTooLarge =
+    ", N and K are too large together; make one of them smaller.";
+inline constexpr std::string_view kNameTooLongHere =
+    ", “Replace” makes a name longer than 32767 characters; put in a shorter text.";
+
 // Why a file failed.
 inline constexpr std::string_view kGone = "The file or its folder no longer exists.";
 inline constexpr std::string_view kNoPermission = "You don't have permission to do this.";

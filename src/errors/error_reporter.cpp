@@ -11,12 +11,13 @@
 
 namespace {
 
-Form11* OpenWindow() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* found = qobject_cast<Form11*>(window);
-    if (found != nullptr && found->isVisible()) return found;
-  }
-  return nullptr;
+bool IsOpen() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  return std::any_of(windows.begin(), windows.end(), [](QWidget* window) {
+    const bool tells =
+        qobject_cast<Form11*>(window) != nullptr || qobject_cast<frmShowError*>(window) != nullptr;
+    return tells && window->isVisible();
+  });
 }
 
 /// A window that opens now would let a half painted one be painted again.
@@ -57,15 +58,11 @@ void ErrorReporter::GiveWindowsTo(QWidget& window) {
 }
 
 void ErrorReporter::WaitForWindows() {
-  while (Form11* window = OpenWindow()) {
-    QEventLoop loop;
-    QObject::connect(window, &QDialog::finished, &loop, &QEventLoop::quit);
-    QObject::connect(window, &QObject::destroyed, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
+  QEventLoop loop;
+  while (IsOpen()) loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
+void ErrorReporter::ShowErrorReport(const std::string& report, const std::string& slip) noexcept {
   const bool has_windows = QApplication::instance() != nullptr;
   const bool painting = has_windows && IsPainting();
   bool is_new = true;
@@ -79,20 +76,23 @@ void ErrorReporter::ShowErrorReport(const std::string& report) noexcept {
     std::fprintf(stderr, "%s\n", report.c_str());
   } else if (painting) {
     QMetaObject::invokeMethod(
-        &later_, [this] { ShowWindow(); }, Qt::QueuedConnection);
+        &later_, [this, report, slip] { ShowWindow(report, slip); }, Qt::QueuedConnection);
   } else {
-    ShowWindow();
+    ShowWindow(report, slip);
   }
 }
 
-void ErrorReporter::ShowWindow() noexcept {
+void ErrorReporter::ShowWindow(const std::string& report, const std::string& slip) noexcept {
   Form11* window = nullptr;
   ++making_;
   ErrTrace::top("ErrTrace.ShowErrorReport", [&] {
-    if (making_ == 1) {
-      window = new Form11(sources_.services, Parent());
-    } else {
+    if (making_ != 1) {
       sources_.services.prompts.Tell(mLanguageGobals::kErrorOccurred, PromptIcon::kCritical);
+    } else if (ErrTrace::InDevelopmentEnvironment()) {
+      if (!developers_window_) developers_window_ = std::make_unique<frmShowError>();
+      developers_window_->ShowError(report);
+    } else {
+      window = new Form11(sources_.services, Parent(), slip);
     }
   });
   --making_;

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <memory>
 #include <set>
 #include <string>
 
@@ -16,6 +17,8 @@
 /// What fails while a widget is painted fails again at each repaint, and closing the error window
 /// is one: failures of one kind (number and procedure) are then told once, and shown when the
 /// painting is over.
+///
+/// A developer gets the report itself instead, in one window that isn't modal and shows the last.
 class ErrorReporter : public ErrTrace::Reporter {
  public:
   /// The services outlive the reporter.
@@ -39,10 +42,10 @@ class ErrorReporter : public ErrTrace::Reporter {
 
   /// Saves the report and shows a window. Without a QApplication, and when neither window nor
   /// message can be shown, the report goes to standard error.
-  void ShowErrorReport(const std::string& report) noexcept override;
+  void ShowErrorReport(const std::string& report, const std::string& slip) noexcept override;
 
  private:
-  void ShowWindow() noexcept;
+  void ShowWindow(const std::string& report, const std::string& slip) noexcept;
   QWidget* Parent() const;
   void Open(Form11& window);
 
@@ -51,6 +54,7 @@ class ErrorReporter : public ErrTrace::Reporter {
   /// How many ways to tell the user are being tried: the window (1), if it can't be made a plain
   /// message (2), if that fails too standard error.
   int making_ = 0;
+  std::unique_ptr<frmShowError> developers_window_;
   std::set<std::string> told_in_painting_;  ///< the kinds of failures
   QObject later_;                           ///< ends what is still to be shown with the reporter
 };

@@ -64,9 +64,10 @@ std::string Subject() {
 
 }  // namespace
 
-Form11::Form11(const Services& services, QWidget* parent)
+Form11::Form11(const Services& services, QWidget* parent, std::string slip)
     : DialogFrame("Form11", text::Shown(kProgramError), Buttons::kOk, parent),
       services_(services),
+      slip_(std::move(slip)),
       report_folder_(ErrTrace::ReportFolder(services.folders)) {
   ErrTrace::inner("Form11.Form_Load", [&] { LayOut(); });
 }
@@ -89,13 +90,14 @@ void Form11::AddHeading(QVBoxLayout& column) {
   picExclamation->setAccessibleName(QStringLiteral("Warning"));
   picExclamation->setPixmap(
       Look::Current().Picture(Drawing::kWarning, Role::kWarn, kIconSize, devicePixelRatioF()));
-  QLabel* first = NewLabel(text::Shown(kErrorOccurred));
+  QLabel* first = NewLabel(text::Shown(slip_.empty() ? kErrorOccurred : slip_));
   QFont strong = first->font();
   strong.setWeight(QFont::DemiBold);
   first->setFont(strong);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(10);
   texts->addWidget(first);
+  if (!slip_.empty()) texts->addWidget(NewLabel(text::Shown(kErrorOccurred)));
   texts->addWidget(NewLabel(text::Shown(kIfErrorOccursAgain)));
   auto* row = new QHBoxLayout;
   row->setSpacing(14);

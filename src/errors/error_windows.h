@@ -10,13 +10,13 @@ class QPlainTextEdit;
 class QVBoxLayout;
 
 /// Tells that something went wrong and how to send the report to the support. It doesn't show the
-/// report itself. Any number may be open.
+/// report itself. What the user gave amiss, if that was it, stands first. Any number may be open.
 class Form11 : public DialogFrame {
   Q_OBJECT
 
  public:
   /// The services outlive the window.
-  explicit Form11(const Services& services, QWidget* parent = nullptr);
+  explicit Form11(const Services& services, QWidget* parent = nullptr, std::string slip = {});
 
  private:
   /// A line of one of the ways to send the report.
@@ -35,6 +35,7 @@ class Form11 : public DialogFrame {
   void ShowReportFile();
 
   const Services& services_;
+  const std::string slip_;
   const std::string report_folder_;  ///< without a closing separator
 };
 

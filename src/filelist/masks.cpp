@@ -57,9 +57,21 @@ class FoldedName {
   std::string_view view_;
 };
 
+/// A faulty mask as it is told: of a long one what stands around its bracket, for a line that isn't
+/// broken.
+std::string Excerpt(std::string_view mask, std::size_t bracket) {
+  constexpr std::size_t kBefore = 12, kMost = 30;
+  if (text::Length(mask) <= kMost) return std::string(mask);
+  const std::string_view before = text::Right(mask.substr(0, bracket), kBefore);
+  const std::string_view from = text::Left(mask.substr(bracket), kMost - text::Length(before));
+  std::string told = before.size() < bracket ? "…" : "";
+  told.append(before).append(from);
+  return bracket + from.size() < mask.size() ? told + "…" : told;
+}
+
 }  // namespace
 
-MaskList::MaskList(std::string_view str) : text_(str) {
+MaskList::MaskList(std::string_view str, std::string_view called) : text_(str), called_(called) {
   const std::string parted = Parted(str);
   for (const std::string_view mask : text::Split(parted, "|")) masks_.push_back(Parse(mask));
 }
@@ -68,6 +80,7 @@ bool MaskList::Matches(std::string_view Filename) const {
   return ErrTrace::inner("mCommon.LikeFilter(str,Filename)", ErrTrace::args(text_, Filename), [&] {
     const FoldedName name(Filename);
     return std::any_of(masks_.begin(), masks_.end(), [&](const Mask& mask) {
+      if (!mask.faulty.empty()) Fail(mask);
       return MaskMatches(mask, name.View(), name.Bytewise());
     });
   });
@@ -75,7 +88,7 @@ bool MaskList::Matches(std::string_view Filename) const {
 
 MaskList::Mask MaskList::Parse(std::string_view mask) {
   Mask parsed;
-  for (std::size_t at = 0; at < mask.size() && !parsed.bad;) {
+  for (std::size_t at = 0; at < mask.size() && parsed.faulty.empty();) {
     const std::size_t next = text::NextCharacter(mask, at);
     const std::string_view character = mask.substr(at, next - at);
     at = next;
@@ -90,8 +103,9 @@ MaskList::Mask MaskList::Parse(std::string_view mask) {
       elements.push_back({Element::kDigit, {}, {}});
     } else if (character == "[") {
       elements.push_back({Element::kOneOf, {}, {}});
+      const std::size_t bracket = at - 1;
       at = ParseList(mask, at, elements.back());
-      parsed.bad = at == mask.npos;
+      if (at == mask.npos) parsed.faulty = Excerpt(mask, bracket);
     } else {
       elements.push_back({Element::kLiteral, text::Folded(character), {}});
     }
@@ -146,13 +160,21 @@ bool MaskList::Fits(const Element& element, std::string_view character) {
 }
 
 bool MaskList::IsFaulty() const {
-  return std::any_of(masks_.begin(), masks_.end(), [](const Mask& mask) { return mask.bad; });
+  return std::any_of(masks_.begin(), masks_.end(),
+                     [](const Mask& mask) { return !mask.faulty.empty(); });
+}
+
+void MaskList::Fail(const Mask& mask) const {
+  const std::string_view end = mLanguageGobals::kBracketNotClosed;
+  throw Failure(
+      {.number = kBadPattern,
+       .description = "Invalid pattern string",
+       .slip = std::string(called_).append(" “").append(mask.faulty).append("”").append(end)});
 }
 
 /// Where nothing fits, only the last run grows by a character: what an earlier run could take, the
 /// last one can too. So the time is at most the product of both lengths.
 bool MaskList::MaskMatches(const Mask& mask, std::string_view name, bool bytewise) {
-  if (mask.bad) throw Failure(kBadPattern, "Invalid pattern string");
   const auto next = [&](std::size_t at) {
     return bytewise ? at + 1 : text::NextCharacter(name, at);
   };

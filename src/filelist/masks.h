@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/language.h"
+
 /// A list of masks in the form in which names are tested against it: parsed once, matched often.
 ///
 /// Masks are parted by blanks and by "|"; double quotes, or ":", keep blanks inside one mask. In a
@@ -14,8 +16,9 @@
 /// leaves out an e with an accent and "[a-z]" takes it. The whole name must match.
 class MaskList {
  public:
-  /// Never fails; a mask that can't be understood does when it is reached.
-  explicit MaskList(std::string_view str);
+  /// Never fails; a mask that can't be understood does when it is reached. `called` is what its
+  /// slip begins with, and a constant.
+  explicit MaskList(std::string_view str, std::string_view called = mLanguageGobals::kTheMask);
 
   /// True when at least one mask matches, tried in their order. Raises kBadPattern when a mask
   /// with a "[" without "]" is reached before one has matched.
@@ -36,15 +39,17 @@ class MaskList {
   };
   struct Mask {
     std::vector<Element> elements;
-    bool bad = false;
+    std::string faulty;  ///< if a "[" has no "]": the mask, or what stands around it
   };
 
   static Mask Parse(std::string_view mask);
   static std::size_t ParseList(std::string_view mask, std::size_t at, Element& element);
   static bool Fits(const Element& element, std::string_view character);
   static bool MaskMatches(const Mask& mask, std::string_view name, bool bytewise);
+  [[noreturn]] void Fail(const Mask& mask) const;
 
   std::string text_;  ///< as given, for the trace
+  std::string_view called_;
   std::vector<Mask> masks_;
 };
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <optional>
 
+#include "common/language.h"
 #include "common/natural_order.h"
 #include "common/path_text.h"
 #include "core/text_sort.h"
@@ -32,8 +33,8 @@ Scan::Scan(Pass& pass, const SourceOptions& options, FileTypes& types)
     : subfolders_(options.chSubfolders),
       include_all_(text::Trim(options.fdIncludeMask).empty()),
       exclude_none_(text::Trim(options.fdExcludeMask).empty()),
-      include_(options.fdIncludeMask),
-      exclude_(options.fdExcludeMask),
+      include_(options.fdIncludeMask, mLanguageGobals::kTheIncludeMask),
+      exclude_(options.fdExcludeMask, mLanguageGobals::kTheExcludeMask),
       pass_(pass),
       records_(pass.records),
       state_(pass.state),

@@ -75,6 +75,18 @@ QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent) {
   return label;
 }
 
+QLabel* LabelOf(const QWidget* field) {
+  for (QLabel* label : field->parentWidget()->findChildren<QLabel*>()) {
+    if (label->buddy() == field) return label;
+  }
+  return nullptr;
+}
+
+QString CaptionOf(const QWidget* field) {
+  const QLabel* label = LabelOf(field);
+  return label == nullptr ? QString() : label->text().remove(u'&').remove(u':');
+}
+
 void PolishAll(QWidget* widget) {
   for (QWidget* part : widget->findChildren<QWidget*>()) part->ensurePolished();
   for (QTabBar* tabs : widget->findChildren<QTabBar*>()) {

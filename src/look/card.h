@@ -32,6 +32,11 @@ class Card : public QFrame {
 /// named after its buddy, "lbCutFileN" for "fdCutFileN"; without a buddy it has no name yet.
 QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent);
 
+/// The label whose buddy `field` is; null when it has none.
+QLabel* LabelOf(const QWidget* field);
+/// What the label of `field` says, without its letter and colon; "" when it has none.
+QString CaptionOf(const QWidget* field);
+
 /// Lets the style give all parts of `widget` their sizes, those of hidden pages too, so that
 /// nothing moves when such a page shows for the first time.
 void PolishAll(QWidget* widget);

@@ -5,9 +5,11 @@
 #include <QScopedValueRollback>
 #include <QValidator>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "common/number_text.h"
+#include "look/card.h"
 #include "look/handlers.h"
 #include "platform/qt/text_qt.h"
 #include "trace/failure.h"
@@ -86,9 +88,23 @@ void NumberField::HandOver() {
     const NumberText number = NormalizeNumber(text::FromQt(text()));
     if (const QString written = text::ToQt(number.text); written != text()) Write(written);
     pending_ = false;
-    if (!number.value) throw Failure(kOverflow, "Overflow");
+    if (!number.value) {
+      throw Failure(
+          {.number = kOverflow, .description = "Overflow", .slip = text::FromQt(TooLarge())});
+    }
     store_(*number.value);
   });
+}
+
+QString NumberField::TooLarge() const {
+  QString place;
+  for (const QWidget* part = parentWidget(); part != nullptr && place.isEmpty();
+       part = part->parentWidget()) {
+    place = part->accessibleName();
+  }
+  return tr("The number “%1” in “%2” is too large. The largest that can be used is %3.")
+      .arg(CaptionOf(this), place)
+      .arg(std::numeric_limits<std::int32_t>::max());
 }
 
 void NumberField::keyPressEvent(QKeyEvent* event) {

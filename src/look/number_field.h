@@ -37,6 +37,8 @@ class NumberField : public QLineEdit {
   class Digits;
   /// Puts the last text back when something came past the validator.
   void KeepDigits();
+  /// What is told of a number that can't be stored; it goes by the nearest part with a name.
+  QString TooLarge() const;
   /// Shows what the field itself has to say, digits or not.
   void Write(const QString& text);
 

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 
 #include "platform/text.h"
-#include "trace/failure.h"
 
 namespace mCut {
 namespace {
@@ -31,12 +29,6 @@ std::string_view BeforeTail(std::string_view t, std::int32_t n) {
   return t.substr(0, t.size() - Tail(t, n).size());
 }
 
-void CheckSum(std::int32_t k, std::int32_t n) {
-  if (std::int64_t{k} + n > std::numeric_limits<std::int32_t>::max()) {
-    throw Failure(kOverflow, "Overflow");
-  }
-}
-
 }  // namespace
 
 std::string RemoveText(std::string_view T, std::string_view Text) {
@@ -52,15 +44,11 @@ Pieces RemoveFromEnd(std::string_view T, std::int32_t N) {
 }
 
 Pieces RemoveAfterFirst(std::string_view T, std::int32_t K, std::int32_t N) {
-  const std::string_view rest = BehindHead(T, K);
-  if (!rest.empty()) CheckSum(K, N);
-  return {Head(T, K), BehindHead(rest, N), {}};
+  return {Head(T, K), BehindHead(BehindHead(T, K), N), {}};
 }
 
 Pieces RemoveBeforeLast(std::string_view T, std::int32_t K, std::int32_t N) {
-  const std::string_view rest = BeforeTail(T, K);
-  if (!rest.empty()) CheckSum(K, N);
-  return {BeforeTail(rest, N), Tail(T, K), {}};
+  return {BeforeTail(BeforeTail(T, K), N), Tail(T, K), {}};
 }
 
 Pieces RemoveFromBoth(std::string_view T, std::int32_t N, std::int32_t K) {

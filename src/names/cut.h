@@ -19,12 +19,10 @@ Pieces RemoveFromStart(std::string_view T, std::int32_t N);
 /// Without the last `N`; empty when there are no more.
 Pieces RemoveFromEnd(std::string_view T, std::int32_t N);
 
-/// The first `K` stay, the next `N` go. Raises kOverflow when something stands behind the first
-/// `K` and K + N is beyond a signed 32-bit integer.
+/// The first `K` stay, the next `N` go.
 Pieces RemoveAfterFirst(std::string_view T, std::int32_t K, std::int32_t N);
 
-/// The last `K` stay, the `N` before them go. Raises kOverflow when something stands before the
-/// last `K` and K + N is beyond a signed 32-bit integer.
+/// The last `K` stay, the `N` before them go.
 Pieces RemoveBeforeLast(std::string_view T, std::int32_t K, std::int32_t N);
 
 /// Without the first `N` and, of the rest, the last `K`.

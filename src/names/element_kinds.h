@@ -47,5 +47,8 @@ struct InsertCommand {
 /// What the command `id` of an insert menu inserts; nothing for any other number.
 std::optional<InsertCommand> FindInsertCommand(int id);
 
+/// The title of the pane with the options of such an element; "" for a text.
+std::string_view PaneTitle(ItemType number);
+
 /// The caption of an element's chip: "<Counter>" and the like, of a text element its text.
 std::string_view ElementCaption(const ConstrItem& item);

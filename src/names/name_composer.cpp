@@ -4,6 +4,7 @@
 
 #include "names/counter.h"
 #include "names/date_format.h"
+#include "names/element_kinds.h"
 #include "names/name_text.h"
 #include "names/transform.h"
 
@@ -30,11 +31,14 @@ Day Today(const NameSource& source) {
   return {source.today.year, source.today.month, source.today.day};
 }
 
-auto Transformed(const TransformOptions& options, std::string_view (*part_of)(const NameSource&)) {
-  return
-      [=, transform = PartTransform(options)](const NameSource& source, std::string& name) mutable {
-        transform.AppendTo(part_of(source), name);
-      };
+PartTransform TransformOf(const ConstrItem& item) {
+  return {item.transform, PaneTitle(item.ItemType)};
+}
+
+auto Transformed(const ConstrItem& item, std::string_view (*part_of)(const NameSource&)) {
+  return [=, transform = TransformOf(item)](const NameSource& source, std::string& name) mutable {
+    transform.AppendTo(part_of(source), name);
+  };
 }
 
 /// Neighbours in the list mostly share folder, extension and day, so these elements keep what they
@@ -53,12 +57,11 @@ auto Kept(KeyOf key_of, AppendText append) {
   };
 }
 
-auto KeptTransform(const TransformOptions& options,
-                   std::string_view (*part_of)(const NameSource&)) {
-  return Kept<std::string>(part_of, [transform = PartTransform(options)](
-                                        std::string_view part, std::string& text) mutable {
-    transform.AppendTo(part, text);
-  });
+auto KeptTransform(const ConstrItem& item, std::string_view (*part_of)(const NameSource&)) {
+  return Kept<std::string>(
+      part_of, [transform = TransformOf(item)](std::string_view part, std::string& text) mutable {
+        transform.AppendTo(part, text);
+      });
 }
 
 auto Dated(const DateOptions& options, const LocaleFacts& locale,
@@ -76,11 +79,11 @@ NameComposer::Element NameComposer::ElementOf(const ConstrItem& item, const Loca
     case kText:
       return [&item](const NameSource&, std::string& name) { name += item.ItemText; };
     case kSourceFileName:
-      return Transformed(item.transform, Stem);
+      return Transformed(item, Stem);
     case kExtension:
-      return KeptTransform(item.transform, Extension);
+      return KeptTransform(item, Extension);
     case kParentFolderName:
-      return KeptTransform(item.transform, FolderName);
+      return KeptTransform(item, FolderName);
     case kFileDate:
       return Dated(item.date, locale, FileDay);
     case kTodaysDate:

@@ -5,15 +5,30 @@
 #include <limits>
 #include <vector>
 
+#include "common/language.h"
+#include "common/size_text.h"
 #include "names/name_composer.h"
 #include "trace/err_trace.h"
 
 namespace {
 
+constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+
+[[noreturn]] void FailCounting(std::int32_t start, const LocaleFacts& locale) {
+  using namespace mLanguageGobals;
+  throw Failure({.number = kOverflow,
+                 .description = "Overflow",
+                 .slip = std::string(kCounterFrom)
+                             .append(mCommon::SizeCorrectView(start, 0, locale))
+                             .append(kPasses)
+                             .append(mCommon::SizeCorrectView(kLargest, 0, locale))
+                             .append(kStartLower)});
+}
+
 /// The counters among the elements, with their running values.
 class Counters {
  public:
-  explicit Counters(Constructor& constructor) {
+  Counters(Constructor& constructor, const LocaleFacts& locale) : locale_(locale) {
     for (ConstrItem& item : constructor.ArrConstr) {
       if (item.ItemType == kCounter) items_.push_back(&item.counter);
     }
@@ -28,14 +43,13 @@ class Counters {
 
   void Step() {
     for (CounterOptions* item : items_) {
-      if (item->Value == std::numeric_limits<std::int32_t>::max()) {
-        throw Failure(kOverflow, "Overflow");
-      }
+      if (item->Value == kLargest) FailCounting(item->Start, locale_);
       ++item->Value;
     }
   }
 
  private:
+  const LocaleFacts& locale_;
   std::vector<CounterOptions*> items_;
 };
 
@@ -56,7 +70,7 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
 
 bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor) {
   return ErrTrace::inner("Form1.SetPreview", [&] {
-    Counters counters(constructor);
+    Counters counters(constructor, pass.services.locale);
     NameComposer composer(constructor, pass.services.clock, pass.services.locale);
     for (std::size_t i = 0; i < grid.RowCount(); ++i) {
       if (!pass.GoOnAt(i)) return false;

@@ -1,7 +1,9 @@
 #include "names/transform.h"
 
 #include <cstddef>
+#include <limits>
 
+#include "common/language.h"
 #include "names/add.h"
 #include "names/cut.h"
 #include "trace/failure.h"
@@ -9,12 +11,6 @@
 namespace {
 
 constexpr std::size_t kLongestPart = 32'767;
-
-void CheckLength(std::string_view part) {
-  if (part.size() > kLongestPart && text::Length(part) > kLongestPart) {
-    throw Failure(kOverflow, "Overflow");
-  }
-}
 
 bool CutIsInUse(std::int32_t mode, bool has_text, std::int32_t n, std::int32_t k) {
   switch (mode) {
@@ -42,8 +38,9 @@ TransformSteps StepsInUse(const TransformOptions& options) {
           .add = adds1 || adds2};
 }
 
-PartTransform::PartTransform(const TransformOptions& options)
+PartTransform::PartTransform(const TransformOptions& options, std::string_view title)
     : options_(options),
+      title_(title),
       remove_(options.CutText, ""),
       replace_(options.Replace1, options.Replace2) {}
 
@@ -102,10 +99,16 @@ Pieces PartTransform::CutByPosition(std::string_view part) const {
       return mCut::RemoveFromStart(part, options_.CutN);
     case 3:
       return mCut::RemoveFromEnd(part, options_.CutN);
-    case 4:
-      return mCut::RemoveAfterFirst(part, options_.CutX, options_.CutN);
-    case 5:
-      return mCut::RemoveBeforeLast(part, options_.CutX, options_.CutN);
+    case 4: {
+      const Pieces left = mCut::RemoveAfterFirst(part, options_.CutX, options_.CutN);
+      CheckSum(left.first, part);
+      return left;
+    }
+    case 5: {
+      const Pieces left = mCut::RemoveBeforeLast(part, options_.CutX, options_.CutN);
+      CheckSum(left.second, part);
+      return left;
+    }
     case 6:
       return mCut::RemoveFromBoth(part, options_.CutN, options_.CutX);
     case 7:
@@ -117,6 +120,25 @@ Pieces PartTransform::CutByPosition(std::string_view part) const {
     default:
       return {part, {}, {}};
   }
+}
+
+/// `kept` is what K keeps of `part`.
+void PartTransform::CheckSum(std::string_view kept, std::string_view part) const {
+  const std::int64_t sum = std::int64_t{options_.CutX} + options_.CutN;
+  const bool too_large = sum > std::numeric_limits<std::int32_t>::max();
+  if (too_large && kept.size() < part.size()) Fail(mLanguageGobals::kSumTooLarge);
+}
+
+void PartTransform::CheckLength(std::string_view part) const {
+  if (part.size() > kLongestPart && text::Length(part) > kLongestPart) {
+    Fail(mLanguageGobals::kNameTooLongHere);
+  }
+}
+
+void PartTransform::Fail(std::string_view slip) const {
+  throw Failure({.number = kOverflow,
+                 .description = "Overflow",
+                 .slip = std::string("In “").append(title_).append("”").append(slip)});
 }
 
 Pieces PartTransform::Add(std::string_view part) const {

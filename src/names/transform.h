@@ -28,20 +28,26 @@ TransformSteps StepsInUse(const TransformOptions& options);
 /// in this order. Holds a copy of the options.
 class PartTransform {
  public:
-  explicit PartTransform(const TransformOptions& options);
+  /// `title` is where the user finds the options, and a constant; slips name it.
+  PartTransform(const TransformOptions& options, std::string_view title);
 
   /// Appends what becomes of `part` to `name`. An empty part adds nothing, even where a text is to
   /// be added, nor does one that an active replace has left empty. Raises kOverflow when the part
-  /// has more than 32,767 characters before or after the replace, or the cut does.
+  /// has more than 32,767 characters before or after the replace, and when a cut by K and then N
+  /// has something left behind the K, but their sum is beyond a signed 32-bit integer.
   void AppendTo(std::string_view part, std::string& name);
 
  private:
   std::string_view ChangeCase(std::string_view part);
   std::string_view Cut(std::string_view part);
   Pieces CutByPosition(std::string_view part) const;
+  void CheckSum(std::string_view kept, std::string_view part) const;
+  void CheckLength(std::string_view part) const;
+  [[noreturn]] void Fail(std::string_view slip) const;
   Pieces Add(std::string_view part) const;
 
   TransformOptions options_;
+  std::string_view title_;
   text::Replacer remove_;
   text::Replacer replace_;
 

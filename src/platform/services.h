@@ -55,6 +55,7 @@ class TypeNames {
 };
 
 enum class PromptIcon { kExclamation, kCritical };
+enum class PromptAnswer { kYes, kNo, kCancel };
 
 /// Message boxes. Texts are plain UTF-8; "\n" breaks lines.
 class Prompts {
@@ -67,6 +68,11 @@ class Prompts {
   /// Shows `question` with Yes and No, No being what Enter and Esc answer. Answers whether it was
   /// Yes.
   virtual bool Ask(std::string_view question, PromptIcon icon) = 0;
+
+  /// Shows `question` under a title of its own with Yes, No and Cancel. Enter answers No, Esc
+  /// Cancel.
+  virtual PromptAnswer AskOrCancel(std::string_view title, std::string_view question,
+                                   PromptIcon icon) = 0;
 };
 
 /// What became of a request to the desktop. The numbers are those that messages are kept under.

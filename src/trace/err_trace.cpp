@@ -8,12 +8,14 @@
 #include <utility>
 
 #include "platform/build_facts.h"
+#include "platform/services.h"
 #include "trace/report_text.h"
 
 namespace ErrTrace {
 namespace {
 
 constexpr std::string_view kPropagated = "ErrTrace.ErrorIn";
+constexpr std::string_view kNoStop = "NoStop";
 
 /// The failure in flight: one record is enough, because the program runs on one thread.
 struct Record {
@@ -24,6 +26,7 @@ struct Record {
   std::int32_t gErrHelpContext = 0;
   std::int32_t gErrLastDllError = 0;  ///< errno
   std::int32_t gErrLine = 0;
+  std::string gErrSlip;  ///< beside the report, which says nothing of it
   bool gErrPreserved = false;
   std::string gErrText;  ///< the report while it is being composed
 };
@@ -32,6 +35,9 @@ Record g_record;
 bool g_handling = false;
 Reporter* g_reporter = nullptr;
 SystemFacts* g_facts = nullptr;
+Prompts* g_developer = nullptr;
+bool g_asking = false;  ///< the developer, right now
+std::string_view gStopMode;
 Sections g_sections;
 
 /// Runs one step of the engine. What it can't do is left out: the failure being handled matters
@@ -80,6 +86,7 @@ void SetRecord(FailureFacts facts) {
   g_record.gErrHelpContext = facts.help_context;
   g_record.gErrLastDllError = facts.system_error;
   g_record.gErrLine = facts.line;
+  g_record.gErrSlip = std::move(facts.slip);
   g_record.gErrPreserved = true;
 }
 
@@ -146,6 +153,15 @@ void SetFacts(SystemFacts* facts) {
   g_facts = facts;
 }
 
+void SetDeveloper(Prompts* prompts) {
+  g_developer = prompts;
+  gStopMode = {};
+}
+
+bool InDevelopmentEnvironment() {
+  return g_developer != nullptr;
+}
+
 void SetSections(Sections sections) {
   g_sections = std::move(sections);
 }
@@ -164,7 +180,24 @@ void ErrPreserve() noexcept {
 
 bool ErrMustStop() noexcept {
   ErrPreserve();
-  return InDevelopmentEnvironment();
+  const bool asks = InDevelopmentEnvironment() && g_record.gErrPreserved && !g_handling &&
+                    !g_asking && !IsUserError(g_record.gErrNumber) && gStopMode != kNoStop;
+  if (!asks) return false;
+  // A further failure, while the question lets events run, finds the record free.
+  Record stopped = std::exchange(g_record, Record());
+  PromptAnswer answer = PromptAnswer::kNo;
+  g_asking = true;
+  Guarded([&] {
+    const bool propagated = stopped.gErrSource == kPropagated;
+    answer = g_developer->AskOrCancel("Stopped on Error",
+                                      StopQuestion(stopped.gErrDescription, propagated),
+                                      PromptIcon::kCritical);
+  });
+  g_asking = false;
+  g_record = std::move(stopped);
+  g_record.gErrPreserved = answer != PromptAnswer::kYes;
+  if (answer == PromptAnswer::kCancel) gStopMode = kNoStop;
+  return answer == PromptAnswer::kYes;
 }
 
 std::string ErrorIn(std::string_view pMethodName, std::span<const Argument> pArgs, int pActions,
@@ -180,7 +213,7 @@ void ShowErrorReport() noexcept {
   const Record finished = std::exchange(g_record, Record());
   if (IsUserError(finished.gErrNumber)) return;
   if (g_reporter != nullptr) {
-    g_reporter->ShowErrorReport(finished.gErrDescription);
+    g_reporter->ShowErrorReport(finished.gErrDescription, finished.gErrSlip);
   } else {
     std::fprintf(stderr, "%s\n", finished.gErrDescription.c_str());
   }
@@ -208,7 +241,8 @@ void Raise() {
                              .description = std::move(g_record.gErrDescription),
                              .source = std::move(g_record.gErrSource),
                              .help_file = std::move(g_record.gErrHelpFile),
-                             .help_context = g_record.gErrHelpContext});
+                             .help_context = g_record.gErrHelpContext,
+                             .slip = std::move(g_record.gErrSlip)});
 }
 
 }  // namespace detail

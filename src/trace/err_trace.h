@@ -11,6 +11,7 @@
 #include "trace/argument.h"
 #include "trace/failure.h"
 
+class Prompts;
 class SystemFacts;
 
 /// The way of every failure from the procedure that failed to the event handler at the top.
@@ -31,9 +32,9 @@ class Reporter {
  public:
   virtual ~Reporter() = default;
 
-  /// `report` is the whole text, lines parted by CR LF. Must not throw. May let events run, and so
-  /// be called again before it has returned.
-  virtual void ShowErrorReport(const std::string& report) noexcept = 0;
+  /// `report` is the whole text, lines parted by CR LF; `slip` is that of the failure. Must not
+  /// throw. May let events run, and so be called again before it has returned.
+  virtual void ShowErrorReport(const std::string& report, const std::string& slip) noexcept = 0;
 };
 
 /// Makes `reporter` the taker of all reports, for as long as the program runs or until the next
@@ -67,16 +68,20 @@ struct Sections {
 };
 void SetSections(Sections sections);
 
+/// Puts the program under a developer's tools, who is asked through `prompts` at each level of each
+/// failure; null: there is no developer, as in every run of the program.
+void SetDeveloper(Prompts* prompts);
+
 /// Whether the program runs under a developer's tools, where a failure could be looked at in place.
-constexpr bool InDevelopmentEnvironment() {
-  return false;
-}
+bool InDevelopmentEnvironment();
 
 /// Copies the failure in flight into the engine's record, unless it holds one already. A handler
 /// that does anything before it calls ErrorIn calls this first.
 void ErrPreserve() noexcept;
 
-/// Whether a developer wants to stop here and retry. Preserves the failure.
+/// Whether a developer wants the failing body to run again. Preserves the failure, unless it is so.
+/// Under a developer's tools it asks, but for user errors, and once the developer has cancelled no
+/// more. It lets events run then: what fails meanwhile goes its own way, without a question.
 bool ErrMustStop() noexcept;
 
 /// What a handler does with the failure in flight, or the preserved one: adds the line of
@@ -138,15 +143,18 @@ void Catch(std::string_view trace, const std::tuple<const T&...>& values, int ac
 }  // namespace detail
 
 /// Runs `body` and answers what it answers. A failure in it gets the line of this procedure and is
-/// raised again as a `Failure`.
+/// raised again as a `Failure`; a developer may have `body` run again first.
 template <class Body, class... T>
 auto inner(TraceString<sizeof...(T)> trace, const std::tuple<const T&...>& values, Body&& body)
     -> decltype(body()) {
-  try {
-    return body();
-  } catch (...) {
-    detail::Catch(trace.text, values, kInner);
-    detail::Raise();
+  for (;;) {
+    try {
+      return body();
+    } catch (...) {
+      if (ErrMustStop()) continue;
+      detail::Catch(trace.text, values, kInner);
+      detail::Raise();
+    }
   }
 }
 /// As above, for a procedure without parameters.
@@ -156,16 +164,20 @@ auto inner(TraceString<0> trace, Body&& body) -> decltype(body()) {
 }
 
 /// Runs `body`. A failure in it gets the line of this procedure and is reported; answers whether
-/// `body` ended without one.
+/// `body` ended without one. A developer may have it run again first.
 template <class Body, class... T>
 bool top(TraceString<sizeof...(T)> trace, const std::tuple<const T&...>& values,
          Body&& body) noexcept {
-  try {
-    body();
-    return true;
-  } catch (...) {
-    detail::Catch(trace.text, values, kTop);
-  }
+  bool retry = false;
+  do {
+    try {
+      body();
+      return true;
+    } catch (...) {
+      retry = ErrMustStop();
+      if (!retry) detail::Catch(trace.text, values, kTop);
+    }
+  } while (retry);
   // Behind the handler: the reporter lets events run, which wants no failure in flight.
   ShowErrorReport();
   return false;

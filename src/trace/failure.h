@@ -27,9 +27,11 @@ struct FailureFacts {
   std::int32_t line = 0;          ///< of the text that was being read, 0 if none
   std::string help_file = {};
   std::int32_t help_context = 0;
+  std::string slip = {};  ///< what the user gave amiss, as a sentence for the user; "" if nothing
 };
 
-/// The one exception of the program: a fault, never a mistake of the user.
+/// The one exception of the program: a fault. A mistake of the user is one only where nothing could
+/// tell it before; then it has its `slip`.
 class Failure : public std::exception {
  public:
   explicit Failure(FailureFacts facts) : facts_(std::move(facts)) {}

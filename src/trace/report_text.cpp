@@ -179,6 +179,15 @@ std::string EnvironmentLine(std::string_view names, std::span<const Argument> va
   return "    Env: " + named.line + std::string(kNewLine) + named.blocks;
 }
 
+std::string StopQuestion(std::string_view description, bool propagated) {
+  return std::string("Error: ")
+      .append(description.substr(0, description.find_first_of("\r\n")))
+      .append(propagated ? " (Propagated)\n" : "\n")
+      .append(
+          "Do you want to retry the operation in step mode?\n"
+          "Click YES to retry, NO to move to the caller, CANCEL for no more stops");
+}
+
 std::string ReadableTypeName(const char* mangled) {
   int status = 0;
   const std::unique_ptr<char, decltype(&std::free)> name(

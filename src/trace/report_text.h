@@ -39,6 +39,9 @@ std::string CallStackLine(std::string_view trace, std::span<const Argument> valu
 /// The line of named values from the surroundings, `names` parted by commas; blocks as above.
 std::string EnvironmentLine(std::string_view names, std::span<const Argument> values);
 
+/// What a developer is asked at a failure; `description` is the report so far, if `propagated`.
+std::string StopQuestion(std::string_view description, bool propagated);
+
 /// The name of a type as it stands in a source file.
 std::string ReadableTypeName(const char* mangled);
 

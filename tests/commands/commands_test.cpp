@@ -319,6 +319,38 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   expect("u", "11", "bnUndo_Click");
 }
 
+TEST_F(CommandsTest, NameWhatTheUserGaveAmiss) {
+  const std::string m(40, 'm'), bracket = " has a bracket that isn't closed.";
+  constexpr std::int32_t kMost = 0x7FFFFFFF;
+  std::vector<ConstrItem>& items = constructor.ArrConstr;
+  const std::pair<std::function<void()>, std::string> table[] = {
+      {[&] { view.source.fdIncludeMask = "*.doc \"a [b\""; }, "The include mask “a [b”" + bracket},
+      {[&] { view.source.fdIncludeMask = m + "[[]ب[" + m; },
+       "The include mask “…mmmmmmmm[[]ب[" + m.substr(23) + "…”" + bracket},
+      {[&] { view.source.fdExcludeMask = m + "[a"; },
+       "The exclude mask “…" + m.substr(28) + "[a”" + bracket},
+      {[&] {
+         Walk("l"), view.mask_given = "a[", commands.Check(*FindCheckOperation(kCheckByMask));
+       },
+       "The mask “a[”" + bracket},
+      {[&] { items[0] = {.ItemType = kCounter, .counter = {.Start = kMost}}; },
+       "The counter that starts at 2,147,483,647 passes 2,147,483,647; start it lower."},
+      {[&] { items[3].transform = {.Cut = 5, .CutN = kMost, .CutX = 1}; },
+       "In “File extension options”, N and K are too large together; make one of them smaller."},
+      {[&] { items[3].transform = {.Replace1 = "t", .Replace2 = std::string(20'000, 'x')}; },
+       "In “File extension options”, “Replace” makes a name longer than 32767 characters; put in a "
+       "shorter text."},
+      {[&] { files.fails = [](auto, auto) -> bool { throw Failure(51, "a fault"); }; }, ""}};
+  const std::vector<ConstrItem> plain = items;
+  for (const auto& [give, slip] : table) {
+    items = plain;
+    view.source = {"/in/", "", "", false};
+    const Reported reported = ReportOf([&, give = give] { give(), Walk("l p r"); });
+    EXPECT_EQ(reported.slip, slip);
+    EXPECT_NE(reported.report, "");
+  }
+}
+
 TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused) {
   std::string report;
   const auto check = [&](RowCommand id, std::optional<std::string> mask = {}) {

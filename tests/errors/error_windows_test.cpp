@@ -6,6 +6,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <stdexcept>
@@ -93,12 +95,50 @@ TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboardAndByAScreenReader)
 }
 
 TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
-  ErrTrace::top("mMain.Main", [] { throw Failure(kOverflow, "Overflow"); });
-  ASSERT_EQ(OpenWindows().size(), 1u);
-  EXPECT_FALSE(OpenWindows()[0]->isModal());
-  EXPECT_THAT(Saved(), StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
-  QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
-  reporter_.WaitForWindows();
+  const QString sorry = QStringLiteral("Sorry, an error has occurred. Try to restart the program.");
+  for (const QString& slip : {QString(), QStringLiteral("The mask <b>“[a” isn't closed.")}) {
+    ErrTrace::top("mMain.Main", [&] {
+      throw Failure({.number = kOverflow, .description = "Overflow", .slip = slip.toStdString()});
+    });
+    ASSERT_EQ(OpenWindows().size(), 1u);
+    EXPECT_FALSE(OpenWindows()[0]->isModal());
+    EXPECT_THAT(Saved(),
+                StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
+    EXPECT_THAT(Saved(), testing::Not(HasSubstr("isn't closed")));
+    std::vector<std::pair<QString, bool>> lines;  // and whether they are strong
+    for (const QLabel* label : OpenWindows()[0]->findChildren<QLabel*>()) {
+      if (label->text().isEmpty()) continue;
+      lines.emplace_back(label->text(), label->font().weight() == QFont::DemiBold);
+    }
+    EXPECT_EQ(lines.at(0), std::pair(slip.isEmpty() ? sorry : slip, true));
+    EXPECT_EQ(lines.at(1).first == sorry, !slip.isEmpty());
+    EXPECT_FALSE(lines.at(1).second);
+    QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
+    reporter_.WaitForWindows();
+    EXPECT_TRUE(OpenWindows().empty());
+  }
+}
+
+TEST_F(ErrorWindowsTest, ADeveloperReadsTheReportItselfModalOnlyOverAModalWindow) {
+  reporter_.MainWindowLoaded(&main_window_);
+  ErrTrace::SetDeveloper(&system_.prompts);
+  QDialog dialog;
+  for (const bool under_dialog : {false, true}) {
+    dialog.setModal(under_dialog);
+    dialog.show();
+    ErrTrace::top("Form1.bnUndo_Click", [] { throw Failure(kOverflow, "Overflow"); });
+    EXPECT_THAT(Saved(), HasSubstr("Call Stack: Form1.bnUndo_Click() -"));
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() != QStringLiteral("frmShowError")) continue;
+      EXPECT_TRUE(window->isVisible());
+      EXPECT_EQ(window->isModal(), under_dialog);
+      const auto* text = window->findChild<QPlainTextEdit*>(QStringLiteral("txtError"));
+      EXPECT_TRUE(text->toPlainText().startsWith(QStringLiteral("Overflow \n  Time=")));
+      window->close();
+    }
+    dialog.close();
+  }
+  ErrTrace::SetDeveloper(nullptr);
   EXPECT_TRUE(OpenWindows().empty());
 }
 

@@ -12,7 +12,7 @@ constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 
 /// What becomes of `part`, behind another one: nothing may stay from part to part.
 std::string Transformed(const TransformOptions& options, std::string_view part) {
-  PartTransform transform(options);
+  PartTransform transform(options, "Options");
   std::string name;
   transform.AppendTo("o", name);
   name.clear();
@@ -38,7 +38,7 @@ void Expect(const TransformOptions& options, std::string_view result) {
     for (const char c : letters) t += c == 'X' ? "X" : characters[c - 'a'];
     return t;
   };
-  PartTransform transform(options);
+  PartTransform transform(options, "Options");
   std::string names;
   for (const std::string& part : {translated("abcdef"), std::string("abcdef"), std::string()}) {
     transform.AppendTo(part, names);

@@ -5,17 +5,29 @@
 
 #include "trace/err_trace.h"
 
-/// Runs `body` as an event handler would and answers the report of its failure, or "".
+/// What is handed to the reporter.
+struct Reported {
+  std::string report, slip;
+};
+
+/// Runs `body` as an event handler would and answers what is reported of its failure.
 template <class Body>
-std::string FailureReport(Body&& body) {
+Reported ReportOf(Body&& body) {
   class Keeper : public ErrTrace::Reporter {
    public:
-    void ShowErrorReport(const std::string& finished) noexcept override { report = finished; }
-    std::string report;
+    void ShowErrorReport(const std::string& report, const std::string& slip) noexcept override {
+      reported = {report, slip};
+    }
+    Reported reported;
   };
   Keeper keeper;
   ErrTrace::SetReporter(&keeper);
   ErrTrace::top("Test", std::forward<Body>(body));
   ErrTrace::SetReporter(nullptr);
-  return keeper.report;
+  return keeper.reported;
+}
+
+template <class Body>
+std::string FailureReport(Body&& body) {
+  return ReportOf(std::forward<Body>(body)).report;
 }

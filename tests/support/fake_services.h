@@ -49,11 +49,16 @@ class FakePrompts : public Prompts {
   bool Ask(std::string_view question, PromptIcon icon) override {
     return Tell(question, icon), answer;
   }
+  PromptAnswer AskOrCancel(std::string_view title, std::string_view question,
+                           PromptIcon icon) override {
+    return Tell(std::string(title).append(": ").append(question), icon), stop_answer;
+  }
 
   std::vector<std::string> told;
   std::function<void()> on_tell;
   bool answer = false;  ///< to a question: Yes
-  std::string icons;    ///< of each, '!' an exclamation mark, 'x' a stop sign
+  PromptAnswer stop_answer = PromptAnswer::kNo;
+  std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
 class FakeTypeNames : public TypeNames {

@@ -25,6 +25,7 @@ class ErrTraceTest : public Test {
   ~ErrTraceTest() override {
     ErrTrace::SetFacts(nullptr);
     ErrTrace::SetSections({});
+    ErrTrace::SetDeveloper(nullptr);
   }
 
   FakeSystemFacts facts_;
@@ -128,6 +129,47 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
   EXPECT_THAT(report, StartsWith("100% wrong type \r\n  Time='?' App='quorvane:1.2.3'"));
   EXPECT_THAT(report, HasSubstr("Call Stack: mMiddle.Middle(path='/home/q')"));
   EXPECT_THAT(report, Not(ContainsRegex("nested|half|/caught")));
+}
+
+TEST_F(ErrTraceTest, ADeveloperIsAskedAtEachLevelAndMayHaveItRunAgain) {
+  constexpr auto kYes = PromptAnswer::kYes, kNo = PromptAnswer::kNo,
+                 kCancel = PromptAnswer::kCancel;
+  const struct {
+    std::vector<PromptAnswer> answers;  // in the order of the questions
+    int failing_runs, runs;
+    const char* report;
+    std::uint32_t number = 1;
+  } table[] = {{{kYes, kYes}, 2, 3, "meanwhile "},
+               {{kNo, kYes, kNo, kNo}, 9, 2, "one "},
+               {{kNo, kCancel}, 9, 1, "one "},
+               {{kCancel}, 9, 1, "one "},
+               {{}, 9, 1, "", 0x80041065}};
+  for (const auto& [answers, failing_runs, runs, begins, number] : table) {
+    FakePrompts prompts;
+    ErrTrace::SetDeveloper(&prompts);
+    prompts.on_tell = [&] {
+      ErrTrace::top("mPaint.F", [] { throw Failure(5, "meanwhile"); });
+      prompts.stop_answer = answers.at(prompts.told.size() - 1);
+    };
+    int run = 0;
+    const std::string report = FailureReport([&] {
+      ErrTrace::inner("mLow.F", [&] {
+        if (++run <= failing_runs) throw Failure(static_cast<std::int32_t>(number), "one");
+      });
+    });
+    EXPECT_EQ(run, runs);
+    EXPECT_EQ(prompts.told.size(), answers.size());
+    EXPECT_EQ(prompts.icons, std::string(answers.size(), 'x'));
+    EXPECT_THAT(report, StartsWith(begins));
+    const std::string asked =
+        " (Propagated)\nDo you want to retry the operation in step mode?\n"
+        "Click YES to retry, NO to move to the caller, CANCEL for no more stops";
+    if (prompts.told.size() < 2 || answers[0] != kNo) continue;
+    EXPECT_EQ(prompts.told[0], "Stopped on Error: Error: one" + asked.substr(asked.find('\n')));
+    EXPECT_EQ(prompts.told[1], "Stopped on Error: Error: one " + asked);
+    EXPECT_THAT(report, HasSubstr("Method: mLow.F \r\n"));
+    EXPECT_THAT(report, ContainsRegex("Call Stack: mLow.F.. -+\r\n  Call Stack: Test.. -+\r\n$"));
+  }
 }
 
 }  // namespace

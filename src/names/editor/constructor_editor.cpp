@@ -49,11 +49,6 @@ QTabWidget* TurnToPageOf(QWidget* control) {
   return nullptr;
 }
 
-/// What the label of `field` says, without its letter and colon.
-QString CaptionOf(const QWidget* field) {
-  return LabelOf(field)->text().remove(u'&').remove(u':');
-}
-
 /// The pane for the options of a kind; null for one that has none.
 OptionPane* NewPane(const OptionPane::Parts& parts) {
   switch (parts.kind.number) {

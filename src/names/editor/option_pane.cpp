@@ -45,10 +45,3 @@ void OptionPane::HandleChange(QLineEdit* field, const std::string& name,
              if (changed) changed();
            });
 }
-
-QLabel* LabelOf(const QWidget* field) {
-  for (QLabel* label : field->parentWidget()->findChildren<QLabel*>()) {
-    if (label->buddy() == field) return label;
-  }
-  return nullptr;
-}

@@ -60,6 +60,3 @@ class OptionPane : public Card {
   const Services& services_;
   std::function<ConstrItem*()> shown_;
 };
-
-/// The label whose buddy `field` is; null when it has none.
-QLabel* LabelOf(const QWidget* field);

@@ -25,10 +25,11 @@ std::string LookUp(const QMimeDatabase& database, std::string_view extension) {
 }
 
 /// Answers the button that was pressed. "No" is the default, where there is one.
-int Show(std::string_view message, PromptIcon icon, QMessageBox::StandardButtons buttons) {
+int Show(std::string_view message, PromptIcon icon, QMessageBox::StandardButtons buttons,
+         std::string_view title = "Quorvane") {
   QMessageBox box(QApplication::activeWindow());
   box.setObjectName(QStringLiteral("messageBox"));
-  box.setWindowTitle(QStringLiteral("Quorvane"));
+  box.setWindowTitle(text::Shown(title));
   box.setIcon(icon == PromptIcon::kCritical ? QMessageBox::Critical : QMessageBox::Warning);
   box.setTextFormat(Qt::PlainText);
   box.setText(text::ShownLines(message));
@@ -88,4 +89,16 @@ void QtPrompts::Tell(std::string_view message, PromptIcon icon) {
 
 bool QtPrompts::Ask(std::string_view question, PromptIcon icon) {
   return Show(question, icon, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+PromptAnswer QtPrompts::AskOrCancel(std::string_view title, std::string_view question,
+                                    PromptIcon icon) {
+  switch (Show(question, icon, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, title)) {
+    case QMessageBox::Yes:
+      return PromptAnswer::kYes;
+    case QMessageBox::No:
+      return PromptAnswer::kNo;
+    default:
+      return PromptAnswer::kCancel;
+  }
 }

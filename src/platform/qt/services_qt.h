@@ -56,4 +56,6 @@ class QtPrompts : public Prompts {
  public:
   void Tell(std::string_view message, PromptIcon icon) override;
   bool Ask(std::string_view question, PromptIcon icon) override;
+  PromptAnswer AskOrCancel(std::string_view title, std::string_view question,
+                           PromptIcon icon) override;
 };

@@ -158,7 +158,11 @@ TEST_F(ConstructorEditorTest, TakesANumberWhenItsFieldIsLeftAndReportsOneBeyond3
   EXPECT_EQ(First().CutN, 0) << "not at every key, nor when another window borrows the focus";
   Leave(n);
   EXPECT_EQ(First().CutN, 7);
-  const std::string report = Enter("fdCutFileN", "99999999999999999999");
+  n->setText(QStringLiteral("99999999999999999999"));
+  const auto [report, slip] = ReportOf([&] { Leave(n); });
+  EXPECT_EQ(slip,
+            "The number “N” in “Source file name options” is too large. The largest that can "
+            "be used is 2147483647.");
   EXPECT_NE(report.find("Form1.fdCutFileN_Validate(Cancel=False)"), std::string::npos);
   EXPECT_EQ(report.rfind("Overflow", 0), 0u);
   EXPECT_EQ(First().CutN, 7);

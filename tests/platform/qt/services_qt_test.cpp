@@ -34,14 +34,22 @@ TEST(QtTypeNames, NamesAKnownExtensionInAnyLetterCaseAndNoOther) {
   }
 }
 
-TEST(QtPrompts, TakeOnlyYesForYes) {
-  for (const auto& [key, yes] :
-       {std::pair(0, true), {Qt::Key_Return, false}, {Qt::Key_Escape, false}}) {
-    QTimer::singleShot(0, [key = key] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      key == 0 ? box->button(QMessageBox::Yes)->click() : Press(box, key);
-    });
-    EXPECT_EQ(QtPrompts().Ask("Really?", PromptIcon::kExclamation), yes) << key;
+TEST(QtPrompts, TakeOnlyYesForYesAndCancelOnlyWhereItIsOffered) {
+  using enum PromptAnswer;
+  const std::tuple<int, bool, PromptAnswer> table[] = {
+      {0, true, kYes}, {Qt::Key_Return, false, kNo}, {Qt::Key_Escape, false, kCancel}};
+  QtPrompts prompts;
+  for (const auto& [key, yes, answer] : table) {
+    const auto press_soon = [key = key] {
+      QTimer::singleShot(0, [key] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        key == 0 ? box->button(QMessageBox::Yes)->click() : Press(box, key);
+      });
+    };
+    press_soon();
+    EXPECT_EQ(prompts.Ask("Really?", PromptIcon::kExclamation), yes) << key;
+    press_soon();
+    EXPECT_EQ(prompts.AskOrCancel("Stopped", "Again?", PromptIcon::kCritical), answer) << key;
   }
 }
 
