@@ -107,7 +107,11 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
   bool done = false;
   ErrTrace::OnFailure("Commands.OnFailure", leave_usable, [&] {
     EnableDisable(kind.running);
-    if (!kind.done_word.empty()) ++run_count_;
+    if (kind.done_word.empty()) {
+      state_.names = {};  // of those that are made or listed anew
+    } else {
+      ++run_count_;
+    }
     state_.counts = {};
     if (!kind.status.empty()) ShowProgress(kind.status, count);
     state_.gCancelRequested = false;
@@ -138,9 +142,10 @@ void Commands::ShowPass() {
 }
 
 void Commands::ShowResult(const PassKind& kind) {
-  const bool any = !kind.done_word.empty();
-  state_.panes.paneResult =
-      any ? ResultLine(kind.done_word, state_.counts, session_.reports, services_.locale) : "";
+  if (kind.done_word.empty() && state_.names.limit == 0) return ShowTicks();
+  state_.panes.paneResult = kind.done_word.empty() ? NamesLine(state_.names, services_.locale)
+                                                   : ResultLine(kind.done_word, state_.counts,
+                                                                session_.reports, services_.locale);
   view_.ShowPanes();
 }
 
@@ -212,10 +217,18 @@ void Commands::bnPreview_Click() {
     if (session_.grid.RowCount() == 0 || session_.constructor.ArrConstr.empty()) return;
     const bool done = RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
       state_.previewing = true;
-      return SetPreview(pass, session_.grid, session_.constructor);
+      return SetPreview(pass, session_.grid, session_.constructor, NameBytes());
     });
     if (done) state_.gPreviewStale = false;
   });
+}
+
+/// How long names may be where the run will put its files.
+std::size_t Commands::NameBytes() const {
+  const Options options = view_.ReadOptions();
+  const bool elsewhere = AsksForFolder(options.output.cmbDestination);
+  return services_.facts.NameBytes(elsewhere ? options.output.fdDestination
+                                             : options.source.fdSourceFolder);
 }
 
 void Commands::bnRename_Click() {
@@ -277,10 +290,23 @@ void Commands::Check(const CheckOperation& operation) {
     const WaitPointer wait(view_);  // a million boxes take a moment before the list is made anew
     SetCheckBoxes(operation, session_.grid, list_.SelectedRows(), state_.gCheckMask);
     list_.ShowAnew();
-    MarkStale();
+    TicksChanged();
   });
 }
 
+void Commands::TicksChanged() {
+  MarkStale();
+  ShowTicks();
+}
+
+void Commands::ShowTicks() {
+  const bool listed = session_.grid.RowCount() > 0;
+  state_.panes.paneResult = listed ? TicksLine(session_.records, services_.locale) : "";
+  view_.ShowPanes();
+}
+
 void Commands::MarkStale() {
-  if (::MarkStale(state_, view_)) list_.RepaintRows();
+  if (!::MarkStale(state_, view_)) return;
+  list_.RepaintRows();
+  if (mode_ == ModePreviewReady) ShowTicks();  // what was said of the names no longer holds
 }

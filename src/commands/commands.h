@@ -44,6 +44,8 @@ class Commands {
   /// Sets check boxes, and asks for the mask first where the operation goes by one. The preview is
   /// stale then, whatever changed; it stands when the user cancels or the mask fails.
   void Check(const CheckOperation& operation);
+  /// Check boxes have changed: as above, and the result line says how many are left.
+  void TicksChanged();
   /// The new names no longer fit what the user asks for; the rows in sight tell it.
   void MarkStale();
 
@@ -78,7 +80,7 @@ class Commands {
     void (Commands::*show)();      ///< shows what the pass left behind, however it ended
     std::string_view status = {};  ///< of the progress pane; empty: nothing is counted
     std::string_view told_when_cancelled = {};  ///< before the mode changes; empty: nothing is told
-    std::string_view done_word = {};  ///< for the result line; empty: there is none afterwards
+    std::string_view done_word = {};            ///< of a run or undo, for the result line
   };
   static const PassKind kScan, kPreview, kRename, kUndo;
 
@@ -89,6 +91,8 @@ class Commands {
   /// The pass as it stands, and what it came to in the end.
   void ShowPass();
   void ShowResult(const PassKind& kind);
+  /// How many files are ticked, where that isn't all.
+  void ShowTicks();
   /// What follows a scan, and what any other pass.
   void ShowList();
   void ShowRows();
@@ -97,6 +101,7 @@ class Commands {
   bool MayList(const std::string& folder);
   bool FillList(Pass& pass, const SourceOptions& source);
   EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
+  std::size_t NameBytes() const;
   bool fRename(const RunOutput& output);
 
   Session& session_;

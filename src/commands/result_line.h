@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/records.h"
 #include "core/run_state.h"
 #include "platform/services.h"
 #include "rename/result_rows.h"
@@ -10,6 +11,13 @@
 /// How far a pass is, "12,345 of 100,000"; empty when it counts no files. Numbers are written as
 /// the locale has them.
 std::string ProgressLine(const FileCounts& counts, const LocaleFacts& locale);
+
+/// How many of the listed files are ticked, "29 of 30 files ticked"; empty when all are.
+std::string TicksLine(const Records& records, const LocaleFacts& locale);
+
+/// What a preview came to, "2,984 new names, 1 empty, 3 only an extension, 2 too long". An empty
+/// one is no new name, the others are among them.
+std::string NamesLine(const NameTally& names, const LocaleFacts& locale);
 
 /// What a run or undo did, "2,983 renamed, 1 failed, 410 numbered", with `done` for the first word.
 /// What there is none of is left out, but for the first.

@@ -161,6 +161,11 @@ inline constexpr std::string_view kMasksNotParted =
     "Blanks part masks, as in *.jpg *.png.";
 inline constexpr std::string_view kNoMatch = "No file in this folder matches the masks.";
 
+// What is wrong with a new name before anything is done.
+inline constexpr std::string_view kEmptyWillFail = "empty name: will fail";
+inline constexpr std::string_view kTooLongBy = "too long: ";
+inline constexpr std::string_view kOnlyExtension = "only an extension";
+
 // The commands and the status bar.
 inline constexpr std::string_view kPreviewing = "Preview ";
 inline constexpr std::string_view kRenaming = "Renaming ";
@@ -173,6 +178,12 @@ inline constexpr std::string_view kRunNotCompleted =
 inline constexpr std::string_view kUndoFailedFor = "Undo failed for ";
 inline constexpr const char* kFiles = " file(s)";
 inline constexpr std::string_view kOf = " of ";
+inline constexpr std::string_view kNewName = "new name";
+inline constexpr std::string_view kNewNames = "new names";
+inline constexpr std::string_view kEmpty = "empty";
+inline constexpr std::string_view kTooLong = "too long";
+inline constexpr std::string_view kFileTicked = " file ticked";
+inline constexpr std::string_view kFilesTicked = " files ticked";
 inline constexpr std::string_view kUndone = "undone";
 inline constexpr std::string_view kFailed = "failed";
 inline constexpr std::string_view kNumbered = "numbered";

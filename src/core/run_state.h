@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/language.h"
+#include "core/name_problem.h"
 #include "settings/options.h"
 
 /// What the panes of the status bar show. The passes write it; the window shows it whenever
@@ -35,6 +36,7 @@ struct RunState {
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
   std::string gCheckMask = "*.*";         ///< by which check boxes were set last
   FileCounts counts;                      ///< of the running pass, or the last one
+  NameTally names;                        ///< of the last preview, if that came to its end
   NumberingOptions numbering;
   StatusPanes panes;
 };

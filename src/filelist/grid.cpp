@@ -80,8 +80,9 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   };
 }
 
-RecordFacts FactsOf(const FileRow& row, bool stale) {
+RecordFacts FactsOf(const FileRow& row, const RunState* state) {
   static constexpr std::string_view kStates[] = {"waiting", "done", "failed", "waiting"};
+  const bool stale = state != nullptr && state->gPreviewStale && !state->previewing;
   const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
   RecordFacts facts{not_undone ? "not undone" : kStates[static_cast<int>(row.mark)],
                     row.mark,
@@ -92,15 +93,15 @@ RecordFacts FactsOf(const FileRow& row, bool stale) {
   if (!row.newFileName.empty()) facts.new_name = row.newFileName;
   // The name of a row that is done is a fact, whatever the options are now.
   facts.out_of_date = stale && facts.new_name && row.RowTag != 1;
+  if (state != nullptr && state->names.limit != 0 && !stale) {
+    facts.verdict = JudgeNewName(row, state->names.limit);
+  }
   return facts;
 }
 
 RecordSource FileSource(Records& records, const RunState* state) {
   return {FileColumns(records), [&] { return records.Count(); },
-          [&records, state](std::size_t i) {
-            return FactsOf(records[i],
-                           state != nullptr && state->gPreviewStale && !state->previewing);
-          },
+          [&records, state](std::size_t i) { return FactsOf(records[i], state); },
           [&](std::size_t i) { return PathOfRow(records, records[i]); },
           [&](std::size_t i, bool checked) { records[i].checked = checked; }};
 }

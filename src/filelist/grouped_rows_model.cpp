@@ -42,6 +42,10 @@ QString ReasonOf(const RecordFacts& facts) {
   return text::Shown(mCommon::ProblemText(facts.problem));
 }
 
+QString VerdictOf(const RecordFacts& facts) {
+  return text::Shown(VerdictText(facts.verdict));
+}
+
 /// "waiting, IMG_ removed", "failed: The name is too long. IMG_ removed": what else only colours,
 /// marks and tooltips tell.
 QString Describe(const RecordFacts& facts) {
@@ -53,6 +57,7 @@ QString Describe(const RecordFacts& facts) {
     const QString change = text::Shown(DescribeChange(facts.old_name, *facts.new_name));
     more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
   }
+  if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
   QString words = text::Shown(facts.state);
   const QString reason = ReasonOf(facts);
   if (!reason.isEmpty()) words += QStringLiteral(": ") + reason;
@@ -67,6 +72,7 @@ MarkedName MarkedNameOf(const RecordFacts& facts, Cell cell, const QString& show
   MarkedName name;
   name.is_new = cell == Cell::kNewName;
   name.muted = name.is_new ? facts.out_of_date : !facts.checked;
+  name.warned = name.is_new && facts.verdict.problem != NameProblem::kNone;
   if (!facts.checked || !facts.new_name || facts.out_of_date) {
     name.pieces = {{shown, false}};
   } else if (name.is_new) {
@@ -100,9 +106,9 @@ std::size_t GroupedRowsModel::LookOf(int row) const {
   const auto number = [](auto value) { return static_cast<std::size_t>(value); };
   const std::hash<std::string_view> hash;
   std::size_t look = RecordOf(row);
-  for (const std::size_t part :
-       {hash(facts.old_name), hash(facts.new_name.value_or("")), number(facts.mark),
-        number(facts.problem), number(facts.checked), number(facts.out_of_date)}) {
+  for (const std::size_t part : {hash(facts.old_name), hash(facts.new_name.value_or("")),
+                                 number(facts.mark), number(facts.problem), number(facts.checked),
+                                 number(facts.out_of_date), number(facts.verdict.problem)}) {
     look = look * 31 + part;
   }
   return look;
@@ -138,6 +144,8 @@ QVariant GroupedRowsModel::FileData(int row, const ListColumn& column, int role)
       return cell == Cell::kMark ? QVariant(static_cast<int>(Facts(row).mark)) : QVariant();
     case kReasonRole:
       return name || cell == Cell::kMark ? QVariant(ReasonOf(Facts(row))) : QVariant();
+    case kVerdictRole:
+      return cell == Cell::kNewName ? QVariant(VerdictOf(Facts(row))) : QVariant();
     case kMarkedNameRole:
       if (!name) return {};
       return QVariant::fromValue(MarkedNameOf(Facts(row), cell, TextOf(row, column)));

@@ -14,6 +14,7 @@ enum ListRole : int {
   kMarkRole,                          ///< int: the `Mark` of this cell
   kMarkedNameRole,                    ///< MarkedName: a name with its changed part
   kReasonRole,                        ///< QString: why the file of this cell failed
+  kVerdictRole,                       ///< QString: what is wrong with the new name of this cell
 };
 
 /// A name as it is painted.
@@ -21,5 +22,6 @@ struct MarkedName {
   NamePieces pieces;
   bool is_new = false;  ///< marks stand for what came; else for what went
   bool muted = false;   ///< of a file that is passed over, or out of date
+  bool warned = false;  ///< something is wrong with it
 };
 Q_DECLARE_METATYPE(MarkedName)

@@ -11,6 +11,7 @@
 
 #include "core/file_row.h"
 #include "core/grouped_rows.h"
+#include "core/name_problem.h"
 #include "look/keys.h"
 #include "settings/options.h"
 
@@ -95,6 +96,7 @@ struct RecordFacts {
   std::optional<std::string_view> new_name;  ///< none while there is none to tell of
   bool checked = true;                       ///< off: passed over
   bool out_of_date = false;                  ///< the new name isn't what it would be now
+  NameVerdict verdict = {};                  ///< on the new name, where that is known
 };
 
 /// The records that a list shows, told apart by their numbers. What the functions answer refers to

@@ -24,6 +24,8 @@ constexpr int kFolderSize = 16;
 constexpr int kFolderLeft = 5;
 constexpr int kFolderTextLeft = 27;
 constexpr int kGroupTextRight = 8;
+constexpr int kWarningSize = 14;
+constexpr int kWarningGap = 4;
 
 bool Selected(const QStyleOptionViewItem& option) {
   return option.state & QStyle::State_Selected;
@@ -41,6 +43,21 @@ QColor TextColour(const QStyleOptionViewItem& option) {
 
 QRect TextRect(const QRect& cell) {
   return cell.adjusted(kCellInset, 0, -kCellInset, 0);
+}
+
+/// What the sign of a name leaves it.
+QRect NameRect(const QRect& cell, bool warned) {
+  return TextRect(cell).adjusted(0, 0, warned ? -kWarningSize - kWarningGap : 0, 0);
+}
+
+/// The sign at the right end of a name that something is wrong with.
+void PaintWarning(QPainter* painter, const QStyleOptionViewItem& option) {
+  const QRect room = TextRect(option.rect);
+  const QPixmap sign = Look::Current().Picture(
+      Drawing::kWarning, OnHighlight(option) ? Role::kAccentText : Role::kWarn, kWarningSize,
+      painter->device()->devicePixelRatioF());
+  painter->drawPixmap(room.right() + 1 - kWarningSize,
+                      room.top() + (room.height() - kWarningSize) / 2, sign);
 }
 
 int GroupTextLeft(const QModelIndex& index) {
@@ -122,7 +139,7 @@ class NameLine {
   NameLine(const MarkedName& name, const QStyleOptionViewItem& option)
       : name_(name),
         option_(option),
-        room_(TextRect(option.rect)),
+        room_(NameRect(option.rect, name.warned)),
         pieces_(ElideMiddle(name.pieces, option.fontMetrics, room_.width())),
         layout_(Join(pieces_), option.font) {
     QTextOption text_option(Qt::AlignLeft | Qt::AlignAbsolute);
@@ -135,6 +152,7 @@ class NameLine {
   }
 
   void Paint(QPainter* painter) {
+    if (name_.warned) PaintWarning(painter, option_);
     if (!line_.isValid()) return;
     const bool muted = name_.muted && !OnHighlight(option_);
     const QColor plain = muted ? Look::Current().Colour(Role::kMuted) : TextColour(option_);
@@ -292,15 +310,17 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                            const QStyleOptionViewItem& option, const QModelIndex& index) {
   if (event->type() != QEvent::ToolTip) return false;
   const bool group = index.data(kGroupTextRole).isValid();
+  const QString verdict = index.data(kVerdictRole).toString();
   const QString words = index.data(Qt::DisplayRole).toString();
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
   const int room = group ? StripRect(option).width() - GroupTextLeft(index) - 100
-                         : TextRect(option.rect).width();
+                         : NameRect(option.rect, !verdict.isEmpty()).width();
   const QString reason = index.data(kReasonRole).toString();
   QStringList lines;
   if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;
   if (!reason.isEmpty() && reason != words) lines += reason;
+  if (!verdict.isEmpty()) lines += verdict;
   QToolTip::showText(event->globalPos(), lines.join(u'\n'), view->viewport());
   return true;
 }

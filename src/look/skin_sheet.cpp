@@ -77,6 +77,7 @@ QPushButton:disabled, QToolButton:disabled {
   background: {disabledFill}; color: {disabled}; border-color: {line};
 }
 QToolButton[scroll="true"] { padding: 0; }
+QLineEdit QToolButton { background: transparent; border: none; min-height: 0; padding: 0; }
 QToolButton::left-arrow { image: url("{left}"); width: 16px; height: 16px; }
 QToolButton::left-arrow:disabled { image: url("{leftDisabled}"); }
 QToolButton::right-arrow { image: url("{right}"); width: 16px; height: 16px; }

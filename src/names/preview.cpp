@@ -68,9 +68,10 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
 
 }  // namespace
 
-bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor) {
+bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor, std::size_t name_bytes) {
   return ErrTrace::inner("Form1.SetPreview", [&] {
     Counters counters(constructor, pass.services.locale);
+    NameTally names{name_bytes};
     NameComposer composer(constructor, pass.services.clock, pass.services.locale);
     for (std::size_t i = 0; i < grid.RowCount(); ++i) {
       if (!pass.GoOnAt(i)) return false;
@@ -82,8 +83,11 @@ bool SetPreview(Pass& pass, const Grid& grid, Constructor& constructor) {
       ++pass.state.counts.passed;
       FileRow& row = pass.records[grid.RecordOf(i)];
       PreviewRow(row, pass.records, composer);
-      if (row.checked) counters.Step();
+      if (!row.checked) continue;
+      counters.Step();
+      if (row.RowTag != 1) names.Add(row);
     }
+    pass.state.names = names;
     return true;
   });
 }

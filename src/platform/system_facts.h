@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -15,6 +16,9 @@ struct SystemName {
   std::string build;  ///< of its kernel
   std::string pack;   ///< what was added to that build
 };
+
+/// What most file systems take.
+inline constexpr std::size_t kUsualNameBytes = 255;
 
 /// What is known of the machine and of the running program, for its guards and reports. A fact that
 /// can't be had is an empty text or nothing.
@@ -43,6 +47,10 @@ class SystemFacts {
   virtual std::optional<std::uint64_t> FreeBytes(std::string_view path) = 0;
   virtual std::optional<std::uint32_t> VolumeSerial(std::string_view path) = 0;
   virtual std::optional<std::string> FileSystemName(std::string_view path) = 0;
+
+  /// How many bytes a name may have in `folder`, or in the nearest one above it that is there;
+  /// `kUsualNameBytes` where that can't be known.
+  virtual std::size_t NameBytes(std::string_view folder) = 0;
 };
 
 /// The facts of this machine.

@@ -20,6 +20,7 @@
 #include "trace/err_trace.h"
 #include "window/folder_dialog.h"
 #include "window/folder_field.h"
+#include "window/folder_sign.h"
 
 namespace {
 
@@ -98,6 +99,8 @@ FolderPages::FolderPages(Folders& folders, QWidget* parent, FolderDialog browse)
   chEnableSkin->setChecked(true);
   cmbDestination_Click();
 
+  new FolderSign(fdSourceFolder, folders_, FolderUse::kRead);
+  new FolderSign(fdDestination, folders_, FolderUse::kWrite);
   connect(fdSourceFolder, &QLineEdit::textChanged, this, &FolderPages::sourceFolderChanged);
   OnSignal(Command2, &QPushButton::clicked, "Form1.Command2_Click", [this] { Command2_Click(); });
   OnSignal(bnDestination, &QPushButton::clicked, "Form1.bnDestination_Click",

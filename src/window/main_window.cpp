@@ -106,7 +106,7 @@ void Form1::LayOut() {
 void Form1::ConnectPanels() {
   const auto mark_stale = [this] { commands_.MarkStale(); };
   connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
-  connect(list_, &FileListPanel::rowChecked, this, mark_stale);
+  connect(list_, &FileListPanel::rowChecked, this, [this] { commands_.TicksChanged(); });
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);

@@ -114,12 +114,12 @@ TEST_F(CommandsTest, GoFromModeToMode) {
       {"l p r u", "3 5 8 10", "11100", "a.txt b.txt ", "2 undone"},
       {"l p r u r", "3 5 8 10 8", "10010", "x a.txt x b.txt ", "2 renamed"},
       {"l2 p", "4 4", "10000", "a.txt b.txt ", ""},
-      {"l p2 p", "3 3 5", "11100", "a.txt b.txt ", ""},
+      {"l p2 p", "3 3 5", "11100", "a.txt b.txt ", "2 new names"},
       {"l p r1", "3 5 9", "10110", "a.txt b.txt ", "0 renamed"},
       {"l p r2 r", "3 5 9 8", "10010", "x a.txt x b.txt ", "1 renamed"},
       {"l p r2 u", "3 5 9 10", "11100", "a.txt b.txt ", "1 undone"},
       {"l p r u2", "3 5 8 11", "10110", "a.txt x b.txt ", "1 undone"},
-      {"l p r u2 u p", "3 5 8 11 10 5", "11100", "a.txt b.txt ", ""},
+      {"l p r u2 u p", "3 5 8 11 10 5", "11100", "a.txt b.txt ", "2 new names"},
   };
   clock.step_ms = 50;
   for (const auto& [road, modes, buttons, left, result] : table) {
@@ -226,6 +226,40 @@ TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   EXPECT_EQ(records[0].newFileName, "") << "the group row came first";
   Walk("p");
   EXPECT_FALSE(state.gPreviewStale);
+}
+
+TEST_F(CommandsTest, SayBeforeARunWhatIsTickedAndWhatIsWrongWithTheNames) {
+  files.contents = {{"/in/a.jpg", ""}, {"/in/abc.txt", ""}, {"/in/b", ""}};
+  constructor.ArrConstr = {{.ItemType = kSourceFileName, .transform = {.Cut = 2, .CutN = 1}},
+                           {.ItemType = kText, .ItemText = "."},
+                           {.ItemType = kExtension}};
+  const std::string& line = state.panes.paneResult;
+  const auto tick = [&](std::size_t record, bool on) {
+    records[record].checked = on;
+    commands.TicksChanged();
+    return line;
+  };
+  commands.TicksChanged();
+  EXPECT_EQ(line, "") << "nothing is listed";
+  view.output = {kCopyTo, "/out/", false};
+  Walk("l");
+  EXPECT_EQ(line, "") << "all are ticked";
+  EXPECT_EQ(tick(0, false), "2 of 3 files ticked");
+  Walk("p2");
+  EXPECT_EQ(line, "2 of 3 files ticked") << "cancelled";
+  Walk("p");
+  EXPECT_EQ(line, "1 new name, 1 empty");
+  EXPECT_EQ(tick(0, true), "");
+  Walk("p");
+  EXPECT_EQ(line, "2 new names, 1 empty, 1 only an extension");
+  constructor.ArrConstr[1].ItemText = "....";
+  commands.MarkStale();
+  EXPECT_EQ(line, "");
+  Walk("p");
+  EXPECT_EQ(line, "2 new names, 1 empty, 2 too long");
+  tick(1, false);
+  commands.Check(*FindCheckOperation(kInvertSelection));
+  EXPECT_EQ(line, "1 of 3 files ticked");
 }
 
 TEST_F(CommandsTest, AskForAWholeOutputFolderAndDoNothingWithoutAFolderOrElements) {

@@ -99,6 +99,10 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
     EXPECT_EQ(Text(1, kColumnMark, kReasonRole), problem == 0 ? "" : taken);
   };
   expect(Mark::kWaiting, 0, "waiting, IMG_ removed");
+  state.names.limit = 5;
+  EXPECT_TRUE(model.index(1, kColumnNewName).data(kMarkedNameRole).value<MarkedName>().warned);
+  EXPECT_EQ(Text(1, kColumnNewName, kVerdictRole), "too long: 7 of 5 bytes");
+  expect(Mark::kWaiting, 0, "waiting, IMG_ removed, too long: 7 of 5 bytes");
   state.gPreviewStale = true;
   expect(Mark::kWaiting, 0, "waiting, new name out of date");
   file.RowTag = 1;
@@ -140,6 +144,11 @@ TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
   QCoreApplication::processEvents();
   state.gPreviewStale = true;
   EXPECT_TRUE(repainted().contains(place(1))) << "it was fresh in between";
+  state.names.limit = 5;
+  state.gPreviewStale = false;
+  repainted();
+  state.gPreviewStale = true;
+  EXPECT_TRUE(repainted().contains(place(3))) << "no sign of an empty name any more";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {

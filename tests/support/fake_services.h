@@ -101,6 +101,7 @@ class FakeSystemFacts : public SystemFacts {
   }
   std::optional<std::uint32_t> VolumeSerial(std::string_view) override { return 0x00AB12CD; }
   std::optional<std::string> FileSystemName(std::string_view) override { return "ext4"; }
+  std::size_t NameBytes(std::string_view folder) override { return folder == "/out/" ? 6 : 255; }
 
   std::vector<std::string> system_folders;
   bool broken = false;

@@ -7,14 +7,17 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
+#include <QToolButton>
 #include <filesystem>
 
+#include "platform/qt/text_qt.h"
 #include "support/fake_services.h"
 #include "support/keys.h"
 #include "support/temp_folder.h"
 #include "window/folder_drop.h"
 #include "window/folder_field.h"
 #include "window/folder_offers.h"
+#include "window/folder_sign.h"
 
 namespace {
 
@@ -115,6 +118,40 @@ TEST_F(FolderPagesTest, OfferTheFoldersThatATypedOneMayGoOnWith) {
   EXPECT_EQ(asked, 0) << "this Enter took the offer";
   Press(pages.fdSourceFolder, Qt::Key_Return);
   EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FolderPagesTest, SayAtTheFieldWhatKeepsItsFolderFromUse) {
+  const TempFolder folder;
+  folder.Write("file", "");
+  folder.MakeFolder("there");
+  const struct {
+    FolderField* field;
+    std::string path, words;
+    bool sign;
+  } table[] = {
+      {pages.fdDestination, "", "No folder given", true},
+      {pages.fdDestination, folder / "there/", "", false},
+      {pages.fdDestination, "there/", "Not a whole path: begin with “/”", true},
+      {pages.fdDestination, folder / "file/", "This is a file", true},
+      {pages.fdDestination, folder / "a/b/", "This folder will be made", false},
+      {pages.fdDestination, folder / "file/b/", "There is a file where a folder should be.", true},
+      {pages.fdSourceFolder, "", "", false},
+      {pages.fdSourceFolder, folder / "a/", "The specified folder was not found.", true},
+      {pages.fdSourceFolder, folder / "there", "", false},
+      {pages.fdSourceFolder, folder / "file", "This is a file", true},
+  };
+  pages.Show(OutputOptions{kCopyTo, ""});
+  pages.show();
+  for (const auto& [field, path, words, sign] : table) {
+    pages.setCurrentWidget(field->parentWidget());
+    field->setText(text::ToQt(path));
+    auto* at_field = field->findChild<FolderSign*>();
+    for (const QDeadlineTimer end(5000); !end.hasExpired() && !at_field->Settled();) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    EXPECT_EQ(field->accessibleDescription().toStdString(), words) << path;
+    EXPECT_EQ(field->findChild<QToolButton*>()->isVisible(), sign) << path;
+  }
 }
 
 TEST_F(FolderPagesTest, TakeWhatIsDropped) {

@@ -125,6 +125,17 @@ class PosixSystemFacts final : public SystemFacts {
     return std::nullopt;
   }
 
+  std::size_t NameBytes(std::string_view folder) override {
+    while (!folder.empty()) {
+      if (const auto volume = Volume(folder)) {
+        return volume->f_namemax != 0 ? volume->f_namemax : kUsualNameBytes;
+      }
+      const bool closed = folder.ends_with('/');
+      folder = folder.substr(0, closed ? folder.size() - 1 : folder.rfind('/') + 1);
+    }
+    return kUsualNameBytes;
+  }
+
  private:
   static constexpr const char* kSelf = "/proc/self/exe";
   std::unique_ptr<Clock> clock_ = MakeSystemClock();
