@@ -39,6 +39,14 @@ QLabel* NewLabel(const QString& text) {
   return label;
 }
 
+/// A quoted mask reads in its own direction, as in its field, and stays in one line.
+QString ShownSlip(std::string_view slip) {
+  return text::Shown(slip)
+      .replace(QStringLiteral("“"), QStringLiteral("“\u2068"))
+      .replace(QStringLiteral("”"), QStringLiteral("\u2069”"))
+      .replace(QStringLiteral("…"), QStringLiteral("\u2060…\u2060"));
+}
+
 QFrame* NewRule() {
   auto* rule = new QFrame;
   rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
@@ -90,7 +98,7 @@ void Form11::AddHeading(QVBoxLayout& column) {
   picExclamation->setAccessibleName(QStringLiteral("Warning"));
   picExclamation->setPixmap(
       Look::Current().Picture(Drawing::kWarning, Role::kWarn, kIconSize, devicePixelRatioF()));
-  QLabel* first = NewLabel(text::Shown(slip_.empty() ? kErrorOccurred : slip_));
+  QLabel* first = NewLabel(slip_.empty() ? text::Shown(kErrorOccurred) : ShownSlip(slip_));
   QFont strong = first->font();
   strong.setWeight(QFont::DemiBold);
   first->setFont(strong);
