@@ -43,6 +43,7 @@ void Form10::LayOut() {
   picIcon->setPixmap(
       QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
 
+  // Each line stands beside the icon, also where that is at the right.
   auto* texts = new QVBoxLayout;
   texts->setSpacing(measure::kControlGap);
   QLabel* lbName = NewLine("lbName", QLatin1String(build_facts::kTitle));
@@ -50,10 +51,11 @@ void Form10::LayOut() {
   large.setPointSizeF(kNameSize * lbName->fontInfo().pointSizeF());
   large.setWeight(QFont::DemiBold);
   lbName->setFont(large);
-  texts->addWidget(lbName);
+  texts->addWidget(lbName, 0, Qt::AlignLeft);
   texts->addWidget(NewLine("lbVersion", tr("Version %1, with Qt %2")
                                             .arg(text::Shown(services_.facts.ProgramVersion()),
-                                                 QLatin1String(qVersion()))));
+                                                 QLatin1String(qVersion()))),
+                   0, Qt::AlignLeft);
   auto* links = new QGridLayout;
   links->setHorizontalSpacing(measure::kLabelGap);
   links->setVerticalSpacing(0);
@@ -66,7 +68,8 @@ void Form10::LayOut() {
   texts->addLayout(links);
   texts->addWidget(
       NewLine("lbLicence",
-              tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))));
+              tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))),
+      0, Qt::AlignLeft);
   texts->addStretch();
 
   auto* row = new QHBoxLayout;
@@ -90,7 +93,7 @@ LinkButton* Form10::AddLink(QGridLayout& lines, const char* name, std::string_vi
   link->setObjectName(QLatin1String(name));
   link->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);  // an address is read whole
   link->setAccessibleDescription(text::Shown(label));
-  lines.addWidget(NewLabel(text::Shown(label), link, this), row, 0);
+  lines.addWidget(NewLabel(text::Shown(label), link, this), row, 0, Qt::AlignLeft);
   lines.addWidget(link, row, 1, Qt::AlignLeft);
   return link;
 }

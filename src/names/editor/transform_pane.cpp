@@ -239,7 +239,7 @@ void TransformPane::BuildRemovePage(const TransformNames& names) {
   cut_text_ = NewTextField(field + "Text", &TransformOptions::CutText, false);
   auto* reset = new QPushButton(tr("reset"), this);
   reset->setObjectName(text::ToQt(names.reset));
-  Explain(reset, tr("Set \"Cut\" to \"Do nothing\""));
+  Explain(reset, tr("Set “Cut” back to “Do nothing”"));
   OnSignal(reset, &QPushButton::clicked, HandlerOf(names.reset, "_Click"),
            [this] { cut_->setCurrentIndex(0); });
 
