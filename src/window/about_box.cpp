@@ -56,16 +56,7 @@ void Form10::LayOut() {
                                             .arg(text::Shown(services_.facts.ProgramVersion()),
                                                  QLatin1String(qVersion()))),
                    0, Qt::AlignLeft);
-  auto* links = new QGridLayout;
-  links->setHorizontalSpacing(measure::kLabelGap);
-  links->setVerticalSpacing(0);
-  links->setColumnStretch(1, 1);
-  OnSignal(AddLink(*links, "lnkWebsite", kWebsite, QLatin1String(build_facts::kWebsite)),
-           &LinkButton::clicked, Handler("lnkWebsite_Click"), [this] { FollowWebsite(); });
-  OnSignal(
-      AddLink(*links, "lnkSupport", kTechnicalSupport, QLatin1String(build_facts::kSupportAddress)),
-      &LinkButton::clicked, Handler("lnkSupport_Click"), [this] { BeginMail(); });
-  texts->addLayout(links);
+  texts->addLayout(NewLinks());
   texts->addWidget(
       NewLine("lbLicence",
               tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))),
@@ -77,6 +68,19 @@ void Form10::LayOut() {
   row->addWidget(picIcon, 0, Qt::AlignTop);
   row->addLayout(texts, 1);
   Body()->addLayout(row);
+}
+
+QGridLayout* Form10::NewLinks() {
+  auto* links = new QGridLayout;
+  links->setHorizontalSpacing(measure::kLabelGap);
+  links->setVerticalSpacing(0);
+  links->setColumnStretch(1, 1);
+  OnSignal(AddLink(*links, "lnkWebsite", kWebsite, QLatin1String(build_facts::kWebsite)),
+           &LinkButton::clicked, Handler("lnkWebsite_Click"), [this] { FollowWebsite(); });
+  OnSignal(
+      AddLink(*links, "lnkSupport", kTechnicalSupport, QLatin1String(build_facts::kSupportAddress)),
+      &LinkButton::clicked, Handler("lnkSupport_Click"), [this] { BeginMail(); });
+  return links;
 }
 
 QLabel* Form10::NewLine(const char* name, const QString& text) {
