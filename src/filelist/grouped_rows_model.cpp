@@ -163,6 +163,11 @@ QVariant GroupedRowsModel::headerData(int section, Qt::Orientation orientation, 
     const bool arrow = column.cell == Cell::kNumber && section == list_.SortColumn();
     return QVariant(AlignmentOf(arrow ? Cell::kText : column.cell));
   }
+  if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
+    if (column.cell == Cell::kCheck) return tr("Only ticked files get a new name");
+    if (!list_.CanSort(section)) return {};
+    return tr("Click to sort, again to reverse, a third time for the original order");
+  }
   return {};
 }
 

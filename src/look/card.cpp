@@ -20,6 +20,13 @@ class FieldLabel : public QLabel {
   QSize sizeHint() const override { return QLabel::sizeHint() + kSlack; }
   QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + kSlack; }
 
+ protected:
+  bool event(QEvent* event) override {
+    // Who doesn't know the field rests the mouse on its label.
+    if (event->type() != QEvent::ToolTip || buddy() == nullptr) return QLabel::event(event);
+    return QCoreApplication::sendEvent(buddy(), event);
+  }
+
  private:
   static constexpr QSize kSlack{2, 0};
 };

@@ -11,7 +11,7 @@ class QWidget;
 /// May be called again at any time.
 ///
 /// Widgets ask for more by dynamic properties of value true, set before they are shown:
-///   card          QFrame, QGroupBox: a card; a group box's title stands inside, at its top line
+///   card          QFrame: a card
 ///   title         QLabel: title of a card
 ///   muted         QLabel: a note
 ///   strong        QLabel: 600 weight
@@ -20,6 +20,8 @@ class QWidget;
 ///   narrow        QPushButton, QToolButton: a caption of one to three signs
 ///   link          QPushButton, QToolButton: flat, as a link
 ///   optionPages   QTabWidget: text tabs with an underline, no frame (else folder tabs on a card)
+///   scroll        QToolButton: an arrow that scrolls
+///   offers        QListView: a list below a field, as that of a combo box
 ///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 

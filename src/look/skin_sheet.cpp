@@ -41,16 +41,14 @@ constexpr NamedRole kRoles[] = {
 /// focused one has a border of 2 and as much less inside, so nothing moves. A height is that of a
 /// usual font: a larger one adds the same to all.
 constexpr char kSheet[] = R"(
-QMainWindow, QDialog { background: {window}; }
+QDialog { background: {window}; }
 QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }
 
-QFrame[card="true"], QGroupBox[card="true"] {
+QFrame[card="true"] {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
 }
 QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color: {groupText}; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
-QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
-QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
 QFrame[rule="true"] { background: {line}; border: none; }
 QFrame[rule="true"][frameShape="4"] { max-height: 1px; }
 QFrame[rule="true"][frameShape="5"] { max-width: 1px; }

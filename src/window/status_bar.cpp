@@ -45,7 +45,8 @@ StatusBar::StatusBar(QWidget* parent)
       rule(new QFrame),
       paneTotal(new QLabel),
       lbResult(new ElidedLabel("lbResult", Qt::ElideRight, this)),
-      bnAbout(NewLink("bnAbout", tr("About"), tr("About Quorvane"), Keys::kAbout)),
+      bnAbout(NewLink("bnAbout", tr("About"), tr("Which version this is, and where to get help"),
+                      Keys::kAbout)),
       bnHelp(NewLink("bnHelp", tr("Help"), tr("Open the manual"), Keys::kHelp)) {
   setObjectName(QStringLiteral("statusBar"));
   paneStatus->setObjectName(QStringLiteral("paneStatus"));

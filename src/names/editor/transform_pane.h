@@ -45,6 +45,8 @@ class TransformPane : public OptionPane {
   NumberField* NewNumberField(const std::string& name, std::int32_t TransformOptions::*number);
   template <class Value>
   void Store(Value TransformOptions::*option, Value value);
+  /// Hides `field` where `tells` is null; it is the tooltip else.
+  void ShowField(QWidget* field, const char* tells);
   void ShowCutFields();
   void ShowAddFields();
 
