@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 #include "filelist/masks.h"
+#include "look/card.h"
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 
@@ -30,7 +31,7 @@ void WatchMasks(QLineEdit* field) {
     auto* sign = field->findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
     if (faulty == (sign != nullptr)) return;
     delete sign;
-    field->setToolTip(faulty ? AddSign(field)->text() : own_words);
+    Explain(field, faulty ? AddSign(field)->text() : own_words);
   };
   QObject::connect(field, &QLineEdit::textChanged, field, show);
   show();

@@ -21,7 +21,7 @@ TEST(MaskDialog, TakesAMaskThatIsNotEmptyAndShowsAFaultAtOnce) {
     for (const auto& [mask, signs] : {std::pair("*.a [b", 1), std::pair(" [ab] ", 0)}) {
       dialog.fdMask->setText(QLatin1String(mask));
       EXPECT_EQ(dialog.fdMask->actions().size(), signs);
-      EXPECT_EQ(dialog.fdMask->toolTip() == own_words, signs == 0);
+      EXPECT_EQ(dialog.fdMask->accessibleDescription() == own_words, signs == 0);
     }
     Press(dialog.fdMask, accepted ? Qt::Key_Return : Qt::Key_Escape);
     EXPECT_EQ(dialog.OK, accepted);
