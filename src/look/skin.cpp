@@ -28,6 +28,7 @@ class Skin : public QObject {
     if (!on_) RememberDesktop(application);
     // First of all: widgets ask for it as soon as they hear of a new style.
     Look::Current().Choose(on, IsDark(desktop_));
+    if (on && on_ && application.styleSheet() == SkinSheet()) return;
     application.setStyleSheet({});
     if (on) {
       PutOn(application);

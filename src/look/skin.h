@@ -8,7 +8,7 @@ class QWidget;
 /// Gives the whole program its look: the colours of `Look::Current()`, the application's palette,
 /// and one style sheet over it, so that message boxes and file dialogs match. The desktop's own
 /// palette decides between light and dark. Off: the desktop's style and palette, no style sheet.
-/// May be called again at any time.
+/// May be called again at any time, and costs little where nothing has changed.
 ///
 /// Widgets ask for more by dynamic properties of value true, set before they are shown:
 ///   card          QFrame, QGroupBox: a card; a group box's title stands inside, at its top line
