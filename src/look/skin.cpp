@@ -76,7 +76,7 @@ void ApplySkin(QApplication& application, bool skin_on) {
   Skin::Of(application).Apply(application, skin_on);
 }
 
-void FitSkinToFont(QApplication& application) {
+void FitSkin(QApplication& application) {
   if (application.styleSheet().isEmpty()) return;
   const QString sheet = SkinSheet();
   if (sheet != application.styleSheet()) application.setStyleSheet(sheet);

@@ -23,8 +23,8 @@ class QWidget;
 ///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 
-/// Fits the skin, if it is on, to the application's font.
-void FitSkinToFont(QApplication& application);
+/// Fits the skin, if it is on, to the application's font and to the side where its lines begin.
+void FitSkin(QApplication& application);
 
 /// Lets the style sheet see a changed property of `widget`.
 void Repolish(QWidget& widget);

@@ -31,6 +31,7 @@ QWidget* NewEmptyPane(QWidget* parent) {
   pane->setProperty("card", true);
   auto* layout = new QVBoxLayout(pane);
   auto* text = new QLabel(QObject::tr("No options available"), pane);
+  pane->setAccessibleName(text->text());
   text->setObjectName(QStringLiteral("lbDot"));
   text->setProperty("muted", true);
   text->setAlignment(Qt::AlignCenter);
