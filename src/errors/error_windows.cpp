@@ -16,6 +16,7 @@
 #include "common/shell_actions.h"
 #include "errors/report_file.h"
 #include "errors/send_mail.h"
+#include "look/form_font.h"
 #include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
@@ -189,6 +190,7 @@ frmShowError::frmShowError(QWidget* parent)
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(txtError);
   resize(720, 480);
+  ApplyFormFont(*this);
 }
 
 void frmShowError::ShowError(const std::string& report) {

@@ -126,9 +126,20 @@ void FileListPanel::ConnectControls() {
            });
   for (std::size_t column = 0; column < column_boxes_.size(); ++column) {
     if (column_boxes_[column] == nullptr) continue;
-    OnSignal(column_boxes_[column], &QCheckBox::toggled, this,
-             HandlerOf(grid_.List().Columns()[column].box.name, "_Click"),
-             [this, column](bool on) { ReportControl1->ShowColumn(static_cast<int>(column), on); });
+    connect(column_boxes_[column], &QCheckBox::toggled, this,
+            [this, column] { chColumn_Click(column); });
+  }
+}
+
+void FileListPanel::chColumn_Click(std::size_t column) {
+  ErrTrace::top(HandlerOf(grid_.List().Columns()[column].box.name, "_Click"), [&] {
+    ReportControl1->ShowColumn(static_cast<int>(column), column_boxes_[column]->isChecked());
+  });
+}
+
+void FileListPanel::ShowColumns() {
+  for (std::size_t column = 0; column < column_boxes_.size(); ++column) {
+    if (column_boxes_[column] != nullptr) chColumn_Click(column);
   }
 }
 
@@ -157,6 +168,7 @@ void FileListPanel::ConnectList() {
 
 void FileListPanel::SetWideCaption() {
   bnWideFileList->setText(wide_ ? QStringLiteral(">") : QStringLiteral("<"));
+  bnWideFileList->setAccessibleName(wide_ ? tr("Narrow list") : tr("Wide list"));
   bnWideFileList->setShortcut(KeysOf(Keys::kWideList));  // a new caption takes the key away
   Explain(bnWideFileList, WithKeys(wide_ ? tr("Bring back the options beside the list")
                                          : tr("Give the list the whole window"),

@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "look/accessible_role.h"
 #include "look/look.h"
 
 namespace {
@@ -44,6 +45,7 @@ QString LabelName(QString control) {
 Card::Card(const QString& name, const QString& title, QWidget* parent)
     : QFrame(parent), head_(new QHBoxLayout), body_(new QVBoxLayout) {
   constexpr int kTitleHeight = 20;
+  SetAccessibleRole(*this, QAccessible::Grouping);  // a plain frame is taken for a window
   setObjectName(name);
   setAccessibleName(title);
   setProperty("card", true);

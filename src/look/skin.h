@@ -8,7 +8,7 @@ class QWidget;
 /// Gives the whole program its look: the colours of `Look::Current()`, the application's palette,
 /// and one style sheet over it, so that message boxes and file dialogs match. The desktop's own
 /// palette decides between light and dark. Off: the desktop's style and palette, no style sheet.
-/// May be called again at any time.
+/// May be called again at any time, and costs little where nothing has changed.
 ///
 /// Widgets ask for more by dynamic properties of value true, set before they are shown:
 ///   card          QFrame: a card
@@ -25,8 +25,8 @@ class QWidget;
 ///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 
-/// Fits the skin, if it is on, to the application's font.
-void FitSkinToFont(QApplication& application);
+/// Fits the skin, if it is on, to the application's font and to the side where its lines begin.
+void FitSkin(QApplication& application);
 
 /// Lets the style sheet see a changed property of `widget`.
 void Repolish(QWidget& widget);

@@ -135,11 +135,11 @@ QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBo
 
 QComboBox {
   background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: {24}; padding: 0 1px 0 7px; combobox-popup: 0;
+  min-height: {24}; padding: {comboPadding}; combobox-popup: 0;
 }
 QComboBox:hover { background: {hover}; }
 QComboBox:on { background: {press}; }
-QComboBox:focus { border: 2px solid {focus}; min-height: {22}; padding: 0 0 0 6px; }
+QComboBox:focus { border: 2px solid {focus}; min-height: {22}; padding: {comboFocusPadding}; }
 QComboBox:disabled { background: {disabledFill}; color: {disabled}; border-color: {line}; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox::down-arrow { image: url("{down}"); width: 16px; height: 16px; }
@@ -174,7 +174,7 @@ QCheckBox::indicator:checked:disabled { background: {line}; image: url("{tickDis
 
 QTabWidget::pane {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
-  border-top-left-radius: 0; top: -1px;
+  {firstTabCorner}: 0; top: -1px;
 }
 QTabWidget::tab-bar { left: 0; }
 QTabWidget > QTabBar { background: transparent; }
@@ -248,7 +248,7 @@ QStatusBar::item { border: none; }
 QStatusBar QLabel { color: {muted}; }
 
 QMenu { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 4px; }
-QMenu::item { padding: 4px 20px 4px 12px; border-radius: 4px; }
+QMenu::item { padding: {menuPadding}; border-radius: 4px; }
 QMenu::item:selected { background: {sel}; color: {text}; }
 QMenu::item:disabled { color: {disabled}; background: transparent; }
 QMenu::separator { height: 1px; background: {line}; margin: 4px 6px; }
@@ -269,6 +269,19 @@ int AddedHeight() {
   return std::max(0, QFontMetrics(QApplication::font()).height() - kLine);
 }
 
+/// What a style sheet doesn't mirror by itself on a desktop that is read from right to left.
+struct Side {
+  const char* name;
+  const char* left_to_right;
+  const char* right_to_left;
+};
+constexpr Side kSides[] = {
+    {"comboPadding", "0 1px 0 7px", "0 7px 0 1px"},
+    {"comboFocusPadding", "0 0 0 6px", "0 6px 0 0"},
+    {"menuPadding", "4px 20px 4px 12px", "4px 12px 4px 20px"},
+    {"firstTabCorner", "border-top-left-radius", "border-top-right-radius"},
+};
+
 QString Placeholder(const char* name) {
   return u'{' + QString::fromLatin1(name) + u'}';
 }
@@ -284,6 +297,11 @@ QString SkinSheet() {
   for (const SheetPicture& picture : kSheetPictures) {
     sheet.replace(Placeholder(picture.name),
                   QStringLiteral(":/look/") + picture.FileName(look.Dark()));
+  }
+  for (const Side& side : kSides) {
+    sheet.replace(
+        Placeholder(side.name),
+        QLatin1String(QApplication::isRightToLeft() ? side.right_to_left : side.left_to_right));
   }
   for (int height = kLeastHeight; height <= kGreatestHeight; ++height) {
     sheet.replace(u'{' + QString::number(height) + u'}',

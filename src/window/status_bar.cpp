@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "look/accessible_role.h"
 #include "look/card.h"
 #include "look/elided_label.h"
 #include "look/look.h"
@@ -59,6 +60,7 @@ StatusBar::StatusBar(QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setProperty("muted", true);
   }
+  SetAccessibleRole(*rule, QAccessible::Separator);
   rule->setFrameShape(QFrame::VLine);
   rule->setProperty("rule", true);
 

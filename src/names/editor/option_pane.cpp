@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <utility>
 
+#include "look/elided_box.h"
 #include "look/handlers.h"
 #include "platform/qt/text_qt.h"
 
@@ -19,7 +20,7 @@ void OptionPane::ShowItem() {
 }
 
 QComboBox* OptionPane::NewBox(const std::string& name, std::span<const std::string_view> entries) {
-  auto* box = new QComboBox(this);
+  auto* box = new ElidedBox(this);
   box->setObjectName(text::ToQt(name));
   for (const std::string_view entry : entries) box->addItem(text::ToQt(entry));
   return box;
