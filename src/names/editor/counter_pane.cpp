@@ -36,7 +36,7 @@ void CounterPane::BuildControls() {
   fdStartValue->ShowNumber(1);
   HandleChange(fdStartValue, "fdStartValue", [this] { UpdateSample(); });
 
-  cmbRange = NewPick("cmbRange", kWidths, [this](int) { TakeRange(); });
+  cmbRange = NewPick(this, "cmbRange", kWidths, [this](int) { TakeRange(); });
   cmbRange->setMinimumWidth(kRangeWidth);
   cmbRange->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
