@@ -98,9 +98,9 @@ FolderPages::FolderPages(Folders& folders, QWidget* parent, FolderDialog browse)
   if (!browse_) {
     browse_ = [this](const std::string& start) { return mMain::BrowseForDisk(window(), start); };
   }
-  addTab(BuildSourcePage(), tr("Source folder"));
-  addTab(BuildOutputPage(), tr("Output folder"));
-  addTab(BuildSettingsPage(), tr("Settings"));
+  BuildSourcePage(NewPage(tr("Source folder")));
+  BuildOutputPage(NewPage(tr("Output folder")));
+  BuildSettingsPage(NewPage(tr("Settings")));
   AddKeys();
   Show(SaveOptions());
   Show(SourceOptions());
@@ -130,8 +130,14 @@ void FolderPages::showEvent(QShowEvent* event) {
   QTabWidget::showEvent(event);
 }
 
-QWidget* FolderPages::BuildSourcePage() {
-  auto* page = new QWidget(this);
+/// Without its controls: whatever moves to another parent is styled anew with all that it holds.
+QWidget* FolderPages::NewPage(const QString& title) {
+  auto* page = new QWidget;
+  addTab(page, title);
+  return page;
+}
+
+void FolderPages::BuildSourcePage(QWidget* page) {
   fdSourceFolder = NewField<FolderField>(
       "fdSourceFolder",
       tr("The folder with the files to rename; you can also drop it on the window"), page,
@@ -164,15 +170,13 @@ QWidget* FolderPages::BuildSourcePage() {
   grid->addWidget(NewLabel(tr("&Include mask:"), fdIncludeMask, page), 1, 0);
   grid->addLayout(masks, 1, 1, 1, 2);
   grid->addWidget(chSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
 std::array<QWidget*, 4> FolderPages::OutputControls() const {
   return {destination_label_, fdDestination, bnDestination, chDestinationSubfolders};
 }
 
-QWidget* FolderPages::BuildOutputPage() {
-  auto* page = new QWidget(this);
+void FolderPages::BuildOutputPage(QWidget* page) {
   cmbDestination = new QComboBox(page);
   cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
   Explain(cmbDestination, tr("Rename the files where they are, or copy or move them to a folder"));
@@ -199,11 +203,9 @@ QWidget* FolderPages::BuildOutputPage() {
   grid->addWidget(fdDestination, 1, 1);
   grid->addWidget(bnDestination, 1, 2);
   grid->addWidget(chDestinationSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
-QWidget* FolderPages::BuildSettingsPage() {
-  auto* page = new QWidget(this);
+void FolderPages::BuildSettingsPage(QWidget* page) {
   chSaveSourceFolderOptions = NewBox("chSaveSourceFolderOptions", tr("Save source &folder options"),
                                      tr("Start with the same folder and masks next time"), page);
   chSaveOutputFolderOptions = NewBox("chSaveOutputFolderOptions", tr("Save &output folder options"),
@@ -220,7 +222,6 @@ QWidget* FolderPages::BuildSettingsPage() {
   grid->addWidget(chEnableSkin, 0, 2);
   grid->addWidget(chSaveOutputFolderOptions, 1, 0, 1, 2, Qt::AlignLeft);
   grid->addWidget(chSaveFileListOptions, 2, 0, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
 void FolderPages::AddKeys() {

@@ -63,8 +63,6 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       list_(new FileListPanel(session.grid, this)),
       status_bar_(new StatusBar(this)),
       commands_(session, services, *this, *list_) {
-  gFailureReport = new ResultWindow(kRenamingFailure, session.reports, services, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, services, this);
   const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
   const auto ini_settings = [this](const std::string& name) { IniSettings(name); };
   templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
@@ -294,10 +292,16 @@ void Form1::FocusAfterCancel() {
   buttons_->FocusAfterCancel();
 }
 
+/// Most runs need neither, so the start doesn't wait for them.
+ResultWindow& Form1::Made(ResultWindow*& report, const ResultKind& kind) {
+  if (report == nullptr) report = new ResultWindow(kind, session_.reports, services_, this);
+  return *report;
+}
+
 void Form1::ShowFailureReport() {
-  gFailureReport->ShowReport();
+  Made(gFailureReport, kRenamingFailure).ShowReport();
 }
 
 void Form1::ShowConflictReport() {
-  gConflictReport->ShowReport();
+  Made(gConflictReport, kResolvedConflicts).ShowReport();
 }

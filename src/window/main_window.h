@@ -15,6 +15,7 @@ class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
 class ResultWindow;
+struct ResultKind;
 class StatusBar;
 class TemplateGroup;
 class UndoKey;
@@ -86,6 +87,7 @@ class Form1 : public QWidget, private CommandView {
   bool AskAboutSystemFolders(const std::string& folders) override;
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override;
   void FocusAfterCancel() override;
+  ResultWindow& Made(ResultWindow*& report, const ResultKind& kind);
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
@@ -101,8 +103,8 @@ class Form1 : public QWidget, private CommandView {
   Commands commands_;
   UndoKey* undo_key_;
   WindowPlacement* placement_ = nullptr;
-  ResultWindow* gFailureReport;
-  ResultWindow* gConflictReport;
+  ResultWindow* gFailureReport = nullptr;  ///< both made at their first report
+  ResultWindow* gConflictReport = nullptr;
   OptionsAtStart at_start_;
   bool cancelled_ = false;  ///< "Cancel" was pressed during the running command
   bool waiting_ = false;

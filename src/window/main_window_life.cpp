@@ -71,7 +71,9 @@ void Form1::Form_Unload(bool& Cancel) {
     folder_pages_->CommitFocusedField();
     WriteSavedOptions(services_.settings, ReadOptions(), at_start_);
     placement_->Form_Unload();
-    for (ResultWindow* report : {gFailureReport, gConflictReport}) report->close();
+    for (ResultWindow* report : {gFailureReport, gConflictReport}) {
+      if (report != nullptr) report->close();
+    }
   });
 }
 

@@ -37,7 +37,7 @@ void CounterPane::BuildControls() {
   Explain(fdStartValue, tr("The number of the first file"));
   HandleChange(fdStartValue, "fdStartValue", [this] { UpdateSample(); });
 
-  cmbRange = NewPick("cmbRange", kWidths, [this](int) { TakeRange(); });
+  cmbRange = NewPick(this, "cmbRange", kWidths, [this](int) { TakeRange(); });
   Explain(cmbRange, tr("Shorter numbers are padded with zeros, as in 007"));
   cmbRange->setMinimumWidth(kRangeWidth);
   cmbRange->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -39,7 +39,7 @@ DatePane::DatePane(const Parts& parts, const char* date) : OptionPane(parts), da
 
 QComboBox* DatePane::NewPartPick(const std::string& name, std::size_t part) {
   const int Index = static_cast<int>(part);
-  QComboBox* box = NewBox(name + '(' + std::to_string(Index) + ')', kDateParts);
+  QComboBox* box = NewBox(this, name + '(' + std::to_string(Index) + ')', kDateParts);
   const std::string handler = HandlerOf(name, "_Click(Index)");
   connect(box, &QComboBox::currentIndexChanged, this, [=, this](int picked) {
     ErrTrace::top(handler, ErrTrace::args(Index), [&] {

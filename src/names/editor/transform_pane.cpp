@@ -58,7 +58,9 @@ class FramelessPages : public QTabWidget {
 /// A page whose labels stand in one column; the room below its rows is free.
 QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   constexpr int kRows = 2;
-  auto* widget = new QWidget(pages);
+  // Before it has controls: whatever moves to another parent is styled anew.
+  auto* widget = new QWidget;
+  pages->addTab(widget, title);
   auto* rows = new QGridLayout(widget);
   // One more for the line under the tabs.
   rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
@@ -66,7 +68,6 @@ QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   rows->setVerticalSpacing(measure::kControlGap);
   rows->setColumnStretch(1, 1);
   rows->setRowStretch(kRows, 1);
-  pages->addTab(widget, title);
   return rows;
 }
 
@@ -195,33 +196,35 @@ void TransformPane::Store(Value TransformOptions::*option, Value value) {
   MarkPages();
 }
 
-QComboBox* TransformPane::NewModePick(const std::string& name, std::int32_t TransformOptions::*mode,
+QComboBox* TransformPane::NewModePick(QWidget* parent, const std::string& name,
+                                      std::int32_t TransformOptions::*mode,
                                       std::span<const std::string_view> entries,
                                       std::function<void()> show_fields) {
-  return NewPick(name, entries, [this, mode, show_fields = std::move(show_fields)](int index) {
-    if (show_fields) show_fields();
-    Store(mode, std::int32_t{index});
-  });
+  return NewPick(parent, name, entries,
+                 [this, mode, show_fields = std::move(show_fields)](int index) {
+                   if (show_fields) show_fields();
+                   Store(mode, std::int32_t{index});
+                 });
 }
 
-QLineEdit* TransformPane::NewTextField(const std::string& name, std::string TransformOptions::*text,
-                                       bool goes_into_names) {
+QLineEdit* TransformPane::NewTextField(QWidget* parent, const std::string& name,
+                                       std::string TransformOptions::*text, bool goes_into_names) {
   QLineEdit* field =
-      goes_into_names ? new NameField(Supplied().prompts, this) : new QLineEdit(this);
+      goes_into_names ? new NameField(Supplied().prompts, parent) : new QLineEdit(parent);
   HandleChange(field, name, [this, field, text] { Store(text, text::FromQt(field->text())); });
   return field;
 }
 
-NumberField* TransformPane::NewNumberField(const std::string& name,
+NumberField* TransformPane::NewNumberField(QWidget* parent, const std::string& name,
                                            std::int32_t TransformOptions::*number) {
   const auto store = [this, number](std::int32_t value) { Store(number, value); };
-  auto* field = new NumberField(name.c_str(), store, this);
+  auto* field = new NumberField(name.c_str(), store, parent);
   HandleChange(field, name);
   return field;
 }
 
 void TransformPane::BuildCase(const std::string& letter_case) {
-  case_ = NewModePick("cmbCase" + letter_case, &TransformOptions::Case, kCases);
+  case_ = NewModePick(this, "cmbCase" + letter_case, &TransformOptions::Case, kCases);
   case_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   Explain(case_, tr("Change the letters to upper or lower case"));
   Head()->addWidget(NewLabel(tr("Letter c&ase"), case_, this));
@@ -230,14 +233,15 @@ void TransformPane::BuildCase(const std::string& letter_case) {
 
 void TransformPane::BuildRemovePage(const TransformNames& names) {
   QGridLayout* page = NewPage(pages_, tr("Remove"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdCut" + names.part;
-  cut_ = NewModePick("cmbCut" + names.part, &TransformOptions::Cut, CaptionsOf(kCuts),
+  cut_ = NewModePick(widget, "cmbCut" + names.part, &TransformOptions::Cut, CaptionsOf(kCuts),
                      [this] { ShowCutFields(); });
   Explain(cut_, tr("What to remove, and where"));
-  cut_n_ = NewNumberField(field + "N", &TransformOptions::CutN);
-  cut_x_ = NewNumberField(field + "X", &TransformOptions::CutX);
-  cut_text_ = NewTextField(field + "Text", &TransformOptions::CutText, false);
-  auto* reset = new QPushButton(tr("reset"), this);
+  cut_n_ = NewNumberField(widget, field + "N", &TransformOptions::CutN);
+  cut_x_ = NewNumberField(widget, field + "X", &TransformOptions::CutX);
+  cut_text_ = NewTextField(widget, field + "Text", &TransformOptions::CutText, false);
+  auto* reset = new QPushButton(tr("reset"), widget);
   reset->setObjectName(text::ToQt(names.reset));
   Explain(reset, tr("Set “Cut” back to “Do nothing”"));
   OnSignal(reset, &QPushButton::clicked, HandlerOf(names.reset, "_Click"),
@@ -254,9 +258,10 @@ void TransformPane::BuildRemovePage(const TransformNames& names) {
 
 void TransformPane::BuildReplacePage(const std::string& replace) {
   QGridLayout* page = NewPage(pages_, tr("Replace"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdReplace" + replace;
-  replace1_ = NewTextField(field + "1", &TransformOptions::Replace1, false);
-  replace2_ = NewTextField(field + "2", &TransformOptions::Replace2, true);
+  replace1_ = NewTextField(widget, field + "1", &TransformOptions::Replace1, false);
+  replace2_ = NewTextField(widget, field + "2", &TransformOptions::Replace2, true);
   Explain(replace1_, tr("The text to look for, wherever it stands, in upper or lower case"));
   Explain(replace2_, tr("The new text; leave it empty to remove the old one"));
   Row(page, 0).Add(tr("R&eplace:"), replace1_);
@@ -265,13 +270,14 @@ void TransformPane::BuildReplacePage(const std::string& replace) {
 
 void TransformPane::BuildAddPage(const std::string& part) {
   QGridLayout* page = NewPage(pages_, tr("Add / Insert"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdAdd" + part;
-  add_ = NewModePick("cmbAdd" + part, &TransformOptions::Add, CaptionsOf(kAdds),
+  add_ = NewModePick(widget, "cmbAdd" + part, &TransformOptions::Add, CaptionsOf(kAdds),
                      [this] { ShowAddFields(); });
   Explain(add_, tr("Where to put more text"));
-  add_text1_ = NewTextField(field + "Text1", &TransformOptions::AddText1, true);
-  add_text2_ = NewTextField(field + "Text2", &TransformOptions::AddText2, true);
-  add_n_ = NewNumberField(field + "N", &TransformOptions::AddN);
+  add_text1_ = NewTextField(widget, field + "Text1", &TransformOptions::AddText1, true);
+  add_text2_ = NewTextField(widget, field + "Text2", &TransformOptions::AddText2, true);
+  add_n_ = NewNumberField(widget, field + "N", &TransformOptions::AddN);
   Row(page, 0).Add(tr("A&dd"), add_);
   Row row(page, 1);
   row.Add(tr("&Text1:"), add_text1_);
