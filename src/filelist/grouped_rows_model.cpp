@@ -51,13 +51,13 @@ QString VerdictOf(const RecordFacts& facts) {
 QString Describe(const RecordFacts& facts) {
   QStringList more;
   if (!facts.checked) more += QStringLiteral("not checked");
+  if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
   if (facts.out_of_date) {
     more += QStringLiteral("new name out of date");
   } else if (facts.new_name) {
     const QString change = text::Shown(DescribeChange(facts.old_name, *facts.new_name));
     more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
   }
-  if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
   QString words = text::Shown(facts.state);
   const QString reason = ReasonOf(facts);
   if (!reason.isEmpty()) words += QStringLiteral(": ") + reason;

@@ -24,7 +24,7 @@ constexpr int kFolderSize = 16;
 constexpr int kFolderLeft = 5;
 constexpr int kFolderTextLeft = 27;
 constexpr int kGroupTextRight = 8;
-constexpr int kWarningSize = 14;
+constexpr int kWarningLeast = 14;
 constexpr int kWarningGap = 4;
 
 bool Selected(const QStyleOptionViewItem& option) {
@@ -45,19 +45,25 @@ QRect TextRect(const QRect& cell) {
   return cell.adjusted(kCellInset, 0, -kCellInset, 0);
 }
 
-/// What the sign of a name leaves it.
-QRect NameRect(const QRect& cell, bool warned) {
-  return TextRect(cell).adjusted(0, 0, warned ? -kWarningSize - kWarningGap : 0, 0);
+/// How large the sign of a name is beside its letters.
+int WarningSize(const QStyleOptionViewItem& option) {
+  return qMax(kWarningLeast, option.fontMetrics.ascent());
+}
+
+/// What its sign leaves a name.
+QRect NameRect(const QStyleOptionViewItem& option, bool warned) {
+  const int taken = warned ? WarningSize(option) + kWarningGap : 0;
+  return TextRect(option.rect).adjusted(0, 0, -taken, 0);
 }
 
 /// The sign at the right end of a name that something is wrong with.
 void PaintWarning(QPainter* painter, const QStyleOptionViewItem& option) {
   const QRect room = TextRect(option.rect);
+  const int size = WarningSize(option);
   const QPixmap sign = Look::Current().Picture(
-      Drawing::kWarning, OnHighlight(option) ? Role::kAccentText : Role::kWarn, kWarningSize,
+      Drawing::kWarning, OnHighlight(option) ? Role::kAccentText : Role::kWarn, size,
       painter->device()->devicePixelRatioF());
-  painter->drawPixmap(room.right() + 1 - kWarningSize,
-                      room.top() + (room.height() - kWarningSize) / 2, sign);
+  painter->drawPixmap(room.right() + 1 - size, room.top() + (room.height() - size) / 2, sign);
 }
 
 int GroupTextLeft(const QModelIndex& index) {
@@ -151,7 +157,7 @@ class NameLine {
   NameLine(const MarkedName& name, const QStyleOptionViewItem& option)
       : name_(name),
         option_(option),
-        room_(NameRect(option.rect, name.warned)),
+        room_(NameRect(option, name.warned)),
         pieces_(ElideMiddle(name.pieces, option.fontMetrics, room_.width())),
         layout_(Join(pieces_), option.font) {
     QTextOption text_option(Qt::AlignLeft | Qt::AlignAbsolute);
@@ -330,7 +336,7 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
   const int room = group ? StripRect(option).width() - GroupTextLeft(index) - 100
-                         : NameRect(option.rect, !verdict.isEmpty()).width();
+                         : NameRect(option, !verdict.isEmpty()).width();
   const QString reason = index.data(kReasonRole).toString();
   QStringList lines;
   if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;
