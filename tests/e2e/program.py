@@ -54,10 +54,11 @@ def shown(thing, cells=False):
 
 
 def seen():
-    """All that shows on the desktop, a line each."""
-    for one in shown(Atspi.get_desktop(0), cells=True):
-        states = [state for state in ("enabled", "focused", "checked") if has(one, state)]
-        yield f"{one.get_role_name()} {label(one)!r} {one.get_name()!r} {states}\n"
+    """All that shows in all windows, a line each."""
+    for program in children(Atspi.get_desktop(0)):
+        for one in shown(program, cells=True):
+            states = [state for state in ("enabled", "focused", "checked") if has(one, state)]
+            yield f"{one.get_role_name()} {label(one)!r} {one.get_name()!r} {states}\n"
 
 
 def box(thing):
@@ -80,9 +81,13 @@ class Program:
         env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         with open(os.environ["E2E_FOLDER"] + "/program.log", "ab") as log:
             self.process = subprocess.Popen(words, env=env, stdout=log, stderr=log)
-        self.root = wait("its window shows", lambda: [
-            one for one in children(Atspi.get_desktop(0))
-            if one.get_process_id() == self.process.pid and children(one)])[0]
+        self.root = wait("its window shows", self.find_root)
+
+    def find_root(self):
+        if self.process.poll() is not None:
+            raise Fault(f"the program ended by itself with {self.process.returncode}")
+        return next((one for one in children(Atspi.get_desktop(0))
+                     if one.get_process_id() == self.process.pid and children(one)), None)
 
     def windows(self):
         return [window.get_name() for window in children(self.root) if has(window, "showing")]
@@ -129,13 +134,18 @@ class Program:
         xdotool("key", "Home", *["Down"] * entries.index(entry), "Return")
         wait(f"{name!r} is {entry!r}", lambda: combo.get_name() == entry)
 
-    def cells(self, column):
-        """Those of the files in the list, by file name; a row of a group has but one text."""
+    def boxes(self):
+        """The check box of each file by its name; a row of a group has one text in all cells."""
         table = self.find("table", "Files").get_table_iface()
-        rows = [[table.get_accessible_at(row, at) for at in (0, 5, column)]
+        rows = [[table.get_accessible_at(row, column) for column in (0, 4, 5)]
                 for row in range(table.get_n_rows())]
-        return {name.get_name(): cell for path, name, cell in rows
+        return {name.get_name(): box for path, box, name in rows
                 if name.get_name() != path.get_name()}
+
+    def close(self):
+        """As the window manager does it."""
+        xdotool("key", "alt+F4")
+        self.end()
 
     def end(self):
         """Waits for an end in order."""

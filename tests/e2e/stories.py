@@ -18,7 +18,6 @@ from program import BY_MOUSE, Fault, Program, box, click, has, seen, wait, xdoto
 
 TITLE, LIST, PREVIEW, RENAME, UNDO = "Quorvane", "Prepare file list", "Preview", "Rename", "Undo"
 FOLDER, MASK, SUBFOLDERS, SIZE = "Folder:", "Include mask:", "Include subfolders", "Size"
-BOX, NEW_NAME = 4, 7  # columns of the list
 # Each file with its name when only the first character is kept. The row of one is unticked.
 KEPT = "kept.txt"
 FIRST_CHARACTER = {b"alpha.txt": b"a.txt", b"arm.txt": b"a_{1}.txt", b"-dash.txt": b"-.txt",
@@ -29,26 +28,31 @@ MANY = 6000
 HERE = Path(os.environ["E2E_FOLDER"])
 INSTALLED = HERE / "installed"
 FILES = HERE / "files of mine"
+CONFIG = Path(os.environ["XDG_CONFIG_HOME"], "Quorvane/Quorvane.conf")
 
 
-def check(what, seen, wanted):
-    if seen != wanted:
-        raise Fault(f"{what}: {seen!r}, not {wanted!r}")
+def check(what, ask, wanted):
+    """Waits until it is answered what is wanted."""
+    with contextlib.suppress(Fault):
+        wait(what, lambda: ask() == wanted)
+    if (told := ask()) != wanted:
+        both = [f"{one!r:.2000}" for one in (told, wanted)]
+        raise Fault(f"{what}: {both[0]}, not {both[1]}")
 
 
 def install(build):
     subprocess.run(["cmake", "--install", build, "--prefix", INSTALLED], check=True,
                    stdout=subprocess.DEVNULL)
     opener = INSTALLED / "bin" / "xdg-open"
-    opener.write_text(f'#!/bin/sh\necho "$1" >{HERE}/part && mv {HERE}/part {HERE}/opened\n')
+    opener.write_text(f'#!/bin/sh\necho "$1" >{HERE}/opened\n')
     opener.chmod(0o755)
     os.environ["PATH"] = f"{INSTALLED}/bin:{os.environ['PATH']}"
 
 
 def on_disk():
-    """Name, content and time of each file."""
+    """Content and time of each file by its name."""
     return {os.fsencode(path.name): (path.read_bytes(), path.stat().st_mtime_ns)
-            for path in FILES.iterdir()}
+            for path in sorted(FILES.iterdir())}
 
 
 def make_files(names):
@@ -72,7 +76,7 @@ def start_by_desktop():
 
 def preview(program):
     program.press(PREVIEW)
-    wait("the new names stand", lambda: program.enabled(RENAME))
+    check("new names stand", lambda: program.enabled(RENAME), [RENAME])
 
 
 def keep_first(program, characters):
@@ -83,14 +87,36 @@ def keep_first(program, characters):
 
 def rename_and_undo(program, before, after):
     program.press(RENAME)
-    program.find("dialog", "Resolved conflicts")
-    check("renamed", on_disk(), after)
+    check("report", program.windows, [TITLE, "Resolved conflicts"])
+    check("renamed", on_disk, after)
     program.press("OK")
-    wait("the report is closed", lambda: program.windows() == [TITLE])
+    check("report closed", program.windows, [TITLE])
     program.press(UNDO)
-    wait("the run is undone", lambda: program.enabled(PREVIEW, UNDO) == [PREVIEW])
-    check("undone", on_disk(), before)
-    check("windows", program.windows(), [TITLE])
+    check("commands after undo", lambda: program.enabled(PREVIEW, UNDO), [PREVIEW])
+    check("undone", on_disk, before)
+    check("windows", program.windows, [TITLE])
+
+
+def work_from_first_start(program):
+    before = make_files(FIRST_CHARACTER)
+    check("commands", lambda: program.enabled(LIST, PREVIEW, RENAME, UNDO, "Cancel"), [])
+    check("focus in the folder", lambda: has(program.find("text", FOLDER), "focused"), True)
+    program.write(FOLDER, f"{FILES}/")
+    xdotool("key", "Return")
+    names = {name.decode(errors="replace") for name in before}
+    check("listed", lambda: set(program.boxes()), names)
+    keep_first(program, 1)
+    click(program.boxes()[KEPT])
+    check("another tick asks for a preview", lambda: program.enabled(PREVIEW, RENAME), [PREVIEW])
+    preview(program)
+    rename_and_undo(program, before, {FIRST_CHARACTER[name]: before[name] for name in before})
+
+
+def open_manual(program):
+    manual = INSTALLED / "share/doc/quorvane/manual/index.html"
+    program.press("Help")
+    check("opened", lambda: unquote((HERE / "opened").read_text()), f"file://{manual}\n")
+    check("manual is there", manual.is_file, True)
 
 
 def options(program):
@@ -99,46 +125,17 @@ def options(program):
             program.checked(SIZE), window.width, window.height]
 
 
-def close(program):
-    xdotool("key", "alt+F4")
-    program.end()
-
-
-def work_from_first_start(program):
-    before = make_files(FIRST_CHARACTER)
-    check("commands", program.enabled(LIST, PREVIEW, RENAME, UNDO, "Cancel"), [])
-    check("focus in the folder", has(program.find("text", FOLDER), "focused"), True)
-    program.write(FOLDER, f"{FILES}/")
-    xdotool("key", "Return")
-    wait("the files are listed", lambda: program.enabled(PREVIEW))
-    check("listed", set(program.cells(BOX)), {n.decode(errors="replace") for n in FIRST_CHARACTER})
-    keep_first(program, 1)
-    click(program.cells(BOX)[KEPT])
-    wait("another tick asks for a new preview", lambda: not program.enabled(RENAME))
-    preview(program)
-    check("new name", program.cells(NEW_NAME)["arm.txt"].get_name(), "a.txt")
-    rename_and_undo(program, before, {FIRST_CHARACTER[name]: before[name] for name in before})
-
-
-def open_manual(program):
-    program.press("Help")
-    wait("the manual is opened", (HERE / "opened").exists)
-    manual = INSTALLED / "share/doc/quorvane/manual/index.html"
-    check("manual", unquote((HERE / "opened").read_text().strip()), f"file://{manual}")
-    check("manual is there", manual.is_file(), True)
-
-
-def close_and_start_again(program):
+def change_options_and_start_again(program):
     program.press(SUBFOLDERS, "check box")
     program.press(SIZE, "check box")
     program.write(MASK, "*.txt")
     xdotool("getactivewindow", "windowsize", 1111, 777)
     changed = [f"{FILES}/", "*.txt", False, True, 1111, 777]
-    wait("the options are changed", lambda: options(program) == changed)
-    close(program)
-    program = Program("quorvane")
-    wait("what was changed is remembered", lambda: options(program) == changed)
-    close(program)
+    check("changed", lambda: options(program), changed)
+    program.close()
+    again = Program("quorvane")
+    check("remembered", lambda: options(again), changed)
+    again.close()
 
 
 def end_amid_run():
@@ -151,16 +148,16 @@ def end_amid_run():
     program.process.terminate()
     program.end()
     after = on_disk()
-    check("contents", sorted(after.values()) == sorted(before.values()), True)
-    check("names", {name[:6] for name in after} == {name[:6] for name in before}, True)
-    check("ended amid the run", after.keys() & before.keys() != set(), True)
+    check("contents", lambda: sorted(after.values()) == sorted(before.values()), True)
+    check("names", lambda: {name[:6] for name in after} == {name[:6] for name in before}, True)
+    check("ended amid the run", lambda: after.keys().isdisjoint(before), False)
 
 
 def x():
     program = Program("quorvane")
     work_from_first_start(program)
     open_manual(program)
-    close_and_start_again(program)
+    change_options_and_start_again(program)
     end_amid_run()
 
 
@@ -175,6 +172,7 @@ def wayland():
     rename_and_undo(program, before, {b"b.txt": before[b"b.txt"], b"b_{1}.txt": before[b"a.txt"]})
     program.process.terminate()
     program.end()
+    check("stored at the end", lambda: FILES.name in CONFIG.read_text(), True)
 
 
 def report(folder):
@@ -193,9 +191,9 @@ def main(kind, build, folder):
     install(build)
     try:
         {"x": x, "wayland": wayland}[kind]()
-        left = [path for name in ("HOME", "XDG_CONFIG_HOME", "TMPDIR")
-                for path in Path(os.environ[name]).rglob("*") if not path.is_dir()]
-        check("left behind", left, [Path(os.environ["XDG_CONFIG_HOME"], "Quorvane/Quorvane.conf")])
+        check("written elsewhere", lambda: [
+            path for folder in ("HOME", "XDG_CONFIG_HOME", "TMPDIR")
+            for path in Path(os.environ[folder]).rglob("*") if not path.is_dir()], [CONFIG])
     except BaseException:
         report(Path(folder))
         raise
