@@ -94,13 +94,11 @@ class Program:
 
     def find(self, role, name):
         """The one control of that role and label that shows."""
-        def look():
-            found = [one for one in shown(self.root)
-                     if one.get_role_name() == role and label(one) == name]
-            if len(found) > 1:
-                raise Fault(f"{len(found)} times: {role} {name!r}")
-            return found and found[0]
-        return wait(f"there is a {role} {name!r}", look)
+        found = wait(f"there is a {role} {name!r}", lambda: [
+            one for one in shown(self.root) if one.get_role_name() == role and label(one) == name])
+        if len(found) > 1:
+            raise Fault(f"{len(found)} times: {role} {name!r}")
+        return found[0]
 
     def enabled(self, *names):
         return [name for name in names if has(self.find("push button", name), "enabled")]
@@ -143,11 +141,14 @@ class Program:
                 if name.get_name() != path.get_name()}
 
     def close(self):
-        """As the window manager does it."""
+        """By the window manager."""
         xdotool("key", "alt+F4")
-        self.end()
+        self.wait_for_end()
 
-    def end(self):
-        """Waits for an end in order."""
+    def end_by_session(self):
+        self.process.terminate()
+        self.wait_for_end()
+
+    def wait_for_end(self):
         if ended := self.process.wait(60):
             raise Fault(f"the program ended with {ended}")

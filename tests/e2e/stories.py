@@ -21,13 +21,15 @@ FOLDER, MASK, SUBFOLDERS, SIZE = "Folder:", "Include mask:", "Include subfolders
 # Each file with its name when only the first character is kept. The row of one is unticked.
 KEPT = "kept.txt"
 FIRST_CHARACTER = {b"alpha.txt": b"a.txt", b"arm.txt": b"a_{1}.txt", b"-dash.txt": b"-.txt",
-                   b" blank.txt": b" .txt", "\u0627\u0633\u0645.txt".encode(): "\u0627.txt".encode(),
-                   b"\xffbad.txt": b"\xff.txt", KEPT.encode(): KEPT.encode()}
+                   b" blank.txt": b" .txt", b"\xffbad.txt": b"\xff.txt",
+                   "\u0627\u0633\u0645.txt".encode(): "\u0627.txt".encode(),
+                   KEPT.encode(): KEPT.encode()}
 MANY = 6000
 
 HERE = Path(os.environ["E2E_FOLDER"])
 INSTALLED = HERE / "installed"
 FILES = HERE / "files of mine"
+MANUAL = INSTALLED / "share/doc/quorvane/manual/index.html"
 CONFIG = Path(os.environ["XDG_CONFIG_HOME"], "Quorvane/Quorvane.conf")
 
 
@@ -97,8 +99,15 @@ def rename_and_undo(program, before, after):
     check("windows", program.windows, [TITLE])
 
 
-def work_from_first_start(program):
+def options(program):
+    window = box(program.find("filler", TITLE))
+    return [program.text(FOLDER), program.text(MASK), program.checked(SUBFOLDERS),
+            program.checked(SIZE), window.width, window.height]
+
+
+def work_from_first_start_to_the_next():
     before = make_files(FIRST_CHARACTER)
+    program = Program("quorvane")
     check("commands", lambda: program.enabled(LIST, PREVIEW, RENAME, UNDO, "Cancel"), [])
     check("focus in the folder", lambda: has(program.find("text", FOLDER), "focused"), True)
     program.write(FOLDER, f"{FILES}/")
@@ -110,22 +119,9 @@ def work_from_first_start(program):
     check("another tick asks for a preview", lambda: program.enabled(PREVIEW, RENAME), [PREVIEW])
     preview(program)
     rename_and_undo(program, before, {FIRST_CHARACTER[name]: before[name] for name in before})
-
-
-def open_manual(program):
-    manual = INSTALLED / "share/doc/quorvane/manual/index.html"
     program.press("Help")
-    check("opened", lambda: unquote((HERE / "opened").read_text()), f"file://{manual}\n")
-    check("manual is there", manual.is_file, True)
-
-
-def options(program):
-    window = box(program.find("filler", TITLE))
-    return [program.text(FOLDER), program.text(MASK), program.checked(SUBFOLDERS),
-            program.checked(SIZE), window.width, window.height]
-
-
-def change_options_and_start_again(program):
+    check("opened", lambda: unquote((HERE / "opened").read_text()), f"file://{MANUAL}\n")
+    check("manual is there", MANUAL.is_file, True)
     program.press(SUBFOLDERS, "check box")
     program.press(SIZE, "check box")
     program.write(MASK, "*.txt")
@@ -145,8 +141,7 @@ def end_amid_run():
     keep_first(program, 6)
     program.press(RENAME)
     wait("the run has begun", (FILES / "000000.txt").exists)
-    program.process.terminate()
-    program.end()
+    program.end_by_session()
     after = on_disk()
     check("contents", lambda: sorted(after.values()) == sorted(before.values()), True)
     check("names", lambda: {name[:6] for name in after} == {name[:6] for name in before}, True)
@@ -154,10 +149,7 @@ def end_amid_run():
 
 
 def x():
-    program = Program("quorvane")
-    work_from_first_start(program)
-    open_manual(program)
-    change_options_and_start_again(program)
+    work_from_first_start_to_the_next()
     end_amid_run()
 
 
@@ -170,8 +162,7 @@ def wayland():
     program.write("With:", "b")
     preview(program)
     rename_and_undo(program, before, {b"b.txt": before[b"b.txt"], b"b_{1}.txt": before[b"a.txt"]})
-    program.process.terminate()
-    program.end()
+    program.end_by_session()
     check("stored at the end", lambda: FILES.name in CONFIG.read_text(), True)
 
 
