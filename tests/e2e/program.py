@@ -45,18 +45,19 @@ def label(thing):
     return (labels[0].get_target(0) if labels else thing).get_name()
 
 
-def shown(thing, cells=False):
-    """It and all below it that shows."""
+def shown(thing, entries=False):
+    """It and all below it that shows; what lists hold only where that is asked for."""
     yield thing
-    for child in children(thing) if cells or thing.get_role_name() != "table" else ():
+    lists = () if entries else ("table", "combo box")
+    for child in children(thing) if thing.get_role_name() not in lists else ():
         if has(child, "showing"):
-            yield from shown(child, cells)
+            yield from shown(child, entries)
 
 
 def seen():
     """All that shows in all windows, a line each."""
     for program in children(Atspi.get_desktop(0)):
-        for one in shown(program, cells=True):
+        for one in shown(program, entries=True):
             states = [state for state in ("enabled", "focused", "checked") if has(one, state)]
             yield f"{one.get_role_name()} {label(one)!r} {one.get_name()!r} {states}\n"
 
@@ -143,10 +144,6 @@ class Program:
     def close(self):
         """By the window manager."""
         xdotool("key", "alt+F4")
-        self.wait_for_end()
-
-    def end_by_session(self):
-        self.process.terminate()
         self.wait_for_end()
 
     def wait_for_end(self):
