@@ -24,7 +24,7 @@ def wait(what, condition, seconds=20):
         try:
             if answer := condition():
                 return answer
-        except (RuntimeError, AttributeError) as not_yet:  # GLib.Error is a RuntimeError
+        except (RuntimeError, OSError, AttributeError) as not_yet:  # GLib.Error is the first
             error = f" ({not_yet!r})"
         time.sleep(0.01)
     raise Fault(f"not within {seconds} s: {what}{error}")
