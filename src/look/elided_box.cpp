@@ -12,12 +12,13 @@ QString ElidedBox::Elided(const QStyleOptionComboBox& box) const {
 }
 
 bool ElidedBox::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QComboBox::event(event);
+  if (event->type() != QEvent::ToolTip) return QComboBox::event(event);
   QStyleOptionComboBox box;
   initStyleOption(&box);
-  const QString whole = currentText();
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                     Elided(box) == whole ? QString() : whole, this);
+  QStringList lines;
+  if (Elided(box) != currentText()) lines += currentText();
+  if (!toolTip().isEmpty()) lines += toolTip();
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), lines.join(u'\n'), this);
   return true;
 }
 

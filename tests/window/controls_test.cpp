@@ -39,7 +39,7 @@ tabs $ Remove/Replace/Add / Insert;
 list cmbCut@ Cut 10 Do nothing/Remove all between the first N and last K characters;
 -field fdCut@N N:; -field fdCut@X K:; -field fdCut@Text Text:; button % reset;
 field fdReplace&1 Replace:; field fdReplace&2 With:;
-list cmbAdd@ Add 6 Do nothing/Insert Text before the last N characters; -field fdAdd@Text1 Text1:;
+list cmbAdd@ Add 6 Do nothing/Insert Text before the last N characters; -field fdAdd@Text1 Text:;
 -field fdAdd@Text2 Text2:; -field fdAdd@N N:)");
 const QString kDate = QStringLiteral(R"(
 list cmb@(0) First: 9 /yyyy; list cmb@(1) Second: 9 /yyyy; list cmb@(2) Third: 9 /yyyy;
