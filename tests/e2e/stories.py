@@ -100,7 +100,7 @@ def rename_and_undo(program, before, after):
 
 
 def options(program):
-    window = box(program.find("filler", TITLE))
+    window = box(program.find("frame", TITLE))
     return [program.text(FOLDER), program.text(MASK), program.checked(SUBFOLDERS),
             program.checked(SIZE), window.width, window.height]
 
