@@ -36,6 +36,17 @@ class FileListPanel : public QWidget, public ListSurface {
   /// Sets the controls; one that changes runs its handlers.
   void Show(const ListOptions& options);
 
+  /// Paints the rows in sight anew if drafts of new names are shown: all of them may be others.
+  void RepaintDrafts();
+
+  /// A file with its new name, as they are shown.
+  struct Example {
+    QString old_name;
+    QString new_name;
+  };
+  /// The first selected file, or else the first ticked one; both names are empty where neither is.
+  Example ExampleFile();
+
   /// Leaves the wide state, if the list is in it.
   void ShowNarrow();
   /// Enables or disables the list and its options; the width of the list can always be changed.
@@ -54,6 +65,7 @@ class FileListPanel : public QWidget, public ListSurface {
   /// The rows are grouped anew; `index` is the position in `cmbGroupBy`.
   void groupByChanged(int index);
   void sortChanged();
+  void selectionChanged();
   /// The folder is to get its closing separator, and to be listed.
   void separatorAsked();
   void wideToggled(bool wide);

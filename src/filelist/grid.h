@@ -5,6 +5,7 @@
 #include "core/records.h"
 #include "core/run_state.h"
 #include "filelist/record_list.h"
+#include "filelist/tick_totals.h"
 
 /// The columns of the list; the number is the index of the row's item.
 enum Column : int {
@@ -36,6 +37,9 @@ class Grid {
   RecordList& List() { return list_; }
   const GroupedRows& Rows() const { return list_.Rows(); }
 
+  /// Whoever sets a check box tells them.
+  TickTotals& Ticks() { return ticks_; }
+
   /// Takes effect at the next `Populate`, as does the order.
   void SetGroupsOrder(GroupBy group_by) {
     list_.SetGroupColumn(kGroupColumns[static_cast<int>(group_by)]);
@@ -52,4 +56,5 @@ class Grid {
  private:
   Records& records_;
   RecordList list_;
+  TickTotals ticks_{records_, list_.Rows()};
 };

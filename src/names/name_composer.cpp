@@ -96,6 +96,10 @@ NameComposer::Element NameComposer::ElementOf(const ConstrItem& item, const Loca
   return [](const NameSource&, std::string&) {};  // of a kind that is not known
 }
 
+NameSource SourceOf(const FileRow& row, const Records& records) {
+  return {.file_name = row.GivenName(), .folder_name = records.ParentName(row), .date = row.date};
+}
+
 NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale)
     : clock_(clock), needs_today_(constructor.Holds(kTodaysDate)) {
   for (const ConstrItem& item : constructor.ArrConstr) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/file_row.h"
+#include "core/records.h"
 #include "names/constructor.h"
 #include "platform/clock.h"
 #include "platform/services.h"
@@ -17,6 +18,14 @@ struct NameSource {
   const FileDate& date;
   LocalTime today = {};
 };
+
+/// What the name of a file of the list is made from.
+NameSource SourceOf(const FileRow& row, const Records& records);
+
+/// Whether the preview gives a row a new name: one that is ticked and not yet done.
+inline bool IsToBeNamed(const FileRow& row) {
+  return row.checked && row.RowTag != 1;
+}
 
 /// Composes new names from the elements of a constructor. Made once for a pass: the options are
 /// taken then, but the running values of the counters are read for each name.

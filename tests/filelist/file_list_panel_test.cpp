@@ -35,6 +35,7 @@ class FileListTest : public testing::Test {
     add("/a/", "bad\xFF.JPG", 7);
     add("/b/", "x.txt", 1);
     records[0].newFileName = "3_a.jpg";
+    state.names.limit = 255;
     grid.Populate();
     panel.ListRepopulated(EmptyList::kNotListed);
     panel.resize(700, 400);
@@ -103,8 +104,16 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   EXPECT_TRUE(model.index(1, kColumnNewName).data(kMarkedNameRole).value<MarkedName>().warned);
   EXPECT_EQ(Text(1, kColumnNewName, kVerdictRole), "too long: 7 of 5 bytes");
   expect(Mark::kWaiting, 0, "waiting, IMG_ removed, too long: 7 of 5 bytes");
+  std::optional<std::string> draft;
+  grid.List().SetDrafts([&](std::size_t) { return draft; });
   state.gPreviewStale = true;
-  expect(Mark::kWaiting, 0, "waiting, new name out of date");
+  expect(Mark::kWaiting, 0, "waiting, no draft");
+  EXPECT_EQ(Text(1, kColumnNewName), "") << "the stored name no longer counts";
+  draft = "IMG_3.x";
+  expect(Mark::kWaiting, 0, "waiting, draft: JPG becomes x");
+  EXPECT_EQ(Text(1, kColumnNewName), "IMG_3.x");
+  EXPECT_EQ(model.headerData(kColumnNewName, Qt::Horizontal),
+            QLatin1String("New file name (draft)"));
   file.RowTag = 1;
   expect(Mark::kDone, 0, "done, IMG_ removed");
   file.newFileName = "";
@@ -133,22 +142,21 @@ TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
   const auto place = [&](int row) {
     return QRect(0, list.rowViewportPosition(row), list.viewport()->width(), list.rowHeight(row));
   };
+  const char* draft = "x";
+  grid.List().SetDrafts([&](std::size_t row) { return row == 1 ? draft : "3.x"; });
   repainted();
   EXPECT_TRUE(repainted().isEmpty());
   records[1].mark = Mark::kDone;
   EXPECT_EQ(repainted(), place(2));
   state.gPreviewStale = true;
-  EXPECT_EQ(repainted(), place(1)) << "the one with a new name";
+  EXPECT_TRUE(repainted().contains(place(3))) << "drafts stand in all of them";
+  draft = "y";
+  EXPECT_EQ(repainted(), place(1));
   state.gPreviewStale = false;
   panel.RowsChanged();
   QCoreApplication::processEvents();
   state.gPreviewStale = true;
   EXPECT_TRUE(repainted().contains(place(1))) << "it was fresh in between";
-  state.names.limit = 5;
-  state.gPreviewStale = false;
-  repainted();
-  state.gPreviewStale = true;
-  EXPECT_TRUE(repainted().contains(place(3))) << "no sign of an empty name any more";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {
