@@ -75,13 +75,13 @@ class DraftsTest : public testing::Test, protected FakeServices {
 
 TEST_F(DraftsTest, AreWhatThePreviewStores) {
   int compared = 0;
-  for (int round = 0; round < 700; ++round) {
+  for (int round = 0; round < 200; ++round) {
     if (round % 7 == 0) ListAnew(round % 14 == 0 ? 2500 : 40), grid.Populate();
     ChangeSomething();
     std::vector<std::optional<std::string>> given(grid.RowCount());
     for (std::size_t i = 0; i < given.size(); ++i) {  // mostly downwards, as lists are painted
-      const std::size_t row = Any(60) == 0 ? std::size_t(Any(int(given.size()))) : i;
-      for (const std::size_t asked : {row, i}) given[asked] = drafts.NameOf(asked);
+      if (Any(60) == 0) drafts.NameOf(std::size_t(Any(int(given.size()))));
+      given[i] = drafts.NameOf(i);
     }
     Pass pass(records, state, services, grid.RowCount());
     state.panes.progressValue = 0;
