@@ -18,6 +18,7 @@
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
+#include "support/paint_watch.h"
 
 namespace {
 
@@ -125,19 +126,11 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
 }
 
 TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
-  struct : QObject {
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
-      return false;
-    }
-    QRegion region;
-  } painted;
-  list.viewport()->installEventFilter(&painted);
+  PaintWatch watch(list.viewport());
   const auto repainted = [&] {
-    painted.region = {};
+    watch.Painted();
     panel.RepaintRows();
-    QCoreApplication::processEvents();
-    return painted.region.boundingRect();
+    return watch.Painted();
   };
   const auto place = [&](int row) {
     return QRect(0, list.rowViewportPosition(row), list.viewport()->width(), list.rowHeight(row));
