@@ -27,7 +27,7 @@ inline constexpr int kGroupColumns[] = {-1, kColumnPath, kColumnType};
 /// The list of files: the records as they are displayed. Grouped by path until told otherwise.
 class Grid {
  public:
-  /// Both outlive the grid. `state` tells when new names are out of date; without it none are.
+  /// Both outlive the grid. `state` tells when new names are drafts; without it none are.
   explicit Grid(Records& records, const RunState* state = nullptr);
   Grid(const Grid&) = delete;
   Grid& operator=(const Grid&) = delete;

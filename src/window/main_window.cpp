@@ -123,7 +123,7 @@ void Form1::ConnectPanels() {
     commands_.TicksChanged();
     ShowDraftsAnew();
   });
-  connect(list_, &FileListPanel::selectionChanged, this, &Form1::ShowDraftsAnew);
+  connect(list_, &FileListPanel::selectionChanged, &example_timer_, qOverload<>(&QTimer::start));
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
