@@ -28,10 +28,9 @@ std::optional<std::string_view> Drafts::NameOf(std::size_t row) {
     taken_ = std::make_unique<Taken>(constructor_, clock_, locale_);
   }
   std::optional<std::string_view> name;
-  const bool fine = ErrTrace::Quietly([&] {
+  ErrTrace::Quietly([&] {
     if (CountTo(row)) name = taken_->composer.Compose(SourceOf(file, records));
   });
-  if (!fine) taken_.reset();  // what failed on the way may have kept half of a text
   return name;
 }
 

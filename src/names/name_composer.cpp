@@ -50,6 +50,7 @@ auto Kept(KeyOf key_of, AppendText append) {
     const auto key = key_of(source);
     if (key != last_key) {
       last_text.clear();
+      last_key = Key();  // which gives nothing, should what follows fail
       append(key, last_text);
       last_key = key;
     }

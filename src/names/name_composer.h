@@ -35,7 +35,8 @@ class NameComposer {
   NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale);
 
   /// The new name made from `source`, cleaned at its end; valid until the next call. Today's date
-  /// is read anew, whatever `source` says. Fails as `PartTransform` does.
+  /// is read anew, whatever `source` says. Fails as `PartTransform` does; other names can be made
+  /// then.
   std::string_view Compose(NameSource source);
 
  private:

@@ -21,23 +21,22 @@ class DraftsTest : public testing::Test, protected FakeServices {
   }
 
   ConstrItem AnyElement() {
-    const bool far = Any(40) == 0;
-    return {.ItemType = static_cast<ItemType>(Any(7) - 1),
-            .ItemText = AnyText(),
-            .transform = {.Case = Any(4),
-                          .Cut = Any(10),
-                          .CutN = Any(5),
-                          .CutX = Any(5),
-                          .CutText = AnyText(),
-                          .Replace1 = AnyText(),
-                          .Replace2 = AnyText(),
-                          .Add = Any(6),
-                          .AddN = Any(4),
-                          .AddText1 = AnyText()},
-            .date = {.Format = Any(2) == 0 ? "d mmm" : "yyyy-"},
-            .counter = {.Start = far ? std::numeric_limits<std::int32_t>::max() - Any(50) : Any(99),
-                        .Reset = Any(2),
-                        .Format = "00"}};
+    const int far = Any(15) == 0 ? std::numeric_limits<std::int32_t>::max() - Any(3) : 0;
+    return {
+        .ItemType = static_cast<ItemType>(Any(7) - 1),
+        .ItemText = AnyText(),
+        .transform = {.Case = Any(4),
+                      .Cut = Any(10),
+                      .CutN = far == 0 ? Any(5) : far,
+                      .CutX = Any(5),
+                      .CutText = AnyText(),
+                      .Replace1 = AnyText(),
+                      .Replace2 = AnyText(),
+                      .Add = Any(6),
+                      .AddN = Any(4),
+                      .AddText1 = AnyText()},
+        .date = {.Format = Any(2) == 0 ? "d mmm" : "yyyy-"},
+        .counter = {.Start = far == 0 ? Any(99) : far - Any(50), .Reset = Any(2), .Format = "00"}};
   }
 
   void ListAnew(int count) {
@@ -86,9 +85,12 @@ TEST_F(DraftsTest, AreWhatThePreviewStores) {
     if (round % 7 == 0) ListAnew(round % 14 == 0 ? 2500 : 40), grid.Populate();
     ChangeSomething();
     std::vector<std::optional<std::string>> given(grid.RowCount());
+    const auto any_row = [&] { return std::size_t(Any(int(given.size()))); };
+    const std::size_t begin = any_row();
     for (std::size_t i = 0; i < given.size(); ++i) {  // mostly downwards, as lists are painted
-      if (Any(60) == 0) drafts.NameOf(std::size_t(Any(int(given.size()))));
-      given[i] = drafts.NameOf(i);
+      const std::size_t row = (begin + i) % given.size();
+      if (Any(60) == 0) drafts.NameOf(any_row());
+      given[row] = drafts.NameOf(row);
     }
     Pass pass(records, state, services, grid.RowCount());
     state.panes.progressValue = 0;
@@ -101,4 +103,15 @@ TEST_F(DraftsTest, AreWhatThePreviewStores) {
     }
   }
   EXPECT_GT(compared, 200'000);
+}
+
+TEST_F(DraftsTest, LeaveOutTheRowThatFailsAndNoOther) {
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constructor.ArrConstr = {
+      {.ItemType = kExtension, .transform = {.Cut = 4, .CutN = kMost, .CutX = 1}}};
+  for (const char* name : {"1.x", "2.yy", "3.x"}) records.AddRecord("", "/", name, {}, 1, "");
+  grid.SetGroupsOrder(GroupBy::kNone);
+  grid.Populate();
+  const std::optional<std::string_view> expected[] = {"x", std::nullopt, "x"};
+  for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(drafts.NameOf(row), expected[row]) << row;
 }
