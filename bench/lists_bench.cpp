@@ -1,13 +1,15 @@
 // What a list of a million files costs: the scan beside `find -printf` in the same run, and in
 // milliseconds of the processor what has no bare counterpart: grouping, each sort, a step of
-// scrolling; and the peak of memory at the end.
+// scrolling, a letter typed till the names that it changes are painted; and the peak of memory.
 //
 //   quorvane_bench_lists [folder]   works in a new folder there, or in TMPDIR
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <cstdio>
 #include <cstdlib>
@@ -17,7 +19,9 @@
 #include <memory>
 #include <string>
 
+#include "commands/commands.h"
 #include "core/pass.h"
+#include "filelist/file_list_panel.h"
 #include "filelist/grid.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
@@ -26,6 +30,7 @@
 #include "platform/files.h"
 #include "ratio.h"
 #include "support/fake_services.h"
+#include "window/main_window.h"
 #include "workspace.h"
 
 namespace {
@@ -178,6 +183,54 @@ void MeasureScroll(Grid& grid) {
               100.0);
 }
 
+/// Of the whole program, in use now.
+double Megabytes() {
+  long pages = 0, resident = 0;
+  std::ifstream("/proc/self/statm") >> pages >> resident;
+  return static_cast<double>(resident * ::sysconf(_SC_PAGESIZE)) / (1 << 20);
+}
+
+/// From a letter typed to the drafts of all rows in sight painted, with a counter, wherever the
+/// list is scrolled to; now and then a box is ticked before.
+void MeasureDrafts(Session& session) {
+  FakeServices fakes;
+  Form1 window(session, fakes.services);
+  window.resize(1600, 1000);
+  window.show();
+  auto* list = window.findChild<ListView*>();
+  auto* letters = window.findChild<QLineEdit*>(QStringLiteral("fdReplace2"));
+  window.findChild<QLineEdit*>(QStringLiteral("fdReplace1"))->setText(QStringLiteral("IMG"));
+  session.constructor.InsertArrConstrItem(0, kCounter, "");
+  for (const GroupBy groups : {GroupBy::kNone, GroupBy::kPath}) {
+    for (const int column : {-1, int{kColumnNewName}}) {
+      session.grid.SetGroupsOrder(groups);
+      session.grid.SetSortOrder(column, true);
+      session.grid.Populate();
+      static_cast<ListSurface*>(window.findChild<FileListPanel*>())
+          ->ListRepopulated(EmptyList::kNotListed);
+      QApplication::processEvents();
+      Require(list->model()->headerData(kColumnNewName, Qt::Horizontal).toString().endsWith(u')'),
+              "the drafts");
+      const double before = Megabytes();
+      double worst = 0;
+      for (int i = 0; i < kSteps; ++i) {
+        QScrollBar* bar = list->verticalScrollBar();
+        bar->setValue(static_cast<int>(std::int64_t{bar->maximum()} * (i * 77 % kSteps) / kSteps));
+        const QModelIndex box = list->model()->index(i * 5 % list->model()->rowCount(), 4);
+        if (i % 5 == 0) list->model()->setData(box, i % 2 * 2, Qt::CheckStateRole);
+        worst = std::max(worst, Milliseconds([&] {
+                           letters->setText(QString(i % 20, u'x'));
+                           QApplication::processEvents();
+                         }));
+      }
+      std::printf("letter to drafts, %s, %-11s %9.2f ms  aim %7.1f  %s, %.1f MB more\n",
+                  groups == GroupBy::kNone ? "plain  " : "grouped",
+                  column < 0 ? "unsorted" : "sorted", worst, 50.0, worst <= 50 ? "met" : "MISSED",
+                  Megabytes() - before);
+    }
+  }
+}
+
 void PrintPeak() {
   struct rusage used = {};
   ::getrusage(RUSAGE_SELF, &used);
@@ -191,11 +244,11 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   return bench::RunInNewFolder(argc, argv, [](const std::string& root) {
     MeasureScan(root);
-    Records records;
-    Fill(records);
-    Grid grid(records);
-    MeasureSorts(grid);
-    MeasureScroll(grid);
+    Session session;
+    Fill(session.records);
+    MeasureSorts(session.grid);
+    MeasureScroll(session.grid);
+    MeasureDrafts(session);
     PrintPeak();
     MeasureLongNames();
   });

@@ -215,11 +215,12 @@ EmptyList Commands::WhyNoneFound(const SourceOptions& source, const ScanFindings
 void Commands::bnPreview_Click() {
   ErrTrace::top("Form1.bnPreview_Click", [&] {
     if (session_.grid.RowCount() == 0 || session_.constructor.ArrConstr.empty()) return;
-    const bool done = RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
+    RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
       state_.previewing = true;
-      return SetPreview(pass, session_.grid, session_.constructor, NameBytes());
+      const bool done = SetPreview(pass, session_.grid, session_.constructor, NameBytes());
+      if (done) state_.gPreviewStale = false;
+      return done;
     });
-    if (done) state_.gPreviewStale = false;
   });
 }
 

@@ -161,6 +161,9 @@ inline constexpr std::string_view kMasksNotParted =
     "Blanks part masks, as in *.jpg *.png.";
 inline constexpr std::string_view kNoMatch = "No file in this folder matches the masks.";
 
+// Of a heading above names that are not made yet.
+inline constexpr std::string_view kDraft = " (draft)";
+
 // What is wrong with a new name before anything is done.
 inline constexpr std::string_view kEmptyWillFail = "empty name: will fail";
 inline constexpr std::string_view kTooLongBy = "too long: ";

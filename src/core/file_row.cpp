@@ -30,6 +30,11 @@ std::string_view FileRow::Rollback() const {
   return rare_ ? std::string_view(rare_->rollback) : "";
 }
 
+std::string_view FileRow::GivenName() const {
+  const std::string_view former = Rollback();
+  return former.empty() ? sourceFileName : former;
+}
+
 void FileRow::KeepRollback() {
   if (Rollback().empty()) rollback_is_source_ = true;
 }

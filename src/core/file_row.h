@@ -64,6 +64,9 @@ class FileRow {
 
   /// Item 9, the name before the run touched the file; empty until then.
   std::string_view Rollback() const;
+  /// The name that the user knows the file by: one that was moved aside bears a name that nobody
+  /// gave it.
+  std::string_view GivenName() const;
   /// Item 9 takes the source name, unless it holds a name already.
   void KeepRollback();
   void ClearRollback();

@@ -131,6 +131,7 @@ std::vector<std::size_t> GroupedRows::PlaceGroups(const SharedTexts& texts, Text
 void GroupedRows::Clear() {
   rows_.clear();
   groups_.clear();
+  ++version_;
 }
 
 std::vector<std::uint32_t> GroupedRows::RowsOfRecords() const {

@@ -46,6 +46,9 @@ class GroupedRows {
   void Clear();
 
   std::size_t RowCount() const { return rows_.size(); }
+  /// Another number after each `Populate` and `Clear`.
+  std::uint64_t Version() const { return version_; }
+  bool IsGrouped() const { return !groups_.empty(); }
   bool IsGroupRow(std::size_t row) const { return rows_[row] < 0; }
   /// The number of the record of a file row.
   std::size_t RecordOf(std::size_t row) const { return static_cast<std::size_t>(rows_[row]); }
@@ -66,4 +69,5 @@ class GroupedRows {
 
   std::vector<std::int32_t> rows_;  ///< a record's number, or -1 less a group's
   std::vector<Group> groups_;       ///< from the top
+  std::uint64_t version_ = 0;
 };

@@ -20,10 +20,7 @@ NameVerdict JudgeNewName(const FileRow& row, std::size_t limit) {
   if (name.empty()) return {NameProblem::kEmpty};
   if (name.size() > limit) return {NameProblem::kTooLong, name.size(), limit};
   if (HasStem(name)) return {};
-  // A file that was moved aside bears a name that nobody gave it.
-  const std::string_view former = row.Rollback();
-  const bool lost = HasStem(former.empty() ? row.sourceFileName : former);
-  return {lost ? NameProblem::kOnlyExtension : NameProblem::kNone};
+  return {HasStem(row.GivenName()) ? NameProblem::kOnlyExtension : NameProblem::kNone};
 }
 
 std::string VerdictText(const NameVerdict& verdict) {

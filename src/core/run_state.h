@@ -31,7 +31,7 @@ struct FileCounts {
 struct RunState {
   bool gCancelRequested = false;  ///< the user pressed "Cancel"; every long pass asks for it
   bool gPreviewStale = false;     ///< names or checks changed since the last finished preview
-  bool previewing = false;        ///< new names are being made, so none is told to be old
+  bool previewing = false;        ///< new names are being made
   std::vector<std::int32_t> gRowCounted;  ///< per record 1 when it is counted on the progress bar
   std::int32_t gFileCount = 0;            ///< files that the current scan has accepted
   std::string gCheckMask = "*.*";         ///< by which check boxes were set last
@@ -39,4 +39,7 @@ struct RunState {
   NameTally names;                        ///< of the last preview, if that came to its end
   NumberingOptions numbering;
   StatusPanes panes;
+
+  /// The new names are not those that the options give now, and none are being made.
+  bool NamesAreDrafts() const { return !previewing && (gPreviewStale || names.limit == 0); }
 };

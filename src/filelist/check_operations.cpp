@@ -61,4 +61,5 @@ void SetCheckBoxes(const CheckOperation& operation, Grid& grid, const std::vecto
     bool& checked = records[record].checked;
     checked = NewState(operation.to, checked);
   }
+  if (grid.RowCount() > 0) grid.Ticks().TicksChanged(0, grid.RowCount() - 1);
 }

@@ -14,13 +14,8 @@ namespace {
 
 constexpr int kRounding = 1;  ///< a text may be a part of a pixel wider than its advance tells
 
-int HeadingWidth(const ListColumn& column, const QFontMetrics& metrics) {
-  return metrics.horizontalAdvance(text::ToQt(column.caption)) + 2 * kCellInset + kRounding;
-}
-
-int WantedWidth(const ListColumn& column, const QFontMetrics& metrics) {
-  const ColumnWidth& width = column.width;
-  int widest = std::max(width.base, HeadingWidth(column, metrics));
+int WantedWidth(const ColumnWidth& width, int heading, const QFontMetrics& metrics) {
+  int widest = std::max(width.base, heading);
   for (const std::string& words : width.texts) {
     widest = std::max(widest, metrics.horizontalAdvance(text::ToQt(words)) + width.air);
   }
@@ -54,6 +49,12 @@ void ColumnWidths::SetUpColumns() {
   }
 }
 
+/// Whichever heading stands there: no column changes with it.
+int ColumnWidths::HeadingWidth(int column) const {
+  return view_.fontMetrics().horizontalAdvance(text::ToQt(list_.LongestHeading(column))) +
+         2 * kCellInset + kRounding;
+}
+
 std::vector<int> ColumnWidths::Shown() const {
   std::vector<int> shown;
   for (int i = 0; i < static_cast<int>(columns_.size()); ++i) {
@@ -75,16 +76,14 @@ int ColumnWidths::Yielded(int column) const {
 
 int ColumnWidths::Narrowest(int column) const {
   const ColumnWidth& told = Told(column);
-  return std::max(
-      told.yields_to > 0 ? told.yields_to : told.base,
-      HeadingWidth(list_.Columns()[static_cast<std::size_t>(column)], view_.fontMetrics()));
+  return std::max(told.yields_to > 0 ? told.yields_to : told.base, HeadingWidth(column));
 }
 
 void ColumnWidths::LayOut() {
   const QScopedValueRollback rollback(laying_out_, true);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    columns_[i].wanted =
-        WantedWidth(list_.Columns()[i], view_.fontMetrics());  // the font may be new
+    columns_[i].wanted = WantedWidth(list_.Columns()[i].width, HeadingWidth(static_cast<int>(i)),
+                                     view_.fontMetrics());  // the font may be new
   }
   std::vector<int> sharing;
   int room = view_.viewport()->width();

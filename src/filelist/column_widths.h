@@ -42,6 +42,7 @@ class ColumnWidths : public QObject {
   int Yielded(int column) const;
   /// What is told or what its heading needs, whichever is more.
   int Narrowest(int column) const;
+  int HeadingWidth(int column) const;
   int WidthSeen(int column) const;
   /// What the others leave when they have yielded; the names and the fixed columns, or all.
   int RoomBeside(int column, bool names_only) const;

@@ -147,6 +147,13 @@ void FileListPanel::ConnectList() {
   OnSignal(lnkAddSeparator, &LinkButton::clicked, this, "Form1.lnkAddSeparator_Click",
            [this] { emit separatorAsked(); });
   connect(ReportControl1, &ListView::sortChanged, this, &FileListPanel::sortChanged);
+  connect(ReportControl1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &FileListPanel::selectionChanged);
+  connect(model_, &QAbstractItemModel::dataChanged, this,
+          [this](const QModelIndex& first, const QModelIndex& last) {
+            grid_.Ticks().TicksChanged(static_cast<std::size_t>(first.row()),
+                                       static_cast<std::size_t>(last.row()));
+          });
   connect(model_, &GroupedRowsModel::rowChecked, this, [this](int Row) {
     constexpr int Item = kColumnCheck;
     ErrTrace::top("Form1.ReportControl1_ItemCheck(Row,Item)", ErrTrace::args(Row, Item),
@@ -188,6 +195,7 @@ void FileListPanel::CheckSelected() {
 void FileListPanel::ListRepopulated(EmptyList reason) {
   SetEmptyText(reason);
   model_->Reset();
+  model_->TellHeadings();
 }
 
 void FileListPanel::ShowAnew() {
@@ -196,10 +204,24 @@ void FileListPanel::ShowAnew() {
 
 void FileListPanel::RowsChanged() {
   model_->RowsChanged();
+  model_->TellHeadings();
 }
 
 void FileListPanel::RepaintRows() {
   ReportControl1->RepaintChangedRows();
+  model_->TellHeadings();
+}
+
+void FileListPanel::RepaintDrafts() {
+  if (model_->List().ShowsDrafts()) ReportControl1->viewport()->update();
+}
+
+FileListPanel::Example FileListPanel::ExampleFile() {
+  int row = ReportControl1->FirstSelectedFileRow();
+  if (row < 0) row = static_cast<int>(grid_.Ticks().FirstTicked().value_or(grid_.RowCount()));
+  if (!model_->IsFileRow(row)) return {};
+  const RecordFacts facts = model_->List().FactsOf(static_cast<std::size_t>(row));
+  return {text::Shown(facts.old_name), text::Shown(facts.new_name.value_or(""))};
 }
 
 void FileListPanel::ShowNarrow() {

@@ -38,6 +38,18 @@ class FileListPanel : public QWidget, public ListSurface {
 
   /// Shows and hides the columns as their boxes say.
   void ShowColumns();
+
+  /// Paints the rows in sight anew if drafts of new names are shown: all of them may be others.
+  void RepaintDrafts();
+
+  /// A file with its new name, as they are shown.
+  struct Example {
+    QString old_name;
+    QString new_name;
+  };
+  /// The first selected file, or else the first ticked one; both names are empty where neither is.
+  Example ExampleFile();
+
   /// Leaves the wide state, if the list is in it.
   void ShowNarrow();
   /// Enables or disables the list and its options; the width of the list can always be changed.
@@ -56,6 +68,7 @@ class FileListPanel : public QWidget, public ListSurface {
   /// The rows are grouped anew; `index` is the position in `cmbGroupBy`.
   void groupByChanged(int index);
   void sortChanged();
+  void selectionChanged();
   /// The folder is to get its closing separator, and to be listed.
   void separatorAsked();
   void wideToggled(bool wide);

@@ -82,7 +82,6 @@ std::vector<ListColumn> FileColumns(const Records& records) {
 
 RecordFacts FactsOf(const FileRow& row, const RunState* state) {
   static constexpr std::string_view kStates[] = {"waiting", "done", "failed", "waiting"};
-  const bool stale = state != nullptr && state->gPreviewStale && !state->previewing;
   const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
   RecordFacts facts{not_undone ? "not undone" : kStates[static_cast<int>(row.mark)],
                     row.mark,
@@ -91,19 +90,20 @@ RecordFacts FactsOf(const FileRow& row, const RunState* state) {
                     {},
                     row.checked};
   if (!row.newFileName.empty()) facts.new_name = row.newFileName;
-  // The name of a row that is done is a fact, whatever the options are now.
-  facts.out_of_date = stale && facts.new_name && row.RowTag != 1;
-  if (state != nullptr && state->names.limit != 0 && !stale) {
+  facts.settled = row.RowTag == 1;
+  if (state != nullptr && state->names.limit != 0 && !state->NamesAreDrafts()) {
     facts.verdict = JudgeNewName(row, state->names.limit);
   }
   return facts;
 }
 
 RecordSource FileSource(Records& records, const RunState* state) {
-  return {FileColumns(records), [&] { return records.Count(); },
+  return {FileColumns(records),
+          [&] { return records.Count(); },
           [&records, state](std::size_t i) { return FactsOf(records[i], state); },
           [&](std::size_t i) { return PathOfRow(records, records[i]); },
-          [&](std::size_t i, bool checked) { records[i].checked = checked; }};
+          [&](std::size_t i, bool checked) { records[i].checked = checked; },
+          [state] { return state != nullptr && state->NamesAreDrafts(); }};
 }
 
 }  // namespace

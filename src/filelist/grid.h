@@ -5,6 +5,7 @@
 #include "core/records.h"
 #include "core/run_state.h"
 #include "filelist/record_list.h"
+#include "filelist/tick_totals.h"
 
 /// The columns of the list; the number is the index of the row's item.
 enum Column : int {
@@ -26,7 +27,7 @@ inline constexpr int kGroupColumns[] = {-1, kColumnPath, kColumnType};
 /// The list of files: the records as they are displayed. Grouped by path until told otherwise.
 class Grid {
  public:
-  /// Both outlive the grid. `state` tells when new names are out of date; without it none are.
+  /// Both outlive the grid. `state` tells when new names are drafts; without it none are.
   explicit Grid(Records& records, const RunState* state = nullptr);
   Grid(const Grid&) = delete;
   Grid& operator=(const Grid&) = delete;
@@ -35,6 +36,9 @@ class Grid {
   const Records& AllRecords() const { return records_; }
   RecordList& List() { return list_; }
   const GroupedRows& Rows() const { return list_.Rows(); }
+
+  /// Whoever sets a check box tells them.
+  TickTotals& Ticks() { return ticks_; }
 
   /// Takes effect at the next `Populate`, as does the order.
   void SetGroupsOrder(GroupBy group_by) {
@@ -52,4 +56,5 @@ class Grid {
  private:
   Records& records_;
   RecordList list_;
+  TickTotals ticks_{records_, list_.Rows()};
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "common/problem_text.h"
 #include "filelist/changed_part.h"
@@ -52,11 +53,12 @@ QString Describe(const RecordFacts& facts) {
   QStringList more;
   if (!facts.checked) more += QStringLiteral("not checked");
   if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
-  if (facts.out_of_date) {
-    more += QStringLiteral("new name out of date");
-  } else if (facts.new_name) {
+  if (facts.new_name) {
     const QString change = text::Shown(DescribeChange(facts.old_name, *facts.new_name));
-    more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
+    more += (facts.draft ? QStringLiteral("draft: ") : QString()) +
+            (change.isEmpty() ? QStringLiteral("name unchanged") : change);
+  } else if (facts.draft && facts.checked) {
+    more += QStringLiteral("no draft");
   }
   QString words = text::Shown(facts.state);
   const QString reason = ReasonOf(facts);
@@ -71,9 +73,9 @@ QString Describe(const RecordFacts& facts) {
 MarkedName MarkedNameOf(const RecordFacts& facts, Cell cell, const QString& shown) {
   MarkedName name;
   name.is_new = cell == Cell::kNewName;
-  name.muted = name.is_new ? facts.out_of_date : !facts.checked;
+  name.muted = name.is_new ? facts.draft : !facts.checked;
   name.warned = name.is_new && facts.verdict.problem != NameProblem::kNone;
-  if (!facts.checked || !facts.new_name || facts.out_of_date) {
+  if (!facts.checked || !facts.new_name) {
     name.pieces = {{shown, false}};
   } else if (name.is_new) {
     name.pieces = MarkNew(facts.old_name, *facts.new_name);
@@ -108,7 +110,7 @@ std::size_t GroupedRowsModel::LookOf(int row) const {
   std::size_t look = RecordOf(row);
   for (const std::size_t part : {hash(facts.old_name), hash(facts.new_name.value_or("")),
                                  number(facts.mark), number(facts.problem), number(facts.checked),
-                                 number(facts.out_of_date), number(facts.verdict.problem)}) {
+                                 number(facts.draft), number(facts.verdict.problem)}) {
     look = look * 31 + part;
   }
   return look;
@@ -122,6 +124,11 @@ QVariant GroupedRowsModel::data(const QModelIndex& index, int role) const {
 }
 
 QString GroupedRowsModel::TextOf(int row, const ListColumn& column) const {
+  if (column.cell == Cell::kNewName) {
+    if (const RecordFacts facts = Facts(row); facts.draft) {
+      return text::Shown(facts.new_name.value_or(""));
+    }
+  }
   return column.text ? text::Shown(column.text(RecordOf(row))) : QString();
 }
 
@@ -157,7 +164,7 @@ QVariant GroupedRowsModel::FileData(int row, const ListColumn& column, int role)
 QVariant GroupedRowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const ListColumn& column = ColumnAt(section);
-  if (role == Qt::DisplayRole) return text::ToQt(column.caption);
+  if (role == Qt::DisplayRole) return text::ToQt(list_.Heading(section));
   if (role == Qt::TextAlignmentRole) {
     // The arrow of the sort stands at the right end, where a number's heading would be.
     const bool arrow = column.cell == Cell::kNumber && section == list_.SortColumn();
@@ -233,4 +240,9 @@ void GroupedRowsModel::Reset() {
 void GroupedRowsModel::RowsChanged() {
   if (rowCount() == 0) return;
   emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void GroupedRowsModel::TellHeadings() {
+  if (std::exchange(told_drafts_, list_.ShowsDrafts()) == told_drafts_) return;
+  emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }

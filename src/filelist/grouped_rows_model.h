@@ -9,6 +9,8 @@
 /// and facts of the list. Holds nothing of its own; answers for one cell at a time, so that a reset
 /// costs nothing a row. Texts are shown by `text::Shown`.
 ///
+/// Drafts of new names are told as such, in heading and description.
+///
 /// Group rows can be selected, have no check box, and are described "group, 12 files" in every
 /// column. File rows are described by their state, why they failed, and the first change of their
 /// name.
@@ -44,6 +46,8 @@ class GroupedRowsModel : public QAbstractTableModel {
   void Reset();
   /// Cells have changed; rows and their order stand.
   void RowsChanged();
+  /// Tells of the headings where they are others since the last call.
+  void TellHeadings();
 
   bool IsFileRow(int row) const;
   /// The path of the file of a file row.
@@ -67,9 +71,10 @@ class GroupedRowsModel : public QAbstractTableModel {
   std::size_t RecordOf(int row) const {
     return list_.Rows().RecordOf(static_cast<std::size_t>(row));
   }
-  RecordFacts Facts(int row) const { return list_.Source().facts(RecordOf(row)); }
+  RecordFacts Facts(int row) const { return list_.FactsOf(static_cast<std::size_t>(row)); }
   QVariant FileData(int row, const ListColumn& column, int role) const;
   QString TextOf(int row, const ListColumn& column) const;
 
   RecordList& list_;
+  bool told_drafts_ = false;  ///< by the headings
 };

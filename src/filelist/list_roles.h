@@ -21,7 +21,7 @@ enum ListRole : int {
 struct MarkedName {
   NamePieces pieces;
   bool is_new = false;  ///< marks stand for what came; else for what went
-  bool muted = false;   ///< of a file that is passed over, or out of date
+  bool muted = false;   ///< of a file that is passed over; a new one is a draft
   bool warned = false;  ///< something is wrong with it
 };
 Q_DECLARE_METATYPE(MarkedName)

@@ -16,7 +16,7 @@ class ListSurface {
   virtual void ShowAnew() = 0;
   /// Names, marks or check boxes of rows were written; their number and order stand.
   virtual void RowsChanged() = 0;
-  /// The same while a pass works or the new names go out of date: only rows in sight are looked at.
+  /// The same while a pass works or new names become drafts: only rows in sight are looked at.
   virtual void RepaintRows() = 0;
   /// The selected rows of the grid from the top, group rows among them.
   virtual std::vector<int> SelectedRows() const = 0;

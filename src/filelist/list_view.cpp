@@ -179,6 +179,16 @@ std::string ListView::SelectedFile() const {
   return !rows.empty() && model_.IsFileRow(rows.front()) ? model_.FileOf(rows.front()) : "";
 }
 
+int ListView::FirstSelectedFileRow() const {
+  int first = -1;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    int row = range.top();
+    while (row <= range.bottom() && !model_.IsFileRow(row)) ++row;
+    if (row <= range.bottom() && (first < 0 || row < first)) first = row;
+  }
+  return first;
+}
+
 void ListView::SetHeights() {
   const int row = std::max(kRowHeight, fontMetrics().height() + kRowAir);
   verticalHeader()->setMinimumSectionSize(row);

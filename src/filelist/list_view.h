@@ -37,6 +37,9 @@ class ListView : public QTableView {
   /// The path of the file of the first of them; empty for a group row and when none is selected.
   std::string SelectedFile() const;
 
+  /// The first file row among them; -1 when there is none.
+  int FirstSelectedFileRow() const;
+
   /// The narrowest one in which no shown column is out of sight.
   int LeastWidth() const;
   /// The height in which all rows are seen.

@@ -95,8 +95,9 @@ struct RecordFacts {
   std::string_view old_name;
   std::optional<std::string_view> new_name;  ///< none while there is none to tell of
   bool checked = true;                       ///< off: passed over
-  bool out_of_date = false;                  ///< the new name isn't what it would be now
   NameVerdict verdict = {};                  ///< on the new name, where that is known
+  bool settled = true;                       ///< no preview would change the new name
+  bool draft = false;                        ///< the new name is what a preview would give
 };
 
 /// The records that a list shows, told apart by their numbers. What the functions answer refers to
@@ -109,6 +110,8 @@ struct RecordSource {
   std::function<std::string(std::size_t record)> file;
   /// Sets a check box; null where the list has none.
   std::function<void(std::size_t record, bool checked)> check = nullptr;
+  /// Whether new names that aren't settled are shown as drafts now; null: never.
+  std::function<bool()> drafting = nullptr;
 };
 
 /// A displayed list: records grouped and sorted by its columns. Holds numbers of records only,
@@ -134,6 +137,18 @@ class RecordList {
   int SortColumn() const { return sort_column_; }
   bool SortAscending() const { return sort_ascending_; }
 
+  /// The name that a displayed row would get now, for as long as nothing else is asked; or none.
+  using DraftOf = std::function<std::optional<std::string_view>(std::size_t row)>;
+  void SetDrafts(DraftOf draft_of) { draft_of_ = std::move(draft_of); }
+  /// Drafts stand where new names are not settled.
+  bool ShowsDrafts() const;
+  /// What is told of a file row; holds until the next call.
+  RecordFacts FactsOf(std::size_t row) const;
+  /// What stands above a column now.
+  std::string Heading(int column) const;
+  /// The longest that may stand there.
+  std::string LongestHeading(int column) const;
+
   /// Makes the rows anew from the records.
   void Populate();
   /// No rows, whatever the records are.
@@ -145,6 +160,7 @@ class RecordList {
   }
 
   RecordSource source_;
+  DraftOf draft_of_;
   GroupedRows rows_;
   int group_column_ = -1;
   int sort_column_ = -1;

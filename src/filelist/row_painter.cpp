@@ -194,8 +194,11 @@ class NameLine {
  private:
   using Runs = std::vector<QRectF>;
 
+  bool IsDraft() const { return name_.is_new && name_.muted; }
+
   QColor MarkedColour() const {
     if (!name_.is_new && Selected(option_)) return TextColour(option_);
+    if (IsDraft()) return Look::Current().Colour(Role::kMuted);
     return Look::Current().Colour(name_.is_new ? Role::kTintText : Role::kGone);
   }
 
@@ -239,7 +242,7 @@ class NameLine {
       return;
     }
     painter->setPen(Selected(option_) ? QPen(look.Colour(Role::kFocus), 1) : QPen(Qt::NoPen));
-    painter->setBrush(look.Colour(Role::kTint));
+    painter->setBrush(look.Colour(IsDraft() ? Role::kHover : Role::kTint));
     // The outline keeps off the underscores.
     const bool outline = Selected(option_);
     painter->drawRoundedRect(

@@ -93,6 +93,7 @@ void NumberField::HandOver() {
           {.number = kOverflow, .description = "Overflow", .slip = text::FromQt(TooLarge())});
     }
     store_(*number.value);
+    emit handedOver();
   });
 }
 

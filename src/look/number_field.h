@@ -29,6 +29,10 @@ class NumberField : public QLineEdit {
   /// Shows a number that comes from the store.
   void ShowNumber(std::int32_t number);
 
+ signals:
+  /// The store has taken a number.
+  void handedOver();
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;

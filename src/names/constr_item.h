@@ -31,6 +31,7 @@ struct TransformOptions {
   std::string AddText2 = {};
 
   std::int32_t OptionsTab = 0;  ///< the option page last shown
+  bool operator==(const TransformOptions&) const = default;
 };
 
 /// The options of a date element.
@@ -38,6 +39,7 @@ struct DateOptions {
   std::array<std::int32_t, 3> Parts = {8, 4, 2};  ///< positions in `kDateParts`
   std::string Separator = "-";
   std::string Format = {};  ///< derived from the two above
+  bool operator==(const DateOptions&) const = default;
 };
 
 /// The options of a counter.
@@ -47,6 +49,7 @@ struct CounterOptions {
   std::int32_t Reset = 1;   ///< 1: starts again at each group
   std::string Format = {};  ///< as many zeros as digits, derived from Range
   std::int32_t Value = 0;   ///< runs during a preview
+  bool operator==(const CounterOptions&) const = default;
 };
 
 /// One element of a new name with its options; only those that fit its kind are read.
@@ -56,4 +59,5 @@ struct ConstrItem {
   TransformOptions transform = {};
   DateOptions date = {};
   CounterOptions counter = {};
+  bool operator==(const ConstrItem&) const = default;
 };

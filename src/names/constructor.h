@@ -27,4 +27,6 @@ class Constructor {
 
   /// True when an element of `type` is among them; a counter makes names depend on row order.
   bool Holds(ItemType type) const;
+
+  bool operator==(const Constructor&) const = default;
 };

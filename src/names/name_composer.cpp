@@ -50,6 +50,7 @@ auto Kept(KeyOf key_of, AppendText append) {
     const auto key = key_of(source);
     if (key != last_key) {
       last_text.clear();
+      last_key = Key();  // which gives nothing, should what follows fail
       append(key, last_text);
       last_key = key;
     }
@@ -94,6 +95,10 @@ NameComposer::Element NameComposer::ElementOf(const ConstrItem& item, const Loca
       };
   }
   return [](const NameSource&, std::string&) {};  // of a kind that is not known
+}
+
+NameSource SourceOf(const FileRow& row, const Records& records) {
+  return {.file_name = row.GivenName(), .folder_name = records.ParentName(row), .date = row.date};
 }
 
 NameComposer::NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/file_row.h"
+#include "core/records.h"
 #include "names/constructor.h"
 #include "platform/clock.h"
 #include "platform/services.h"
@@ -18,6 +19,14 @@ struct NameSource {
   LocalTime today = {};
 };
 
+/// What the name of a file of the list is made from.
+NameSource SourceOf(const FileRow& row, const Records& records);
+
+/// Whether the preview gives a row a new name: one that is ticked and not yet done.
+inline bool IsToBeNamed(const FileRow& row) {
+  return row.checked && row.RowTag != 1;
+}
+
 /// Composes new names from the elements of a constructor. Made once for a pass: the options are
 /// taken then, but the running values of the counters are read for each name.
 class NameComposer {
@@ -26,7 +35,8 @@ class NameComposer {
   NameComposer(const Constructor& constructor, Clock& clock, const LocaleFacts& locale);
 
   /// The new name made from `source`, cleaned at its end; valid until the next call. Today's date
-  /// is read anew, whatever `source` says. Fails as `PartTransform` does.
+  /// is read anew, whatever `source` says. Fails as `PartTransform` does; other names can be made
+  /// then.
   std::string_view Compose(NameSource source);
 
  private:

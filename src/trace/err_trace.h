@@ -188,6 +188,19 @@ bool top(TraceString<0> trace, Body&& body) noexcept {
   return top(trace, args(), body);
 }
 
+/// Runs `body`, whose failure is told to nobody: for what is shown only where it can be had.
+/// Answers whether it ended without one. `inner` has no place in `body`: the report that it begins
+/// would have no end.
+template <class Body>
+bool Quietly(Body&& body) noexcept {
+  try {
+    body();
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
 /// Runs `body`. When it fails, does `step` before the failure goes on; what fails in `step` is
 /// reported by itself, with the line of `trace`.
 template <class Step, class Body>

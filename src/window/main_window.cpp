@@ -17,9 +17,11 @@
 #include "filelist/system_folder_dialog.h"
 #include "look/accessible_role.h"
 #include "look/card.h"
+#include "look/handlers.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "names/editor/constructor_editor.h"
+#include "names/editor/example_label.h"
 #include "names/element_kinds.h"
 #include "platform/qt/text_qt.h"
 #include "platform/system_facts.h"
@@ -56,6 +58,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
       services_(services),
+      drafts_(session.grid, session.constructor, services.clock, services.locale),
       left_column_(NewLeftColumn(this)),
       folder_pages_(new FolderPages(services.folders, left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
@@ -66,6 +69,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
   const auto ini_settings = [this](const std::string& name) { IniSettings(name); };
   templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
+  session.grid.List().SetDrafts([this](std::size_t row) { return drafts_.NameOf(row); });
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
   LayOut();
@@ -77,6 +81,7 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
 }
 
 Form1::~Form1() {
+  session_.grid.List().SetDrafts(nullptr);
   if (waiting_) QApplication::restoreOverrideCursor();
 }
 
@@ -108,9 +113,21 @@ void Form1::LayOut() {
 }
 
 void Form1::ConnectPanels() {
-  const auto mark_stale = [this] { commands_.MarkStale(); };
-  connect(editor_, &ConstructorEditor::optionChanged, this, mark_stale);
-  connect(list_, &FileListPanel::rowChecked, this, [this] { commands_.TicksChanged(); });
+  connect(editor_, &ConstructorEditor::optionChanged, this, [this] {
+    commands_.MarkStale();
+    ShowDraftsAnew();
+  });
+  example_timer_.setSingleShot(true);
+  OnSignal(&example_timer_, &QTimer::timeout, this, "Form1.ShowExample", [this] {
+    const FileListPanel::Example names = list_->ExampleFile();
+    editor_->lbExample->ShowNames(names.old_name, names.new_name);
+  });
+  connect(editor_, &ConstructorEditor::numberTaken, this, &Form1::ShowDraftsAnew);
+  connect(list_, &FileListPanel::rowChecked, this, [this] {
+    commands_.TicksChanged();
+    ShowDraftsAnew();
+  });
+  connect(list_, &FileListPanel::selectionChanged, &example_timer_, qOverload<>(&QTimer::start));
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
@@ -195,6 +212,12 @@ void Form1::GiveFocusBack(QWidget* focused) {
 
 void Form1::MarkStaleWhereOrderCounts() {
   if (session_.constructor.Holds(kCounter)) commands_.MarkStale();
+  ShowDraftsAnew();
+}
+
+void Form1::ShowDraftsAnew() {
+  list_->RepaintDrafts();
+  example_timer_.start();
 }
 
 void Form1::SetWide(bool wide) {
@@ -251,6 +274,7 @@ void Form1::EnableElements(bool pEnable) {
   list_->EnableElements(pEnable);
   templates_->setEnabled(pEnable);
   status_bar_->EnableElements(pEnable);
+  ShowDraftsAnew();
 }
 
 void Form1::SetWaitPointer(bool wait) {

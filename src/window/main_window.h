@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <string>
 
@@ -7,6 +8,7 @@
 #include "commands/commands.h"
 #include "filelist/grid.h"
 #include "names/constructor.h"
+#include "names/drafts.h"
 #include "platform/services.h"
 #include "settings/saved_options.h"
 
@@ -67,6 +69,8 @@ class Form1 : public QWidget, private CommandView {
   void Start(CommandButton button);
   void GiveFocusBack(QWidget* focused);
   void MarkStaleWhereOrderCounts();
+  /// What new names come to, or what is shown of them, may have changed.
+  void ShowDraftsAnew();
   void SetWide(bool wide);
   void FocusFirst();
   void Command4_Click();
@@ -93,6 +97,8 @@ class Form1 : public QWidget, private CommandView {
 
   Session& session_;
   const Services& services_;
+  Drafts drafts_;
+  QTimer example_timer_;  ///< from a change to its example, made once for all before a frame
   QWidget* left_column_;
   FolderPages* folder_pages_;
   ConstructorEditor* editor_;

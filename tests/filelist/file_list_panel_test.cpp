@@ -18,6 +18,7 @@
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
+#include "support/paint_watch.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ class FileListTest : public testing::Test {
     add("/a/", "bad\xFF.JPG", 7);
     add("/b/", "x.txt", 1);
     records[0].newFileName = "3_a.jpg";
+    state.names.limit = 255;
     grid.Populate();
     panel.ListRepopulated(EmptyList::kNotListed);
     panel.resize(700, 400);
@@ -103,8 +105,16 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   EXPECT_TRUE(model.index(1, kColumnNewName).data(kMarkedNameRole).value<MarkedName>().warned);
   EXPECT_EQ(Text(1, kColumnNewName, kVerdictRole), "too long: 7 of 5 bytes");
   expect(Mark::kWaiting, 0, "waiting, too long: 7 of 5 bytes, IMG_ removed");
+  std::optional<std::string> draft;
+  grid.List().SetDrafts([&](std::size_t) { return draft; });
   state.gPreviewStale = true;
-  expect(Mark::kWaiting, 0, "waiting, new name out of date");
+  expect(Mark::kWaiting, 0, "waiting, no draft");
+  EXPECT_EQ(Text(1, kColumnNewName), "") << "the stored name no longer counts";
+  draft = "IMG_3.x";
+  expect(Mark::kWaiting, 0, "waiting, draft: JPG becomes x");
+  EXPECT_EQ(Text(1, kColumnNewName), "IMG_3.x");
+  EXPECT_EQ(model.headerData(kColumnNewName, Qt::Horizontal),
+            QLatin1String("New file name (draft)"));
   file.RowTag = 1;
   expect(Mark::kDone, 0, "done, IMG_ removed");
   file.newFileName = "";
@@ -116,39 +126,31 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
 }
 
 TEST_F(FileListTest, OnlyRowsThatTellSomethingElseArePaintedWhileAPassWorks) {
-  struct : QObject {
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
-      return false;
-    }
-    QRegion region;
-  } painted;
-  list.viewport()->installEventFilter(&painted);
+  PaintWatch watch(list.viewport());
   const auto repainted = [&] {
-    painted.region = {};
+    watch.Painted();
     panel.RepaintRows();
-    QCoreApplication::processEvents();
-    return painted.region.boundingRect();
+    return watch.Painted();
   };
   const auto place = [&](int row) {
     return QRect(0, list.rowViewportPosition(row), list.viewport()->width(), list.rowHeight(row));
   };
+  const char* draft = "x";
+  grid.List().SetDrafts([&](std::size_t row) { return row == 1 ? draft : "3.x"; });
   repainted();
   EXPECT_TRUE(repainted().isEmpty());
   records[1].mark = Mark::kDone;
   EXPECT_EQ(repainted(), place(2));
   state.gPreviewStale = true;
-  EXPECT_EQ(repainted(), place(1)) << "the one with a new name";
+  EXPECT_TRUE(repainted().contains(place(3))) << "drafts stand in all of them";
+  repainted();  // the heading is another one, too
+  draft = "y";
+  EXPECT_EQ(repainted(), place(1));
   state.gPreviewStale = false;
   panel.RowsChanged();
   QCoreApplication::processEvents();
   state.gPreviewStale = true;
   EXPECT_TRUE(repainted().contains(place(1))) << "it was fresh in between";
-  state.names.limit = 5;
-  state.gPreviewStale = false;
-  repainted();
-  state.gPreviewStale = true;
-  EXPECT_TRUE(repainted().contains(place(3))) << "no sign of an empty name any more";
 }
 
 TEST_F(FileListTest, BoxesAreSwitchedByClicksAnywhereInTheirCellsAndBySpace) {

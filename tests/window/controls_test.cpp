@@ -31,7 +31,7 @@ box chSaveFileListOptions Save file list options; box chEnableSkin Enable skin;
 group fraConstructor New file name constructor;
 tabs tabConstructor <Source file name> /./<Extension>; button vbInsertLeft Insert left;
 button bnInsertRight Insert right; button bnMoveLeft Move left; button bnMoveRight Move right;
-button bnDeletePattern Delete; button Command4 Conflicts...)");
+button bnDeletePattern Delete; button Command4 Conflicts...; note lbExample )");
 /// Of the element "@", with its case list "#", pages "$", replacements "&" and button "%".
 const QString kTransform = QStringLiteral(R"(
 list cmbCase# Letter case 4 Unchanged/First letter uppercase only;

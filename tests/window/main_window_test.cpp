@@ -26,6 +26,7 @@
 #include "platform/qt/settings_store_qt.h"
 #include "platform/qt/text_qt.h"
 #include "support/keys.h"
+#include "support/paint_watch.h"
 #include "support/temp_folder.h"
 #include "window/program.h"
 
@@ -196,10 +197,47 @@ TEST_F(MainWindowTest, TurnsRenameOffWhenNamesOrChecksChange) {
     Preview(edit.with_counter);
     edit.act();
     EXPECT_EQ(Button("bnRename")->isEnabled(), !edit.stale);
-    const QVariant told = Model()->index(1, 7).data(Qt::AccessibleDescriptionRole);
-    EXPECT_EQ(told.toString().contains(QLatin1String("out of date")), edit.stale);
+    const QVariant heading = Model()->headerData(7, Qt::Horizontal);
+    EXPECT_EQ(heading.toString().contains(QLatin1String("draft")), edit.stale);
     EXPECT_TRUE(Button("bnPreview")->isEnabled());
   }
+}
+
+TEST_F(MainWindowTest, ShowsWhatNewNamesComeToWhileTheyAreNotMade) {
+  ListFiles();
+  auto* list = Find<QTableView>("ReportControl1");
+  PaintWatch watch(list->viewport());
+  watch.Painted();
+  // The first and the last file as they are painted, and the one beside the elements' title.
+  const auto expect = [&](const std::string& names, const std::string& example, bool drafts) {
+    EXPECT_EQ(watch.Painted(), list->viewport()->rect()) << names;
+    const auto shown = [&](int row) { return Model()->index(row, 7).data().toString(); };
+    EXPECT_EQ(text::FromQt(shown(1) + u' ' + shown(3)), names);
+    EXPECT_EQ(text::FromQt(Find<QLabel>("lbExample")->text()), example) << names;
+    const QString heading = Model()->headerData(7, Qt::Horizontal).toString();
+    EXPECT_EQ(heading.contains(QLatin1String("(draft)")), drafts) << names;
+  };
+  Find<QLineEdit>("fdReplace1")->setText(QStringLiteral("a"));
+  Type(Find<QLineEdit>("fdReplace2"), QStringLiteral("x"));
+  expect("x.txt c.jpg", "a.txt → x.txt", true);
+  for (QAction* action : Button("bnInsertRight")->menu()->actions()) {
+    if (action->text() == QLatin1String("<Counter>")) action->trigger();
+  }
+  auto* start = Find<QLineEdit>("fdStartValue");
+  Type(start, QStringLiteral("7"));
+  expect("x0001.txt c0003.jpg", "a.txt → x0001.txt", true);
+  Leave(start);
+  expect("x0017.txt c0019.jpg", "a.txt → x0017.txt", true);
+  Model()->setData(Model()->index(1, 4), 0, Qt::CheckStateRole);
+  expect(" c0018.jpg", "b.txt → b0017.txt", true);
+  Button("bnPreview")->click();
+  expect(" c0018.jpg", "b.txt → b0017.txt", false);
+  Button("bnRename")->click();
+  Model()->setData(Model()->index(1, 4), 2, Qt::CheckStateRole);
+  expect("x0017.txt c0018.jpg", "a.txt → x0017.txt", true);
+  list->selectRow(3);
+  Button("bnUndo")->click();
+  expect("x0017.txt c0019.jpg", "c.jpg → c0019.jpg", true);
 }
 
 TEST_F(MainWindowTest, UndoesTheRunFromATextFieldUntilSomethingIsTypedInIt) {

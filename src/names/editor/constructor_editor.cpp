@@ -18,6 +18,7 @@
 #include "names/editor/counter_pane.h"
 #include "names/editor/custom_text_dialog.h"
 #include "names/editor/date_pane.h"
+#include "names/editor/example_label.h"
 #include "names/editor/transform_pane.h"
 #include "platform/qt/text_qt.h"
 #include "trace/err_trace.h"
@@ -114,6 +115,8 @@ void ConstructorEditor::BuildConstructorCard() {
   Command4 = new QPushButton(tr("&Conflicts..."), fraConstructor);
   Command4->setObjectName(QStringLiteral("Command4"));
   Explain(Command4, tr("Choose how a new name is numbered when it is taken"));
+  lbExample = new ExampleLabel(fraConstructor);
+  fraConstructor->Head()->addWidget(lbExample, 1);
   fraConstructor->Head()->addWidget(Command4);
   connect(Command4, &QPushButton::clicked, this, &ConstructorEditor::conflictsClicked);
 }
@@ -125,6 +128,9 @@ void ConstructorEditor::BuildPanes() {
     if (pane == nullptr) continue;
     panes_->addWidget(pane);
     connect(pane, &OptionPane::optionChanged, this, &ConstructorEditor::optionChanged);
+  }
+  for (NumberField* field : panes_->findChildren<NumberField*>()) {
+    connect(field, &NumberField::handedOver, this, &ConstructorEditor::numberTaken);
   }
   pbDot = NewEmptyPane(panes_);
   panes_->addWidget(pbDot);

@@ -7,6 +7,7 @@
 
 class Card;
 class ConstructorStrip;
+class ExampleLabel;
 class NumberField;
 class OptionPane;
 class QPushButton;
@@ -34,12 +35,15 @@ class ConstructorEditor : public QWidget {
 
   Card* fraConstructor;
   ConstructorStrip* strip;
+  ExampleLabel* lbExample;  ///< what becomes of one file of the list
   QPushButton* Command4;
 
  signals:
   /// A control's value differs from what it held, or the elements changed: the names in the list
   /// no longer fit.
   void optionChanged();
+  /// A number was handed over; until then an edited one doesn't count.
+  void numberTaken();
   /// A command was picked in a menu. It is for the owner to send it on, with all other commands.
   void commandPicked(int id);
   /// "Conflicts..." was pressed.
