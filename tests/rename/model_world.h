@@ -11,6 +11,7 @@
 #include "core/pass.h"
 #include "core/records.h"
 #include "core/run_state.h"
+#include "rename/forecast.h"
 #include "rename/plain_model.h"
 #include "rename/result_rows.h"
 #include "rename/run.h"
@@ -102,6 +103,40 @@ class TwoWorlds {
     output_ = {options.destination, options.fdDestination, options.subfolders,
                options.fdSourceFolder};
     state_.numbering = {options.add_number, options.left, options.right};
+  }
+
+  /// What a forecast says of each row that a run would take: 'n' gets a number, 'f' fails for its
+  /// name, '.' neither. It stops after every look at the disk.
+  std::string Foretold() {
+    FileSystem& files = IsReal() ? *files_ : memory_;
+    Forecast forecast(records_, files, output_, state_.numbering, 255);
+    while (!forecast.Go([] { return false; })) continue;
+    files.LetFoldersGo();
+    std::string told;
+    for (std::size_t i = 0; i < records_.Count(); ++i) {
+      const bool taken = records_[i].checked && records_[i].RowTag != 1;
+      told += taken ? ".nff"[forecast.Of(i)] : ' ';
+    }
+    return told;
+  }
+
+  /// Whether links change what comes: copied they fail, and moved they lead elsewhere.
+  bool LinksMatter() const {
+    const auto is_link = [](const auto& file) { return file.second.starts_with("-> "); };
+    return !plain_files_.folder_links.empty() ||
+           (model.options.destination == 1 && std::ranges::any_of(plain_files_.contents, is_link));
+  }
+
+  /// The same of what the run has done with these rows.
+  std::string Outcome(std::string foretold) const {
+    const std::set<int> of_names = {kEmptyName, kNameHoldsSeparator, ENAMETOOLONG, EEXIST, EINVAL};
+    for (std::size_t i = 0; i < records_.Count(); ++i) {
+      const FileRow& row = records_[i];
+      const char done = row.PlannedName().empty() ? '.' : 'n';
+      const char failed = of_names.contains(row.problem) ? 'f' : '.';
+      if (foretold[i] != ' ') foretold[i] = row.RowTag == 1 ? done : failed;
+    }
+    return foretold;
   }
 
   void Run(const Trouble& trouble) {
