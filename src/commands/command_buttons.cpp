@@ -14,16 +14,25 @@ namespace {
 struct ButtonRow {
   const char* name;
   const char* text;
+  const char* tells;
   Keys keys;
 };
 
 /// By CommandButton.
 constexpr ButtonRow kButtons[kCommandButtonCount] = {
-    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"), Keys::kPrepare},
-    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"), Keys::kPreview},
-    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"), Keys::kRename},
-    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"), Keys::kUndo},
-    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"), Keys::kCancel},
+    {"bnLoadFileList", QT_TRANSLATE_NOOP("CommandButtons", "&Prepare file list"),
+     QT_TRANSLATE_NOOP("CommandButtons", "List the files of the source folder"), Keys::kPrepare},
+    {"bnPreview", QT_TRANSLATE_NOOP("CommandButtons", "Pre&view"),
+     QT_TRANSLATE_NOOP("CommandButtons", "Show the new names; no file is touched yet"),
+     Keys::kPreview},
+    {"bnRename", QT_TRANSLATE_NOOP("CommandButtons", "&Rename"),
+     QT_TRANSLATE_NOOP("CommandButtons", "Rename, copy or move the ticked files"), Keys::kRename},
+    {"bnUndo", QT_TRANSLATE_NOOP("CommandButtons", "&Undo"),
+     QT_TRANSLATE_NOOP("CommandButtons", "Undo everything done to the files in this list"),
+     Keys::kUndo},
+    {"bnCancel", QT_TRANSLATE_NOOP("CommandButtons", "Cancel"),
+     QT_TRANSLATE_NOOP("CommandButtons", "Stop what is running; what is done stays done"),
+     Keys::kCancel},
 };
 /// As wide as with the heavier type of the primary button, so that nothing moves.
 constexpr FittedButton::Measures kMeasures{
@@ -61,7 +70,7 @@ void CommandButtons::AddButton(CommandButton button) {
   layout()->addWidget(made);
   connect(made, &QPushButton::clicked, this, [this, button] { emit commandRequested(button); });
 
-  Explain(made, ShownKeys(row.keys));
+  Explain(made, WithKeys(tr(row.tells), row.keys));
   connect(NewShortcut(row.keys, made), &QShortcut::activated, made, &QPushButton::click);
 }
 

@@ -9,7 +9,7 @@ namespace {
 using namespace mLanguageGobals;
 
 bool HasStem(std::string_view name) {
-  return !name.empty() && name.rfind('.') != 0;
+  return !name.empty() && (name.front() != '.' || name.rfind('.') != 0);
 }
 
 }  // namespace

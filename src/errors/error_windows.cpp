@@ -16,6 +16,7 @@
 #include "common/shell_actions.h"
 #include "errors/report_file.h"
 #include "errors/send_mail.h"
+#include "look/form_font.h"
 #include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
@@ -37,6 +38,14 @@ QLabel* NewLabel(const QString& text) {
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   return label;
+}
+
+/// A quoted mask reads in its own direction, as in its field, and stays in one line.
+QString ShownSlip(std::string_view slip) {
+  return text::Shown(slip)
+      .replace(QStringLiteral("“"), QStringLiteral("“\u2068"))
+      .replace(QStringLiteral("”"), QStringLiteral("\u2069”"))
+      .replace(QStringLiteral("…"), QStringLiteral("\u2060…\u2060"));
 }
 
 QFrame* NewRule() {
@@ -90,7 +99,7 @@ void Form11::AddHeading(QVBoxLayout& column) {
   picExclamation->setAccessibleName(QStringLiteral("Warning"));
   picExclamation->setPixmap(
       Look::Current().Picture(Drawing::kWarning, Role::kWarn, kIconSize, devicePixelRatioF()));
-  QLabel* first = NewLabel(text::Shown(slip_.empty() ? kErrorOccurred : slip_));
+  QLabel* first = NewLabel(slip_.empty() ? text::Shown(kErrorOccurred) : ShownSlip(slip_));
   QFont strong = first->font();
   strong.setWeight(QFont::DemiBold);
   first->setFont(strong);
@@ -181,6 +190,7 @@ frmShowError::frmShowError(QWidget* parent)
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(txtError);
   resize(720, 480);
+  ApplyFormFont(*this);
 }
 
 void frmShowError::ShowError(const std::string& report) {

@@ -11,6 +11,7 @@
 #include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
+#include "look/card.h"
 #include "look/fitted_button.h"
 #include "look/handlers.h"
 #include "look/link_button.h"
@@ -57,9 +58,6 @@ void FileListPanel::MakeControls() {
   bnWideFileList->setObjectName(QStringLiteral("bnWideFileList"));
   bnWideFileList->setProperty("narrow", true);
   SetWideCaption();
-  const QString tip = WithKeys(tr("Wide or narrow file list"), Keys::kWideList);
-  bnWideFileList->setToolTip(tip);
-  bnWideFileList->setAccessibleDescription(tip);
   MakeColumnBoxes();
   cmbGroupBy = new QComboBox(this);
   cmbGroupBy->setObjectName(QStringLiteral("cmbGroupBy"));
@@ -68,9 +66,9 @@ void FileListPanel::MakeControls() {
     cmbGroupBy->addItem(column < 0 ? tr("None") : text::ToQt(grid_.List().Columns()[at].caption));
   }
   cmbGroupBy->setCurrentIndex(static_cast<int>(GroupBy::kPath));
-  Label21 = new QLabel(tr("Group files b&y"), this);
+  Explain(cmbGroupBy, tr("Show files of the same folder or type together"));
+  Label21 = NewLabel(tr("Group files b&y"), cmbGroupBy, this);
   Label21->setObjectName(QStringLiteral("Label21"));
-  Label21->setBuddy(cmbGroupBy);
 }
 
 void FileListPanel::MakeColumnBoxes() {
@@ -81,7 +79,7 @@ void FileListPanel::MakeColumnBoxes() {
     auto* box = column_boxes_.back() = new QCheckBox(caption, this);
     box->setObjectName(text::ToQt(column.box.name));
     box->setShortcut(KeysOf(column.box.keys));
-    box->setToolTip(WithKeys(tr("Show the column “%1”").arg(caption), column.box.keys));
+    Explain(box, WithKeys(tr("Show the column “%1”").arg(caption), column.box.keys));
   }
 }
 
@@ -128,9 +126,20 @@ void FileListPanel::ConnectControls() {
            });
   for (std::size_t column = 0; column < column_boxes_.size(); ++column) {
     if (column_boxes_[column] == nullptr) continue;
-    OnSignal(column_boxes_[column], &QCheckBox::toggled, this,
-             HandlerOf(grid_.List().Columns()[column].box.name, "_Click"),
-             [this, column](bool on) { ReportControl1->ShowColumn(static_cast<int>(column), on); });
+    connect(column_boxes_[column], &QCheckBox::toggled, this,
+            [this, column] { chColumn_Click(column); });
+  }
+}
+
+void FileListPanel::chColumn_Click(std::size_t column) {
+  ErrTrace::top(HandlerOf(grid_.List().Columns()[column].box.name, "_Click"), [&] {
+    ReportControl1->ShowColumn(static_cast<int>(column), column_boxes_[column]->isChecked());
+  });
+}
+
+void FileListPanel::ShowColumns() {
+  for (std::size_t column = 0; column < column_boxes_.size(); ++column) {
+    if (column_boxes_[column] != nullptr) chColumn_Click(column);
   }
 }
 
@@ -159,7 +168,11 @@ void FileListPanel::ConnectList() {
 
 void FileListPanel::SetWideCaption() {
   bnWideFileList->setText(wide_ ? QStringLiteral(">") : QStringLiteral("<"));
+  bnWideFileList->setAccessibleName(wide_ ? tr("Narrow list") : tr("Wide list"));
   bnWideFileList->setShortcut(KeysOf(Keys::kWideList));  // a new caption takes the key away
+  Explain(bnWideFileList, WithKeys(wide_ ? tr("Bring back the options beside the list")
+                                         : tr("Give the list the whole window"),
+                                   Keys::kWideList));
 }
 
 void FileListPanel::CheckSelected() {

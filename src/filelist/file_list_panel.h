@@ -36,6 +36,8 @@ class FileListPanel : public QWidget, public ListSurface {
   /// Sets the controls; one that changes runs its handlers.
   void Show(const ListOptions& options);
 
+  /// Shows and hides the columns as their boxes say.
+  void ShowColumns();
   /// Leaves the wide state, if the list is in it.
   void ShowNarrow();
   /// Enables or disables the list and its options; the width of the list can always be changed.
@@ -76,6 +78,7 @@ class FileListPanel : public QWidget, public ListSurface {
   /// What the list tells while it has no rows.
   void SetEmptyText(EmptyList reason);
   void CheckSelected();
+  void chColumn_Click(std::size_t column);
 
   Grid& grid_;
   GroupedRowsModel* model_;

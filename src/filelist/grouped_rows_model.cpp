@@ -51,13 +51,13 @@ QString VerdictOf(const RecordFacts& facts) {
 QString Describe(const RecordFacts& facts) {
   QStringList more;
   if (!facts.checked) more += QStringLiteral("not checked");
+  if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
   if (facts.out_of_date) {
     more += QStringLiteral("new name out of date");
   } else if (facts.new_name) {
     const QString change = text::Shown(DescribeChange(facts.old_name, *facts.new_name));
     more += change.isEmpty() ? QStringLiteral("name unchanged") : change;
   }
-  if (const QString verdict = VerdictOf(facts); !verdict.isEmpty()) more += verdict;
   QString words = text::Shown(facts.state);
   const QString reason = ReasonOf(facts);
   if (!reason.isEmpty()) words += QStringLiteral(": ") + reason;
@@ -162,6 +162,11 @@ QVariant GroupedRowsModel::headerData(int section, Qt::Orientation orientation, 
     // The arrow of the sort stands at the right end, where a number's heading would be.
     const bool arrow = column.cell == Cell::kNumber && section == list_.SortColumn();
     return QVariant(AlignmentOf(arrow ? Cell::kText : column.cell));
+  }
+  if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
+    if (column.cell == Cell::kCheck) return tr("Only ticked files get a new name");
+    if (!list_.CanSort(section)) return {};
+    return tr("Click to sort, again to reverse, a third time for the original order");
   }
   return {};
 }

@@ -222,7 +222,10 @@ void ListView::keyPressEvent(QKeyEvent* event) {
 void ListView::EnterCurrent() {
   const QModelIndex current = currentIndex();
   if (!current.isValid()) return;
-  if (!selectionModel()->hasSelection()) selectRow(current.row());
+  // Not selectRow, which finds no row where columns stand from right to left.
+  if (!selectionModel()->hasSelection()) {
+    selectionModel()->select(current, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  }
   emit rowEntered(current.row(), current.column());
 }
 

@@ -36,7 +36,7 @@ void Form6::LayOut() {
   fdMask = new QLineEdit(this);
   fdMask->setObjectName(QStringLiteral("fdMask"));
   fdMask->setMinimumWidth(kFieldWidth);
-  Explain(fdMask, tr("Masks are parted by blanks"));
+  Explain(fdMask, tr("Separate masks with blanks, as in *.jpg *.png"));
   HoldWhatIsShown(fdMask);
   WatchMasks(fdMask);
   Label1 = NewLabel(tr("&Mask:"), fdMask, this);

@@ -1,36 +1,15 @@
 #include "filelist/mask_field.h"
 
-#include <QAction>
-#include <QIcon>
 #include <QLineEdit>
 
 #include "filelist/masks.h"
-#include "look/look.h"
+#include "look/field_sign.h"
 #include "platform/qt/text_qt.h"
 
-namespace {
-
-constexpr int kSignSize = 16;
-
-QAction* AddSign(QLineEdit* field) {
-  const QPixmap picture = Look::Current().Picture(Drawing::kWarning, Role::kWarn, kSignSize,
-                                                  field->devicePixelRatioF());
-  QAction* sign = field->addAction(QIcon(picture), QLineEdit::TrailingPosition);
-  sign->setObjectName(field->objectName() + QStringLiteral("Warning"));
-  sign->setText(QLineEdit::tr("A “[” in the mask has no “]”"));
-  return sign;
-}
-
-}  // namespace
-
 void WatchMasks(QLineEdit* field) {
-  const auto show = [field, own_words = field->toolTip()] {
+  const auto show = [field, sign = new FieldSign(field)] {
     const bool faulty = MaskList(text::FromQt(field->text())).IsFaulty();
-    const QString name = field->objectName() + QStringLiteral("Warning");
-    auto* sign = field->findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
-    if (faulty == (sign != nullptr)) return;
-    delete sign;
-    field->setToolTip(faulty ? AddSign(field)->text() : own_words);
+    sign->Warn(faulty ? QLineEdit::tr("A “[” in the mask has no “]”") : QString());
   };
   QObject::connect(field, &QLineEdit::textChanged, field, show);
   show();

@@ -24,7 +24,7 @@ constexpr int kFolderSize = 16;
 constexpr int kFolderLeft = 5;
 constexpr int kFolderTextLeft = 27;
 constexpr int kGroupTextRight = 8;
-constexpr int kWarningSize = 14;
+constexpr int kWarningLeast = 14;
 constexpr int kWarningGap = 4;
 
 bool Selected(const QStyleOptionViewItem& option) {
@@ -45,19 +45,25 @@ QRect TextRect(const QRect& cell) {
   return cell.adjusted(kCellInset, 0, -kCellInset, 0);
 }
 
-/// What the sign of a name leaves it.
-QRect NameRect(const QRect& cell, bool warned) {
-  return TextRect(cell).adjusted(0, 0, warned ? -kWarningSize - kWarningGap : 0, 0);
+/// How large the sign of a name is beside its letters.
+int WarningSize(const QStyleOptionViewItem& option) {
+  return qMax(kWarningLeast, option.fontMetrics.ascent());
+}
+
+/// What its sign leaves a name.
+QRect NameRect(const QStyleOptionViewItem& option, bool warned) {
+  const int taken = warned ? WarningSize(option) + kWarningGap : 0;
+  return TextRect(option.rect).adjusted(0, 0, -taken, 0);
 }
 
 /// The sign at the right end of a name that something is wrong with.
 void PaintWarning(QPainter* painter, const QStyleOptionViewItem& option) {
   const QRect room = TextRect(option.rect);
+  const int size = WarningSize(option);
   const QPixmap sign = Look::Current().Picture(
-      Drawing::kWarning, OnHighlight(option) ? Role::kAccentText : Role::kWarn, kWarningSize,
+      Drawing::kWarning, OnHighlight(option) ? Role::kAccentText : Role::kWarn, size,
       painter->device()->devicePixelRatioF());
-  painter->drawPixmap(room.right() + 1 - kWarningSize,
-                      room.top() + (room.height() - kWarningSize) / 2, sign);
+  painter->drawPixmap(room.right() + 1 - size, room.top() + (room.height() - size) / 2, sign);
 }
 
 int GroupTextLeft(const QModelIndex& index) {
@@ -71,8 +77,17 @@ QRect StripRect(const QStyleOptionViewItem& option) {
     const QHeaderView* header = view->horizontalHeader();
     strip.setLeft(0);
     strip.setRight(qMin(view->viewport()->width(), header->length() - header->offset()) - 1);
+    strip = QStyle::visualRect(option.direction, view->viewport()->rect(), strip);
   }
   return strip;
+}
+
+/// A text of a group row: at the side where its desktop has it, but written as it is anywhere.
+void DrawGroupText(QPainter* painter, const QStyleOptionViewItem& option, const QRect& room,
+                   Qt::Alignment side, const QString& text) {
+  const Qt::Alignment place = QStyle::visualAlignment(option.direction, side | Qt::AlignVCenter);
+  painter->drawText(room, static_cast<int>(place) | Qt::TextSingleLine | Qt::TextForceLeftToRight,
+                    text);
 }
 
 /// The two lines of the row that has the keyboard, for the part of it in this cell.
@@ -90,6 +105,9 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   const Look& look = Look::Current();
   const QRect strip = StripRect(option);
   const bool on_highlight = OnHighlight(option);
+  const auto part = [&](int left, int right) {
+    return QStyle::visualRect(option.direction, strip, strip.adjusted(left, 0, -right, 0));
+  };
   painter->setClipRect(option.rect);
   painter->fillRect(strip, look.Colour(Selected(option) ? Role::kSel : Role::kGroup));
   painter->fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1),
@@ -98,7 +116,8 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
     const QPixmap folder =
         look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText,
                      kFolderSize, painter->device()->devicePixelRatioF());
-    painter->drawPixmap(strip.left() + kFolderLeft,
+    const int right = strip.width() - kFolderLeft - kFolderSize;
+    painter->drawPixmap(part(kFolderLeft, right).left(),
                         strip.top() + (strip.height() - kFolderSize) / 2, folder);
   }
 
@@ -106,17 +125,16 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   const int count_width = option.fontMetrics.horizontalAdvance(count);
   painter->setFont(option.font);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kMuted));
-  painter->drawText(strip.adjusted(0, 0, -kGroupTextRight, 0), Qt::AlignRight | Qt::AlignVCenter,
-                    count);
+  DrawGroupText(painter, option, part(0, kGroupTextRight), Qt::AlignRight, count);
 
   QFont heavy = option.font;
   heavy.setWeight(QFont::DemiBold);
-  const QRect room = strip.adjusted(GroupTextLeft(index), 0, -2 * kGroupTextRight - count_width, 0);
+  const QRect room = part(GroupTextLeft(index), 2 * kGroupTextRight + count_width);
   painter->setFont(heavy);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kGroupText));
-  painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                    QFontMetrics(heavy).elidedText(index.data(kGroupTextRole).toString(),
-                                                   Qt::ElideMiddle, room.width()));
+  DrawGroupText(painter, option, room, Qt::AlignLeft,
+                QFontMetrics(heavy).elidedText(index.data(kGroupTextRole).toString(),
+                                               Qt::ElideMiddle, room.width()));
 }
 
 void PaintMark(QPainter* painter, const QStyleOptionViewItem& option, Mark mark,
@@ -139,7 +157,7 @@ class NameLine {
   NameLine(const MarkedName& name, const QStyleOptionViewItem& option)
       : name_(name),
         option_(option),
-        room_(NameRect(option.rect, name.warned)),
+        room_(NameRect(option, name.warned)),
         pieces_(ElideMiddle(name.pieces, option.fontMetrics, room_.width())),
         layout_(Join(pieces_), option.font) {
     QTextOption text_option(Qt::AlignLeft | Qt::AlignAbsolute);
@@ -149,6 +167,8 @@ class NameLine {
     line_ = layout_.createLine();
     layout_.endLayout();
     top_ = room_.top() + (room_.height() - line_.height()) / 2;
+    const bool mirrored = option.direction == Qt::RightToLeft;
+    left_ = mirrored ? room_.right() + 1 - line_.naturalTextWidth() : room_.left();
   }
 
   void Paint(QPainter* painter) {
@@ -185,7 +205,7 @@ class NameLine {
     painter->save();
     painter->setClipRegion(place, Qt::IntersectClip);
     painter->setPen(colour);
-    layout_.draw(painter, QPointF(room_.left(), top_));
+    layout_.draw(painter, QPointF(left_, top_));
     painter->restore();
   }
 
@@ -195,7 +215,7 @@ class NameLine {
     Runs places;
     for (const QGlyphRun& glyphs : line_.glyphRuns(from, to - from)) {
       const QRectF place = glyphs.boundingRect();
-      places.emplace_back(room_.left() + place.left(), room_.top(), place.width(), room_.height());
+      places.emplace_back(left_ + place.left(), room_.top(), place.width(), room_.height());
     }
     std::sort(places.begin(), places.end(),
               [](const QRectF& a, const QRectF& b) { return a.left() < b.left(); });
@@ -234,6 +254,7 @@ class NameLine {
   QTextLayout layout_;
   QTextLine line_;
   qreal top_ = 0;
+  qreal left_ = 0;
 };
 
 void PaintText(QPainter* painter, const QStyleOptionViewItem& option) {
@@ -315,7 +336,7 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
   const int room = group ? StripRect(option).width() - GroupTextLeft(index) - 100
-                         : NameRect(option.rect, !verdict.isEmpty()).width();
+                         : NameRect(option, !verdict.isEmpty()).width();
   const QString reason = index.data(kReasonRole).toString();
   QStringList lines;
   if (QFontMetrics(font).horizontalAdvance(words) > room) lines += words;

@@ -68,6 +68,7 @@ void Form4::MakeControls() {
   Label3 = NewText("Label3", tr("Continue working with this source folder anyway?"), nullptr, this);
   chAllowSystemRename = new QCheckBox(tr("&Always show this warning"), this);
   chAllowSystemRename->setObjectName(QStringLiteral("chAllowSystemRename"));
+  Explain(chAllowSystemRename, tr("Untick to list such folders without being asked"));
   chAllowSystemRename->setChecked(true);  // else this would not be asked
   bnOK->setText(tr("&Yes"));
   bnCancel->setText(tr("&No!"));

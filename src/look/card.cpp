@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "look/accessible_role.h"
 #include "look/look.h"
 
 namespace {
@@ -19,6 +20,13 @@ class FieldLabel : public QLabel {
   using QLabel::QLabel;
   QSize sizeHint() const override { return QLabel::sizeHint() + kSlack; }
   QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + kSlack; }
+
+ protected:
+  bool event(QEvent* event) override {
+    // Who doesn't know the field rests the mouse on its label.
+    if (event->type() != QEvent::ToolTip || buddy() == nullptr) return QLabel::event(event);
+    return QCoreApplication::sendEvent(buddy(), event);
+  }
 
  private:
   static constexpr QSize kSlack{2, 0};
@@ -37,6 +45,7 @@ QString LabelName(QString control) {
 Card::Card(const QString& name, const QString& title, QWidget* parent)
     : QFrame(parent), head_(new QHBoxLayout), body_(new QVBoxLayout) {
   constexpr int kTitleHeight = 20;
+  SetAccessibleRole(*this, QAccessible::Grouping);  // a plain frame is taken for a window
   setObjectName(name);
   setAccessibleName(title);
   setProperty("card", true);

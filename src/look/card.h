@@ -29,7 +29,8 @@ class Card : public QFrame {
 };
 
 /// A label for the control that it is the buddy of, found by Alt and its underlined letter. It is
-/// named after its buddy, "lbCutFileN" for "fdCutFileN"; without a buddy it has no name yet.
+/// named after its buddy, "lbCutFileN" for "fdCutFileN"; without a buddy it has no name yet. It
+/// shows the buddy's tooltip.
 QLabel* NewLabel(const QString& text, QWidget* buddy, QWidget* parent);
 
 /// The label whose buddy `field` is; null when it has none.

@@ -36,6 +36,11 @@ void Prepare(QWidget& control) {
   if (label != nullptr && label->textFormat() == Qt::AutoText) {
     label->setTextFormat(Qt::PlainText);
   }
+  // By itself, a label goes by its text, and would stand at the end of its room.
+  const auto left = Qt::AlignLeft | Qt::AlignVCenter;
+  if (label != nullptr && label->isRightToLeft() && label->alignment() == left) {
+    label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+  }
 }
 
 class ControlRules : public QObject {

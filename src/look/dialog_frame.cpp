@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "look/fitted_button.h"
+#include "look/form_font.h"
 #include "look/handlers.h"
 #include "look/look.h"
 #include "platform/qt/text_qt.h"
@@ -56,6 +57,11 @@ void DialogFrame::KeepPlacement(SettingsStore& settings, std::function<QSize()> 
 
 std::string DialogFrame::Handler(std::string_view procedure) const {
   return text::FromQt(objectName()).append(".").append(procedure);
+}
+
+void DialogFrame::setVisible(bool visible) {
+  if (visible) ApplyFormFont(*this);
+  QDialog::setVisible(visible);
 }
 
 void DialogFrame::showEvent(QShowEvent* event) {

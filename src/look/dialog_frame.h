@@ -35,6 +35,8 @@ class DialogFrame : public QDialog {
   /// The trace string of a handler of this dialog.
   std::string Handler(std::string_view procedure) const;
 
+  /// Takes the font of all windows before it is measured and shown.
+  void setVisible(bool visible) override;
   void showEvent(QShowEvent* event) override;
 
   QVBoxLayout* Body() { return body_; }

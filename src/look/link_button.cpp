@@ -74,6 +74,8 @@ void LinkButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Look& look = Look::Current();
   painter.setFont(LinkFont());
+  // An address begins at its left, whichever way the desktop runs.
+  painter.setLayoutDirection(link_.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   painter.setPen(look.Colour(underMouse() ? Role::kFocus : Role::kLink));
   painter.drawText(rect().adjusted(kInsetX, 0, -kInsetX, 0), Qt::AlignLeft | Qt::AlignVCenter,
                    Elided());

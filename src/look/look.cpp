@@ -83,7 +83,8 @@ struct DesktopRow {
   QPalette::ColorGroup group = QPalette::Active;
 };
 
-/// One row a role but for the marks, which keep their stored colours, and the warning's icon.
+/// One row a role but for the marks, which keep their stored colours, and the warning, which has
+/// its own.
 constexpr DesktopRow kDesktop[] = {
     {Role::kWindow, QPalette::Window},
     {Role::kSurface, QPalette::Window},
@@ -114,7 +115,6 @@ constexpr DesktopRow kDesktop[] = {
 };
 
 QColor DesktopColour(Role role) {
-  if (role == Role::kWarn) return QColor(0xB4, 0x53, 0x09);
   const auto* row = std::find_if(std::begin(kDesktop), std::end(kDesktop),
                                  [role](const DesktopRow& r) { return r.role == role; });
   if (row == std::end(kDesktop)) return StoredColour(role);
@@ -194,7 +194,7 @@ void Look::Choose(bool skin_on, bool dark) {
 }
 
 QColor Look::Colour(Role role) const {
-  if (!skin_on_) return DesktopColour(role);
+  if (!skin_on_ && role != Role::kWarn) return DesktopColour(role);
   const ColourPair& pair = kPalette[static_cast<std::size_t>(role)];
   return QColor::fromRgb(dark_ ? pair.dark : pair.light);
 }

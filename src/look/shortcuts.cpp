@@ -18,7 +18,7 @@ constexpr std::array kTable = {
     Row{Keys::kNone, ""},
     Row{Keys::kPrepare, "F5"},
     Row{Keys::kPreview, "F6"},
-    Row{Keys::kRename, "Ctrl+Return; Ctrl+Enter"},
+    Row{Keys::kRename, "Ctrl+Enter; Ctrl+Return"},
     Row{Keys::kUndo, "Ctrl+Z"},
     Row{Keys::kCancel, "Esc"},
     Row{Keys::kChooseFolder, "Ctrl+O"},
@@ -46,7 +46,7 @@ constexpr std::array kTable = {
     Row{Keys::kDelete, "Del"},
     Row{Keys::kFirstElement, "Home"},
     Row{Keys::kLastElement, "End"},
-    Row{Keys::kEditText, "Return; Enter"},
+    Row{Keys::kEditText, "Enter; Return"},
     Row{Keys::kAbout, "Shift+F1"},
     Row{Keys::kHelp, "F1"},
 };

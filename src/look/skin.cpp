@@ -28,6 +28,7 @@ class Skin : public QObject {
     if (!on_) RememberDesktop(application);
     // First of all: widgets ask for it as soon as they hear of a new style.
     Look::Current().Choose(on, IsDark(desktop_));
+    if (on && on_ && application.styleSheet() == SkinSheet()) return;
     application.setStyleSheet({});
     if (on) {
       PutOn(application);
@@ -75,7 +76,7 @@ void ApplySkin(QApplication& application, bool skin_on) {
   Skin::Of(application).Apply(application, skin_on);
 }
 
-void FitSkinToFont(QApplication& application) {
+void FitSkin(QApplication& application) {
   if (application.styleSheet().isEmpty()) return;
   const QString sheet = SkinSheet();
   if (sheet != application.styleSheet()) application.setStyleSheet(sheet);

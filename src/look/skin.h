@@ -8,10 +8,10 @@ class QWidget;
 /// Gives the whole program its look: the colours of `Look::Current()`, the application's palette,
 /// and one style sheet over it, so that message boxes and file dialogs match. The desktop's own
 /// palette decides between light and dark. Off: the desktop's style and palette, no style sheet.
-/// May be called again at any time.
+/// May be called again at any time, and costs little where nothing has changed.
 ///
 /// Widgets ask for more by dynamic properties of value true, set before they are shown:
-///   card          QFrame, QGroupBox: a card; a group box's title stands inside, at its top line
+///   card          QFrame: a card
 ///   title         QLabel: title of a card
 ///   muted         QLabel: a note
 ///   strong        QLabel: 600 weight
@@ -20,11 +20,13 @@ class QWidget;
 ///   narrow        QPushButton, QToolButton: a caption of one to three signs
 ///   link          QPushButton, QToolButton: flat, as a link
 ///   optionPages   QTabWidget: text tabs with an underline, no frame (else folder tabs on a card)
+///   scroll        QToolButton: an arrow that scrolls
+///   offers        QListView: a list below a field, as that of a combo box
 ///   rule          QFrame of shape HLine or VLine: a line of one pixel
 void ApplySkin(QApplication& application, bool skin_on);
 
-/// Fits the skin, if it is on, to the application's font.
-void FitSkinToFont(QApplication& application);
+/// Fits the skin, if it is on, to the application's font and to the side where its lines begin.
+void FitSkin(QApplication& application);
 
 /// Lets the style sheet see a changed property of `widget`.
 void Repolish(QWidget& widget);

@@ -41,16 +41,14 @@ constexpr NamedRole kRoles[] = {
 /// focused one has a border of 2 and as much less inside, so nothing moves. A height is that of a
 /// usual font: a larger one adds the same to all.
 constexpr char kSheet[] = R"(
-QMainWindow, QDialog { background: {window}; }
+QDialog { background: {window}; }
 QToolTip { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 3px; }
 
-QFrame[card="true"], QGroupBox[card="true"] {
+QFrame[card="true"] {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
 }
 QGroupBox { border: none; margin: 0; padding: 0; background: transparent; color: {groupText}; }
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; padding: 0; }
-QGroupBox[card="true"] { padding-top: 30px; font-weight: 600; }
-QGroupBox[card="true"]::title { left: 9px; top: 11px; color: {groupText}; }
 QFrame[rule="true"] { background: {line}; border: none; }
 QFrame[rule="true"][frameShape="4"] { max-height: 1px; }
 QFrame[rule="true"][frameShape="5"] { max-width: 1px; }
@@ -137,11 +135,11 @@ QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QAbstractSpinBo
 
 QComboBox {
   background: {field}; color: {text}; border: 1px solid {edge}; border-radius: 4px;
-  min-height: {24}; padding: 0 1px 0 7px; combobox-popup: 0;
+  min-height: {24}; padding: {comboPadding}; combobox-popup: 0;
 }
 QComboBox:hover { background: {hover}; }
 QComboBox:on { background: {press}; }
-QComboBox:focus { border: 2px solid {focus}; min-height: {22}; padding: 0 0 0 6px; }
+QComboBox:focus { border: 2px solid {focus}; min-height: {22}; padding: {comboFocusPadding}; }
 QComboBox:disabled { background: {disabledFill}; color: {disabled}; border-color: {line}; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox::down-arrow { image: url("{down}"); width: 16px; height: 16px; }
@@ -176,7 +174,7 @@ QCheckBox::indicator:checked:disabled { background: {line}; image: url("{tickDis
 
 QTabWidget::pane {
   background: {surface}; border: 1px solid {line}; border-radius: 6px;
-  border-top-left-radius: 0; top: -1px;
+  {firstTabCorner}: 0; top: -1px;
 }
 QTabWidget::tab-bar { left: 0; }
 QTabWidget > QTabBar { background: transparent; }
@@ -250,7 +248,7 @@ QStatusBar::item { border: none; }
 QStatusBar QLabel { color: {muted}; }
 
 QMenu { background: {surface}; color: {text}; border: 1px solid {edge}; padding: 4px; }
-QMenu::item { padding: 4px 20px 4px 12px; border-radius: 4px; }
+QMenu::item { padding: {menuPadding}; border-radius: 4px; }
 QMenu::item:selected { background: {sel}; color: {text}; }
 QMenu::item:disabled { color: {disabled}; background: transparent; }
 QMenu::separator { height: 1px; background: {line}; margin: 4px 6px; }
@@ -271,6 +269,19 @@ int AddedHeight() {
   return std::max(0, QFontMetrics(QApplication::font()).height() - kLine);
 }
 
+/// What a style sheet doesn't mirror by itself on a desktop that is read from right to left.
+struct Side {
+  const char* name;
+  const char* left_to_right;
+  const char* right_to_left;
+};
+constexpr Side kSides[] = {
+    {"comboPadding", "0 1px 0 7px", "0 7px 0 1px"},
+    {"comboFocusPadding", "0 0 0 6px", "0 6px 0 0"},
+    {"menuPadding", "4px 20px 4px 12px", "4px 12px 4px 20px"},
+    {"firstTabCorner", "border-top-left-radius", "border-top-right-radius"},
+};
+
 QString Placeholder(const char* name) {
   return u'{' + QString::fromLatin1(name) + u'}';
 }
@@ -286,6 +297,11 @@ QString SkinSheet() {
   for (const SheetPicture& picture : kSheetPictures) {
     sheet.replace(Placeholder(picture.name),
                   QStringLiteral(":/look/") + picture.FileName(look.Dark()));
+  }
+  for (const Side& side : kSides) {
+    sheet.replace(
+        Placeholder(side.name),
+        QLatin1String(QApplication::isRightToLeft() ? side.right_to_left : side.left_to_right));
   }
   for (int height = kLeastHeight; height <= kGreatestHeight; ++height) {
     sheet.replace(u'{' + QString::number(height) + u'}',

@@ -57,8 +57,11 @@ void Form8::MakeControls() {
   chConflict = new QCheckBox(
       tr("&Add a number to the new file name if the name is already taken by another file."), this);
   chConflict->setObjectName(QStringLiteral("chConflict"));
+  Explain(chConflict, tr("Without a number, such a file fails and keeps its name"));
   fdConflictLeft = NewTemplateField("fdConflictLeft");
+  Explain(fdConflictLeft, tr("What stands between the new name and its number"));
   fdConflictRight = NewTemplateField("fdConflictRight");
+  Explain(fdConflictRight, tr("What stands behind the number"));
   Label2 = NewTemplateLabel("Label2", tr("&Numbering template: <New file name>"), fdConflictLeft);
   Label4 = NewTemplateLabel("Label4", tr("<Nu&mber>"), fdConflictRight);
   Label3 = NewTemplateLabel("Label3", tr(". <Extension>"), nullptr);

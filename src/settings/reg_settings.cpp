@@ -88,10 +88,13 @@ void CheckReadable(SettingsStore& store) {
 
 void SaveVersion(SettingsStore& store, const ProgramVersion& version, std::string_view app_path) {
   ErrTrace::inner("mRegSettings.SaveVersion", [&] {
-    store.SaveSetting("Version", "Major", std::to_string(version.Major));
-    store.SaveSetting("Version", "Minor", std::to_string(version.Minor));
-    store.SaveSetting("Version", "Revision", std::to_string(version.Revision));
-    store.SaveSetting("Path", "AppPath", app_path);
+    const auto save = [&](std::string_view section, std::string_view key, std::string_view value) {
+      if (store.GetSetting(section, key, "") != value) store.SaveSetting(section, key, value);
+    };
+    save("Version", "Major", std::to_string(version.Major));
+    save("Version", "Minor", std::to_string(version.Minor));
+    save("Version", "Revision", std::to_string(version.Revision));
+    save("Path", "AppPath", app_path);
     Flush(store);
   });
 }

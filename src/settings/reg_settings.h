@@ -59,7 +59,9 @@ struct ProgramVersion {
   int Revision;
 };
 
-/// Stores which program was started, and its folder `app_path`, and flushes. Nothing reads it.
+/// Stores which program was started, and its folder `app_path`, and flushes; what stands there
+/// already is not written again, so that most starts don't wait for the disk. Nothing else reads
+/// it.
 void SaveVersion(SettingsStore& store, const ProgramVersion& version, std::string_view app_path);
 
 }  // namespace mRegSettings

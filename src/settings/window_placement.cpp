@@ -14,13 +14,13 @@ struct PlacedWindow {
   std::string_view name;
   std::string_view section;
   bool keeps_size = false;
-  float default_width = 0;  ///< 0: the one that the window has by itself
+  float default_width = 0;
   float default_height = 0;
 };
 
 /// `Form11` has its row, yet nobody places it: what tells of failures must not depend on the store.
 constexpr PlacedWindow kWindows[] = {
-    {"Form1", "Windows\\Main", true},
+    {"Form1", "Windows\\Main", true, gMinFormWidth, gMinFormHeight},
     {"Form2", "Windows\\Template"},
     {"Form3", "Windows\\FileErrorReport", true, 9705, 8580},
     {"Form4", "Windows\\SystemFolderWarning"},
@@ -45,8 +45,8 @@ float ReadSingle(SettingsStore& store, std::string_view section, std::string_vie
 }
 
 void ReadSize(SettingsStore& store, const PlacedWindow& row, WindowFrame& window) {
-  const float width = row.default_width > 0 ? row.default_width : window.width;
-  const float height = row.default_height > 0 ? row.default_height : window.height;
+  const float width = std::max(row.default_width, window.width);
+  const float height = std::max(row.default_height, window.height);
   window.width = ReadSingle(store, row.section, "MainWidth", SingleText(width));
   window.height = ReadSingle(store, row.section, "MainHeight", SingleText(height));
 }

@@ -9,6 +9,10 @@
 /// Where the windows stand, kept between two runs. Lengths are twips, 15 to a logical pixel.
 inline constexpr float kTwipsPerPixel = 15;
 
+/// The least size of the main window. What its parts need at the font in use may be more.
+inline constexpr float gMinFormWidth = 13940;
+inline constexpr float gMinFormHeight = 7260;
+
 /// As stored.
 enum WindowState : int { kNormalWindow = 0, kMinimised = 1, kMaximised = 2 };
 
@@ -37,7 +41,8 @@ float ToSingle(std::string_view text);
 void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFrame& window);
 
 /// Sets `window` to what is stored for `frm`: the size, if that window keeps it, then the place
-/// (the middle of the screen while none is stored), then the state. Raises Failure (kTypeMismatch,
+/// (the middle of the screen while none is stored), then the state. While no size is stored, a
+/// window has the one of the table, or its own where that is larger. Raises Failure (kTypeMismatch,
 /// kOverflow, kInvalidPropertyValue) at the first bad value; what was set before it stands.
 void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSize& screen,
                      WindowFrame& window);

@@ -87,11 +87,16 @@ WindowPlacement::WindowPlacement(SettingsStore& store, QWidget& window, std::str
 bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
   // Spontaneous events tell of the window system: minimised, or on another desktop.
   if (watched == &window_ && !event->spontaneous()) {
-    if (event->type() == QEvent::Show && !loaded_) Form_Load();
-    if (event->type() == QEvent::Show && own_size_ && !sized_) GiveOwnSize();
-    if (event->type() == QEvent::Hide && loaded_) Form_Unload();
+    if (event->type() == QEvent::Show) Shown();
+    if (event->type() == QEvent::Hide) Form_Unload();
   }
   return QObject::eventFilter(watched, event);
+}
+
+void WindowPlacement::Shown() {
+  if (!loaded_) Form_Load();
+  if (own_size_ && !sized_) GiveOwnSize();
+  stored_ = false;
 }
 
 void WindowPlacement::Form_Load() {
@@ -120,6 +125,7 @@ void WindowPlacement::GiveOwnSize() {
 }
 
 void WindowPlacement::Form_Unload() {
+  if (std::exchange(stored_, true)) return;
   ErrTrace::top("WindowPlacement.Form_Unload(frm)", ErrTrace::args(frm_), [&] {
     WindowFrame frame = FrameOf(window_);
     if (own_size_ && window_.size() == given_) frame.width = 0;

@@ -30,9 +30,13 @@ class WindowPlacement : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
- private:
-  void Form_Load();
+  /// Stores the placement of a window that is seen and about to close, for one that has more to do
+  /// behind that; the hiding then doesn't store it again.
   void Form_Unload();
+
+ private:
+  void Shown();
+  void Form_Load();
   void GiveOwnSize();
 
   SettingsStore& store_;
@@ -41,5 +45,6 @@ class WindowPlacement : public QObject {
   const std::function<QSize()> own_size_;  ///< null: none
   QSize given_;                            ///< the last own size
   bool loaded_ = false;
+  bool stored_ = true;  ///< since it was shown
   bool sized_ = false;  ///< by the user
 };

@@ -43,6 +43,7 @@ void Form10::LayOut() {
   picIcon->setPixmap(
       QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
 
+  // Each line stands beside the icon, also where that is at the right.
   auto* texts = new QVBoxLayout;
   texts->setSpacing(measure::kControlGap);
   QLabel* lbName = NewLine("lbName", QLatin1String(build_facts::kTitle));
@@ -50,10 +51,26 @@ void Form10::LayOut() {
   large.setPointSizeF(kNameSize * lbName->fontInfo().pointSizeF());
   large.setWeight(QFont::DemiBold);
   lbName->setFont(large);
-  texts->addWidget(lbName);
+  texts->addWidget(lbName, 0, Qt::AlignLeft);
   texts->addWidget(NewLine("lbVersion", tr("Version %1, with Qt %2")
                                             .arg(text::Shown(services_.facts.ProgramVersion()),
-                                                 QLatin1String(qVersion()))));
+                                                 QLatin1String(qVersion()))),
+                   0, Qt::AlignLeft);
+  texts->addLayout(NewLinks());
+  texts->addWidget(
+      NewLine("lbLicence",
+              tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))),
+      0, Qt::AlignLeft);
+  texts->addStretch();
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kIconGap);
+  row->addWidget(picIcon, 0, Qt::AlignTop);
+  row->addLayout(texts, 1);
+  Body()->addLayout(row);
+}
+
+QGridLayout* Form10::NewLinks() {
   auto* links = new QGridLayout;
   links->setHorizontalSpacing(measure::kLabelGap);
   links->setVerticalSpacing(0);
@@ -63,17 +80,7 @@ void Form10::LayOut() {
   OnSignal(
       AddLink(*links, "lnkSupport", kTechnicalSupport, QLatin1String(build_facts::kSupportAddress)),
       &LinkButton::clicked, Handler("lnkSupport_Click"), [this] { BeginMail(); });
-  texts->addLayout(links);
-  texts->addWidget(
-      NewLine("lbLicence",
-              tr("© %1. All rights reserved.").arg(QString::fromUtf8(build_facts::kCopyright))));
-  texts->addStretch();
-
-  auto* row = new QHBoxLayout;
-  row->setSpacing(kIconGap);
-  row->addWidget(picIcon, 0, Qt::AlignTop);
-  row->addLayout(texts, 1);
-  Body()->addLayout(row);
+  return links;
 }
 
 QLabel* Form10::NewLine(const char* name, const QString& text) {
@@ -90,7 +97,7 @@ LinkButton* Form10::AddLink(QGridLayout& lines, const char* name, std::string_vi
   link->setObjectName(QLatin1String(name));
   link->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);  // an address is read whole
   link->setAccessibleDescription(text::Shown(label));
-  lines.addWidget(NewLabel(text::Shown(label), link, this), row, 0);
+  lines.addWidget(NewLabel(text::Shown(label), link, this), row, 0, Qt::AlignLeft);
   lines.addWidget(link, row, 1, Qt::AlignLeft);
   return link;
 }

@@ -17,6 +17,7 @@ class Form10 : public DialogFrame {
 
  private:
   void LayOut();
+  QGridLayout* NewLinks();
   QLabel* NewLine(const char* name, const QString& text);
   LinkButton* AddLink(QGridLayout& lines, const char* name, std::string_view label,
                       const QString& shown);

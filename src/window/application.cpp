@@ -27,7 +27,10 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Application::event(QEvent* event) {
-  if (event->type() == QEvent::ApplicationFontChange) FitSkinToFont(*this);
+  const auto type = event->type();
+  if (type == QEvent::ApplicationFontChange || type == QEvent::ApplicationLayoutDirectionChange) {
+    FitSkin(*this);
+  }
   return QApplication::event(event);
 }
 

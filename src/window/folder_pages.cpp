@@ -41,21 +41,30 @@ constexpr std::tuple kOutput{
     OptionControl{&OutputOptions::chDestinationSubfolders, &FolderPages::chDestinationSubfolders},
 };
 
+/// What the pages are for, in their order.
+constexpr const char* kPages[] = {
+    QT_TRANSLATE_NOOP("FolderPages", "Where to look for files, and which to list"),
+    QT_TRANSLATE_NOOP("FolderPages", "Where the renamed files go"),
+    QT_TRANSLATE_NOOP("FolderPages", "What is remembered, and the program's look"),
+};
+
 constexpr int kPageTop = 10;
 constexpr int kPageBottom = 7;
 constexpr int kPairGap = 13;
 constexpr FittedButton::Measures kBrowseWidth{.air = 18, .least = 30};
 
 template <class Field, class... More>
-Field* NewField(const char* name, QWidget* parent, More&... more) {
+Field* NewField(const char* name, const QString& tells, QWidget* parent, More&... more) {
   auto* field = new Field(parent, more...);
   field->setObjectName(QLatin1String(name));
+  Explain(field, tells);
   return field;
 }
 
-QCheckBox* NewBox(const char* name, const QString& text, QWidget* parent) {
+QCheckBox* NewBox(const char* name, const QString& text, const QString& tells, QWidget* parent) {
   auto* box = new QCheckBox(text, parent);
   box->setObjectName(QLatin1String(name));
+  Explain(box, tells);
   return box;
 }
 
@@ -89,9 +98,9 @@ FolderPages::FolderPages(Folders& folders, QWidget* parent, FolderDialog browse)
   if (!browse_) {
     browse_ = [this](const std::string& start) { return mMain::BrowseForDisk(window(), start); };
   }
-  addTab(BuildSourcePage(), tr("Source folder"));
-  addTab(BuildOutputPage(), tr("Output folder"));
-  addTab(BuildSettingsPage(), tr("Settings"));
+  BuildSourcePage(NewPage(tr("Source folder")));
+  BuildOutputPage(NewPage(tr("Output folder")));
+  BuildSettingsPage(NewPage(tr("Settings")));
   AddKeys();
   Show(SaveOptions());
   Show(SourceOptions());
@@ -121,16 +130,29 @@ void FolderPages::showEvent(QShowEvent* event) {
   QTabWidget::showEvent(event);
 }
 
-QWidget* FolderPages::BuildSourcePage() {
-  auto* page = new QWidget(this);
-  fdSourceFolder = NewField<FolderField>("fdSourceFolder", page, folders_);
+/// Without its controls: whatever moves to another parent is styled anew with all that it holds.
+QWidget* FolderPages::NewPage(const QString& title) {
+  auto* page = new QWidget;
+  addTab(page, title);
+  return page;
+}
+
+void FolderPages::BuildSourcePage(QWidget* page) {
+  fdSourceFolder = NewField<FolderField>(
+      "fdSourceFolder",
+      tr("The folder with the files to rename; you can also drop it on the window"), page,
+      folders_);
   Command2 = NewBrowseButton("Command2", tr("Choose the source folder"), page);
-  fdIncludeMask = NewField<QLineEdit>("fdIncludeMask", page);
-  fdExcludeMask = NewField<QLineEdit>("fdExcludeMask", page);
-  chSubfolders = NewBox("chSubfolders", tr("Include su&bfolders"), page);
+  fdIncludeMask = NewField<QLineEdit>(
+      "fdIncludeMask",
+      tr("List only matching files; separate masks with blanks, as in *.jpg *.png"), page);
+  fdExcludeMask = NewField<QLineEdit>(
+      "fdExcludeMask",
+      tr("Leave out matching files; separate masks with blanks, as in *.tmp *.bak"), page);
+  chSubfolders = NewBox("chSubfolders", tr("Include su&bfolders"),
+                        tr("List the files in its folders too, at any depth"), page);
   for (QLineEdit* mask : {fdIncludeMask, fdExcludeMask}) {
     mask->setPlaceholderText(tr("*.jpg *.png"));
-    Explain(mask, tr("Masks are parted by blanks"));
     WatchMasks(mask);
   }
   Explain(Command2, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
@@ -148,22 +170,24 @@ QWidget* FolderPages::BuildSourcePage() {
   grid->addWidget(NewLabel(tr("&Include mask:"), fdIncludeMask, page), 1, 0);
   grid->addLayout(masks, 1, 1, 1, 2);
   grid->addWidget(chSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
 std::array<QWidget*, 4> FolderPages::OutputControls() const {
   return {destination_label_, fdDestination, bnDestination, chDestinationSubfolders};
 }
 
-QWidget* FolderPages::BuildOutputPage() {
-  auto* page = new QWidget(this);
+void FolderPages::BuildOutputPage(QWidget* page) {
   cmbDestination = new QComboBox(page);
   cmbDestination->setObjectName(QStringLiteral("cmbDestination"));
+  Explain(cmbDestination, tr("Rename the files where they are, or copy or move them to a folder"));
   for (const OutputModeRow& mode : kOutputModes) cmbDestination->addItem(tr(mode.caption));
-  fdDestination = NewField<FolderField>("fdDestination", page, folders_);
+  fdDestination = NewField<FolderField>(
+      "fdDestination", tr("The folder to copy or move to; it is created if it doesn't exist"), page,
+      folders_);
   bnDestination = NewBrowseButton("bnDestination", tr("Choose the output folder"), page);
   Explain(bnDestination, WithKeys(tr("Choose a folder"), Keys::kChooseFolder));
-  chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"), page);
+  chDestinationSubfolders = NewBox("chDestinationSubfolders", tr("Create su&bfolders"),
+                                   tr("Recreate the subfolders of the source folder there"), page);
   destination_label_ = NewLabel(tr("&Folder:"), fdDestination, page);
   for (QWidget* control : OutputControls()) {
     QSizePolicy policy = control->sizePolicy();
@@ -179,17 +203,17 @@ QWidget* FolderPages::BuildOutputPage() {
   grid->addWidget(fdDestination, 1, 1);
   grid->addWidget(bnDestination, 1, 2);
   grid->addWidget(chDestinationSubfolders, 2, 1, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
-QWidget* FolderPages::BuildSettingsPage() {
-  auto* page = new QWidget(this);
-  chSaveSourceFolderOptions =
-      NewBox("chSaveSourceFolderOptions", tr("Save source &folder options"), page);
-  chSaveOutputFolderOptions =
-      NewBox("chSaveOutputFolderOptions", tr("Save &output folder options"), page);
-  chSaveFileListOptions = NewBox("chSaveFileListOptions", tr("Save f&ile list options"), page);
-  chEnableSkin = NewBox("chEnableSkin", tr("Ena&ble skin"), page);
+void FolderPages::BuildSettingsPage(QWidget* page) {
+  chSaveSourceFolderOptions = NewBox("chSaveSourceFolderOptions", tr("Save source &folder options"),
+                                     tr("Start with the same folder and masks next time"), page);
+  chSaveOutputFolderOptions = NewBox("chSaveOutputFolderOptions", tr("Save &output folder options"),
+                                     tr("Start with the same output and folder next time"), page);
+  chSaveFileListOptions = NewBox("chSaveFileListOptions", tr("Save f&ile list options"),
+                                 tr("Start with the same columns and groups next time"), page);
+  chEnableSkin = NewBox("chEnableSkin", tr("Ena&ble skin"),
+                        tr("The program's own look; without it, the look of your desktop"), page);
   QGridLayout* grid = NewGrid(page);
   // Boxes only: as much air as between fields.
   grid->setVerticalSpacing(measure::kBlockGap);
@@ -198,13 +222,12 @@ QWidget* FolderPages::BuildSettingsPage() {
   grid->addWidget(chEnableSkin, 0, 2);
   grid->addWidget(chSaveOutputFolderOptions, 1, 0, 1, 2, Qt::AlignLeft);
   grid->addWidget(chSaveFileListOptions, 2, 0, 1, 2, Qt::AlignLeft);
-  return page;
 }
 
 void FolderPages::AddKeys() {
   for (int page = 0; page < count(); ++page) {
     const Keys keys = Behind(Keys::kSourcePage, page);
-    setTabToolTip(page, ShownKeys(keys));
+    setTabToolTip(page, WithKeys(tr(kPages[page]), keys));
     connect(NewShortcut(keys, this), &QShortcut::activated, this,
             [this, page] { setCurrentIndex(page); });
   }

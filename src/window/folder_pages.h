@@ -76,9 +76,10 @@ class FolderPages : public QTabWidget {
  private:
   /// Those that make sense only with a folder of its own.
   std::array<QWidget*, 4> OutputControls() const;
-  QWidget* BuildSourcePage();
-  QWidget* BuildOutputPage();
-  QWidget* BuildSettingsPage();
+  QWidget* NewPage(const QString& title);
+  void BuildSourcePage(QWidget* page);
+  void BuildOutputPage(QWidget* page);
+  void BuildSettingsPage(QWidget* page);
   void AddKeys();
   void Command2_Click();
   void bnDestination_Click();

@@ -1,18 +1,15 @@
 #include "window/folder_sign.h"
 
-#include <QAction>
 #include <QEvent>
 #include <QLineEdit>
-#include <QToolButton>
 #include <chrono>
 #include <thread>
 #include <utility>
 
 #include "common/language.h"
 #include "common/path_text.h"
-#include "look/card.h"
+#include "look/field_sign.h"
 #include "look/handlers.h"
-#include "look/look.h"
 #include "platform/qt/text_qt.h"
 #include "platform/services.h"
 #include "platform/text.h"
@@ -20,7 +17,6 @@
 namespace {
 
 constexpr int kLookEveryMs = 20;
-constexpr int kSignSize = 16;
 
 /// What a state of the disk keeps a command from; empty where that is nothing.
 QString WordsOf(FolderState state, FolderUse use) {
@@ -30,8 +26,7 @@ QString WordsOf(FolderState state, FolderUse use) {
     case FolderState::kUnknown:
       break;
     case FolderState::kMissing:
-      return read ? text::ToQt(mLanguageGobals::kFolderNotFound)
-                  : FolderSign::tr("This folder will be made");
+      return read ? text::ToQt(mLanguageGobals::kFolderNotFound) : QString();
     case FolderState::kIsFile:
       return FolderSign::tr("This is a file");
     case FolderState::kBehindFile:
@@ -47,21 +42,13 @@ QString WordsOf(FolderState state, FolderUse use) {
 }  // namespace
 
 FolderSign::FolderSign(QLineEdit* field, Folders& folders, FolderUse use)
-    : QObject(field),
-      field_(field),
-      folders_(folders),
-      use_(use),
-      sign_(field->addAction(QIcon(), QLineEdit::TrailingPosition)) {
-  const QString name = field->objectName() + QStringLiteral("Sign");
-  sign_->setVisible(false);
-  for (auto* button : field->findChildren<QToolButton*>()) button->setObjectName(name);
+    : QObject(field), field_(field), folders_(folders), use_(use), sign_(new FieldSign(field)) {
   look_.setInterval(kLookEveryMs);
   OnSignal(&look_, &QTimer::timeout, this, "FolderSign.LookForAnswer", [this] { LookForAnswer(); });
   OnSignal(field, &QLineEdit::textChanged, this, "FolderSign.TextChanged",
            [this] { TextChanged(); });
   field->installEventFilter(this);
-  MakePicture();
-  Say(WrongWithText(), true);
+  sign_->Warn(WrongWithText());
 }
 
 bool FolderSign::eventFilter(QObject* watched, QEvent* event) {
@@ -71,10 +58,6 @@ bool FolderSign::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusOut:
     case QEvent::Show:
       ErrTrace::top("FolderSign.LookAtDisk", [this] { LookAtDisk(); });
-      break;
-    case QEvent::PaletteChange:
-    case QEvent::StyleChange:
-      MakePicture();
       break;
     default:
       break;
@@ -99,7 +82,7 @@ QString FolderSign::WrongWithText() const {
 void FolderSign::TextChanged() {
   look_.stop();
   answer_ = {};
-  Say(WrongWithText(), true);
+  sign_->Warn(WrongWithText());
   if (!field_->hasFocus()) LookAtDisk();
 }
 
@@ -120,19 +103,6 @@ void FolderSign::LookForAnswer() {
   look_.stop();
   const FolderState state = answer_.get();
   const bool will_be_made = use_ == FolderUse::kWrite && state == FolderState::kMissing;
-  Say(WordsOf(state, use_), !will_be_made);
-}
-
-void FolderSign::Say(const QString& words, bool warns) {
-  sign_->setText(words);
-  sign_->setVisible(warns && !words.isEmpty());
-  if (field_->accessibleDescription() != words) Explain(field_, words);
-}
-
-void FolderSign::MakePicture() {
-  QIcon icon;
-  for (const qreal scale : {1.0, 2.0}) {
-    icon.addPixmap(Look::Current().Picture(Drawing::kWarning, Role::kWarn, kSignSize, scale));
-  }
-  sign_->setIcon(icon);
+  sign_->Warn(will_be_made ? QString() : WordsOf(state, use_));
+  if (will_be_made) sign_->Note(tr("This folder will be made"));
 }

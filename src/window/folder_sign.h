@@ -7,8 +7,8 @@
 
 #include "platform/folder_state.h"
 
+class FieldSign;
 class Folders;
-class QAction;
 class QLineEdit;
 
 /// Says at the field of a folder what would keep a command from using it: by a sign at the right
@@ -40,13 +40,11 @@ class FolderSign : public QObject {
   QString WrongWithText() const;
   void LookAtDisk();
   void LookForAnswer();
-  void Say(const QString& words, bool warns);
-  void MakePicture();
 
   QLineEdit* field_;
   Folders& folders_;
   FolderUse use_;
-  QAction* sign_;
+  FieldSign* sign_;
   QTimer look_;
   std::string asked_;  ///< the path whose answer is awaited
   std::future<FolderState> answer_;

@@ -1,13 +1,11 @@
 #include "window/main_window.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -17,17 +15,16 @@
 #include "filelist/list_view.h"
 #include "filelist/mask_dialog.h"
 #include "filelist/system_folder_dialog.h"
+#include "look/accessible_role.h"
 #include "look/card.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
-#include "look/skin.h"
 #include "names/editor/constructor_editor.h"
 #include "names/element_kinds.h"
 #include "platform/qt/text_qt.h"
 #include "platform/system_facts.h"
 #include "rename/conflicts_dialog.h"
 #include "rename/results/result_windows.h"
-#include "settings/window_placement_qt.h"
 #include "trace/err_trace.h"
 #include "window/about_box.h"
 #include "window/folder_drop.h"
@@ -46,21 +43,26 @@ constexpr void (Commands::*kCommands[kCommandButtonCount])() = {
     &Commands::bnUndo_Click,         &Commands::bnCancel_Click,
 };
 
+/// The first part of the window, which has its role before: parts that come into being are told
+/// with all that they lie in.
+LeftColumn* NewLeftColumn(QWidget* window) {
+  SetAccessibleRole(*window, QAccessible::Window);
+  return new LeftColumn(window);
+}
+
 }  // namespace
 
 Form1::Form1(Session& session, const Services& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
       services_(services),
-      left_column_(new LeftColumn(this)),
+      left_column_(NewLeftColumn(this)),
       folder_pages_(new FolderPages(services.folders, left_column_)),
       editor_(new ConstructorEditor(session.constructor, services, left_column_)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(session.grid, this)),
       status_bar_(new StatusBar(this)),
       commands_(session, services, *this, *list_) {
-  gFailureReport = new ResultWindow(kRenamingFailure, session.reports, services, this);
-  gConflictReport = new ResultWindow(kResolvedConflicts, session.reports, services, this);
   const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
   const auto ini_settings = [this](const std::string& name) { IniSettings(name); };
   templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
@@ -72,7 +74,6 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   WatchDrops(services.files);
   undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
   Form_Load();
-  new WindowPlacement(services_.settings, *this, "Form1");
 }
 
 Form1::~Form1() {
@@ -80,6 +81,9 @@ Form1::~Form1() {
 }
 
 void Form1::LayOut() {
+  auto* lblFontContainer = new QLabel(this);
+  lblFontContainer->setObjectName(QStringLiteral("lblFontContainer"));
+  lblFontContainer->hide();
   auto* left = new QVBoxLayout(left_column_);
   left->setContentsMargins(0, 0, 0, 0);
   left->setSpacing(measure::kBlockGap);
@@ -110,9 +114,7 @@ void Form1::ConnectPanels() {
   connect(list_, &FileListPanel::groupByChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::sortChanged, this, &Form1::MarkStaleWhereOrderCounts);
   connect(list_, &FileListPanel::wideToggled, this, &Form1::SetWide);
-  connect(folder_pages_, &FolderPages::skinToggled, this, [](bool on) {
-    ErrTrace::top("Form1.chEnableSkin_Click", [&] { ApplySkin(*qApp, on); });
-  });
+  connect(folder_pages_, &FolderPages::skinToggled, this, &Form1::chEnableSkin_Click);
   connect(list_, &FileListPanel::rowDblClick, this, [this](const std::string& file) {
     mMain::OpenInExplorerList(services_.files, services_.prompts, services_.shell, file);
   });
@@ -162,47 +164,6 @@ void Form1::lnkAddSeparator_Click() {
   ListFiles();
 }
 
-Options Form1::ReadOptions() const {
-  return {folder_pages_->Saved(), folder_pages_->Source(), folder_pages_->Output(),
-          list_->ReadOptions(), session_.state.numbering};
-}
-
-void Form1::Show(const Options& options) {
-  session_.state.numbering = options.numbering;
-  folder_pages_->Show(options.save);
-  folder_pages_->Show(options.source);
-  folder_pages_->Show(options.output);
-  list_->Show(options.list);
-}
-
-void Form1::IniSettings(const std::string& pTemplateName) {
-  ErrTrace::inner("Form1.IniSettings(pTemplateName)", ErrTrace::args(pTemplateName), [&] {
-    Options options = ReadOptions();
-    const auto show =
-        qScopeGuard([&] { ErrTrace::top("Form1.IniSettings", [&] { Show(options); }); });
-    at_start_.could_read = services_.settings.CanBeRead();
-    ReadSavedOptions(services_.settings, options, at_start_.read);
-    folder_pages_->chEnableSkin->setChecked(true);
-  });
-}
-
-void Form1::Form_Load() {
-  ErrTrace::top("Form1.Form_Load", [&] { IniSettings(""); });
-  at_start_.shown = ReadOptions();
-  ErrTrace::top("Form1.Form_Load", [&] {
-    const bool no_folder = folder_pages_->Source().fdSourceFolder.empty();
-    commands_.EnableDisable(no_folder ? ModeNoFolder : ModeFolderChosen);
-  });
-}
-
-void Form1::Form_Unload() {
-  const bool Cancel = false;
-  ErrTrace::top("Form1.Form_Unload(Cancel)", ErrTrace::args(Cancel), [&] {
-    folder_pages_->CommitFocusedField();
-    WriteSavedOptions(services_.settings, ReadOptions(), at_start_);
-  });
-}
-
 void Form1::Start(CommandButton button) {
   if (button == CommandButton::bnCancel) return commands_.bnCancel_Click();
   if (commands_.Busy()) return;
@@ -237,32 +198,8 @@ void Form1::MarkStaleWhereOrderCounts() {
 }
 
 void Form1::SetWide(bool wide) {
-  left_column_->setVisible(!wide);
-}
-
-void Form1::closeEvent(QCloseEvent* event) {
-  if (!commands_.Busy()) {
-    Form_Unload();
-    return;
-  }
-  close_wanted_ = true;
-  session_.state.gCancelRequested = true;
-  event->ignore();
-}
-
-void Form1::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
-  if (!first_show_) return;
-  first_show_ = false;
-  FocusFirst();
-}
-
-void Form1::FocusFirst() {
-  if (folder_pages_->Source().fdSourceFolder.empty()) {
-    folder_pages_->fdSourceFolder->setFocus();
-  } else {
-    buttons_->FocusPrimary();
-  }
+  gWideListShift = wide;
+  Form_Resize();
 }
 
 void Form1::Command4_Click() {
@@ -355,10 +292,16 @@ void Form1::FocusAfterCancel() {
   buttons_->FocusAfterCancel();
 }
 
+/// Most runs need neither, so the start doesn't wait for them.
+ResultWindow& Form1::Made(ResultWindow*& report, const ResultKind& kind) {
+  if (report == nullptr) report = new ResultWindow(kind, session_.reports, services_, this);
+  return *report;
+}
+
 void Form1::ShowFailureReport() {
-  gFailureReport->ShowReport();
+  Made(gFailureReport, kRenamingFailure).ShowReport();
 }
 
 void Form1::ShowConflictReport() {
-  gConflictReport->ShowReport();
+  Made(gConflictReport, kResolvedConflicts).ShowReport();
 }

@@ -15,9 +15,11 @@ class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
 class ResultWindow;
+struct ResultKind;
 class StatusBar;
 class TemplateGroup;
 class UndoKey;
+class WindowPlacement;
 
 /// The main window: the panels laid out, the mode table applied to them, and which signal starts
 /// which command.
@@ -37,8 +39,9 @@ class Form1 : public QWidget, private CommandView {
   void TakeSourceFolder(const std::string& folder);
 
  protected:
-  /// Stores the options. During a pass the window only asks it to end, and closes when it has.
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
@@ -48,9 +51,17 @@ class Form1 : public QWidget, private CommandView {
   void WatchDrops(FileSystem& files);
   void lnkAddSeparator_Click();
   void ListFiles();
+  /// Brings panes, skin, stored options, columns, mode, place and font to controls that stand: the
+  /// panels fill their own, layouts put them in line, and the option panes lie in one stack. The
+  /// place is taken when the window is shown first. A failure in the options doesn't keep the rest.
   void Form_Load();
-  /// Stores the options; the placement, stored next, brings both to disk.
-  void Form_Unload();
+  /// All but what follows from the wide list is done by the layouts; nothing while minimised.
+  void Form_Resize();
+  /// Stores the options, then the placement, which brings both to disk, and closes the result
+  /// windows. During a pass it only asks that to end and sets `Cancel`: the window stays until
+  /// then.
+  void Form_Unload(bool& Cancel);
+  void chEnableSkin_Click();
   void Show(const Options& options);
   /// Runs a command with the focused field's value handed over first.
   void Start(CommandButton button);
@@ -76,6 +87,7 @@ class Form1 : public QWidget, private CommandView {
   bool AskAboutSystemFolders(const std::string& folders) override;
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override;
   void FocusAfterCancel() override;
+  ResultWindow& Made(ResultWindow*& report, const ResultKind& kind);
   void ShowFailureReport() override;
   void ShowConflictReport() override;
 
@@ -90,11 +102,13 @@ class Form1 : public QWidget, private CommandView {
   StatusBar* status_bar_;
   Commands commands_;
   UndoKey* undo_key_;
-  ResultWindow* gFailureReport;
-  ResultWindow* gConflictReport;
+  WindowPlacement* placement_ = nullptr;
+  ResultWindow* gFailureReport = nullptr;  ///< both made at their first report
+  ResultWindow* gConflictReport = nullptr;
   OptionsAtStart at_start_;
   bool cancelled_ = false;  ///< "Cancel" was pressed during the running command
   bool waiting_ = false;
+  bool gWideListShift = false;  ///< the list stands over the left column too
   bool close_wanted_ = false;
   bool first_show_ = true;
 };

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "look/accessible_role.h"
 #include "look/card.h"
 #include "look/elided_label.h"
 #include "look/look.h"
@@ -45,7 +46,8 @@ StatusBar::StatusBar(QWidget* parent)
       rule(new QFrame),
       paneTotal(new QLabel),
       lbResult(new ElidedLabel("lbResult", Qt::ElideRight, this)),
-      bnAbout(NewLink("bnAbout", tr("About"), tr("About Quorvane"), Keys::kAbout)),
+      bnAbout(NewLink("bnAbout", tr("About"), tr("Which version this is, and where to get help"),
+                      Keys::kAbout)),
       bnHelp(NewLink("bnHelp", tr("Help"), tr("Open the manual"), Keys::kHelp)) {
   setObjectName(QStringLiteral("statusBar"));
   paneStatus->setObjectName(QStringLiteral("paneStatus"));
@@ -58,6 +60,7 @@ StatusBar::StatusBar(QWidget* parent)
     label->setTextFormat(Qt::PlainText);
     label->setProperty("muted", true);
   }
+  SetAccessibleRole(*rule, QAccessible::Separator);
   rule->setFrameShape(QFrame::VLine);
   rule->setProperty("rule", true);
 

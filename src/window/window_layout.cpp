@@ -3,11 +3,18 @@
 #include <QEvent>
 
 #include "look/look.h"
+#include "settings/window_placement.h"
 
 namespace {
 
-// The told least size, 13940 by 7260 twips, at 15 twips to a logical pixel.
-constexpr QSize kLeast(930, 484);
+/// Of whole pixels, so rather more.
+constexpr int Pixels(float twips) {
+  const int whole = static_cast<int>(twips / kTwipsPerPixel);
+  return static_cast<float>(whole) * kTwipsPerPixel < twips ? whole + 1 : whole;
+}
+
+constexpr QSize kLeast(Pixels(gMinFormWidth), Pixels(gMinFormHeight));
+static_assert(kLeast == QSize(930, 484));
 
 }  // namespace
 

@@ -95,48 +95,49 @@ TEST_F(ErrorWindowsTest, LinksAreReachedAndFollowedByKeyboardAndByAScreenReader)
 }
 
 TEST_F(ErrorWindowsTest, AFailureIsSavedAndShownThoughNoMainWindowIsThere) {
-  const QString sorry = QStringLiteral("Sorry, an error has occurred. Try to restart the program.");
-  for (const QString& slip : {QString(), QStringLiteral("The mask <b>“[a” isn't closed.")}) {
-    ErrTrace::top("mMain.Main", [&] {
-      throw Failure({.number = kOverflow, .description = "Overflow", .slip = slip.toStdString()});
+  const std::string sorry = "Sorry, an error has occurred. Try to restart the program.";
+  const std::pair<std::string, std::string> table[] = {
+      {"", sorry + "! If"},
+      {"“<b>[a” is …", "“\u2068<b>[a\u2069” is \u2060…\u2060! " + sorry + " If"}};
+  for (const auto& [slip, begins] : table) {
+    ErrTrace::top("mMain.Main", [slip = slip] {
+      throw Failure({.number = kOverflow, .description = "Overflow", .slip = slip});
     });
     ASSERT_EQ(OpenWindows().size(), 1u);
     EXPECT_FALSE(OpenWindows()[0]->isModal());
-    EXPECT_THAT(Saved(),
-                StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:1.2.3'"));
-    EXPECT_THAT(Saved(), testing::Not(HasSubstr("isn't closed")));
-    std::vector<std::pair<QString, bool>> lines;  // and whether they are strong
+    EXPECT_THAT(Saved(), AllOf(StartsWith("Overflow \r\n  Time='03/09/24 07:05:02' App='quorvane:"),
+                               testing::Not(HasSubstr("<b>"))));
+    std::string seen;
     for (const QLabel* label : OpenWindows()[0]->findChildren<QLabel*>()) {
       if (label->text().isEmpty()) continue;
-      lines.emplace_back(label->text(), label->font().weight() == QFont::DemiBold);
+      const bool strong = label->font().weight() == QFont::DemiBold;
+      seen += label->text().toStdString() + (strong ? "! " : " ");
     }
-    EXPECT_EQ(lines.at(0), std::pair(slip.isEmpty() ? sorry : slip, true));
-    EXPECT_EQ(lines.at(1).first == sorry, !slip.isEmpty());
-    EXPECT_FALSE(lines.at(1).second);
+    EXPECT_THAT(seen, StartsWith(begins));
     QTimer::singleShot(0, [] { OpenWindows()[0]->accept(); });
     reporter_.WaitForWindows();
     EXPECT_TRUE(OpenWindows().empty());
   }
 }
 
-TEST_F(ErrorWindowsTest, ADeveloperReadsTheReportItselfModalOnlyOverAModalWindow) {
-  reporter_.MainWindowLoaded(&main_window_);
+TEST_F(ErrorWindowsTest, ADeveloperReadsTheReportModalOnlyOverAModalWindow) {
   ErrTrace::SetDeveloper(&system_.prompts);
-  QDialog dialog;
   for (const bool under_dialog : {false, true}) {
+    QDialog dialog;
     dialog.setModal(under_dialog);
     dialog.show();
     ErrTrace::top("Form1.bnUndo_Click", [] { throw Failure(kOverflow, "Overflow"); });
     EXPECT_THAT(Saved(), HasSubstr("Call Stack: Form1.bnUndo_Click() -"));
+    QWidget* shown = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->objectName() != QStringLiteral("frmShowError")) continue;
-      EXPECT_TRUE(window->isVisible());
-      EXPECT_EQ(window->isModal(), under_dialog);
-      const auto* text = window->findChild<QPlainTextEdit*>(QStringLiteral("txtError"));
-      EXPECT_TRUE(text->toPlainText().startsWith(QStringLiteral("Overflow \n  Time=")));
-      window->close();
+      if (window->isVisible() && window != &dialog) shown = window;
     }
-    dialog.close();
+    ASSERT_NE(shown, nullptr);
+    EXPECT_EQ(shown->objectName(), QStringLiteral("frmShowError"));
+    const QString report = shown->findChild<QPlainTextEdit*>()->toPlainText();
+    EXPECT_TRUE(report.startsWith(QStringLiteral("Overflow \n  Time=")));
+    EXPECT_EQ(shown->isModal(), under_dialog);
+    shown->close();
   }
   ErrTrace::SetDeveloper(nullptr);
   EXPECT_TRUE(OpenWindows().empty());

@@ -102,7 +102,7 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   state.names.limit = 5;
   EXPECT_TRUE(model.index(1, kColumnNewName).data(kMarkedNameRole).value<MarkedName>().warned);
   EXPECT_EQ(Text(1, kColumnNewName, kVerdictRole), "too long: 7 of 5 bytes");
-  expect(Mark::kWaiting, 0, "waiting, IMG_ removed, too long: 7 of 5 bytes");
+  expect(Mark::kWaiting, 0, "waiting, too long: 7 of 5 bytes, IMG_ removed");
   state.gPreviewStale = true;
   expect(Mark::kWaiting, 0, "waiting, new name out of date");
   file.RowTag = 1;

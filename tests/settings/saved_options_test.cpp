@@ -129,6 +129,9 @@ TEST(RegSettings, TheVersionIsOnDiskWhenItIsSaved) {
   EXPECT_THAT(store.written,
               testing::ElementsAre("Major=1", "Minor=20", "Revision=3", "AppPath=/usr/bin"));
   EXPECT_EQ(store.flushes, 1);
+  store.written.clear();
+  mRegSettings::SaveVersion(store, {1, 20, 3}, "/opt");
+  EXPECT_EQ(store.written, Texts{"AppPath=/opt"}) << "the rest stands there already";
   store.problem = {"can't be written: /conf", ENOSPC};
   const auto check = [&] { mRegSettings::CheckReadable(store); };
   for (const std::string& report : {FailureReport(save), FailureReport(check)}) {

@@ -27,7 +27,7 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
     window.show();
     const QSize spare = window.screen()->size() - window.size();
     EXPECT_LE((window.pos() - QRect({}, spare).center()).manhattanLength(), 2);
-    EXPECT_EQ(window.size(), QSize(200, 100));
+    EXPECT_EQ(window.size(), QSize(929, 484));
     window.resize(321, 222);
     window.move(33, 44);
     EXPECT_TRUE(store.written.empty());
@@ -40,6 +40,10 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   again.show();
   EXPECT_EQ(again.pos(), QPoint(33, 44));
   EXPECT_EQ(again.size(), QSize(321, 222));
+  store.values[{"Windows\\Main", "MainWidth"}] = "15";
+  PlacedWidget least(store, "Form1");
+  least.show();
+  EXPECT_EQ(least.size(), QSize(200, 222)) << "not below what it needs";
 }
 
 TEST(WindowPlacementQt, AnOwnSizeIsGivenAtEachShowingUntilTheUserHasSizedTheWindow) {

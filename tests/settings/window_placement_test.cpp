@@ -21,8 +21,8 @@ TEST(WindowPlacement, KeepsWhatTheStateOfTheWindowAllows) {
       {"Form1", {15, -30, 13950, 7260}, "15 -30 13950 7260 0"},
       {"Form7", {7.5, 0, 9705, 8580}, "7.5 0 9705 8580 0"},
       {"Form8", {15, 30, 9000, 9000}, "15 30 3000 2000 0"},
-      {"Form1", {0, 0, 28800, 16200, kMaximised}, "12900 7100 3000 2000 2"},
-      {"Form1", {0, 0, 9000, 9000, kMinimised}, "12900 7100 3000 2000 0"},
+      {"Form1", {0, 0, 28800, 16200, kMaximised}, "7430 4470 13940 7260 2"},
+      {"Form1", {0, 0, 9000, 9000, kMinimised}, "7430 4470 13940 7260 0"},
       {"Form3", {{}, {}, 4800, 4200}, "12000 6000 4800 4200 0"},
       {"frmShowError", {15, 30, 9000, 9000}, "none none 3000 2000 0"},
   };
@@ -50,10 +50,10 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
     const char* window;  ///< what becomes of kNew
     const char* failure = "";
   } table[] = {
-      {"Form1", "Main", {}, "12900 7100 3000 2000 0"},
+      {"Form1", "Main", {}, "7430 4470 13940 7260 0"},
       {"Form3", "FileErrorReport", {}, "9547.5 3810 9705 8580 0"},
       {"Form8", "Conflicts", {{"MainWidth", "9"}}, "12900 7100 3000 2000 0"},
-      {"Form1", "Main", {{"MainWidth", "6000"}, {"WindowState", "2"}}, "11400 7100 6000 2000 2"},
+      {"Form1", "Main", {{"MainWidth", "6000"}, {"WindowState", "2"}}, "11400 4470 6000 7260 2"},
       // A screen that has gone since: the window opens where it was.
       {"Form10", "About", {{"MainLeft", "-3e4"}, {"MainTop", "1e5"}}, "-30000 100000 3000 2000 0"},
       {"Form1", "Main", but("MainWidth", "wide"), "none none 3000 2000 0", "Type mismatch"},

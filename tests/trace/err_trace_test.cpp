@@ -132,8 +132,7 @@ TEST_F(ErrTraceTest, ASecondFailureWhileComposingCostsItsOwnPartOnly) {
 }
 
 TEST_F(ErrTraceTest, ADeveloperIsAskedAtEachLevelAndMayHaveItRunAgain) {
-  constexpr auto kYes = PromptAnswer::kYes, kNo = PromptAnswer::kNo,
-                 kCancel = PromptAnswer::kCancel;
+  using enum PromptAnswer;
   const struct {
     std::vector<PromptAnswer> answers;  // in the order of the questions
     int failing_runs, runs;
@@ -159,7 +158,6 @@ TEST_F(ErrTraceTest, ADeveloperIsAskedAtEachLevelAndMayHaveItRunAgain) {
     });
     EXPECT_EQ(run, runs);
     EXPECT_EQ(prompts.told.size(), answers.size());
-    EXPECT_EQ(prompts.icons, std::string(answers.size(), 'x'));
     EXPECT_THAT(report, StartsWith(begins));
     const std::string asked =
         " (Propagated)\nDo you want to retry the operation in step mode?\n"
@@ -167,7 +165,6 @@ TEST_F(ErrTraceTest, ADeveloperIsAskedAtEachLevelAndMayHaveItRunAgain) {
     if (prompts.told.size() < 2 || answers[0] != kNo) continue;
     EXPECT_EQ(prompts.told[0], "Stopped on Error: Error: one" + asked.substr(asked.find('\n')));
     EXPECT_EQ(prompts.told[1], "Stopped on Error: Error: one " + asked);
-    EXPECT_THAT(report, HasSubstr("Method: mLow.F \r\n"));
     EXPECT_THAT(report, ContainsRegex("Call Stack: mLow.F.. -+\r\n  Call Stack: Test.. -+\r\n$"));
   }
 }

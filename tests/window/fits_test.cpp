@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolTip>
 
 #include "errors/error_windows.h"
 #include "filelist/mask_dialog.h"
@@ -19,6 +21,7 @@
 #include "support/fake_services.h"
 #include "window/about_box.h"
 #include "window/main_window.h"
+#include "window/template_dialog.h"
 
 namespace {
 
@@ -67,12 +70,14 @@ std::string Faults(const QWidget& window) {
 class FitsTest : public testing::Test, protected FakeServices {
  protected:
   FitsTest() {
-    for (QWidget* window : std::initializer_list<QWidget*>{&Form4_, &Form5_, &Form6_, &Form8_,
-                                                           &Form10_, &Form11_, &Form3_, &main_}) {
+    for (QWidget* window :
+         std::initializer_list<QWidget*>{&Form2_, &Form4_, &Form5_, &Form6_, &Form8_, &Form10_,
+                                         &Form11_, &Form3_, &Form7_, &main_}) {
       window->show();
     }
   }
   ~FitsTest() override {
+    QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
     QApplication::setFont(font_);
     ApplySkin(*qApp, false);
   }
@@ -82,6 +87,16 @@ class FitsTest : public testing::Test, protected FakeServices {
     window.resize(window.minimumSize());
     QApplication::processEvents();
     EXPECT_EQ(Faults(window), "") << window.objectName().toStdString() << ", " << state;
+  }
+
+  /// The box of the letter case may give way, and then tells all when it is pointed at.
+  void CheckCase(const std::string& state) {
+    auto* box = main_.findChild<QComboBox*>(QStringLiteral("cmbCaseOldFile"));
+    box->setCurrentIndex(box->count() - 1);
+    QHelpEvent point(QEvent::ToolTip, {}, box->mapToGlobal(box->rect().center()));
+    QApplication::sendEvent(box, &point);
+    const int needs = box->fontMetrics().horizontalAdvance(box->currentText()) + 18;  // the arrow's
+    EXPECT_TRUE(box->width() >= needs || QToolTip::text().startsWith(box->currentText())) << state;
   }
 
   /// Each element's pane, each of its pages, with each mode of each page.
@@ -107,6 +122,7 @@ class FitsTest : public testing::Test, protected FakeServices {
   const QFont font_ = QApplication::font();
   Session session_;
   Form1 main_{session_, services};
+  Form2 Form2_{prompts, settings, nullptr};
   Form4 Form4_{"/etc/", settings, nullptr};
   Form5 Form5_{prompts, settings, nullptr};
   Form6 Form6_{QStringLiteral("Check by mask"), "*", services, nullptr};
@@ -114,6 +130,7 @@ class FitsTest : public testing::Test, protected FakeServices {
   Form10 Form10_{services, nullptr};
   Form11 Form11_{services, nullptr};
   ResultWindow Form3_{kRenamingFailure, session_.reports, services, nullptr};
+  ResultWindow Form7_{kResolvedConflicts, session_.reports, services, nullptr};
 };
 
 }  // namespace
@@ -122,6 +139,7 @@ TEST_F(FitsTest, NothingIsCutOrCoveredAtAnyFontAlsoWhenItChangesInOpenWindows) {
   auto* insert = main_.findChild<QPushButton*>(QStringLiteral("bnInsertRight"));
   for (QAction* element : insert->menu()->actions().mid(0, 6)) element->trigger();
   for (const int points : {9, 20, 8, 14, 11}) {
+    QApplication::setLayoutDirection(points == 14 ? Qt::RightToLeft : Qt::LeftToRight);
     QFont font = font_;
     font.setPointSize(points);
     QApplication::setFont(font);
@@ -132,6 +150,7 @@ TEST_F(FitsTest, NothingIsCutOrCoveredAtAnyFontAlsoWhenItChangesInOpenWindows) {
       for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->isVisible() && window != &main_) Check(*window, state);
       }
+      CheckCase(state);
       CheckPanes(state);
     }
   }

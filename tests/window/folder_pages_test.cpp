@@ -149,7 +149,9 @@ TEST_F(FolderPagesTest, SayAtTheFieldWhatKeepsItsFolderFromUse) {
     for (const QDeadlineTimer end(5000); !end.hasExpired() && !at_field->Settled();) {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     }
-    EXPECT_EQ(field->accessibleDescription().toStdString(), words) << path;
+    const QString said = field->accessibleDescription();
+    const bool own = said.contains(QLatin1String("; "));  // what the field is for
+    EXPECT_EQ(own ? "" : said.toStdString(), words) << path;
     EXPECT_EQ(field->findChild<QToolButton*>()->isVisible(), sign) << path;
   }
 }

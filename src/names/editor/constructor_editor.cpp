@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "look/accessible_role.h"
 #include "look/card.h"
 #include "look/look.h"
 #include "look/number_field.h"
@@ -25,10 +26,12 @@ namespace {
 
 QWidget* NewEmptyPane(QWidget* parent) {
   auto* pane = new QFrame(parent);
+  SetAccessibleRole(*pane, QAccessible::Grouping);
   pane->setObjectName(QStringLiteral("pbDot"));
   pane->setProperty("card", true);
   auto* layout = new QVBoxLayout(pane);
   auto* text = new QLabel(QObject::tr("No options available"), pane);
+  pane->setAccessibleName(text->text());
   text->setObjectName(QStringLiteral("lbDot"));
   text->setProperty("muted", true);
   text->setAlignment(Qt::AlignCenter);

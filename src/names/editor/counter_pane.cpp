@@ -34,14 +34,17 @@ void CounterPane::BuildControls() {
   };
   fdStartValue = new NumberField("fdStartValue", store, this);
   fdStartValue->ShowNumber(1);
+  Explain(fdStartValue, tr("The number of the first file"));
   HandleChange(fdStartValue, "fdStartValue", [this] { UpdateSample(); });
 
-  cmbRange = NewPick("cmbRange", kWidths, [this](int) { TakeRange(); });
+  cmbRange = NewPick(this, "cmbRange", kWidths, [this](int) { TakeRange(); });
+  Explain(cmbRange, tr("Shorter numbers are padded with zeros, as in 007"));
   cmbRange->setMinimumWidth(kRangeWidth);
   cmbRange->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
   chResetCounter = new QCheckBox(tr("R&eset counter for each group in file list"), this);
   chResetCounter->setObjectName(QStringLiteral("chResetCounter"));
+  Explain(chResetCounter, tr("The first file of each group gets the start number"));
   OnSignal(chResetCounter, &QCheckBox::toggled, "Form1.chResetCounter_Click", [this](bool on) {
     emit optionChanged();
     if (ConstrItem* shown = Shown()) shown->counter.Reset = on ? 1 : 0;

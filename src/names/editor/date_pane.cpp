@@ -20,6 +20,7 @@ DatePane::DatePane(const Parts& parts, const char* date) : OptionPane(parts), da
   const QString captions[] = {tr("Firs&t:"), tr("Seco&nd:"), tr("Thir&d:")};
   for (std::size_t i = 0; i < parts_.size(); ++i) {
     parts_[i] = NewPartPick("cmb" + date_, i);
+    Explain(parts_[i], tr("d for the day, m for the month (mmmm for its name), y for the year"));
     AddColumn(grid, captions[i], parts_[i]);
   }
   separator_ = new NameField(parts.services.prompts, this);
@@ -27,6 +28,7 @@ DatePane::DatePane(const Parts& parts, const char* date) : OptionPane(parts), da
     UpdateSample();
     if (ConstrItem* shown = Shown()) shown->date.Separator = text::FromQt(separator_->text());
   });
+  Explain(separator_, tr("What stands between the parts, as in 31-12-2024"));
   AddColumn(grid, tr("Sep&arator:"), separator_);
 
   sample_ = new SampleLabel(("lb" + date_ + "Sample").c_str(), this);
@@ -37,7 +39,7 @@ DatePane::DatePane(const Parts& parts, const char* date) : OptionPane(parts), da
 
 QComboBox* DatePane::NewPartPick(const std::string& name, std::size_t part) {
   const int Index = static_cast<int>(part);
-  QComboBox* box = NewBox(name + '(' + std::to_string(Index) + ')', kDateParts);
+  QComboBox* box = NewBox(this, name + '(' + std::to_string(Index) + ')', kDateParts);
   const std::string handler = HandlerOf(name, "_Click(Index)");
   connect(box, &QComboBox::currentIndexChanged, this, [=, this](int picked) {
     ErrTrace::top(handler, ErrTrace::args(Index), [&] {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <utility>
 
+#include "look/elided_box.h"
 #include "look/handlers.h"
 #include "platform/qt/text_qt.h"
 
@@ -18,16 +19,18 @@ void OptionPane::ShowItem() {
   if (const ConstrItem* shown = Shown()) Fill(ConstrItem(*shown));
 }
 
-QComboBox* OptionPane::NewBox(const std::string& name, std::span<const std::string_view> entries) {
-  auto* box = new QComboBox(this);
+QComboBox* OptionPane::NewBox(QWidget* parent, const std::string& name,
+                              std::span<const std::string_view> entries) {
+  auto* box = new ElidedBox(parent);
   box->setObjectName(text::ToQt(name));
   for (const std::string_view entry : entries) box->addItem(text::ToQt(entry));
   return box;
 }
 
-QComboBox* OptionPane::NewPick(const std::string& name, std::span<const std::string_view> entries,
+QComboBox* OptionPane::NewPick(QWidget* parent, const std::string& name,
+                               std::span<const std::string_view> entries,
                                std::function<void(int)> picked) {
-  QComboBox* box = NewBox(name, entries);
+  QComboBox* box = NewBox(parent, name, entries);
   OnSignal(box, &QComboBox::currentIndexChanged, HandlerOf(name, "_Click"),
            [this, picked = std::move(picked)](int index) {
              emit optionChanged();

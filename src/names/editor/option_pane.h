@@ -47,11 +47,12 @@ class OptionPane : public Card {
   ConstrItem* Shown() const { return shown_(); }
   const Services& Supplied() const { return services_; }
 
-  /// A combo box called `name` with the texts of `entries`.
-  QComboBox* NewBox(const std::string& name, std::span<const std::string_view> entries);
+  /// A combo box called `name` with the texts of `entries`. `parent` is the pane or a page of it.
+  QComboBox* NewBox(QWidget* parent, const std::string& name,
+                    std::span<const std::string_view> entries);
   /// The same; each change of its entry is an edit, and runs `picked` with the new index.
-  QComboBox* NewPick(const std::string& name, std::span<const std::string_view> entries,
-                     std::function<void(int)> picked);
+  QComboBox* NewPick(QWidget* parent, const std::string& name,
+                     std::span<const std::string_view> entries, std::function<void(int)> picked);
   /// Names `field`; each change of its text is an edit, and runs `changed`.
   void HandleChange(QLineEdit* field, const std::string& name, std::function<void()> changed = {});
 

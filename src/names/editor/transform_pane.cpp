@@ -15,12 +15,14 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "look/handlers.h"
 #include "look/look.h"
 #include "look/name_field.h"
 #include "look/number_field.h"
 #include "look/shortcuts.h"
+#include "names/editor/transform_modes.h"
 #include "names/transform.h"
 #include "platform/qt/text_qt.h"
 
@@ -28,44 +30,11 @@ namespace {
 
 constexpr std::string_view kCases[] = {"Unchanged", "UPPERCASE", "lowercase",
                                        "First letter uppercase only"};
-constexpr std::string_view kCuts[] = {
-    "Do nothing",
-    "Remove Text",
-    "Remove N characters from the start",
-    "Remove N characters from the end",
-    "Remove N characters after the first K",
-    "Remove N characters before the last K",
-    "Remove N characters from the start and K from the end",
-    "Remove all after the first N characters",
-    "Remove all before the last N characters",
-    "Remove all between the first N and last K characters",
-};
-constexpr std::string_view kAdds[] = {
-    "Do nothing",
-    "Add Text to the left",
-    "Add Text to the right",
-    "Add Text1 to the left and Text2 to the right",
-    "Insert Text after the first N characters",
-    "Insert Text before the last N characters",
-};
-
-struct CutShows {
-  bool n, x, text;
-};
-/// The fields of each cut mode.
-constexpr CutShows kCutShows[std::size(kCuts)] = {
-    {false, false, false}, {false, false, true}, {true, false, false}, {true, false, false},
-    {true, true, false},   {true, true, false},  {true, true, false},  {true, false, false},
-    {true, false, false},  {true, true, false},
-};
-
-struct AddShows {
-  bool text1, text2, n;
-};
-/// The fields of each add mode.
-constexpr AddShows kAddShows[std::size(kAdds)] = {
-    {false, false, false}, {true, false, false}, {true, false, false},
-    {true, true, false},   {true, false, true},  {true, false, true},
+/// What the pages are for, in their order.
+constexpr const char* kPages[] = {
+    QT_TRANSLATE_NOOP("TransformPane", "Cut a part out of the text"),
+    QT_TRANSLATE_NOOP("TransformPane", "Find a text and put another in its place"),
+    QT_TRANSLATE_NOOP("TransformPane", "Put text in front, behind or in between"),
 };
 
 constexpr int kPairGap = 5;
@@ -89,7 +58,9 @@ class FramelessPages : public QTabWidget {
 /// A page whose labels stand in one column; the room below its rows is free.
 QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   constexpr int kRows = 2;
-  auto* widget = new QWidget(pages);
+  // Before it has controls: whatever moves to another parent is styled anew.
+  auto* widget = new QWidget;
+  pages->addTab(widget, title);
   auto* rows = new QGridLayout(widget);
   // One more for the line under the tabs.
   rows->setContentsMargins(0, measure::kBlockGap + 1, 0, 0);
@@ -97,7 +68,6 @@ QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   rows->setVerticalSpacing(measure::kControlGap);
   rows->setColumnStretch(1, 1);
   rows->setRowStretch(kRows, 1);
-  pages->addTab(widget, title);
   return rows;
 }
 
@@ -140,9 +110,15 @@ QIcon Dot(bool filled, qreal scale) {
   return QIcon(picture);
 }
 
-void SetShown(QWidget* field, bool shown) {
-  LabelOf(field)->setVisible(shown);
-  field->setVisible(shown);
+std::vector<std::string_view> CaptionsOf(std::span<const TransformMode> modes) {
+  std::vector<std::string_view> captions;
+  for (const TransformMode& mode : modes) captions.emplace_back(mode.caption);
+  return captions;
+}
+
+/// The mode that is picked; the first one while none is.
+const TransformMode& Picked(const QComboBox* box, std::span<const TransformMode> modes) {
+  return modes[static_cast<std::size_t>(std::max(box->currentIndex(), 0))];
 }
 
 }  // namespace
@@ -177,8 +153,8 @@ void TransformPane::MarkPages() {
   const TransformSteps steps = shown == nullptr ? TransformSteps{} : StepsInUse(shown->transform);
   const bool in_use[] = {steps.cut, steps.replace, steps.add};
   for (int page = 0; page < pages_->count(); ++page) {
-    const QString keys = ShownKeys(Behind(Keys::kRemovePage, page));
-    pages_->setTabToolTip(page, in_use[page] ? tr("%1 (in use)").arg(keys) : keys);
+    const QString tip = WithKeys(tr(kPages[page]), Behind(Keys::kRemovePage, page));
+    pages_->setTabToolTip(page, in_use[page] ? tr("%1, in use").arg(tip) : tip);
     pages_->setTabIcon(page, Dot(in_use[page], devicePixelRatioF()));
   }
 }
@@ -220,49 +196,54 @@ void TransformPane::Store(Value TransformOptions::*option, Value value) {
   MarkPages();
 }
 
-QComboBox* TransformPane::NewModePick(const std::string& name, std::int32_t TransformOptions::*mode,
+QComboBox* TransformPane::NewModePick(QWidget* parent, const std::string& name,
+                                      std::int32_t TransformOptions::*mode,
                                       std::span<const std::string_view> entries,
                                       std::function<void()> show_fields) {
-  return NewPick(name, entries, [this, mode, show_fields = std::move(show_fields)](int index) {
-    if (show_fields) show_fields();
-    Store(mode, std::int32_t{index});
-  });
+  return NewPick(parent, name, entries,
+                 [this, mode, show_fields = std::move(show_fields)](int index) {
+                   if (show_fields) show_fields();
+                   Store(mode, std::int32_t{index});
+                 });
 }
 
-QLineEdit* TransformPane::NewTextField(const std::string& name, std::string TransformOptions::*text,
-                                       bool goes_into_names) {
+QLineEdit* TransformPane::NewTextField(QWidget* parent, const std::string& name,
+                                       std::string TransformOptions::*text, bool goes_into_names) {
   QLineEdit* field =
-      goes_into_names ? new NameField(Supplied().prompts, this) : new QLineEdit(this);
+      goes_into_names ? new NameField(Supplied().prompts, parent) : new QLineEdit(parent);
   HandleChange(field, name, [this, field, text] { Store(text, text::FromQt(field->text())); });
   return field;
 }
 
-NumberField* TransformPane::NewNumberField(const std::string& name,
+NumberField* TransformPane::NewNumberField(QWidget* parent, const std::string& name,
                                            std::int32_t TransformOptions::*number) {
   const auto store = [this, number](std::int32_t value) { Store(number, value); };
-  auto* field = new NumberField(name.c_str(), store, this);
+  auto* field = new NumberField(name.c_str(), store, parent);
   HandleChange(field, name);
   return field;
 }
 
 void TransformPane::BuildCase(const std::string& letter_case) {
-  case_ = NewModePick("cmbCase" + letter_case, &TransformOptions::Case, kCases);
+  case_ = NewModePick(this, "cmbCase" + letter_case, &TransformOptions::Case, kCases);
   case_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  Explain(case_, tr("Change the letters to upper or lower case"));
   Head()->addWidget(NewLabel(tr("Letter c&ase"), case_, this));
   Head()->addWidget(case_);
 }
 
 void TransformPane::BuildRemovePage(const TransformNames& names) {
   QGridLayout* page = NewPage(pages_, tr("Remove"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdCut" + names.part;
-  cut_ = NewModePick("cmbCut" + names.part, &TransformOptions::Cut, kCuts,
+  cut_ = NewModePick(widget, "cmbCut" + names.part, &TransformOptions::Cut, CaptionsOf(kCuts),
                      [this] { ShowCutFields(); });
-  cut_n_ = NewNumberField(field + "N", &TransformOptions::CutN);
-  cut_x_ = NewNumberField(field + "X", &TransformOptions::CutX);
-  cut_text_ = NewTextField(field + "Text", &TransformOptions::CutText, false);
-  auto* reset = new QPushButton(tr("reset"), this);
+  Explain(cut_, tr("What to remove, and where"));
+  cut_n_ = NewNumberField(widget, field + "N", &TransformOptions::CutN);
+  cut_x_ = NewNumberField(widget, field + "X", &TransformOptions::CutX);
+  cut_text_ = NewTextField(widget, field + "Text", &TransformOptions::CutText, false);
+  auto* reset = new QPushButton(tr("reset"), widget);
   reset->setObjectName(text::ToQt(names.reset));
-  Explain(reset, tr("Set \"Cut\" to \"Do nothing\""));
+  Explain(reset, tr("Set “Cut” back to “Do nothing”"));
   OnSignal(reset, &QPushButton::clicked, HandlerOf(names.reset, "_Click"),
            [this] { cut_->setCurrentIndex(0); });
 
@@ -277,20 +258,26 @@ void TransformPane::BuildRemovePage(const TransformNames& names) {
 
 void TransformPane::BuildReplacePage(const std::string& replace) {
   QGridLayout* page = NewPage(pages_, tr("Replace"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdReplace" + replace;
-  replace1_ = NewTextField(field + "1", &TransformOptions::Replace1, false);
-  replace2_ = NewTextField(field + "2", &TransformOptions::Replace2, true);
+  replace1_ = NewTextField(widget, field + "1", &TransformOptions::Replace1, false);
+  replace2_ = NewTextField(widget, field + "2", &TransformOptions::Replace2, true);
+  Explain(replace1_, tr("The text to look for, wherever it stands, in upper or lower case"));
+  Explain(replace2_, tr("The new text; leave it empty to remove the old one"));
   Row(page, 0).Add(tr("R&eplace:"), replace1_);
   Row(page, 1).Add(tr("&With:"), replace2_);
 }
 
 void TransformPane::BuildAddPage(const std::string& part) {
   QGridLayout* page = NewPage(pages_, tr("Add / Insert"));
+  QWidget* widget = page->parentWidget();
   const std::string field = "fdAdd" + part;
-  add_ = NewModePick("cmbAdd" + part, &TransformOptions::Add, kAdds, [this] { ShowAddFields(); });
-  add_text1_ = NewTextField(field + "Text1", &TransformOptions::AddText1, true);
-  add_text2_ = NewTextField(field + "Text2", &TransformOptions::AddText2, true);
-  add_n_ = NewNumberField(field + "N", &TransformOptions::AddN);
+  add_ = NewModePick(widget, "cmbAdd" + part, &TransformOptions::Add, CaptionsOf(kAdds),
+                     [this] { ShowAddFields(); });
+  Explain(add_, tr("Where to put more text"));
+  add_text1_ = NewTextField(widget, field + "Text1", &TransformOptions::AddText1, true);
+  add_text2_ = NewTextField(widget, field + "Text2", &TransformOptions::AddText2, true);
+  add_n_ = NewNumberField(widget, field + "N", &TransformOptions::AddN);
   Row(page, 0).Add(tr("A&dd"), add_);
   Row row(page, 1);
   row.Add(tr("&Text1:"), add_text1_);
@@ -298,19 +285,26 @@ void TransformPane::BuildAddPage(const std::string& part) {
   row.Add(tr("&N:"), add_n_, false);
 }
 
+void TransformPane::ShowField(QWidget* field, const char* tells) {
+  const bool shown = tells != nullptr;
+  LabelOf(field)->setVisible(shown);
+  field->setVisible(shown);
+  if (shown) Explain(field, tr(tells));
+}
+
 void TransformPane::ShowCutFields() {
-  const CutShows& shows = kCutShows[std::max(cut_->currentIndex(), 0)];
-  SetShown(cut_n_, shows.n);
-  SetShown(cut_x_, shows.x);
-  SetShown(cut_text_, shows.text);
+  const auto& fields = Picked(cut_, kCuts).fields;
+  ShowField(cut_n_, fields[0]);
+  ShowField(cut_x_, fields[1]);
+  ShowField(cut_text_, fields[2]);
 }
 
 void TransformPane::ShowAddFields() {
-  const AddShows& shows = kAddShows[std::max(add_->currentIndex(), 0)];
-  if (shows.text1) LabelOf(add_text1_)->setText(shows.text2 ? tr("&Text1:") : tr("&Text:"));
-  SetShown(add_text1_, shows.text1);
-  SetShown(add_text2_, shows.text2);
-  SetShown(add_n_, shows.n);
+  const auto& fields = Picked(add_, kAdds).fields;
+  LabelOf(add_text1_)->setText(fields[1] != nullptr ? tr("&Text1:") : tr("&Text:"));
+  ShowField(add_text1_, fields[0]);
+  ShowField(add_text2_, fields[1]);
+  ShowField(add_n_, fields[2]);
 }
 
 void TransformPane::Fill(const ConstrItem& item) {

@@ -37,14 +37,18 @@ class TransformPane : public OptionPane {
   void BuildRemovePage(const TransformNames& names);
   void BuildReplacePage(const std::string& replace);
   void BuildAddPage(const std::string& part);
-  QComboBox* NewModePick(const std::string& name, std::int32_t TransformOptions::*mode,
+  QComboBox* NewModePick(QWidget* parent, const std::string& name,
+                         std::int32_t TransformOptions::*mode,
                          std::span<const std::string_view> entries,
                          std::function<void()> show_fields = {});
-  QLineEdit* NewTextField(const std::string& name, std::string TransformOptions::*text,
-                          bool goes_into_names);
-  NumberField* NewNumberField(const std::string& name, std::int32_t TransformOptions::*number);
+  QLineEdit* NewTextField(QWidget* parent, const std::string& name,
+                          std::string TransformOptions::*text, bool goes_into_names);
+  NumberField* NewNumberField(QWidget* parent, const std::string& name,
+                              std::int32_t TransformOptions::*number);
   template <class Value>
   void Store(Value TransformOptions::*option, Value value);
+  /// Hides `field` where `tells` is null; it is the tooltip else.
+  void ShowField(QWidget* field, const char* tells);
   void ShowCutFields();
   void ShowAddFields();
 

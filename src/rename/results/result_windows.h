@@ -9,7 +9,7 @@ class ListView;
 class QLabel;
 
 /// One of the two windows, "Form3" and "Form7", that tell what a run could not do as planned.
-/// Which one it is stands in its `ResultKind`. Made once and hidden; holds no record itself.
+/// Which one it is stands in its `ResultKind`. Holds no record itself.
 class ResultWindow : public DialogFrame {
   Q_OBJECT
 

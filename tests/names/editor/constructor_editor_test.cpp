@@ -345,7 +345,7 @@ TEST_F(ConstructorEditorTest, MarksThePagesThatChangeSomething) {
     std::string marked;
     for (int page = 0; page < 3; ++page) {
       const QString tip = Find<QTabWidget>("TabControl1")->tabToolTip(page);
-      marked += tip.endsWith(QStringLiteral("(in use)")) ? 'x' : '-';
+      marked += tip.endsWith(QStringLiteral("in use")) ? 'x' : '-';
     }
     EXPECT_EQ(marked, expected);
   }
