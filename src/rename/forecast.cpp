@@ -61,6 +61,8 @@ Forecast::Verdict Forecast::Process(std::size_t record) {
   Turn turn{record, row.newFileName};
   if (turn.name.empty() || !StaysInItsFolder(turn.name)) return kCannotBe;
   const Place* place = TargetOf(row);
+  const std::size_t before = place == nullptr ? 0 : place->prefix.size();
+  if (before + turn.name.size() > limit_) return kCannotBe;
   if (place == nullptr || place->folder == kNone || again_) return kFits;
   ResolveConflict(turn, *place);
   return again_ ? kFits : Operate(turn, *place);

@@ -86,7 +86,8 @@ bool ForecastFolders::AreOne(int folder, std::string_view a, std::string_view b)
     if (files_.IsSameEntry(first, second)) return true;
     if (files_.Look(first) || files_.Look(second)) return false;
   }
-  return IsCaseBlind(folder);
+  // What takes letter cases for one needn't take two ways to write an accent for one.
+  return text::EqualIgnoringCase(a, b) && IsCaseBlind(folder);
 }
 
 /// By an entry that is there; where there is none, as the folder above.

@@ -133,7 +133,8 @@ class TwoWorlds {
     for (std::size_t i = 0; i < records_.Count(); ++i) {
       const FileRow& row = records_[i];
       const char done = row.PlannedName().empty() ? '.' : 'n';
-      const char failed = of_names.contains(row.problem) ? 'f' : '.';
+      const bool of_name = of_names.contains(row.problem) || row.newFileName.size() > 255;
+      const char failed = of_name ? 'f' : '.';
       if (foretold[i] != ' ') foretold[i] = row.RowTag == 1 ? done : failed;
     }
     return foretold;
