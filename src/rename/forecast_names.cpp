@@ -12,7 +12,7 @@
 namespace {
 
 constexpr std::size_t kMostDigits = 19;       // what std::uint64_t surely holds
-constexpr std::size_t kMostUntried = 50'000;  // a memory for speed only
+constexpr std::size_t kMostUntried = 10'000;  // a memory for speed only
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
