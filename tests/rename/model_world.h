@@ -108,7 +108,7 @@ class TwoWorlds {
   /// What a forecast says of each row that a run would take: 'n' gets a number, 'f' fails for its
   /// name, '.' neither. It stops after every look at the disk.
   std::string Foretold() {
-    FileSystem& files = IsReal() ? *files_ : memory_;
+    FileSystem& files = Files();
     Forecast forecast(records_, files, output_, state_.numbering, 255);
     while (!forecast.Go([] { return false; })) continue;
     files.LetFoldersGo();
@@ -127,13 +127,19 @@ class TwoWorlds {
            (model.options.destination == 1 && std::ranges::any_of(plain_files_.contents, is_link));
   }
 
-  /// The same of what the run has done with these rows.
-  std::string Outcome(std::string foretold) const {
-    const std::set<int> of_names = {kEmptyName, kNameHoldsSeparator, ENAMETOOLONG, EEXIST, EINVAL};
+  /// The same of what the run has done with these rows. Where there is no folder to put a file
+  /// into, the problem may be the folder's.
+  std::string Outcome(std::string foretold) {
+    const std::set<int> of_any = {kEmptyName, kNameHoldsSeparator};
+    const std::set<int> in_folder = {ENAMETOOLONG, EEXIST, EINVAL};
     for (std::size_t i = 0; i < records_.Count(); ++i) {
       const FileRow& row = records_[i];
       const char done = row.PlannedName().empty() ? '.' : 'n';
-      const bool of_name = of_names.contains(row.problem) || row.newFileName.size() > 255;
+      const std::string folder = OutputText(records_, row, output_);
+      const bool there =
+          Files().IdentifyFolder(folder.substr(0, folder.rfind('/') + 1)).has_value();
+      const bool of_name = of_any.contains(row.problem) || row.newFileName.size() > 255 ||
+                           (there && in_folder.contains(row.problem));
       const char failed = of_name ? 'f' : '.';
       if (foretold[i] != ' ') foretold[i] = row.RowTag == 1 ? done : failed;
     }
@@ -216,7 +222,7 @@ class TwoWorlds {
         return failing.contains(++call);
       };
     }
-    FileSystem& files = IsReal() ? *files_ : memory_;
+    FileSystem& files = Files();
     const Services services = fakes_.With(files, fakes_.clock, fakes_.locale);
     Pass pass(records_, state_, services, records_.Count());
     real_pass(pass);
@@ -262,6 +268,7 @@ class TwoWorlds {
   }
 
   bool IsReal() const { return in_ != nullptr; }
+  FileSystem& Files() { return IsReal() ? *files_ : memory_; }
 
   MemoryFiles plain_files_;
   MemoryFiles memory_;  ///< the disk of the passes, unless they work on a real one
