@@ -69,7 +69,8 @@ Forecast::Verdict Forecast::Process(std::size_t record) {
 }
 
 void Forecast::ResolveConflict(Turn& turn, const Place& place) {
-  if (!Exists(place.folder, place.prefix + turn.name) || again_) return;
+  turn.free = !Exists(place.folder, place.prefix + turn.name);
+  if (turn.free || again_) return;
   if (StaysAtItsEntry(turn, place)) return;
   if (MovesHolders()) {
     const auto holder = Holder(records_[turn.record], turn.name);
@@ -79,6 +80,7 @@ void Forecast::ResolveConflict(Turn& turn, const Place& place) {
   const NumberedNames names = ConflictNames(turn.name, Texts());
   turn.number = FreeNumber(place, names);
   turn.name = names.head + std::to_string(turn.number) + names.tail;
+  turn.free = true;
 }
 
 bool Forecast::StaysAtItsEntry(const Turn& turn, const Place& place) {
@@ -147,7 +149,9 @@ bool Forecast::MakeWay(std::size_t record) {
 Forecast::Verdict Forecast::Operate(const Turn& turn, const Place& place) {
   const std::string name = place.prefix + turn.name;
   if (!StaysInItsFolder(name) || IsWay(name) || name.size() > limit_) return kCannotBe;
-  if (!StaysAtItsEntry(turn, place) && ExistsExactly(place.folder, name)) return kTakenFails;
+  if (!turn.free && !StaysAtItsEntry(turn, place) && ExistsExactly(place.folder, name)) {
+    return again_ ? kFits : kTakenFails;
+  }
   if (again_) return kFits;
   if (!keeps_source_) Leave(turn.record);
   targets_.Add(HolderKey(static_cast<std::size_t>(place.folder), name), turn.record);

@@ -57,6 +57,7 @@ class Forecast {
     std::size_t record;
     std::string name;
     std::uint64_t number = 0;  ///< in the name, when it was numbered
+    bool free = false;         ///< the name was seen to be
   };
   /// Numbered names by hashes, and the first number that may be free.
   struct Untried {

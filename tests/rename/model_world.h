@@ -130,15 +130,15 @@ class TwoWorlds {
   /// The same of what the run has done with these rows. Where there is no folder to put a file
   /// into, the problem may be the folder's.
   std::string Outcome(std::string foretold) {
-    const std::set<int> of_any = {kEmptyName, kNameHoldsSeparator};
-    const std::set<int> in_folder = {ENAMETOOLONG, EEXIST, EINVAL};
+    const std::set<int> in_folder = {kNameHoldsSeparator, ENAMETOOLONG, EEXIST, EINVAL};
     for (std::size_t i = 0; i < records_.Count(); ++i) {
       const FileRow& row = records_[i];
       const char done = row.PlannedName().empty() ? '.' : 'n';
       const std::string folder = OutputText(records_, row, output_);
       const bool there =
           Files().IdentifyFolder(folder.substr(0, folder.rfind('/') + 1)).has_value();
-      const bool of_name = of_any.contains(row.problem) || row.newFileName.size() > 255 ||
+      const std::string& name = row.newFileName;
+      const bool of_name = name.empty() || !StaysInItsFolder(name) || name.size() > 255 ||
                            (there && in_folder.contains(row.problem));
       const char failed = of_name ? 'f' : '.';
       if (foretold[i] != ' ') foretold[i] = row.RowTag == 1 ? done : failed;
