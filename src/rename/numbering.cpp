@@ -65,6 +65,30 @@ std::string SeriesKey(std::string_view lower_head, std::string_view lower_tail) 
 
 }  // namespace
 
+NumberedNames ConflictNames(std::string_view name, const NumberTexts& texts) {
+  const std::string_view extension = mMain::GetFileExt(name, ".");
+  NumberedNames names{std::string(mMain::GetFileName(name)) + texts.left, texts.right, 1, kHighest};
+  if (!extension.empty()) names.tail.append(".").append(extension);
+  return names;
+}
+
+std::vector<NumberedNames> AsideNames(std::string_view path, std::string_view name,
+                                      const NumberTexts& texts) {
+  std::vector<NumberedNames> names;
+  if (!StaysInItsFolder(texts.left + texts.right)) return names;
+  const std::size_t beginning = path.size() - (path.rfind(kNative.separator) + 1);
+  std::uint64_t first = 1;
+  for (std::size_t digits = 1; digits <= kMostDigits; ++digits, first *= 10) {
+    const auto parts = AsideParts(name, texts, beginning + digits);
+    if (!parts) break;
+    // Where there is room for every number, one series serves them all.
+    const bool roomy = digits == 1 && parts == AsideParts(name, texts, beginning + kMostDigits);
+    names.push_back({parts->head, parts->tail, first, roomy ? kHighest : first * 10 - 1});
+    if (roomy) break;
+  }
+  return names;
+}
+
 Numbering::Numbering(Pass& pass) : pass_(pass), state_(pass.state), files_(pass.services.files) {}
 
 std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) {
@@ -73,46 +97,34 @@ std::string Numbering::FreeName(std::string_view pPath, std::string_view pName) 
 }
 
 std::string Numbering::FreeNumberedName(std::string_view pPath, std::string_view pName) {
-  const std::string_view extension = mMain::GetFileExt(pName, ".");
-  Series series{std::string(pPath), state_.numbering.gNumberRight};
-  series.head.append(mMain::GetFileName(pName)).append(state_.numbering.gNumberLeft);
-  if (!extension.empty()) series.tail.append(".").append(extension);
-  series.last = kHighest;
-  return FreeIn(std::move(series), pPath.size());
+  const NumberingOptions& user = state_.numbering;
+  return FreeIn(pPath, ConflictNames(pName, {user.gNumberLeft, user.gNumberRight}));
 }
 
 std::string Numbering::FreeAsideName(std::string_view pPath, std::string_view pName,
                                      const NumberTexts& texts) {
-  if (!StaysInItsFolder(texts.left + texts.right)) return {};
-  const std::size_t beginning = pPath.size() - (pPath.rfind(kNative.separator) + 1);
-  std::uint64_t first = 1;
-  for (std::size_t digits = 1; digits <= kMostDigits; ++digits, first *= 10) {
-    const auto number = AsideParts(pName, texts, beginning + digits);
-    if (!number) return {};
-    Series series{std::string(pPath).append(number->head), number->tail, first};
-    // Where there is room for every number, one series serves them all.
-    const bool roomy = digits == 1 && number == AsideParts(pName, texts, beginning + kMostDigits);
-    series.last = roomy ? kHighest : first * 10 - 1;
-    std::string free = FreeIn(std::move(series), pPath.size());
-    if (!free.empty() || roomy || !pass_.GoOn()) return free;
+  for (NumberedNames& names : AsideNames(pPath, pName, texts)) {
+    std::string free = FreeIn(pPath, std::move(names));
+    if (!free.empty() || !pass_.GoOn()) return free;
   }
   return {};
 }
 
 /// The first free name of the series without its folder; "" when there is none, or the search gave
 /// up.
-std::string Numbering::FreeIn(Series wanted, std::size_t folder_size) {
+std::string Numbering::FreeIn(std::string_view folder, NumberedNames names) {
   // A candidate with wildcards is taken by any file that it matches, so any that goes may free it;
   // with a separator it may lie in any folder.
-  const std::string around = wanted.head.substr(folder_size) + wanted.tail;
+  const std::string around = names.head + names.tail;
   const bool matches_many = HasWildcards(around) || !StaysInItsFolder(around);
-  Series& series = SeriesOf(std::move(wanted), folder_size);
+  names.head.insert(0, folder);
+  Series& series = SeriesOf({std::move(names)}, folder.size());
   if (matches_many) {
     series.untried = series.first;
     series.freed.clear();
   }
   const std::string free = FirstFree(series);
-  return free.empty() ? free : free.substr(folder_size);
+  return free.empty() ? free : free.substr(folder.size());
 }
 
 std::string Numbering::FirstFree(Series& series) {

@@ -19,6 +19,24 @@ struct NumberTexts {
 /// What can be told nothing against; in place of texts that no name can hold.
 inline const NumberTexts kSafeNumberTexts{"_{", "}"};
 
+/// Numbered names of one name, by what stands before and behind the number.
+struct NumberedNames {
+  std::string head;
+  std::string tail;
+  std::uint64_t first = 1;  ///< the numbers that it is for
+  std::uint64_t last = 0;
+};
+
+/// Those that a taken `name` may get: base, left text, number, right text, and the extension with
+/// its dot.
+NumberedNames ConflictNames(std::string_view name, const NumberTexts& texts);
+
+/// Those that a file of that name in the folder `path` may be moved aside to, in the order in which
+/// they are tried. They surely fit: see Numbering::FreeAsideName. None when the texts can't stand
+/// in a name.
+std::vector<NumberedNames> AsideNames(std::string_view path, std::string_view name,
+                                      const NumberTexts& texts);
+
 /// Finds free numbered names, for the length of one pass.
 ///
 /// The answer is the one that trying 1, 2, 3 ... against the file system gives. To spare the
@@ -31,8 +49,7 @@ class Numbering {
   explicit Numbering(Pass& pass);
 
   /// `pName` when it is free in the folder `pPath` (with closing separator), else the first free
-  /// of its numbered names: base, left text, number, right text, and the extension with its dot.
-  /// "" when the search gave up.
+  /// of its numbered names (ConflictNames). "" when the search gave up.
   std::string FreeName(std::string_view pPath, std::string_view pName);
 
   /// As FreeName for a `pName` that is known to be taken; spares the test.
@@ -53,16 +70,12 @@ class Numbering {
   void Freed(std::string_view path);
 
  private:
-  /// The numbered names of one name: what stands before and behind the number, as whole paths.
-  struct Series {
-    std::string head;
-    std::string tail;
-    std::uint64_t first = 1;  ///< the numbers that it is for
-    std::uint64_t last = 0;
+  /// Numbered names, the head with its folder, and what is known of them.
+  struct Series : NumberedNames {
     std::uint64_t untried = 1;           ///< every number below it was found taken at some time
     std::set<std::uint64_t> freed = {};  ///< of these, what may be open again
   };
-  std::string FreeIn(Series wanted, std::size_t folder_size);
+  std::string FreeIn(std::string_view folder, NumberedNames names);
   std::string FirstFree(Series& series);
   std::string Resolved(std::string_view path, std::size_t folder_size);
   Series& SeriesOf(Series wanted, std::size_t folder_size);

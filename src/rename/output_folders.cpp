@@ -21,12 +21,19 @@ void ExpectKnownFolders(const Pass& pass) {
   }
 }
 
+std::string OutputText(const Records& records, const FileRow& row, const RunOutput& output) {
+  const OutputOptions& chosen = output.chosen;
+  if (!AsksForFolder(chosen.cmbDestination)) return records.Path(row);
+  if (!chosen.chDestinationSubfolders) return chosen.fdDestination;
+  return mMain::ReplacePathText(records.Path(row), output.fdSourceFolder, chosen.fdDestination);
+}
+
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
-  if (!AsksForFolder(output_.cmbDestination)) {
-    latest_ = {records_.Path(row), 0, {}, 0};
+  const std::string text = OutputText(records_, row, output_);
+  if (!AsksForFolder(output_.chosen.cmbDestination)) {
+    latest_ = {text, 0, {}, 0};
     return latest_;
   }
-  const std::string text = Text(row);
   const auto found = prepared_.find(text);
   if (found != prepared_.end() && LeadsThere(text, found->second)) return found->second;
   latest_ = Prepare(text);
@@ -40,11 +47,6 @@ bool OutputFolders::LeadsThere(const std::string& text, const Folder& folder) {
   return text == folder.path || files_.IdentifyFolder(FolderPart(text)) == folder.identity;
 }
 
-std::string OutputFolders::Text(const FileRow& row) const {
-  if (!output_.chDestinationSubfolders) return output_.fdDestination;
-  return mMain::ReplacePathText(records_.Path(row), fdSourceFolder_, output_.fdDestination);
-}
-
 /// A relative folder would lead to wherever the program happens to have been started.
 OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
   if (!mMain::IsAbsolutePath(text)) return {text, kFolderNotAbsolute, {}, 0};
@@ -55,7 +57,8 @@ OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
     CreateFolderPath(files_, bare, [this](const std::string& level) { return Make(level); });
   }
   // All that the run puts below the folder that was chosen belongs into that very one.
-  if (text.starts_with(output_.fdDestination)) Know(files_.ResolveFolder(output_.fdDestination));
+  if (text.starts_with(output_.chosen.fdDestination))
+    Know(files_.ResolveFolder(output_.chosen.fdDestination));
   Folder folder{files_.ResolveFolder(text), in_the_way_ ? kFolderInTheWay : 0, {}, not_made_};
   folder.identity = files_.IdentifyFolder(FolderPart(folder.path));
   Know(folder.path);

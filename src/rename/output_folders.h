@@ -15,17 +15,16 @@
 /// a run; see FileSystem::ExpectFolder.
 void ExpectKnownFolders(const Pass& pass);
 
+/// Which folder a run puts the row's file into, as the output choice has it.
+std::string OutputText(const Records& records, const FileRow& row, const RunOutput& output);
+
 /// The folders that a run puts files into: makes them where they are missing, notes which they are
 /// and which of them it has made.
 class OutputFolders {
  public:
   /// All for the length of one run.
   OutputFolders(const Pass& pass, const RunOutput& output)
-      : output_(output.chosen),
-        fdSourceFolder_(output.fdSourceFolder),
-        records_(pass.records),
-        files_(pass.services.files),
-        keys_(files_) {}
+      : output_(output), records_(pass.records), files_(pass.services.files), keys_(files_) {}
   OutputFolders(const OutputFolders&) = delete;
   OutputFolders& operator=(const OutputFolders&) = delete;
 
@@ -45,7 +44,6 @@ class OutputFolders {
   void RowChanged(std::size_t record);
 
  private:
-  std::string Text(const FileRow& row) const;
   bool LeadsThere(const std::string& text, const Folder& folder);
   Folder Prepare(const std::string& text);
   bool Make(const std::string& level);
@@ -53,8 +51,7 @@ class OutputFolders {
   void MakeIndex();
   void Know(std::string_view path);
 
-  const OutputOptions& output_;
-  const std::string& fdSourceFolder_;
+  const RunOutput& output_;
   Records& records_;
   FileSystem& files_;
   EntryKeys keys_;

@@ -218,8 +218,16 @@ class ModelCase {
   bool Run(const Trouble& trouble) {
     if (!begun_) before_ = worlds_.RowsAndFiles();
     begun_ = true;
+    const bool whole = trouble.cancel_at == 0 && !faults_ && !worlds_.LinksMatter();
+    const std::string foretold = whole ? worlds_.Foretold() : "";
     worlds_.Run(trouble);
-    return Agree("run", trouble);
+    return Agree("run", trouble) && (!whole || IsAsForetold(foretold));
+  }
+
+  bool IsAsForetold(const std::string& foretold) {
+    const std::string outcome = worlds_.Outcome(foretold);
+    if (foretold != outcome) Tell("foretold " + foretold + "\nit came as " + outcome);
+    return foretold == outcome;
   }
 
   bool Undo(const Trouble& trouble) {

@@ -11,6 +11,7 @@
 #include "core/pass.h"
 #include "core/records.h"
 #include "core/run_state.h"
+#include "rename/forecast.h"
 #include "rename/plain_model.h"
 #include "rename/result_rows.h"
 #include "rename/run.h"
@@ -104,6 +105,47 @@ class TwoWorlds {
     state_.numbering = {options.add_number, options.left, options.right};
   }
 
+  /// What a forecast says of each row that a run would take: 'n' gets a number, 'f' fails for its
+  /// name, '.' neither. It stops after every look at the disk.
+  std::string Foretold() {
+    FileSystem& files = Files();
+    Forecast forecast(records_, files, output_, state_.numbering, 255);
+    while (!forecast.Go([] { return false; })) continue;
+    files.LetFoldersGo();
+    std::string told;
+    for (std::size_t i = 0; i < records_.Count(); ++i) {
+      const bool taken = records_[i].checked && records_[i].RowTag != 1;
+      told += taken ? ".nff"[forecast.Of(i)] : ' ';
+    }
+    return told;
+  }
+
+  /// Whether links change what comes: copied they fail, and moved they lead elsewhere.
+  bool LinksMatter() const {
+    const auto is_link = [](const auto& file) { return file.second.starts_with("-> "); };
+    return !plain_files_.folder_links.empty() ||
+           (model.options.destination == 1 && std::ranges::any_of(plain_files_.contents, is_link));
+  }
+
+  /// The same of what the run has done with these rows. Where there is no folder to put a file
+  /// into, the problem may be the folder's.
+  std::string Outcome(std::string foretold) {
+    const std::set<int> in_folder = {kNameHoldsSeparator, ENAMETOOLONG, EEXIST, EINVAL};
+    for (std::size_t i = 0; i < records_.Count(); ++i) {
+      const FileRow& row = records_[i];
+      const char done = row.PlannedName().empty() ? '.' : 'n';
+      const std::string folder = OutputText(records_, row, output_);
+      const bool there =
+          Files().IdentifyFolder(folder.substr(0, folder.rfind('/') + 1)).has_value();
+      const std::string& name = row.newFileName;
+      const bool of_name = name.empty() || !StaysInItsFolder(name) || name.size() > 255 ||
+                           (there && in_folder.contains(row.problem));
+      const char failed = of_name ? 'f' : '.';
+      if (foretold[i] != ' ') foretold[i] = row.RowTag == 1 ? done : failed;
+    }
+    return foretold;
+  }
+
   void Run(const Trouble& trouble) {
     Do(trouble, [this](Pass& pass) { RenameRun(pass, output_, reports_).RunRename(); });
     model.Run(trouble.cancel_at, trouble.slow_copies);
@@ -180,7 +222,7 @@ class TwoWorlds {
         return failing.contains(++call);
       };
     }
-    FileSystem& files = IsReal() ? *files_ : memory_;
+    FileSystem& files = Files();
     const Services services = fakes_.With(files, fakes_.clock, fakes_.locale);
     Pass pass(records_, state_, services, records_.Count());
     real_pass(pass);
@@ -226,6 +268,7 @@ class TwoWorlds {
   }
 
   bool IsReal() const { return in_ != nullptr; }
+  FileSystem& Files() { return IsReal() ? *files_ : memory_; }
 
   MemoryFiles plain_files_;
   MemoryFiles memory_;  ///< the disk of the passes, unless they work on a real one
