@@ -7,7 +7,8 @@
 #include <QPen>
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <charconv>
+#include <cstring>
 #include <iterator>
 
 namespace {
@@ -150,10 +151,11 @@ QPainterPath ReadPath(const char* text) {
   QPainterPath path;
   char letter = 'M';
   bool opened = false;
-  const auto number = [&text] {
-    char* end = nullptr;
-    const double value = std::strtod(text, &end);
-    text = end;
+  // Not strtod: it wants the locale's decimal separator, which may be a comma.
+  const auto number = [&text, end = text + std::strlen(text)] {
+    while (*text == ' ') ++text;
+    double value = 0;
+    text = std::from_chars(text, end, value).ptr;
     return value;
   };
   while (*text != '\0') {

@@ -97,9 +97,11 @@ std::vector<std::string> Words(int argc, char** argv) {
   return {argv + std::min(argc, 1), argv + argc};
 }
 
+// Answers 1 for what could not be written, as on a full disk.
 int Tell(const CommandLine& line) {
-  std::fputs(line.told.c_str(), line.exit_code == 0 ? stdout : stderr);
-  return *line.exit_code;
+  std::FILE* const out = line.exit_code == 0 ? stdout : stderr;
+  const bool told = std::fputs(line.told.c_str(), out) >= 0 && std::fflush(out) == 0;
+  return told ? *line.exit_code : 1;
 }
 
 int Run(QApplication& application, const std::string& folder) {

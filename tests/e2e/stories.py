@@ -29,7 +29,7 @@ MANY = 4000
 HERE = Path(os.environ["E2E_FOLDER"])
 INSTALLED = HERE / "installed"
 FILES = HERE / "files of mine"
-MANUAL = INSTALLED / "share/doc/quorvane/manual/index.html"
+MANUAL = INSTALLED / "share/quorvane/manual/index.html"
 CONFIG = Path(os.environ["XDG_CONFIG_HOME"], "Quorvane/Quorvane.conf")
 
 

@@ -44,6 +44,10 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   PlacedWidget least(store, "Form1");
   least.show();
   EXPECT_EQ(least.size(), QSize(200, 222)) << "not below what it needs";
+  PlacedWidget wide(store, "Form8");
+  wide.resize(wide.screen()->size().width() + 100, 300);
+  wide.show();
+  EXPECT_EQ(wide.pos().x(), 0);
 }
 
 TEST(WindowPlacementQt, AnOwnSizeIsGivenAtEachShowingUntilTheUserHasSizedTheWindow) {

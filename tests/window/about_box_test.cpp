@@ -33,12 +33,12 @@ TEST(AboutBox, AndTheManualOpenByButtonAndByKey) {
   };
   press("bnHelp", "F1", false);
   EXPECT_THAT(system.prompts.told, testing::ElementsAre("The specified file was not found."));
-  system.files.contents = {{"/opt/share/doc/quorvane/manual/index.html", ""}};
+  system.files.contents = {{"/opt/share/quorvane/manual/index.html", ""}};
   press("bnHelp", "F1", true);
   QTimer::singleShot(0, read_box);
   press("bnAbout", "Shift+F1", true);
   EXPECT_THAT(system.shell.asked,
-              testing::ElementsAre("open /opt/share/doc/quorvane/manual/index.html",
+              testing::ElementsAre("open /opt/share/quorvane/manual/index.html",
                                    std::string("Version 1.2.3, with Qt ") + qVersion(),
                                    "link https://quorvane.example.org/",
                                    "link mailto:support@quorvane.example.org"));
