@@ -23,6 +23,9 @@ class CommandView : public ModeView {
   /// Gives the focus to `Command5`, where a press of Enter can't start a command again.
   virtual void FocusAfterCancel() = 0;
 
+  /// Calls `Commands::WorkInPause` in the pauses of the event loop until that answers false.
+  virtual void WorkInPauses() = 0;
+
   /// Shows what the run could not do, or did under another name; returns when the user has closed
   /// the window.
   virtual void ShowFailureReport() = 0;

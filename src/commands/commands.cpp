@@ -49,9 +49,11 @@ Commands::Commands(Session& session, const Services& services, CommandView& view
       list_(list),
       events_(services.events, *this),
       services_(WithEvents(services, events_)),
-      types_(services.type_names) {}
+      types_(services.type_names),
+      check_(session.records, session.state, services.files, services.clock) {}
 
 void Commands::EnableDisable(int mode) {
+  if (mode != ModePreviewReady) check_.End();
   mode_ = mode;
   ::EnableDisable(mode, session_.records.Count(), state_, view_);
 }
@@ -167,6 +169,7 @@ void Commands::bnLoadFileList_Click() {
     view_.SetSourceFolder(source.fdSourceFolder);
     if (source.fdSourceFolder.empty()) return;
     if (!MayList(source.fdSourceFolder)) return;
+    check_.End();
     session_.records.DeleteAll();
     session_.grid.Clear();
     list_.ListRepopulated(EmptyList::kListing);
@@ -215,13 +218,40 @@ EmptyList Commands::WhyNoneFound(const SourceOptions& source, const ScanFindings
 void Commands::bnPreview_Click() {
   ErrTrace::top("Form1.bnPreview_Click", [&] {
     if (session_.grid.RowCount() == 0 || session_.constructor.ArrConstr.empty()) return;
-    RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
+    const bool done = RunPass(kPreview, session_.grid.RowCount(), [&](Pass& pass) {
       state_.previewing = true;
-      const bool done = SetPreview(pass, session_.grid, session_.constructor, NameBytes());
-      if (done) state_.gPreviewStale = false;
-      return done;
+      const bool made = SetPreview(pass, session_.grid, session_.constructor, NameBytes());
+      if (made) state_.gPreviewStale = false;
+      return made;
     });
+    if (done) CheckNames();
   });
+}
+
+void Commands::CheckNames() {
+  ErrTrace::top("Commands.CheckNames", [&] {
+    if (mode_ != ModePreviewReady || state_.gPreviewStale) return;
+    check_.End();
+    if (const std::size_t limit = NameBytes(); limit != state_.names.limit) {
+      state_.names = {limit};
+      for (std::size_t i = 0; i < session_.records.Count(); ++i) {
+        state_.names.Add(session_.records[i]);
+      }
+    }
+    const Options options = view_.ReadOptions();
+    const bool can_run = !AsksForFolder(options.output.cmbDestination) ||
+                         mMain::IsAbsolutePath(options.output.fdDestination);
+    if (can_run) check_.Begin({options.output, options.source.fdSourceFolder});
+    ShowNames();
+    if (can_run) view_.WorkInPauses();
+  });
+}
+
+bool Commands::WorkInPause() {
+  if (Busy() || !check_.Waits()) return false;
+  check_.GoOn();
+  ShowNames();
+  return check_.Waits();
 }
 
 /// How long names may be where the run will put its files.
@@ -300,6 +330,12 @@ void Commands::TicksChanged() {
   ShowTicks();
 }
 
+void Commands::ShowNames() {
+  state_.panes.paneResult = NamesLine(state_.names, services_.locale);
+  view_.ShowPanes();
+  list_.RepaintRows();
+}
+
 void Commands::ShowTicks() {
   const bool listed = session_.grid.RowCount() > 0;
   state_.panes.paneResult = listed ? TicksLine(session_.records, services_.locale) : "";
@@ -307,6 +343,7 @@ void Commands::ShowTicks() {
 }
 
 void Commands::MarkStale() {
+  check_.End();
   if (!::MarkStale(state_, view_)) return;
   list_.RepaintRows();
   if (mode_ == ModePreviewReady) ShowTicks();  // what was said of the names no longer holds

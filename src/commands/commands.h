@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "commands/command_view.h"
+#include "commands/name_check.h"
 #include "core/pass.h"
 #include "core/run_state.h"
 #include "filelist/check_operations.h"
@@ -48,6 +49,12 @@ class Commands {
   void TicksChanged();
   /// The new names no longer fit what the user asks for; the rows in sight tell it.
   void MarkStale();
+
+  /// What a run would do with the new names of a preview is looked at from the start: output or
+  /// numbering are others than before.
+  void CheckNames();
+  /// Goes on with that for some 8 ms; false when nothing is left to look at.
+  bool WorkInPause();
 
   /// The mode of the window; see run_modes.h.
   void EnableDisable(int mode);
@@ -93,6 +100,7 @@ class Commands {
   void ShowResult(const PassKind& kind);
   /// How many files are ticked, where that isn't all.
   void ShowTicks();
+  void ShowNames();
   /// What follows a scan, and what any other pass.
   void ShowList();
   void ShowRows();
@@ -111,6 +119,7 @@ class Commands {
   ShowingPump events_;
   const Services services_;  ///< as the program has them, but with `events_`
   FileTypes types_;
+  NameCheck check_;
   EmptyList list_state_ = EmptyList::kNotListed;  ///< of the last scan
   int mode_ = ModeNoFolder;
   int run_count_ = 0;

@@ -42,14 +42,18 @@ std::string NamesLine(const NameTally& names, const LocaleFacts& locale) {
   constexpr std::pair<NameProblem, std::string_view> kParts[] = {
       {NameProblem::kEmpty, kEmpty},
       {NameProblem::kOnlyExtension, kOnlyExtension},
-      {NameProblem::kTooLong, kTooLong}};
+      {NameProblem::kTooLong, kTooLong},
+      {NameProblem::kHoldsSeparator, kWithSeparator}};
   const auto rows = [&](NameProblem problem) {
     return names.rows[static_cast<std::size_t>(problem)];
   };
   const std::int64_t given =
       std::accumulate(names.rows.begin(), names.rows.end(), -rows(NameProblem::kEmpty));
   std::string line = Number(given, locale).append(" ").append(given == 1 ? kNewName : kNewNames);
-  for (const auto& [problem, word] : kParts) AddPart(line, rows(problem), word, locale);
+  for (const auto& [problem, word] : kParts) {
+    AddPart(line, rows(problem), word, locale);
+    if (problem == NameProblem::kEmpty) AddPart(line, names.taken, kTaken, locale);
+  }
   return line;
 }
 

@@ -168,6 +168,9 @@ inline constexpr std::string_view kDraft = " (draft)";
 inline constexpr std::string_view kEmptyWillFail = "empty name: will fail";
 inline constexpr std::string_view kTooLongBy = "too long: ";
 inline constexpr std::string_view kOnlyExtension = "only an extension";
+inline constexpr std::string_view kSeparatorWillFail = "holds a separator: will fail";
+inline constexpr std::string_view kTakenWillFail = "taken: will fail";
+inline constexpr std::string_view kTakenGetsNumber = "taken: will get a number";
 
 // The commands and the status bar.
 inline constexpr std::string_view kPreviewing = "Preview ";
@@ -185,6 +188,8 @@ inline constexpr std::string_view kNewName = "new name";
 inline constexpr std::string_view kNewNames = "new names";
 inline constexpr std::string_view kEmpty = "empty";
 inline constexpr std::string_view kTooLong = "too long";
+inline constexpr std::string_view kTaken = "taken";
+inline constexpr std::string_view kWithSeparator = "with a separator";
 inline constexpr std::string_view kFileTicked = " file ticked";
 inline constexpr std::string_view kFilesTicked = " files ticked";
 inline constexpr std::string_view kUndone = "undone";

@@ -14,10 +14,16 @@ bool HasStem(std::string_view name) {
 
 }  // namespace
 
+bool StaysInItsFolder(std::string_view name) {
+  using namespace std::string_view_literals;
+  return name.find_first_of("/\0"sv) == name.npos;
+}
+
 NameVerdict JudgeNewName(const FileRow& row, std::size_t limit) {
   if (!row.checked || row.RowTag == 1) return {};
   const std::string_view name = row.newFileName;
   if (name.empty()) return {NameProblem::kEmpty};
+  if (!StaysInItsFolder(name)) return {NameProblem::kHoldsSeparator};
   if (name.size() > limit) return {NameProblem::kTooLong, name.size(), limit};
   if (HasStem(name)) return {};
   return {HasStem(row.GivenName()) ? NameProblem::kOnlyExtension : NameProblem::kNone};
@@ -29,6 +35,12 @@ std::string VerdictText(const NameVerdict& verdict) {
       break;
     case NameProblem::kEmpty:
       return std::string(kEmptyWillFail);
+    case NameProblem::kHoldsSeparator:
+      return std::string(kSeparatorWillFail);
+    case NameProblem::kTakenFails:
+      return std::string(kTakenWillFail);
+    case NameProblem::kGetsNumber:
+      return std::string(kTakenGetsNumber);
     case NameProblem::kTooLong:
       return std::string(kTooLongBy)
           .append(std::to_string(verdict.bytes))

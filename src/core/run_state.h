@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,8 @@ struct RunState {
   std::string gCheckMask = "*.*";         ///< by which check boxes were set last
   FileCounts counts;                      ///< of the running pass, or the last one
   NameTally names;                        ///< of the last preview, if that came to its end
+  /// What a run would find of the name of a record; null while nobody has looked.
+  std::function<NameProblem(std::size_t record)> foretold;
   NumberingOptions numbering;
   StatusPanes panes;
 

@@ -80,7 +80,8 @@ std::vector<ListColumn> FileColumns(const Records& records) {
   };
 }
 
-RecordFacts FactsOf(const FileRow& row, const RunState* state) {
+RecordFacts FactsOf(const Records& records, std::size_t record, const RunState* state) {
+  const FileRow& row = records[record];
   static constexpr std::string_view kStates[] = {"waiting", "done", "failed", "waiting"};
   const bool not_undone = row.mark != Mark::kFailed && row.problem != 0;
   RecordFacts facts{not_undone ? "not undone" : kStates[static_cast<int>(row.mark)],
@@ -93,6 +94,11 @@ RecordFacts FactsOf(const FileRow& row, const RunState* state) {
   facts.settled = row.RowTag == 1;
   if (state != nullptr && state->names.limit != 0 && !state->NamesAreDrafts()) {
     facts.verdict = JudgeNewName(row, state->names.limit);
+    const NameProblem foretold =
+        state->foretold ? state->foretold(record) : NameProblem::kNone;
+    const NameProblem seen = facts.verdict.problem;
+    const bool comes_first = seen == NameProblem::kNone || foretold < seen;
+    if (foretold != NameProblem::kNone && comes_first) facts.verdict = {foretold};
   }
   return facts;
 }
@@ -100,7 +106,7 @@ RecordFacts FactsOf(const FileRow& row, const RunState* state) {
 RecordSource FileSource(Records& records, const RunState* state) {
   return {FileColumns(records),
           [&] { return records.Count(); },
-          [&records, state](std::size_t i) { return FactsOf(records[i], state); },
+          [&records, state](std::size_t i) { return FactsOf(records, i, state); },
           [&](std::size_t i) { return PathOfRow(records, records[i]); },
           [&](std::size_t i, bool checked) { records[i].checked = checked; },
           [state] { return state != nullptr && state->NamesAreDrafts(); }};

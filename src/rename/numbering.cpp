@@ -6,6 +6,7 @@
 
 #include "common/drives.h"
 #include "common/path_text.h"
+#include "core/name_problem.h"
 #include "names/name_text.h"
 #include "platform/name_pattern.h"
 #include "platform/text.h"
@@ -204,9 +205,4 @@ Numbering::Series& Numbering::SeriesOf(Series wanted, std::size_t folder_size) {
     }
   }
   return same.emplace_back(std::move(wanted));
-}
-
-bool StaysInItsFolder(std::string_view name) {
-  using namespace std::string_view_literals;
-  return name.find_first_of("/\0"sv) == name.npos;
 }

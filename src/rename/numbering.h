@@ -90,6 +90,3 @@ class Numbering {
   std::string last_folder_;
   std::string last_resolved_;
 };
-
-/// Whether a name can stand in a path without leading elsewhere: no separator, no NUL.
-bool StaysInItsFolder(std::string_view name);

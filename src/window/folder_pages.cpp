@@ -123,6 +123,12 @@ FolderPages::FolderPages(Folders& folders, QWidget* parent, FolderDialog browse)
     connect(field, &QLineEdit::returnPressed, this, &FolderPages::listAsked);
   }
   connect(chEnableSkin, &QCheckBox::toggled, this, &FolderPages::skinToggled);
+  connect(cmbDestination, &QComboBox::currentIndexChanged, this, &FolderPages::outputChanged);
+  connect(chDestinationSubfolders, &QCheckBox::toggled, this, &FolderPages::outputChanged);
+  connect(fdDestination, &QLineEdit::editingFinished, this, &FolderPages::outputChanged);
+  connect(fdDestination, &QLineEdit::textChanged, this, [this] {
+    if (!fdDestination->hasFocus()) emit outputChanged();
+  });
 }
 
 void FolderPages::showEvent(QShowEvent* event) {

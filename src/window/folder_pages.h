@@ -69,6 +69,8 @@ class FolderPages : public QTabWidget {
   /// Enter was pressed in a field of the page "Source folder".
   void listAsked();
   void skinToggled(bool on);
+  /// What a run would take of the page "Output folder" is another, and not just being typed.
+  void outputChanged();
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -117,6 +117,9 @@ void Form1::ConnectPanels() {
     commands_.MarkStale();
     ShowDraftsAnew();
   });
+  OnSignal(&pauses_, &QTimer::timeout, this, "Form1.WorkInPause", [this] {
+    if (!commands_.WorkInPause()) pauses_.stop();
+  });
   example_timer_.setSingleShot(true);
   OnSignal(&example_timer_, &QTimer::timeout, this, "Form1.ShowExample", [this] {
     const FileListPanel::Example names = list_->ExampleFile();
@@ -151,6 +154,7 @@ void Form1::ConnectFolders() {
                     [&] { commands_.EnableDisable(ModeFolderChosen); });
     });
   }
+  connect(folder_pages_, &FolderPages::outputChanged, this, [this] { commands_.CheckNames(); });
   connect(folder_pages_, &FolderPages::listAsked, this, &Form1::ListFiles);
   connect(list_, &FileListPanel::separatorAsked, this, &Form1::lnkAddSeparator_Click);
 }
@@ -228,6 +232,7 @@ void Form1::SetWide(bool wide) {
 void Form1::Command4_Click() {
   ErrTrace::top("Form1.Command4_Click",
                 [&] { Form8(session_.state, services_.settings, this).exec(); });
+  commands_.CheckNames();
 }
 
 void Form1::bnAbout_Click() {

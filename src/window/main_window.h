@@ -91,6 +91,7 @@ class Form1 : public QWidget, private CommandView {
   bool AskAboutSystemFolders(const std::string& folders) override;
   std::optional<std::string> AskForMask(std::string_view caption, std::string_view mask) override;
   void FocusAfterCancel() override;
+  void WorkInPauses() override { pauses_.start(); }
   ResultWindow& Made(ResultWindow*& report, const ResultKind& kind);
   void ShowFailureReport() override;
   void ShowConflictReport() override;
@@ -107,6 +108,7 @@ class Form1 : public QWidget, private CommandView {
   FileListPanel* list_;
   StatusBar* status_bar_;
   Commands commands_;
+  QTimer pauses_;  ///< runs while names wait to be looked at
   UndoKey* undo_key_;
   WindowPlacement* placement_ = nullptr;
   ResultWindow* gFailureReport = nullptr;  ///< both made at their first report

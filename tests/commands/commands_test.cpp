@@ -19,6 +19,7 @@ class FakeView : public CommandView, public ListSurface {
   }
   void ShowPanes() override {}
   void RepaintRows() override {}
+  void WorkInPauses() override {}
   Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
   bool AskAboutSystemFolders(const std::string& folders) override {

@@ -1,5 +1,6 @@
 #include "window/main_window.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -238,6 +239,35 @@ TEST_F(MainWindowTest, ShowsWhatNewNamesComeToWhileTheyAreNotMade) {
   list->selectRow(3);
   Button("bnUndo")->click();
   expect("x0017.txt c0019.jpg", "c.jpg → c0019.jpg", true);
+}
+
+TEST_F(MainWindowTest, ForetellsWhatBecomesOfTakenNamesUntilSomethingChanges) {
+  const auto expect = [&](const char* line, const char* first_row, const char* last_row) {
+    const auto told = [&] { return text::FromQt(Find<QLabel>("lbResult")->text()); };
+    for (const QDeadlineTimer end(5000); !end.hasExpired() && told() != line;) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    EXPECT_EQ(told(), line);
+    const auto described = [&](int row) {
+      return text::FromQt(Model()->index(row, 7).data(Qt::AccessibleDescriptionRole).toString());
+    };
+    EXPECT_THAT(described(1), testing::HasSubstr(first_row)) << line;
+    EXPECT_THAT(described(2), testing::HasSubstr(last_row)) << line;
+  };
+  Find<QLineEdit>("fdReplace1")->setText(QStringLiteral("a"));
+  Find<QLineEdit>("fdReplace2")->setText(QStringLiteral("b"));
+  Preview(false);
+  expect("3 new names, 1 taken", "waiting, taken: will get a number, ", "waiting, name unchanged");
+  const std::string off = "0", copy = "1", out = folder / "out/";
+  Value(kControls[12], &off);
+  expect("3 new names, 1 taken", "waiting, taken: will fail, ", "waiting, name unchanged");
+  Held(program->MainWindow(), kControls[5], &out);
+  Held(program->MainWindow(), kControls[4], &copy);
+  expect("3 new names, 1 taken", "waiting, a becomes b", "waiting, taken: will fail, ");
+  Find<QLineEdit>("fdReplace2")->setText(QStringLiteral("d"));
+  expect("", "waiting, draft: a becomes d", "waiting, draft: name unchanged");
+  Button("bnPreview")->click();
+  expect("3 new names", "waiting, a becomes d", "waiting, name unchanged");
 }
 
 TEST_F(MainWindowTest, UndoesTheRunFromATextFieldUntilSomethingIsTypedInIt) {
