@@ -126,6 +126,11 @@ bool HasStoredSize(SettingsStore& store, std::string_view frm) {
   return row != nullptr && !store.GetSetting(row->section, "MainWidth").empty();
 }
 
+bool HasStoredPlace(SettingsStore& store, std::string_view frm) {
+  const PlacedWindow* row = Find(frm);
+  return row != nullptr && !store.GetSetting(row->section, "MainLeft").empty();
+}
+
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window) {
   window.left = screen.width / 2 - window.width / 2;
   window.top = screen.height / 2 - window.height / 2;

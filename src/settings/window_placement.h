@@ -47,8 +47,9 @@ void SaveWindowConfig(SettingsStore& store, std::string_view frm, const WindowFr
 void GetWindowConfig(SettingsStore& store, std::string_view frm, const ScreenSize& screen,
                      WindowFrame& window);
 
-/// Whether the user's own size of the window `frm` is stored.
+/// Whether the user's own size, and whether a place of the window `frm` is stored.
 bool HasStoredSize(SettingsStore& store, std::string_view frm);
+bool HasStoredPlace(SettingsStore& store, std::string_view frm);
 
 /// Places `window` in the middle of the screen.
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window);

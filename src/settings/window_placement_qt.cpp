@@ -38,6 +38,12 @@ int StateOf(const QWidget& window) {
   return window.isMaximized() || window.isFullScreen() ? kMaximised : kNormalWindow;
 }
 
+/// In the middle, a window larger than the screen would hide its title and its first column.
+void ShowCorner(WindowFrame& frame) {
+  if (frame.left) frame.left = std::max(*frame.left, 0.0F);
+  if (frame.top) frame.top = std::max(*frame.top, 0.0F);
+}
+
 /// The place with the frame of the window system, the size without it: Qt sets both that way.
 WindowFrame FrameOf(const QWidget& window) {
   WindowFrame frame;
@@ -107,6 +113,7 @@ void WindowPlacement::Form_Load() {
   frame.top.reset();
   ErrTrace::top("WindowPlacement.Form_Load(frm)", ErrTrace::args(frm_),
                 [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
+  if (!HasStoredPlace(store_, frm_)) ShowCorner(frame);
   Apply(frame, window_);
   sized_ = HasStoredSize(store_, frm_);
 }
