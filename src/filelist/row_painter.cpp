@@ -82,9 +82,10 @@ QRect StripRect(const QStyleOptionViewItem& option) {
   return strip;
 }
 
-/// A text of a group row: at the side where its desktop has it, but written as it is anywhere.
-void DrawGroupText(QPainter* painter, const QStyleOptionViewItem& option, const QRect& room,
-                   Qt::Alignment side, const QString& text) {
+/// At the side where its desktop has it, but written as it is anywhere: "/a/.b" keeps its signs in
+/// their places.
+void DrawText(QPainter* painter, const QStyleOptionViewItem& option, const QRect& room,
+              Qt::Alignment side, const QString& text) {
   const Qt::Alignment place = QStyle::visualAlignment(option.direction, side | Qt::AlignVCenter);
   painter->drawText(room, static_cast<int>(place) | Qt::TextSingleLine | Qt::TextForceLeftToRight,
                     text);
@@ -125,16 +126,16 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   const int count_width = option.fontMetrics.horizontalAdvance(count);
   painter->setFont(option.font);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kMuted));
-  DrawGroupText(painter, option, part(0, kGroupTextRight), Qt::AlignRight, count);
+  DrawText(painter, option, part(0, kGroupTextRight), Qt::AlignRight, count);
 
   QFont heavy = option.font;
   heavy.setWeight(QFont::DemiBold);
   const QRect room = part(GroupTextLeft(index), 2 * kGroupTextRight + count_width);
   painter->setFont(heavy);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kGroupText));
-  DrawGroupText(painter, option, room, Qt::AlignLeft,
-                QFontMetrics(heavy).elidedText(index.data(kGroupTextRole).toString(),
-                                               Qt::ElideMiddle, room.width()));
+  DrawText(painter, option, room, Qt::AlignLeft,
+           QFontMetrics(heavy).elidedText(index.data(kGroupTextRole).toString(), Qt::ElideMiddle,
+                                          room.width()));
 }
 
 void PaintMark(QPainter* painter, const QStyleOptionViewItem& option, Mark mark,
@@ -162,6 +163,7 @@ class NameLine {
         layout_(Join(pieces_), option.font) {
     QTextOption text_option(Qt::AlignLeft | Qt::AlignAbsolute);
     text_option.setWrapMode(QTextOption::NoWrap);
+    text_option.setTextDirection(Qt::LeftToRight);  // as in DrawText
     layout_.setTextOption(text_option);
     layout_.beginLayout();
     line_ = layout_.createLine();
@@ -260,8 +262,8 @@ class NameLine {
 void PaintText(QPainter* painter, const QStyleOptionViewItem& option) {
   const QRect room = TextRect(option.rect);
   painter->setPen(TextColour(option));
-  painter->drawText(room, static_cast<int>(option.displayAlignment) | Qt::TextSingleLine,
-                    option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, room.width()));
+  DrawText(painter, option, room, option.displayAlignment & Qt::AlignHorizontal_Mask,
+           option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, room.width()));
 }
 
 void PaintCheck(QPainter* painter, const QStyleOptionViewItem& option) {

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
@@ -197,6 +198,7 @@ void ConstructorStrip::Move(int step) {
 void ConstructorStrip::BuildChipMenu() {
   mnElement_ = new QMenu(this);
   mnElement_->setObjectName(QStringLiteral("mnElement"));
+  mnElement_->setLayoutDirection(QGuiApplication::layoutDirection());
   mnElement_->addMenu(vbInsertLeft->menu());
   mnElement_->addMenu(bnInsertRight->menu());
   const auto add = [this](QPushButton* button, Keys keys) {
