@@ -12,6 +12,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -185,9 +186,11 @@ void TransformPane::FitLabels() {
 void TransformPane::changeEvent(QEvent* event) {
   Card::changeEvent(event);
   const auto type = event->type();
-  const bool new_look =
-      type == QEvent::StyleChange || type == QEvent::PaletteChange || type == QEvent::FontChange;
-  if (new_look && built_) FitStyle();
+  if (!built_) return;
+  if (type == QEvent::StyleChange || type == QEvent::FontChange) FitStyle();
+  // Later, for it may come while a style sheet is taken off: tabs that measured themselves then
+  // would count as styled by it for ever, and hear of no palette.
+  if (type == QEvent::PaletteChange) QTimer::singleShot(0, this, [this] { FitStyle(); });
 }
 
 template <class Value>
