@@ -111,9 +111,11 @@ QString ChipBar::ChipText(int index) const {
 
 QSize ChipBar::tabSizeHint(int index) const {
   const int text = fontMetrics().horizontalAdvance(ChipText(index));
-  const int high = fontMetrics().height() + 2 * kRadius;
-  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap,
-               std::max(high, measure::kControlHeight));
+  return QSize(std::max(text + 2 * kChipPadding, kLeastChip) + kChipGap, ChipHeight());
+}
+
+int ChipBar::ChipHeight() const {
+  return std::max(fontMetrics().height() + 2 * kRadius, measure::kControlHeight);
 }
 
 void ChipBar::keyPressEvent(QKeyEvent* event) {

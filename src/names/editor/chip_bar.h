@@ -20,6 +20,8 @@ class ChipBar : public QTabBar {
   QRect ChipRect(int index) const;
   /// How much room all chips need.
   int ChipsWidth() const;
+  /// Of a chip, also while there is none.
+  int ChipHeight() const;
   /// Asks for the menu of the selected chip, as the menu key does.
   void AskForMenu();
 

@@ -32,7 +32,7 @@ ChipWell::ChipWell(ChipBar* bar, QWidget* parent)
   row->addWidget(view_, 1);
   row->addWidget(left_);
   row->addWidget(right_);
-  view_->setFixedHeight(bar->sizeHint().height());
+  view_->setFixedHeight(bar->ChipHeight());
   connect(left_, &QToolButton::clicked, this, [this] { ScrollByOne(-1); });
   connect(right_, &QToolButton::clicked, this, [this] { ScrollByOne(1); });
   connect(new ChipDrag(bar), &ChipDrag::scrollWanted, this,
@@ -64,7 +64,7 @@ void ChipWell::ShowSelected() {
   const bool too_many = all > width() - 2 * kMargin;
   left_->setVisible(too_many);
   right_->setVisible(too_many);
-  view_->setFixedHeight(bar_->sizeHint().height());
+  view_->setFixedHeight(bar_->ChipHeight());
   bar_->resize(std::max(all, Room()), view_->height());
   const QRect chip = bar_->ChipRect(bar_->currentIndex());
   ScrollTo(std::clamp(offset_, std::min(chip.left(), chip.right() + 1 - Room()), chip.left()));
