@@ -6,7 +6,7 @@
 namespace {
 
 constexpr qreal kFarSmaller = 0.5;  // below it, painting alone would leave pixels out
-constexpr int kMostBroken = 40;  // a mark, however large the room
+constexpr int kMostBroken = 40;     // a mark, however large the room
 constexpr int kMostPlay = 48;
 
 // A square in the middle, 16 units wide, of which a drawing takes a part.
