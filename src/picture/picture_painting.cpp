@@ -5,13 +5,14 @@
 
 namespace {
 
-constexpr qreal kFarSmaller = 0.5;  // below it, painting alone would leave pixels out
+constexpr qreal kFarSmaller = 0.5;  // from here on, painting alone would leave pixels out
 constexpr int kMostBroken = 40;     // a mark, however large the room
 constexpr int kMostPlay = 48;
+constexpr qreal kPartOfRoom = 0.6;
 
 // A square in the middle, 16 units wide, of which a drawing takes a part.
 void EnterSquare(QPainter& painter, const QRect& room, qreal most) {
-  const qreal side = std::min({most, 0.8 * room.width(), 0.8 * room.height()});
+  const qreal side = std::min(most, kPartOfRoom * std::min(room.width(), room.height()));
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(QRectF(room).center());
   painter.scale(side / 16, side / 16);
@@ -25,7 +26,7 @@ void PaintFrame(QPainter& painter, const QImage& frame, const QRect& target, con
   if (pixels.isEmpty()) return;
   painter.save();
   painter.setClipRect(room);
-  if (pixels.width() < kFarSmaller * frame.width()) {
+  if (pixels.width() <= kFarSmaller * frame.width()) {
     painter.drawImage(target,
                       frame.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   } else {

@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <QStyle>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -21,6 +20,7 @@
 namespace {
 
 constexpr int kSampleSize = 200;
+constexpr int kFieldsWidth = 340;
 constexpr const char* kLimits[] = {"maxBytes", "maxPixels", "maxFrames"};
 
 enum Tab { kPicture, kPlaying, kDisplay, kLimit };
@@ -65,6 +65,7 @@ PicturePropertyPage::PicturePropertyPage(AnimatedPicture* picture, QWidget* pare
     new QFormLayout(tab);
     tabs_->addTab(tab, title);
   }
+  tabs_->setMinimumWidth(kFieldsWidth);
   sides->addWidget(tabs_, 1);
   lines->addLayout(sides, 1);
   AddSample();
@@ -89,6 +90,9 @@ void PicturePropertyPage::AddRow(int tab, const char* property, const QString& l
   field.control->setObjectName(QLatin1String(property));
   auto* form = static_cast<QFormLayout*>(tabs_->widget(tab)->layout());
   label.isEmpty() ? form->addRow(field.control) : form->addRow(label, field.control);
+  if (QWidget* named = field.control->focusProxy()) {
+    static_cast<QLabel*>(form->labelForField(field.control))->setBuddy(named);
+  }
   rows_.push_back({property, std::move(field), {}, {}});
 }
 
@@ -117,10 +121,10 @@ void PicturePropertyPage::AddRows() {
          Choice({tr("Actual size"), tr("Fit"), tr("Fill"), tr("Stretch")}, changed()));
   AddRow(kDisplay, "alignment", tr("A&lignment:"), Alignment(changed()));
   AddRow(kDisplay, "background", tr("Back&ground:"), Colour(changed()));
-  AddRow(kPicture, "accessibleDescription", tr("&Description:"), Line(changed()));
   AddRow(kPicture, "source", tr("&File or resource:"), File(changed()));
   AddRow(kPicture, "frame", tr("Fra&me:"),
          Number(0, AnimatedPicture::kMaxFrames.most, {}, changed()));
+  AddRow(kPicture, "accessibleDescription", tr("&Description:"), Line(changed()));
 }
 
 void PicturePropertyPage::AddSample() {
@@ -132,21 +136,18 @@ void PicturePropertyPage::AddSample() {
   sample_->setMinimumSize(kSampleSize, kSampleSize);
 
   auto* keys = new QHBoxLayout;
-  const auto add_key = [&](const char* name, const QString& text, QStyle::StandardPixmap icon,
-                           void (AnimatedPicture::*act)()) {
+  const auto add_key = [&](const char* name, const QString& text, void (AnimatedPicture::*act)()) {
     auto* key = new QToolButton;
     key->setObjectName(QLatin1String(name));
-    key->setIcon(style()->standardIcon(icon));
-    key->setAccessibleName(text);
-    key->setToolTip(text);
+    key->setText(text);
     key->setFocusPolicy(Qt::StrongFocus);
     connect(key, &QToolButton::clicked, sample_, act);
     keys->addWidget(key);
   };
-  add_key("play", tr("Play"), QStyle::SP_MediaPlay, &AnimatedPicture::play);
-  add_key("pause", tr("Pause"), QStyle::SP_MediaPause, &AnimatedPicture::pause);
-  add_key("stop", tr("Stop"), QStyle::SP_MediaStop, &AnimatedPicture::stop);
-  add_key("step", tr("Step"), QStyle::SP_MediaSkipForward, &AnimatedPicture::step);
+  add_key("play", tr("Play"), &AnimatedPicture::play);
+  add_key("pause", tr("Pause"), &AnimatedPicture::pause);
+  add_key("stop", tr("Stop"), &AnimatedPicture::stop);
+  add_key("step", tr("Step"), &AnimatedPicture::step);
   keys->addStretch();
 
   facts_->setObjectName(QStringLiteral("facts"));

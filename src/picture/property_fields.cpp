@@ -48,10 +48,10 @@ QString PictureFilter() {
 
 void ShowColour(QPushButton* button, const QColor& colour) {
   button->setProperty("colour", colour);
-  button->setText(colour.isValid() ? colour.name() : Tr("None"));
+  button->setText(colour.isValid() ? colour.name() : Tr("None..."));
   QPixmap patch(16, 16);
-  patch.fill(colour.isValid() ? colour : Qt::transparent);
-  button->setIcon(patch);
+  patch.fill(colour);
+  button->setIcon(colour.isValid() ? QIcon(patch) : QIcon());
 }
 
 }  // namespace
@@ -108,7 +108,7 @@ PropertyField File(const Changed& changed) {
 
 PropertyField Colour(const Changed& changed) {
   auto* choose = new QPushButton;
-  auto* none = new QPushButton(Tr("No colour"));
+  auto* none = new QPushButton(Tr("Clear"));
   QObject::connect(choose, &QPushButton::clicked, choose, [choose, changed] {
     const QColor colour =
         QColorDialog::getColor(choose->property("colour").value<QColor>(), choose->window(),
