@@ -85,11 +85,11 @@ void PicturePlayer::Step() {
 
 void PicturePlayer::Seek(int frame) {
   if (!reader_) return;
-  next_.stop();
   ended_ = false;
   sought_ = std::max(frame, 0);
   if (reader_->Count() > 0) sought_ = std::min(sought_, reader_->Count() - 1);
   if (sought_ == reader_->Index() && !seek_.isActive()) return;
+  next_.stop();
   if (sought_ < reader_->Index()) reader_->Rewind();
   SeekOn();
 }
