@@ -7,7 +7,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <QWindow>
 #include <algorithm>
@@ -381,12 +380,7 @@ void AnimatedPicture::paintEvent(QPaintEvent*) {
   } else if (!failure().isEmpty()) {
     PaintBroken(painter, contentsRect(), palette());
   }
-  if (hasFocus() && takesClicks()) {
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.backgroundColor = palette().color(backgroundRole());
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-  }
+  if (hasFocus() && takesClicks()) PaintFocus(painter, rect(), palette());
   player_->Painted();
 }
 

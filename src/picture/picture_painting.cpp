@@ -63,3 +63,11 @@ void PaintPlay(QPainter& painter, const QRect& room) {
   painter.drawPolygon(QPolygonF({{6.2, 4.6}, {11.8, 8}, {6.2, 11.4}}));
   painter.restore();
 }
+
+void PaintFocus(QPainter& painter, const QRect& room, const QPalette& palette) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(palette.color(QPalette::Highlight), 2));
+  painter.drawRoundedRect(room.adjusted(1, 1, -1, -1), 3, 3);
+  painter.restore();
+}

@@ -13,3 +13,7 @@ void PaintBroken(QPainter& painter, const QRect& room, const QPalette& palette);
 
 /// The mark that a picture waits to be played, over the middle of it; seen on light and on dark.
 void PaintPlay(QPainter& painter, const QRect& room);
+
+/// An outline around a picture that has the keyboard; the styles' own would tint the picture, or
+/// leave it as it is.
+void PaintFocus(QPainter& painter, const QRect& room, const QPalette& palette);
