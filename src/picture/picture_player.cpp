@@ -2,6 +2,7 @@
 
 #include <QTimerEvent>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -11,13 +12,13 @@ constexpr qint64 kSlice = 15;  // of a walk to a frame that is far, in milliseco
 
 }  // namespace
 
-void PicturePlayer::Take(PictureBytes read, const PictureLimits& limits) {
+void PicturePlayer::Take(const PictureBytes& read, const PictureLimits& limits) {
   Clear();
   if (!read.problem.isEmpty()) {
     Fail(read.problem);
     return;
   }
-  reader_.emplace(std::move(read.bytes), limits);
+  reader_.emplace(read.bytes, limits);
   if (reader_->Next()) {
     Show();
   } else {
@@ -35,10 +36,10 @@ void PicturePlayer::Clear() {
 }
 
 void PicturePlayer::Fail(const QString& reason) {
-  const QString kept = reason;  // it may be the reader's own
+  QString kept = reason;  // it may be the reader's own
   Clear();
-  failure_ = kept;
-  emit Failed(kept);
+  failure_ = std::move(kept);
+  emit Failed(QString(failure_));  // who is told may set another picture
 }
 
 void PicturePlayer::SetPlaying(bool playing) {

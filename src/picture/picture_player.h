@@ -20,7 +20,7 @@ class PicturePlayer : public QObject {
   explicit PicturePlayer(std::function<bool()> seen) : seen_(std::move(seen)) {}
 
   /// Puts the picture in the place of the former one, at its first frame.
-  void Take(PictureBytes read, const PictureLimits& limits);
+  void Take(const PictureBytes& read, const PictureLimits& limits);
   void Clear();
   /// The picture, or nothing when there is none.
   const PictureReader* Picture() const { return reader_ ? &*reader_ : nullptr; }

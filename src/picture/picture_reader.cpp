@@ -51,8 +51,9 @@ PictureBytes BytesOfDevice(QIODevice& device, int most) {
   return read;
 }
 
-PictureReader::PictureReader(QByteArray bytes, const PictureLimits& limits) : limits_(limits) {
-  buffer_.setData(std::move(bytes));
+PictureReader::PictureReader(const QByteArray& bytes, const PictureLimits& limits)
+    : limits_(limits) {
+  buffer_.setData(bytes);
   buffer_.open(QIODevice::ReadOnly);
   if (!CheckBytes()) return;
   Rewind();

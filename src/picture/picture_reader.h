@@ -38,7 +38,7 @@ class PictureReader {
 
  public:
   /// Decodes nothing yet; `Problem` tells if the bytes are none that may be decoded.
-  PictureReader(QByteArray bytes, const PictureLimits& limits);
+  PictureReader(const QByteArray& bytes, const PictureLimits& limits);
 
   /// Decodes the next frame. False at the end, and when it can't be read: then there is a
   /// `Problem`.

@@ -1,49 +1,15 @@
 #include "picture/designer/picture_plugin.h"
 
-#include <QAction>
 #include <QIcon>
 #include <QPainter>
 #include <QtDesigner/QDesignerFormEditorInterface>
-#include <QtDesigner/QDesignerFormWindowCursorInterface>
-#include <QtDesigner/QDesignerFormWindowInterface>
-#include <QtDesigner/QDesignerTaskMenuExtension>
 #include <QtDesigner/QExtensionFactory>
 #include <QtDesigner/QExtensionManager>
 
 #include "picture/animated_picture.h"
-#include "picture/picture_property_page.h"
+#include "picture/designer/picture_menu.h"
 
 namespace {
-
-class PictureMenu : public QObject, public QDesignerTaskMenuExtension {
-  Q_OBJECT
-  Q_INTERFACES(QDesignerTaskMenuExtension)
-
- public:
-  PictureMenu(AnimatedPicture* picture, QObject* parent)
-      : QObject(parent), picture_(picture), edit_(tr("Picture properties..."), this) {
-    connect(&edit_, &QAction::triggered, this, [this] { Edit(); });
-  }
-
-  QAction* preferredEditAction() const override { return const_cast<QAction*>(&edit_); }
-  QList<QAction*> taskActions() const override { return {preferredEditAction()}; }
-
- private:
-  // By the form's cursor, so that Designer can undo it and knows that the form has changed.
-  void Edit() {
-    auto* form = QDesignerFormWindowInterface::findFormWindow(picture_);
-    PicturePropertyPage::Setter setter;
-    if (form != nullptr) {
-      setter = [this, form](const char* property, const QVariant& value) {
-        form->cursor()->setWidgetProperty(picture_, QLatin1String(property), value);
-      };
-    }
-    PicturePropertyPage::edit(picture_, picture_->window(), setter);
-  }
-
-  AnimatedPicture* picture_;
-  QAction edit_;
-};
 
 class PictureMenuFactory : public QExtensionFactory {
  public:
@@ -122,5 +88,3 @@ void PicturePlugin::initialize(QDesignerFormEditorInterface* editor) {
 QWidget* PicturePlugin::createWidget(QWidget* parent) {
   return new AnimatedPicture(parent);
 }
-
-#include "picture_plugin.moc"
