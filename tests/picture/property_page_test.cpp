@@ -60,6 +60,10 @@ TEST(PicturePropertyPage, ChangesThePictureByApplyOnlyAndGivesAllBack) {
   button(QDialogButtonBox::Reset)->click();
   button(QDialogButtonBox::Ok)->click();
   EXPECT_EQ(Values(picture), before);
+  picture.play();
+  page.findChild<QSpinBox*>(QStringLiteral("speed"))->setValue(300);
+  page.apply();
+  EXPECT_TRUE(picture.playing()) << "what wasn't edited stays, the frame too";
   page.findChild<QSpinBox*>(QStringLiteral("maxFrames"))->setValue(2);
   EXPECT_EQ(facts->text().toStdString(), "The picture has more than 2 frames.");
 }
