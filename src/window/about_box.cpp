@@ -1,8 +1,6 @@
 #include "window/about_box.h"
 
-#include <QApplication>
 #include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -14,6 +12,7 @@
 #include "look/handlers.h"
 #include "look/link_button.h"
 #include "look/look.h"
+#include "picture/animated_picture.h"
 #include "platform/build_facts.h"
 #include "platform/qt/text_qt.h"
 #include "platform/system_facts.h"
@@ -38,10 +37,12 @@ Form10::Form10(const Services& services, QWidget* parent)
 }
 
 void Form10::LayOut() {
-  auto* picIcon = new QLabel;
+  auto* picIcon = new AnimatedPicture;
   picIcon->setObjectName(QStringLiteral("picIcon"));
-  picIcon->setPixmap(
-      QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+  picIcon->setAccessibleName(QLatin1String(build_facts::kTitle));
+  picIcon->setScaleMode(AnimatedPicture::ScaleMode::Fit);
+  picIcon->setFixedSize(kIconSize, kIconSize);
+  picIcon->setSource(QStringLiteral(":/icons/quorvane.gif"));
 
   // Each line stands beside the icon, also where that is at the right.
   auto* texts = new QVBoxLayout;
