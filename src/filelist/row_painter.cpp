@@ -20,9 +20,9 @@ namespace {
 
 constexpr int kPillRadius = 4;
 constexpr int kTintRadius = 3;
-constexpr int kFolderSize = 16;
+constexpr int kFolderLeast = 16;
 constexpr int kFolderLeft = 5;
-constexpr int kFolderTextLeft = 27;
+constexpr int kFolderGap = 6;
 constexpr int kGroupTextRight = 8;
 constexpr int kWarningLeast = 14;
 constexpr int kWarningGap = 4;
@@ -66,8 +66,13 @@ void PaintWarning(QPainter* painter, const QStyleOptionViewItem& option) {
   painter->drawPixmap(room.right() + 1 - size, room.top() + (room.height() - size) / 2, sign);
 }
 
-int GroupTextLeft(const QModelIndex& index) {
-  return index.data(kGroupIsFolderRole).toBool() ? kFolderTextLeft : kCellInset;
+int FolderSize(const QStyleOptionViewItem& option) {
+  return std::max(kFolderLeast, option.fontMetrics.ascent());
+}
+
+int GroupTextLeft(const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const bool folder = index.data(kGroupIsFolderRole).toBool();
+  return folder ? kFolderLeft + FolderSize(option) + kFolderGap : kCellInset;
 }
 
 /// Where a group row's strip lies: it stays in view when the columns are scrolled sideways.
@@ -114,12 +119,13 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
   painter->fillRect(QRect(strip.left(), strip.bottom(), strip.width(), 1),
                     look.Colour(Role::kLine));
   if (index.data(kGroupIsFolderRole).toBool()) {
+    const int size = FolderSize(option);
     const QPixmap folder =
-        look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText,
-                     kFolderSize, painter->device()->devicePixelRatioF());
-    const int right = strip.width() - kFolderLeft - kFolderSize;
-    painter->drawPixmap(part(kFolderLeft, right).left(),
-                        strip.top() + (strip.height() - kFolderSize) / 2, folder);
+        look.Picture(Drawing::kFolder, on_highlight ? Role::kAccentText : Role::kGroupText, size,
+                     painter->device()->devicePixelRatioF());
+    const int right = strip.width() - kFolderLeft - size;
+    painter->drawPixmap(part(kFolderLeft, right).left(), strip.top() + (strip.height() - size) / 2,
+                        folder);
   }
 
   const QString count = index.data(kGroupCountRole).toString();
@@ -130,7 +136,7 @@ void PaintGroup(QPainter* painter, const QStyleOptionViewItem& option, const QMo
 
   QFont heavy = option.font;
   heavy.setWeight(QFont::DemiBold);
-  const QRect room = part(GroupTextLeft(index), 2 * kGroupTextRight + count_width);
+  const QRect room = part(GroupTextLeft(option, index), 2 * kGroupTextRight + count_width);
   painter->setFont(heavy);
   painter->setPen(on_highlight ? TextColour(option) : look.Colour(Role::kGroupText));
   DrawText(painter, option, room, Qt::AlignLeft,
@@ -340,7 +346,7 @@ bool RowPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   const QString words = index.data(Qt::DisplayRole).toString();
   QFont font = option.font;
   if (group) font.setWeight(QFont::DemiBold);
-  const int room = group ? StripRect(option).width() - GroupTextLeft(index) - 100
+  const int room = group ? StripRect(option).width() - GroupTextLeft(option, index) - 100
                          : NameRect(option, !verdict.isEmpty()).width();
   const QString reason = index.data(kReasonRole).toString();
   QStringList lines;
