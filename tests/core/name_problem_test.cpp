@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 TEST(NameProblem, IsToldOfNamesThatARunWouldTake) {
-  const struct {
-    const char *old_name, *new_name, *words;
-  } table[] = {
+  const char* const table[][3] = {
       {"a.jpg", "b.jpg", ""},
       {"a.jpg", "", "empty name: will fail"},
       {"a.jpg", ".jpg", "only an extension"},

@@ -4,8 +4,6 @@
 
 #include <string>
 
-namespace {
-
 /// Rows when grouped: 0 "/a/", 1 "a.txt", 2 "b.JPG", 3 "/b/", 4 "c.txt", 5 "README".
 const struct {
   RowCommand id;
@@ -31,8 +29,6 @@ const struct {
     {kInvertSelectionInGroup, {0, 1, 3, 4, 5}, "", "1001"},
     {kInvertSelectionInGroup, {0, 1}, "", "1010", GroupBy::kNone},
 };
-
-}  // namespace
 
 TEST(CheckOperations, SetTheBoxesThatTheyChoose) {
   for (const auto& row : kTable) {

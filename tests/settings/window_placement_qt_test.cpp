@@ -8,8 +8,6 @@
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
 
-namespace {
-
 using testing::HasSubstr;
 
 struct PlacedWidget : QWidget {
@@ -82,5 +80,3 @@ TEST(WindowPlacementQt, BadValuesAndAFullDiskAreReportedAndTheWindowWorks) {
   EXPECT_THAT(FailureReport([&] { window.close(); }), HasSubstr("The disk is full"));
   EXPECT_FALSE(window.isVisible());
 }
-
-}  // namespace

@@ -1,7 +1,6 @@
 #include "window/about_box.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLabel>
