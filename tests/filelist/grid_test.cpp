@@ -66,15 +66,6 @@ TEST_F(GridTest, KnowsTheWayBackAndShowsNewRecordsOnlyWhenPopulated) {
   }
 }
 
-TEST_F(GridTest, TakesAnotherOrderOfTextsForHeadingsAndNames) {
-  GroupedRows rows;
-  const auto name_of = [&](std::size_t i) { return std::string_view(records[i].sourceFileName); };
-  const auto path_of = [&](std::size_t i) { return std::string_view(records.Path(records[i])); };
-  const auto b_first = [](std::string_view t, std::string& key) { key += t == "/b/" ? "" : t; };
-  rows.Populate(4, {TextOf(name_of), true, ShareTexts(4, path_of), b_first});
-  EXPECT_EQ(Shown(rows), "[/b/ 3] N1 n1 n2 [/A/ 1] n3 ");
-}
-
 TEST_F(GridTest, IsFoundInByTheBeginningOfAName) {
   records.AddRecord("b", "/b/", "\u00C9t\u00E9", FileDate(), 1, "");
   grid.Populate();  // 0 "/A/", 1 n3, 2 "/b/", 3 n2, 4 N1, 5 n1, 6 Ete with accents

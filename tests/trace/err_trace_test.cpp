@@ -55,12 +55,9 @@ TEST_F(ErrTraceTest, AFailureThreeLevelsDeepGivesOneReport) {
             "  Source: Quorvane \r\n"
             "  Description: 100% wrong type\r\n"
             "  API Error: (2) No such file or directory\r\n"
-            "  Call Stack: mLow.Open(path='/home/q', mode=3) "
-            "----------------------------------------------------\r\n"
-            "  Call Stack: mMiddle.Middle(path='/home/q') "
-            "-------------------------------------------------------\r\n"
-            "  Call Stack: Test() "
-            "-------------------------------------------------------------------------------\r\n");
+            "  Call Stack: mLow.Open(path='/home/q', mode=3) " +
+                std::string(52, '-') + "\r\n  Call Stack: mMiddle.Middle(path='/home/q') " +
+                std::string(55, '-') + "\r\n  Call Stack: Test() " + std::string(79, '-') + "\r\n");
 }
 
 TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKindInALineOfAHundredCharactersThatIsNeverCut) {
