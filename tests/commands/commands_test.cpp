@@ -135,10 +135,8 @@ TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
       {&Commands::bnLoadFileList_Click, "total stretched 0"},
       {&Commands::bnPreview_Click, "Preview bar 3"},
       {&Commands::bnRename_Click, "Renaming bar 2"},
-      {&Commands::bnUndo_Click, "Renaming bar 2"},
-  };
+      {&Commands::bnUndo_Click, "Renaming bar 2"}};
   for (const auto& [command, shown] : table) {
-    SCOPED_TRACE(shown);
     events.count = 0;
     events.on_events = [&, expected = shown] {
       const StatusPanes& panes = state.panes;
@@ -230,8 +228,7 @@ TEST_F(CommandsTest, SayBeforeARunWhatIsTickedAndWhatIsWrongWithTheNames) {
   const std::string& line = state.panes.paneResult;
   const auto tick = [&](std::size_t record, bool on) {
     records[record].checked = on;
-    commands.TicksChanged();
-    return line;
+    return commands.TicksChanged(), line;
   };
   commands.TicksChanged();
   EXPECT_EQ(line, "") << "nothing is listed";
@@ -331,8 +328,7 @@ TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   };
   view.source.fdIncludeMask = "[a";
   expect("l", "4", "bnLoadFileList_Click");
-  EXPECT_EQ(view.empty, EmptyList::kMaskFaulty);
-  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  EXPECT_TRUE(view.empty == EmptyList::kMaskFaulty && state.panes.paneTotal == "Total 0 files");
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
   constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
@@ -390,7 +386,7 @@ TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused)
   Walk("l p");
   EXPECT_FALSE(check(kUnCheckByMask));
   EXPECT_FALSE(check(kUnCheckByMask, "a* [b"));
-  EXPECT_NE(report.find("str='a* [b'"), std::string::npos);
+  EXPECT_THAT(report, testing::HasSubstr("str='a* [b'"));
   EXPECT_TRUE(records[0].checked) << "a mask that fails changes nothing";
   EXPECT_EQ(view.buttons[2], '1');
   EXPECT_TRUE(check(kUnCheckByMask, "a*"));

@@ -10,10 +10,10 @@
 using mMain::CommandLine;
 
 TEST(StartUp, RefusesOtherSystemsAndEndsSilentlyBesideAnotherCopy) {
+  FakeSystemFacts facts;
   struct : FakeSystemFacts {
     bool IsSupported() override { return false; }
   } other;
-  FakeSystemFacts facts;
   FakePrompts prompts;
   EXPECT_TRUE(mMain::MayStart(facts, prompts, false));
   EXPECT_FALSE(mMain::MayStart(facts, prompts, true));

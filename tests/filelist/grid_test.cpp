@@ -73,10 +73,9 @@ TEST_F(GridTest, IsFoundInByTheBeginningOfAName) {
   std::int64_t now = 5000;
   const std::tuple<const char*, int, int, int> table[] = {
       // how long after, current, found or -1
-      {"n", 2000, -1, 1},     {"1", 1000, 1, 4}, {"N", 1001, 4, 5},     {"n", 10, 5, 1},
-      {"\u00E9", 2000, 0, 6}, {"T", 500, 6, 6},  {"/", 2000, 0, -1},    {"n", 900, 0, -1},
-      {"n", 2000, 3, 4},      {"2", 10, 4, 3},   {"\xFF", 2000, 3, -1},
-  };
+      {"n", 2000, -1, 1},     {"1", 1000, 1, 4}, {"N", 1001, 4, 5},    {"n", 10, 5, 1},
+      {"\u00E9", 2000, 0, 6}, {"T", 500, 6, 6},  {"/", 2000, 0, -1},   {"n", 900, 0, -1},
+      {"n", 2000, 3, 4},      {"2", 10, 4, 3},   {"\xFF", 2000, 3, -1}};
   for (const auto& [typed, after, current, expected] : table) {
     const auto found = find.Type(typed, now += after, grid.List(), current);
     EXPECT_EQ(found ? static_cast<int>(*found) : -1, expected) << typed << now;

@@ -55,9 +55,7 @@ TEST(WindowPlacementQt, AnOwnSizeIsGivenAtEachShowingUntilTheUserHasSizedTheWind
     for (int i = 0; i < 2; ++i) {
       window.show();
       EXPECT_EQ(window.size(), expected);
-      if (expected == own) {
-        EXPECT_EQ(window.geometry().center(), owner.geometry().center());
-      }
+      EXPECT_TRUE(expected != own || window.geometry().center() == owner.geometry().center());
       if (i == 1 && sized.isValid()) window.resize(sized);
       window.close();
     }

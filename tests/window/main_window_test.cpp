@@ -95,9 +95,8 @@ struct MainWindowTest : testing::Test {
     if (control.section != "Conflicts") return Held(program->MainWindow(), control, text);
     std::string held;
     QTimer::singleShot(0, [&] {
-      QWidget* dialog = QApplication::activeModalWidget();
-      held = Held(*dialog, control, text);
-      dialog->findChild<QPushButton*>(QStringLiteral("bnOK"))->click();
+      held = Held(*QApplication::activeModalWidget(), control, text);
+      Press(QApplication::activeModalWidget(), Qt::Key_Return);
     });
     Button("Command4")->click();
     return held;
