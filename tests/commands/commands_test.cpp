@@ -6,11 +6,8 @@
 #include "support/failure_report.h"
 #include "support/fake_services.h"
 
-namespace {
-
-class FakeView : public CommandView, public ListSurface {
- public:
-  FakeView(Grid& grid, const RunReports& reports) : grid_(grid), reports_(reports) {}
+struct FakeView : CommandView, ListSurface {
+  explicit FakeView(Session& session) : grid_(session.grid), reports_(session.reports) {}
 
   void EnableElements(bool pEnable) override { elements = pEnable; }
   void SetWaitPointer(bool wait) override { waiting = wait; }
@@ -18,16 +15,15 @@ class FakeView : public CommandView, public ListSurface {
     buttons[static_cast<std::size_t>(button)] = enable ? '1' : '0';
   }
   void ShowPanes() override {}
-  void RepaintRows() override {}
+  void RepaintRows() override { ++repaints; }
   void WorkInPauses() override {}
   Options ReadOptions() const override { return {{}, source, output, {}, {}}; }
   void SetSourceFolder(const std::string& folder) override { source.fdSourceFolder = folder; }
   bool AskAboutSystemFolders(const std::string& folders) override {
-    asked += folders;
-    return goes_on;
+    return asked += folders, goes_on;
   }
   void ListRepopulated(EmptyList reason) override {
-    if (grid_.RowCount() == 0) empty = reason;
+    empty = grid_.RowCount() == 0 ? reason : empty;
   }
   void ShowAnew() override {
     if (grid_.RowCount() > 0) grid_.Populate();
@@ -43,31 +39,26 @@ class FakeView : public CommandView, public ListSurface {
   }
   void RowsChanged() override {}
   void FocusAfterCancel() override { focus_away = true; }
-  void ShowFailureReport() override {
-    shown += std::to_string(reports_.gFailureReport.size()) + " failed ";
-  }
-  void ShowConflictReport() override {
-    shown += std::to_string(reports_.gConflictReport.size()) + " numbered ";
-  }
+  void Show(std::size_t count, const char* what) { shown += std::to_string(count) + what; }
+  void ShowFailureReport() override { Show(reports_.gFailureReport.size(), " failed "); }
+  void ShowConflictReport() override { Show(reports_.gConflictReport.size(), " numbered "); }
 
   SourceOptions source{"/in/", "", "", false};
   OutputOptions output;
   std::vector<int> selected;
   std::optional<std::string> mask_given;  ///< none: the user cancels
   bool elements = false, waiting = false, focus_away = false;
+  int repaints = 0;
   std::string buttons = "-----";  ///< list, preview, rename, undo, cancel
   EmptyList empty = EmptyList::kListing;
   std::string asked;  ///< about these folders
   bool goes_on = false;
   std::string shown;  ///< the report windows, with their counts
-
- private:
   Grid& grid_;
   const RunReports& reports_;
 };
 
-class CommandsTest : public testing::Test, protected FakeServices {
- protected:
+struct CommandsTest : testing::Test, FakeServices {
   CommandsTest() {
     files.folders = {"/in", "/out"};
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};
@@ -89,6 +80,7 @@ class CommandsTest : public testing::Test, protected FakeServices {
       if (road[i] == 'p') commands.bnPreview_Click();
       if (road[i] == 'r') commands.bnRename_Click();
       if (road[i] == 'u') commands.bnUndo_Click();
+      if (road[i] == 's') commands.MarkStale();
       modes += (modes.empty() ? "" : " ") + std::to_string(commands.Mode());
       EXPECT_FALSE(state.gCancelRequested);
       EXPECT_TRUE(view.elements && !view.waiting && !commands.Busy());
@@ -103,11 +95,9 @@ class CommandsTest : public testing::Test, protected FakeServices {
   Grid& grid = session.grid;
   Constructor& constructor = session.constructor;
   RunReports& reports = session.reports;
-  FakeView view{grid, reports};
+  FakeView view{session};
   Commands commands{session, services, view, view};
 };
-
-}  // namespace
 
 TEST_F(CommandsTest, GoFromModeToMode) {
   const char* const table[][5] = {
@@ -121,6 +111,8 @@ TEST_F(CommandsTest, GoFromModeToMode) {
       {"l p r2 u", "3 5 9 10", "11100", "a.txt b.txt ", "1 undone"},
       {"l p r u2", "3 5 8 11", "10110", "a.txt x b.txt ", "1 undone"},
       {"l p r u2 u p", "3 5 8 11 10 5", "11100", "a.txt b.txt ", "2 new names"},
+      {"l p r s u", "3 5 8 8 10", "11000", "a.txt b.txt ", "2 undone"},
+      {"l p r s u2", "3 5 8 8 11", "10010", "a.txt x b.txt ", "1 undone"},
   };
   clock.step_ms = 50;
   for (const auto& [road, modes, buttons, left, result] : table) {
@@ -134,7 +126,7 @@ TEST_F(CommandsTest, GoFromModeToMode) {
     EXPECT_EQ(view.buttons, buttons);
     EXPECT_EQ(state.panes.paneResult, result);
     std::string names;
-    for (const auto& [path, content] : files.contents) names += path.substr(4) + " ";
+    for (const auto& file : files.contents) names += file.first.substr(4) + " ";
     EXPECT_EQ(names, left);
   }
 }
@@ -144,10 +136,8 @@ TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
       {&Commands::bnLoadFileList_Click, "total stretched 0"},
       {&Commands::bnPreview_Click, "Preview bar 3"},
       {&Commands::bnRename_Click, "Renaming bar 2"},
-      {&Commands::bnUndo_Click, "Renaming bar 2"},
-  };
+      {&Commands::bnUndo_Click, "Renaming bar 2"}};
   for (const auto& [command, shown] : table) {
-    SCOPED_TRACE(shown);
     events.count = 0;
     events.on_events = [&, expected = shown] {
       const StatusPanes& panes = state.panes;
@@ -221,7 +211,9 @@ TEST_F(CommandsTest, KeepThePreviewStaleUntilOneIsWhole) {
   Walk("l l");
   EXPECT_EQ(grid.RowCount(), 3u) << "a group row and two files";
   EXPECT_EQ(state.panes.paneTotal, "Total 2 files") << "counted anew";
-  commands.MarkStale();
+  const int before = view.repaints;
+  for (int i = 0; i < 2; ++i) commands.MarkStale();
+  EXPECT_EQ(view.repaints, before + 1) << "not at each letter that is typed";
   Walk("p2");
   EXPECT_TRUE(state.gPreviewStale);
   EXPECT_EQ(records[0].newFileName, "") << "the group row came first";
@@ -237,8 +229,7 @@ TEST_F(CommandsTest, SayBeforeARunWhatIsTickedAndWhatIsWrongWithTheNames) {
   const std::string& line = state.panes.paneResult;
   const auto tick = [&](std::size_t record, bool on) {
     records[record].checked = on;
-    commands.TicksChanged();
-    return line;
+    return commands.TicksChanged(), line;
   };
   commands.TicksChanged();
   EXPECT_EQ(line, "") << "nothing is listed";
@@ -323,25 +314,22 @@ TEST_F(CommandsTest, ShowWhatWentOtherwiseThanPlanned) {
   EXPECT_TRUE(view.shown.empty()) << "a clean run";
   EXPECT_TRUE(reports.gFailureReport.empty() && reports.gConflictReport.empty());
   files.contents["/in/a.txt"] = "a stranger";
-  prompts.icons.clear();
   EXPECT_EQ(Walk("u"), "10");
   EXPECT_EQ(prompts.told.back(), "Undo failed for 1 file(s)");
   EXPECT_EQ(state.panes.paneResult, "2 undone, 1 failed");
   commands.EnableDisable(ModeFolderChosen);
   EXPECT_EQ(state.panes.paneResult, "");
-  EXPECT_EQ(prompts.icons, "x");
+  EXPECT_EQ(prompts.icons.back(), 'x');
   EXPECT_TRUE(view.shown.empty()) << "an undo tells its failures by number only";
 }
 
 TEST_F(CommandsTest, LeaveAUsableWindowAfterAFailure) {
   const auto expect = [&](const char* road, const char* modes, const char* handler) {
-    const std::string report = FailureReport([&] { EXPECT_EQ(Walk(road), modes); });
-    EXPECT_NE(report.find(handler), std::string::npos) << report;
+    EXPECT_THAT(FailureReport([&] { EXPECT_EQ(Walk(road), modes); }), testing::HasSubstr(handler));
   };
   view.source.fdIncludeMask = "[a";
   expect("l", "4", "bnLoadFileList_Click");
-  EXPECT_EQ(view.empty, EmptyList::kMaskFaulty);
-  EXPECT_EQ(state.panes.paneTotal, "Total 0 files");
+  EXPECT_TRUE(view.empty == EmptyList::kMaskFaulty && state.panes.paneTotal == "Total 0 files");
   view.source.fdIncludeMask = "";
   constructor.InsertArrConstrItem(0, kCounter, "");
   constructor.ArrConstr[0].counter.Start = 0x7FFFFFFF;
@@ -399,7 +387,7 @@ TEST_F(CommandsTest, CheckOperationsMakeThePreviewStaleUnlessCancelledOrRefused)
   Walk("l p");
   EXPECT_FALSE(check(kUnCheckByMask));
   EXPECT_FALSE(check(kUnCheckByMask, "a* [b"));
-  EXPECT_NE(report.find("str='a* [b'"), std::string::npos);
+  EXPECT_THAT(report, testing::HasSubstr("str='a* [b'"));
   EXPECT_TRUE(records[0].checked) << "a mask that fails changes nothing";
   EXPECT_EQ(view.buttons[2], '1');
   EXPECT_TRUE(check(kUnCheckByMask, "a*"));

@@ -10,10 +10,10 @@
 using mMain::CommandLine;
 
 TEST(StartUp, RefusesOtherSystemsAndEndsSilentlyBesideAnotherCopy) {
+  FakeSystemFacts facts;
   struct : FakeSystemFacts {
     bool IsSupported() override { return false; }
   } other;
-  FakeSystemFacts facts;
   FakePrompts prompts;
   EXPECT_TRUE(mMain::MayStart(facts, prompts, false));
   EXPECT_FALSE(mMain::MayStart(facts, prompts, true));
@@ -36,31 +36,27 @@ TEST(StartUp, ReadsItsCommandLine) {
   std::filesystem::create_directories(temp / "a/bad\xFF");
   temp.Write("a/file", "");
   const std::string a = temp.path() + "/a/";
-  const struct {
-    std::vector<std::string> words;
-    int exit_code;  ///< -1: a window
-    std::string folder_or_told;
-  } table[] = {{{}, -1, ""},
-               {{a}, -1, a},
-               {{a + "bad\xFF"}, -1, a + "bad\xFF/"},
-               {{a + "file"}, -1, a},
-               {{"--", a + "./../a//file"}, -1, a},
-               {{std::filesystem::relative(a + "file")}, -1, a},
-               {{a + "none"}, 2, a + "none"},
-               {{a + "file/"}, 2, a + "file/"},
-               {{""}, 2, ""},
-               {{a, a}, 2, "Usage"},
-               {{"-x"}, 2, "-x"},
-               {{"--", "--help"}, 2, "--help: "},
-               {{a, a, "--help"}, 0, "Usage"},
-               {{"--version"}, 0, "Quorvane "}};
+  // -1 is no exit code, but a window with that folder.
+  const std::tuple<std::vector<std::string>, int, std::string> table[] = {
+      {{}, -1, ""},
+      {{a}, -1, a},
+      {{a + "bad\xFF"}, -1, a + "bad\xFF/"},
+      {{a + "file"}, -1, a},
+      {{"--", a + "./../a//file"}, -1, a},
+      {{std::filesystem::relative(a + "file")}, -1, a},
+      {{a + "none"}, 2, a + "none"},
+      {{a + "file/"}, 2, a + "file/"},
+      {{""}, 2, ""},
+      {{a, a}, 2, "Usage"},
+      {{"-x"}, 2, "-x"},
+      {{"--", "--help"}, 2, "--help: "},
+      {{a, a, "--help"}, 0, "Usage"},
+      {{"--version"}, 0, "Quorvane "}};
   const auto files = MakePosixFileSystem();
-  for (const auto& row : table) {
-    const CommandLine line = mMain::ReadCommandLine(*files, row.words);
-    SCOPED_TRACE(row.folder_or_told);
-    EXPECT_EQ(line.exit_code.value_or(-1), row.exit_code);
-    EXPECT_EQ(line.folder, row.exit_code < 0 ? row.folder_or_told : "");
-    const std::string shown = row.exit_code < 0 ? line.folder : line.told;
-    EXPECT_NE(shown.find(row.folder_or_told), std::string::npos);
+  for (const auto& [words, exit_code, folder_or_told] : table) {
+    const CommandLine line = mMain::ReadCommandLine(*files, words);
+    EXPECT_EQ(line.exit_code.value_or(-1), exit_code) << folder_or_told;
+    EXPECT_EQ(line.folder, exit_code < 0 ? folder_or_told : "");
+    EXPECT_TRUE(exit_code < 0 || line.told.find(folder_or_told) != line.told.npos) << line.told;
   }
 }

@@ -1,7 +1,6 @@
 #include "common/drives.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "common/shell_actions.h"
 #include "support/fake_services.h"

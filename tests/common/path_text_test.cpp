@@ -36,16 +36,15 @@ TEST(PathText, SplitsAnExtensionWithItsDot) {
 }
 
 TEST(PathText, ReplacesTheSourceFolderByTheOutputFolder) {
-  const struct {
-    PathStyle style;
-    const char *path, *from, *to, *result;
-  } table[] = {{kPosix, "/in/a/", "/in/", "/out/", "/out/a/"},
-               {kPosix, "/home/me/dev/", "/dev/", "/out/", "/home/me/dev/"},
-               {kPosix, "/home/me/", "/", "/out/", "/out/home/me/"},
-               {kPosix, "/in/a/", "", "/out/", "/in/a/"},
-               {kPosix, "/IN/a/", "/in/", "/out/", "/IN/a/"},
-               {kDrive, "C:\\in\\a\\C:\\in\\", "C:\\in\\", "D:\\", "D:\\a\\D:\\"}};
-  for (const auto& row : table) {
-    EXPECT_EQ(mMain::ReplacePathText(row.path, row.from, row.to, row.style), row.result);
+  using Text = const char*;
+  const std::tuple<PathStyle, Text, Text, Text, Text> table[] = {
+      {kPosix, "/in/a/", "/in/", "/out/", "/out/a/"},
+      {kPosix, "/home/me/dev/", "/dev/", "/out/", "/home/me/dev/"},
+      {kPosix, "/home/me/", "/", "/out/", "/out/home/me/"},
+      {kPosix, "/in/a/", "", "/out/", "/in/a/"},
+      {kPosix, "/IN/a/", "/in/", "/out/", "/IN/a/"},
+      {kDrive, "C:\\in\\a\\C:\\in\\", "C:\\in\\", "D:\\", "D:\\a\\D:\\"}};
+  for (const auto& [style, path, from, to, result] : table) {
+    EXPECT_EQ(mMain::ReplacePathText(path, from, to, style), result);
   }
 }

@@ -3,20 +3,16 @@
 #include <gtest/gtest.h>
 
 TEST(NameProblem, IsToldOfNamesThatARunWouldTake) {
-  const struct {
-    const char *old_name, *new_name, *words;
-  } table[] = {
-      {"a.jpg", "b.jpg", ""},
-      {"a.jpg", "", "empty name: will fail"},
-      {"a.jpg", ".jpg", "only an extension"},
-      {"README", ".bak", "only an extension"},
-      {"a.jpg", "\u00E9\u00E9.jpg", ""},
-      {"a.jpg", ".\u00E9\u00E9.jpg", "too long: 9 of 8 bytes"},
-      {"a.jpg", ".longlong", "too long: 9 of 8 bytes"},
-      {"a.jpg", ".tar.gz", ""},
-      {".bashrc", ".bashrc", ""},
-      {".a", "", "empty name: will fail"},
-  };
+  const char* const table[][3] = {{"a.jpg", "b.jpg", ""},
+                                  {"a.jpg", "", "empty name: will fail"},
+                                  {"a.jpg", ".jpg", "only an extension"},
+                                  {"README", ".bak", "only an extension"},
+                                  {"a.jpg", "\u00E9\u00E9.jpg", ""},
+                                  {"a.jpg", ".\u00E9\u00E9.jpg", "too long: 9 of 8 bytes"},
+                                  {"a.jpg", ".longlong", "too long: 9 of 8 bytes"},
+                                  {"a.jpg", ".tar.gz", ""},
+                                  {".bashrc", ".bashrc", ""},
+                                  {".a", "", "empty name: will fail"}};
   for (const auto& [old_name, new_name, words] : table) {
     FileRow row;
     row.sourceFileName = old_name;

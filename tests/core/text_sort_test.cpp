@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "common/natural_order.h"
 
-namespace {
-
-std::vector<std::string> Sorted(const std::vector<std::string>& texts, bool ascending) {
+static std::vector<std::string> Sorted(const std::vector<std::string>& texts, bool ascending) {
   std::vector<std::string> sorted;
   const auto text_of = [&](std::size_t i) { return std::string_view(texts[i]); };
   for (const auto i : SortedByText(texts.size(), text_of, AppendNaturalKey, ascending)) {
@@ -16,8 +12,6 @@ std::vector<std::string> Sorted(const std::vector<std::string>& texts, bool asce
   }
   return sorted;
 }
-
-}  // namespace
 
 TEST(TextSort, PutsTextsInNaturalOrderAndItsExactReverse) {
   const std::string many(300, '7');
@@ -38,11 +32,10 @@ TEST(TextSort, PutsTextsInNaturalOrderAndItsExactReverse) {
 }
 
 TEST(TextSort, FindsTheOneTextThatPartsBeforeTheOthers) {
-  std::vector<std::string> texts(300, "Holiday in Portugal - 1.jpg");
-  for (std::size_t odd = 0; odd < texts.size(); ++odd) {
-    const std::string other = std::exchange(texts[odd], "Holiday in Italy.jpg");
+  for (std::size_t odd = 0; odd < 300; ++odd) {
+    std::vector<std::string> texts(300, "Holiday in Portugal - 1.jpg");
+    texts[odd] = "Holiday in Italy.jpg";
     EXPECT_EQ(Sorted(texts, true).front(), texts[odd]) << odd;
-    texts[odd] = other;
   }
 }
 
@@ -62,7 +55,7 @@ TEST(TextSort, KeepsEqualTextsAsNumberedAndCanBeStopped) {
     }
   }
   int calls = 0;
-  EXPECT_TRUE(
-      SortedByText(kCount, text_of, AppendNaturalKey, true, [&] { return ++calls < 300; }).empty());
+  const auto go_on = [&] { return ++calls < 300; };
+  EXPECT_TRUE(SortedByText(kCount, text_of, AppendNaturalKey, true, go_on).empty());
   EXPECT_EQ(calls, 300) << "asked often, and not again";
 }

@@ -1,7 +1,6 @@
 #include "errors/report_file.h"
 
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -10,13 +9,10 @@
 #include "support/fake_services.h"
 #include "support/temp_folder.h"
 
-namespace {
-
 constexpr char kFile[] = "Quorvane/ErrorReport.txt";
 
 /// A documents folder, and a wait that only counts and lets something happen meanwhile.
-class ReportFileTest : public testing::Test {
- protected:
+struct ReportFileTest : testing::Test {
   ReportFileTest() { system_.folders.documents = documents_.path(); }
 
   void Save(std::string_view report, std::string_view file = ErrTrace::kReportFileName) {
@@ -75,7 +71,7 @@ TEST_F(ReportFileTest, WritesNowhereButIntoAFileOfTheUsersOwnAndNeverWaitsForAno
   const bool superuser = ::geteuid() == 0;
   const auto gone = [&] { return ::unlink(file.c_str()); };
   const auto give_away = [&](const std::string& path) {
-    return superuser ? ::chown(path.c_str(), 65534, 65534) : gone() + ::mkdir(file.c_str(), 0700);
+    return superuser ? ::chown(path.c_str(), 1, 1) : gone() + ::mkdir(file.c_str(), 0700);
   };
   const auto folder_gone = [&] { return gone() + ::rmdir(folder.c_str()); };
   const std::pair<const char*, std::function<int()>> table[] = {
@@ -120,5 +116,3 @@ TEST(SendMail, OpensTheLinkOfAMessageAndDoesNotLookAtTheResult) {
     EXPECT_EQ(shell.asked.back(), link);
   }
 }
-
-}  // namespace

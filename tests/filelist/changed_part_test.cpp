@@ -5,18 +5,15 @@
 #include <random>
 #include <string>
 
-namespace {
-
 /// `name` with brackets around its ranges, or without what stands in them.
-std::string Bracketed(std::string name, const std::vector<TextRange>& ranges, bool keep = true) {
+static std::string Bracketed(std::string name, const std::vector<TextRange>& ranges,
+                             bool keep = true) {
   for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
     const std::string inside = name.substr(range->begin, range->end - range->begin);
     name.replace(range->begin, inside.size(), keep ? "[" + inside + "]" : "");
   }
   return name;
 }
-
-}  // namespace
 
 TEST(ChangedPart, IsFoundWordByWordAndLeavesCommonEndsUnmarked) {
   const char* const table[][5] = {
@@ -61,19 +58,16 @@ TEST(ChangedPart, IsFoundWordByWordAndLeavesCommonEndsUnmarked) {
 TEST(ChangedPart, LeavesTheSameRestOfBothNamesButForJoinedSeparators) {
   std::mt19937 random(7);
   for (int round = 0; round < 500; ++round) {
-    std::string names[2];
-    for (std::string& name : names) {
-      for (int i = 0; i < 30; ++i) name += "ab1_."[random() % 5];
-    }
+    std::string names[2], rests[2];
+    for (int i = 0; i < 60; ++i) names[i % 2] += "ab1_."[random() % 5];
     const ChangedPart changed = FindChangedPart(names[0], names[1]);
-    std::string rests[2] = {Bracketed(names[0], changed.gone, false),
-                            Bracketed(names[1], changed.come, false)};
-    for (std::string& rest : rests)
-      std::erase_if(rest, [](char c) { return c == '_' || c == '.'; });
-    EXPECT_EQ(rests[0], rests[1]) << names[0] << " " << names[1];
-    for (const auto& [name, part] : {std::pair(names[0], changed.gone), {names[1], changed.come}}) {
-      EXPECT_EQ(Bracketed(name, part).find("]["), std::string::npos) << "touching ones are one";
+    for (const int i : {0, 1}) {
+      const auto& part = i == 0 ? changed.gone : changed.come;
+      rests[i] = Bracketed(names[i], part, false);
+      std::erase_if(rests[i], [](char c) { return c == '_' || c == '.'; });
+      EXPECT_EQ(Bracketed(names[i], part).find("]["), std::string::npos) << "touching ones are one";
     }
+    EXPECT_EQ(rests[0], rests[1]) << names[0] << " " << names[1];
   }
 }
 

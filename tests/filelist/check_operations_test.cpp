@@ -4,8 +4,6 @@
 
 #include <string>
 
-namespace {
-
 /// Rows when grouped: 0 "/a/", 1 "a.txt", 2 "b.JPG", 3 "/b/", 4 "c.txt", 5 "README".
 const struct {
   RowCommand id;
@@ -13,26 +11,22 @@ const struct {
   const char* mask;
   const char* boxes;  ///< of the four files; before, they are "1010"
   GroupBy group_by = GroupBy::kPath;
-} kTable[] = {
-    {kCheckAll, {}, "", "1111"},
-    {kUnCheckAll, {}, "", "0000"},
-    {kInvertSelection, {}, "", "0101"},
-    {kInvertSelection, {}, "", "0101", GroupBy::kNone},
-    {kCheckByMask, {0}, "*.jpg", "1110"},
-    {kUnCheckByMask, {0}, "*.", "1010"},
-    {kUnCheckByMask, {}, "c* \"a.txt\"", "0000"},
-    {kCheckAllInGroup, {4}, "", "1011"},
-    {kUnCheckAllInGroup, {1, 2, 3}, "", "0000"},
-    {kCheckByMaskInGroup, {2, 3}, "*.jpg", "1110"},
-    {kUnCheckByMaskInGroup, {0, 5}, "a*", "0010"},
-    {kInvertSelectionInGroup, {2}, "", "0110"},
-    {kInvertSelectionInGroup, {1, 2}, "", "1010"},  // each inverts the group, so it ends as it was
-    {kInvertSelectionInGroup, {0, 1, 2}, "", "0110"},
-    {kInvertSelectionInGroup, {0, 1, 3, 4, 5}, "", "1001"},
-    {kInvertSelectionInGroup, {0, 1}, "", "1010", GroupBy::kNone},
-};
-
-}  // namespace
+} kTable[] = {{kCheckAll, {}, "", "1111"},
+              {kUnCheckAll, {}, "", "0000"},
+              {kInvertSelection, {}, "", "0101"},
+              {kInvertSelection, {}, "", "0101", GroupBy::kNone},
+              {kCheckByMask, {0}, "*.jpg", "1110"},
+              {kUnCheckByMask, {0}, "*.", "1010"},
+              {kUnCheckByMask, {}, "c* \"a.txt\"", "0000"},
+              {kCheckAllInGroup, {4}, "", "1011"},
+              {kUnCheckAllInGroup, {1, 2, 3}, "", "0000"},
+              {kCheckByMaskInGroup, {2, 3}, "*.jpg", "1110"},
+              {kUnCheckByMaskInGroup, {0, 5}, "a*", "0010"},
+              {kInvertSelectionInGroup, {2}, "", "0110"},
+              {kInvertSelectionInGroup, {1, 2}, "", "1010"},
+              {kInvertSelectionInGroup, {0, 1, 2}, "", "0110"},
+              {kInvertSelectionInGroup, {0, 1, 3, 4, 5}, "", "1001"},
+              {kInvertSelectionInGroup, {0, 1}, "", "1010", GroupBy::kNone}};
 
 TEST(CheckOperations, SetTheBoxesThatTheyChoose) {
   for (const auto& row : kTable) {

@@ -1,7 +1,6 @@
 #include "filelist/file_list_panel.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -20,21 +19,18 @@
 #include "support/keys.h"
 #include "support/paint_watch.h"
 
-namespace {
-
 using testing::ElementsAre;
 
 /// Two folders; rows are 0 "/a/", 1 to 3 its files, 4 "/b/", 5 its file.
-class FileListTest : public testing::Test {
- protected:
+struct FileListTest : testing::Test {
   FileListTest() {
-    const auto add = [&](const char* folder, const char* name, double size) {
+    const std::tuple<const char*, const char*, double> files[] = {{"/a/", "IMG_3.JPG", 5e9},
+                                                                  {"/a/", "IMG_1.JPG", 20},
+                                                                  {"/a/", "bad\xFF.JPG", 7},
+                                                                  {"/b/", "x.txt", 1}};
+    for (const auto& [folder, name, size] : files) {
       records.AddRecord("", folder, name, FileDate(2024, 3, 12, 9, 8, 7), size, "File");
-    };
-    add("/a/", "IMG_3.JPG", 5'000'000'000.0);
-    add("/a/", "IMG_1.JPG", 20);
-    add("/a/", "bad\xFF.JPG", 7);
-    add("/b/", "x.txt", 1);
+    }
     records[0].newFileName = "3_a.jpg";
     state.names.limit = 255;
     grid.Populate();
@@ -71,8 +67,6 @@ class FileListTest : public testing::Test {
   QAbstractItemModel& model = *list.model();
   std::vector<int> told;  ///< the rows, groups and widths told of; -1: another sort
 };
-
-}  // namespace
 
 TEST_F(FileListTest, CellsTellTheirTextsAndGroupRowsThatTheyAreGroups) {
   const char* const columns[][2] = {{"Path", "/a/"},  {"Size", "5000000000"},

@@ -5,10 +5,7 @@
 #include "filelist/row_paths.h"
 #include "filelist/type_to_find.h"
 
-namespace {
-
-class GridTest : public testing::Test {
- protected:
+struct GridTest : testing::Test {
   GridTest() {
     records.AddRecord("b", "/b/", "n2", FileDate(2024, 1, 2, 0, 0, 0), 10, "Text");
     records.AddRecord("b", "/b/", "N1", FileDate(2024, 1, 1, 0, 0, 0), 9, "Image");
@@ -32,24 +29,23 @@ class GridTest : public testing::Test {
   Grid grid{records};
 };
 
-}  // namespace
-
 TEST_F(GridTest, GroupsAndSorts) {
   const auto expect = [&](int sort_column, bool ascending, const char* shown) {
     grid.SetSortOrder(sort_column, ascending);
     grid.Populate();
     EXPECT_EQ(Shown(grid.List().Rows()), shown) << sort_column;
   };
+  const std::pair<int, const char*> ungrouped[] = {{-1, "n2 N1 n3 n1 "},
+                                                   {kColumnCheck, "n2 N1 n3 n1 "},
+                                                   {kColumnNewName, "n1 n3 N1 n2 "},
+                                                   {kColumnSize, "N1 n1 n2 n3 "},
+                                                   {kColumnDate, "n3 N1 n2 n1 "},
+                                                   {kColumnPath, "n3 n2 N1 n1 "},
+                                                   {kColumnSourceName, "N1 n1 n2 n3 "},
+                                                   {kColumnType, "N1 n2 n1 n3 "}};
   grid.SetGroupsOrder(GroupBy::kNone);
-  expect(-1, true, "n2 N1 n3 n1 ");
-  expect(kColumnCheck, true, "n2 N1 n3 n1 ");
-  expect(kColumnSourceName, true, "N1 n1 n2 n3 ");
-  expect(kColumnNewName, true, "n1 n3 N1 n2 ");
-  expect(kColumnSize, true, "N1 n1 n2 n3 ");
+  for (const auto& [column, shown] : ungrouped) expect(column, true, shown);
   expect(kColumnSize, false, "n3 n2 N1 n1 ");
-  expect(kColumnDate, true, "n3 N1 n2 n1 ");
-  expect(kColumnPath, true, "n3 n2 N1 n1 ");
-  expect(kColumnType, true, "N1 n2 n1 n3 ");
   grid.SetGroupsOrder(GroupBy::kPath);
   expect(-1, true, "[/A/ 1] n3 [/b/ 3] n2 N1 n1 ");
   expect(kColumnSize, true, "[/A/ 1] n3 [/b/ 3] N1 n1 n2 ");
@@ -64,18 +60,10 @@ TEST_F(GridTest, KnowsTheWayBackAndShowsNewRecordsOnlyWhenPopulated) {
   for (std::size_t row = 0; row < 6; ++row) EXPECT_EQ(rows.GroupOf(row).row, row < 2 ? 0u : 2u);
   EXPECT_EQ(rows.RowsOfRecords(), (std::vector<std::uint32_t>{3, 4, 1, 5}));
   records.AddRecord("c", "/c/", "n9", FileDate(), 1, "");
-  EXPECT_EQ(grid.RowCount(), 6u);
-  grid.Populate();
-  EXPECT_EQ(grid.RowCount(), 8u);
-}
-
-TEST_F(GridTest, TakesAnotherOrderOfTextsForHeadingsAndNames) {
-  GroupedRows rows;
-  const auto name_of = [&](std::size_t i) { return std::string_view(records[i].sourceFileName); };
-  const auto path_of = [&](std::size_t i) { return std::string_view(records.Path(records[i])); };
-  const auto b_first = [](std::string_view t, std::string& key) { key += t == "/b/" ? "" : t; };
-  rows.Populate(4, {TextOf(name_of), true, ShareTexts(4, path_of), b_first});
-  EXPECT_EQ(Shown(rows), "[/b/ 3] N1 n1 n2 [/A/ 1] n3 ");
+  for (const std::size_t count : {6u, 8u}) {
+    EXPECT_EQ(grid.RowCount(), count);
+    grid.Populate();
+  }
 }
 
 TEST_F(GridTest, IsFoundInByTheBeginningOfAName) {
@@ -83,21 +71,21 @@ TEST_F(GridTest, IsFoundInByTheBeginningOfAName) {
   grid.Populate();  // 0 "/A/", 1 n3, 2 "/b/", 3 n2, 4 N1, 5 n1, 6 Ete with accents
   TypeToFind find;
   std::int64_t now = 5000;
-  const struct {
-    const char* typed;
-    int after, current, found;  // -1: none
-  } table[] = {
-      {"n", 2000, -1, 1},     {"1", 1000, 1, 4}, {"N", 1001, 4, 5},     {"n", 10, 5, 1},
-      {"\u00E9", 2000, 0, 6}, {"T", 500, 6, 6},  {"/", 2000, 0, -1},    {"n", 900, 0, -1},
-      {"n", 2000, 3, 4},      {"2", 10, 4, 3},   {"\xFF", 2000, 3, -1},
-  };
-  for (const auto& row : table) {
-    const auto found = find.Type(row.typed, now += row.after, grid.List(), row.current);
-    EXPECT_EQ(found ? static_cast<int>(*found) : -1, row.found) << row.typed << now;
+  const std::tuple<const char*, int, int, int> table[] = {
+      // how long after, current, found or -1
+      {"n", 2000, -1, 1},     {"1", 1000, 1, 4}, {"N", 1001, 4, 5},    {"n", 10, 5, 1},
+      {"\u00E9", 2000, 0, 6}, {"T", 500, 6, 6},  {"/", 2000, 0, -1},   {"n", 900, 0, -1},
+      {"n", 2000, 3, 4},      {"2", 10, 4, 3},   {"\xFF", 2000, 3, -1}};
+  for (const auto& [typed, after, current, expected] : table) {
+    const auto found = find.Type(typed, now += after, grid.List(), current);
+    EXPECT_EQ(found ? static_cast<int>(*found) : -1, expected) << typed << now;
   }
 }
 
-TEST_F(GridTest, ARowStandsForItsFileWhereTheLastRunLeftIt) {
+TEST_F(GridTest, ARowSharesItsTextsAndStandsForItsFileWhereTheLastRunLeftIt) {
+  EXPECT_EQ(records[0].folder, records[3].folder);
+  EXPECT_EQ(records[0].type, records[3].type);
+  EXPECT_EQ(records[2].date.Text(), "");
   FileRow& row = records[0];
   row.newFileName = "new";
   records.SetNewPath(row, "/out/");

@@ -1,7 +1,6 @@
 #include "filelist/masks.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/failure_report.h"
 
@@ -83,11 +82,9 @@ TEST(Masks, TakeALetterWithItsAccentInEitherForm) {
 TEST(Masks, FailOnlyWhenABadOneIsReached) {
   const MaskList masks("*.jpg [ab *.png");
   EXPECT_TRUE(masks.Matches("a.jpg"));
-  const std::string report = FailureReport([&] { masks.Matches("a.png"); });
-  for (const char* part : {"Invalid pattern string \r\n", "  Number: 93 = ",
-                           "mCommon.LikeFilter(str='*.jpg [ab *.png', Filename='a.png') -"}) {
-    EXPECT_THAT(report, ::testing::HasSubstr(part));
-  }
+  EXPECT_THAT(FailureReport([&] { masks.Matches("a.png"); }),
+              testing::ContainsRegex("Invalid pattern string \r\n(.|\n)*  Number: 93 = (.|\n)*"
+                                     "LikeFilter.str='.*.jpg .ab .*.png', Filename='a.png'. -"));
 }
 
 TEST(Masks, StayQuickWithManyStars) {

@@ -8,10 +8,7 @@
 #include "support/fake_services.h"
 #include "support/temp_folder.h"
 
-namespace {
-
-class ScanTest : public testing::Test, protected FakeServices {
- protected:
+struct ScanTest : testing::Test, FakeServices {
   ScanTest() {
     files.folders = {"/in", "/in/sub", "/in/sub/deep", "/in/.svn", "/inner"};
     for (const char* name : {"a.txt", "README", ".profile", "b.JPG", "sub/c10.txt", "sub/C9.txt",
@@ -26,19 +23,20 @@ class ScanTest : public testing::Test, protected FakeServices {
     Pass pass(records, state, services, 0);
     mScanCD::Scan scan(pass, source, types);
     scan.ShowDir3_FillPreview("in", source.fdSourceFolder);
-    std::string scanned;
+    return Listed();
+  }
+  std::string Listed() const {
+    std::string listed;
     for (std::size_t i = 0; i < records.Count(); ++i) {
-      scanned += records.ParentName(records[i]) + ":" + records[i].sourceFileName + " ";
+      listed += records.ParentName(records[i]) + ":" + records[i].sourceFileName + " ";
     }
-    return scanned;
+    return listed;
   }
 
   Records records;
   RunState state;
   FileTypes types{type_names};
 };
-
-}  // namespace
 
 TEST_F(ScanTest, TakesFilesByMaskAndFolderAndFillsTheirRows) {
   const std::pair<SourceOptions, const char*> table[] = {
@@ -83,8 +81,7 @@ TEST_F(ScanTest, LetsEventsRunByTimeAndEndsAtOnceWhenTheUserCancels) {
 
 TEST_F(ScanTest, GoesOnWhateverStandsInTheTree) {
   const TempFolder tree;
-  tree.MakeFolder("gone");
-  tree.MakeFolder("b");
+  for (const char* name : {"gone", "b"}) tree.MakeFolder(name);
   tree.Write("b/in b", "");
   tree.MakeLink("b/loop", tree.path());
   ASSERT_EQ(::mkfifo((tree / "pipe").c_str(), 0600), 0);
@@ -102,8 +99,6 @@ TEST_F(ScanTest, GoesOnWhateverStandsInTheTree) {
   Pass pass(records, state, real, 0);
   mScanCD::Scan scan(pass, {tree / "", "", "", true}, types);
   scan.ShowDir3_FillPreview("tree", tree / "");
-  std::string names;
-  for (std::size_t i = 0; i < records.Count(); ++i) names += records[i].sourceFileName + " ";
-  EXPECT_EQ(names, "in b loop deepest pipe ");
+  EXPECT_EQ(Listed(), "b:in b b:loop " + name + ":deepest tree:pipe ");
   EXPECT_TRUE(scan.Findings().subfolder_unreadable);
 }

@@ -13,24 +13,20 @@
 
 #include "look/look.h"
 
-namespace {
-
 /// Relative luminance and contrast ratio as WCAG 2.1 defines them.
-double Luminance(const QColor& colour) {
-  const auto channel = [](double c) {
+static double Luminance(const QColor& colour) {
+  const auto of = [](double c) {
     return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * channel(colour.redF()) + 0.7152 * channel(colour.greenF()) +
-         0.0722 * channel(colour.blueF());
+  return 0.2126 * of(colour.redF()) + 0.7152 * of(colour.greenF()) + 0.0722 * of(colour.blueF());
 }
 
-double Contrast(const QColor& a, const QColor& b) {
+static double Contrast(const QColor& a, const QColor& b) {
   const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
   return (light + 0.05) / (dark + 0.05);
 }
 
-class SkinTest : public testing::Test {
- protected:
+struct SkinTest : testing::Test {
   void TearDown() override {
     ApplySkin(*qApp, false);
     QApplication::setPalette(QPalette());
@@ -38,8 +34,6 @@ class SkinTest : public testing::Test {
     qInstallMessageHandler(nullptr);
   }
 };
-
-}  // namespace
 
 /// WCAG 2.1, 1.4.3 and 1.4.11: text wants 4.5, what shows a control or its state 3.
 TEST_F(SkinTest, EveryRoleStandsOutFromItsGrounds) {

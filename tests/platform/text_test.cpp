@@ -1,7 +1,6 @@
 #include "platform/text.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using ::testing::ElementsAre;
 
@@ -35,9 +34,7 @@ TEST(Text, NeverTearsACharacter) {
 }
 
 TEST(Text, MapsCaseOneToOne) {
-  const struct {
-    const char *given, *upper, *lower;
-  } table[] = {
+  const char* const table[][3] = {
       {"@AZ[`az{", "@AZ[`AZ{", "@az[`az{"},
       {"Stra\u00DFe", "STRA\u00DFE", "stra\u00DFe"},
       {"\u03A3\u03AF\u03C3\u03C5\u03C6\u03BF\u03C2", "\u03A3\u038A\u03A3\u03A5\u03A6\u039F\u03A3",
@@ -45,37 +42,35 @@ TEST(Text, MapsCaseOneToOne) {
       {"\u0130I\u0131i", "\u0130III", "ii\u0131i"},
       {"\u01C6\U00010428\u023A", "\u01C4\U00010400\u023A", "\u01C6\U00010428\u2C65"},
       {"a\xFF\xC3z\xE9", "A\xFF\xC3Z\xE9", "a\xFF\xC3z\xE9"}};
-  for (const auto& row : table) {
-    EXPECT_EQ(text::ToUpper(row.given), row.upper);
-    EXPECT_EQ(text::ToLower(row.given), row.lower);
-    EXPECT_TRUE(text::EqualIgnoringCase(row.given, row.lower)) << row.given;
-    EXPECT_FALSE(text::EqualIgnoringCase(row.given, std::string(row.given) + "a")) << row.given;
+  for (const auto& [given, upper, lower] : table) {
+    EXPECT_EQ(text::ToUpper(given), upper);
+    EXPECT_EQ(text::ToLower(given), lower);
+    EXPECT_TRUE(text::EqualIgnoringCase(given, lower)) << given;
+    EXPECT_FALSE(text::EqualIgnoringCase(given, std::string(given) + "a")) << given;
   }
   EXPECT_FALSE(text::EqualIgnoringCase("\xC9", "\xE9")) << "bytes that are no letters";
   EXPECT_TRUE(text::EqualIgnoringCase("\u212A", "k"));
 }
 
 TEST(Text, ReplacesWholeCharactersWithoutRegardToCase) {
-  const struct {
-    const char *t, *find, *replacement, *result;
-  } table[] = {{"AbA", "a", "aa", "aabaa"},
-               {"aaa", "AA", "b", "ba"},
-               {"abc", "", "x", "abc"},
-               {"aab", "ab", "", "a"},
-               {"\u00C4pfel", "\u00E4P", "Xx", "Xxfel"},
-               {"stra\u00DFe", "ss", "x", "stra\u00DFe"},
-               {"re\u0301sume\u0301", "e", "x", "re\u0301sume\u0301"},
-               {"re\u0301sume", "E\u0301S", "_", "r_ume"},
-               {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", "\U0001F1EA\U0001F1EB", "x",
-                "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
-               {"a\xFF\xFE", "\xFF", "x", "ax\xFE"},
-               {"a\r\nb", "\n", "x", "a\r\nb"},
-               {"5\u212A", "k", "kg", "5kg"},
-               {"5k", "\u212A", "K", "5K"},
-               {"\u0130x", "i", "y", "yx"}};
-  for (const auto& row : table) {
-    EXPECT_EQ(text::ReplaceIgnoringCase(row.t, row.find, row.replacement), row.result)
-        << row.t << " / " << row.find;
+  const char* const table[][4] = {
+      {"AbA", "a", "aa", "aabaa"},
+      {"aaa", "AA", "b", "ba"},
+      {"abc", "", "x", "abc"},
+      {"aab", "ab", "", "a"},
+      {"\u00C4pfel", "\u00E4P", "Xx", "Xxfel"},
+      {"stra\u00DFe", "ss", "x", "stra\u00DFe"},
+      {"re\u0301sume\u0301", "e", "x", "re\u0301sume\u0301"},
+      {"re\u0301sume", "E\u0301S", "_", "r_ume"},
+      {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", "\U0001F1EA\U0001F1EB", "x",
+       "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
+      {"a\xFF\xFE", "\xFF", "x", "ax\xFE"},
+      {"a\r\nb", "\n", "x", "a\r\nb"},
+      {"5\u212A", "k", "kg", "5kg"},
+      {"5k", "\u212A", "K", "5K"},
+      {"\u0130x", "i", "y", "yx"}};
+  for (const auto& [t, find, replacement, result] : table) {
+    EXPECT_EQ(text::ReplaceIgnoringCase(t, find, replacement), result) << t << " / " << find;
   }
 }
 

@@ -5,12 +5,10 @@
 #include "support/failure_report.h"
 #include "support/memory_settings.h"
 
-namespace {
-
 constexpr ScreenSize kScreen{28800, 16200};
 const WindowFrame kNew{std::nullopt, std::nullopt, 3000, 2000, kNormalWindow};
 
-std::string Text(const WindowFrame& f) {
+static std::string Text(const WindowFrame& f) {
   const auto place = [](const std::optional<float>& v) { return v ? SingleText(*v) : "none"; };
   return place(f.left) + " " + place(f.top) + " " + SingleText(f.width) + " " +
          SingleText(f.height) + " " + std::to_string(f.WindowState);
@@ -41,14 +39,12 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
       {"MainWidth", "600"}, {"MainHeight", "900"}, {"MainLeft", "15"}, {"MainTop", "30"}};
   const auto but = [&](const char* key, const char* text) {
     Stored stored = full;
-    stored.emplace_back(key, text);
-    return stored;
+    return stored.emplace_back(key, text), stored;
   };
   const struct {
     const char *frm, *section;
     Stored stored;
-    const char* window;  ///< what becomes of kNew
-    const char* failure = "";
+    const char *window, *failure = "";
   } table[] = {
       {"Form1", "Main", {}, "7430 4470 13940 7260 0"},
       {"Form3", "FileErrorReport", {}, "9547.5 3810 9705 8580 0"},
@@ -74,5 +70,3 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
     EXPECT_EQ(report.substr(0, report.find(" \r")), row.failure);
   }
 }
-
-}  // namespace

@@ -13,14 +13,12 @@ struct Reported {
 /// Runs `body` as an event handler would and answers what is reported of its failure.
 template <class Body>
 Reported ReportOf(Body&& body) {
-  class Keeper : public ErrTrace::Reporter {
-   public:
+  struct : ErrTrace::Reporter {
     void ShowErrorReport(const std::string& report, const std::string& slip) noexcept override {
       reported = {report, slip};
     }
     Reported reported;
-  };
-  Keeper keeper;
+  } keeper;
   ErrTrace::SetReporter(&keeper);
   ErrTrace::top("Test", std::forward<Body>(body));
   ErrTrace::SetReporter(nullptr);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,12 +14,10 @@
 #include "trace/failure.h"
 
 /// A clock that moves only when it is told to, or by a step at each look.
-class FakeClock : public Clock {
- public:
+struct FakeClock : Clock {
   std::int64_t Milliseconds() override { return now_ms += step_ms; }
   LocalTime Now() override { return {2024, 3, 9, 7, 5, 2}; }
   std::optional<LocalTime> ToLocal(std::int64_t unix_seconds) override {
-    if (unix_seconds < 0) return std::nullopt;
     return LocalTime{2000 + static_cast<int>(unix_seconds), 1, 2, 3, 4, 5};
   }
 
@@ -28,8 +25,7 @@ class FakeClock : public Clock {
 };
 
 /// Counts how often events ran, and does what a user would do at that moment.
-class FakeEvents : public EventPump {
- public:
+struct FakeEvents : EventPump {
   void LetEventsRun() override {
     ++count;
     if (on_events) on_events();
@@ -39,8 +35,7 @@ class FakeEvents : public EventPump {
   std::function<void()> on_events;
 };
 
-class FakePrompts : public Prompts {
- public:
+struct FakePrompts : Prompts {
   void Tell(std::string_view message, PromptIcon icon) override {
     told.emplace_back(message);
     icons += icon == PromptIcon::kCritical ? 'x' : '!';
@@ -61,18 +56,14 @@ class FakePrompts : public Prompts {
   std::string icons;  ///< of each, '!' an exclamation mark, 'x' a stop sign
 };
 
-class FakeTypeNames : public TypeNames {
- public:
+struct FakeTypeNames : TypeNames {
   std::string TypeName(std::string_view extension) override {
-    ++asked;
     return extension == ".txt" ? "Text file" : "";
   }
-  int asked = 0;
 };
 
 /// English numbers, German months: one has a letter beyond ASCII.
-class PlainLocale : public LocaleFacts {
- public:
+struct PlainLocale : LocaleFacts {
   std::string MonthName(int month) const override {
     return month == 1 ? "Januar" : month == 2 ? "Februar" : month == 3 ? "März" : "Monat";
   }
@@ -84,8 +75,7 @@ class PlainLocale : public LocaleFacts {
 };
 
 /// A machine of which all is known, unless a test takes it away.
-class FakeSystemFacts : public SystemFacts {
- public:
+struct FakeSystemFacts : SystemFacts {
   std::vector<std::string> SystemFolders() override { return system_folders; }
   LocalTime Now() override {
     return broken ? throw Failure(kTypeMismatch, "no clock") : LocalTime{2024, 3, 9, 7, 5, 2};
@@ -107,8 +97,7 @@ class FakeSystemFacts : public SystemFacts {
   bool broken = false;
 };
 
-class FakeFolders : public Folders {
- public:
+struct FakeFolders : Folders {
   std::string Documents() override { return documents; }
   std::string Home() override { return "/home/me"; }
   std::string documents;

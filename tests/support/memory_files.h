@@ -10,7 +10,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "platform/files.h"
 #include "platform/name_pattern.h"
@@ -51,7 +50,7 @@ class MemoryFiles : public FileSystem {
   std::optional<FileFacts> Look(std::string_view path) override {
     const std::string real = Real(path);
     if (path == "/" || folders.contains(real)) return FileFacts{EntryKind::kFolder, 0, 0};
-    if (!contents.contains(real)) return std::nullopt;
+    if (!contents.contains(real)) return {};
     return FileFacts{EntryKind::kFile, contents[real].size(), 1'000'000'000};
   }
 
@@ -96,9 +95,7 @@ class MemoryFiles : public FileSystem {
     if (source->first == target) return true;
     if (!IsSameEntry(from, to) && !Fits(target)) return false;
     const std::string old = source->first;
-    Rekey(contents, old, target);
-    Rekey(inodes_, old, target);
-    Rekey(folder_links, old, target);
+    Rekey(contents, old, target), Rekey(inodes_, old, target), Rekey(folder_links, old, target);
     return true;
   }
 
@@ -165,9 +162,7 @@ class MemoryFiles : public FileSystem {
     if (!case_blind || IsThere(path)) return path;
     std::string stored = path;
     AnyEntry([&](const std::string& other) {
-      const bool one = text::EqualIgnoringCase(other, path);
-      if (one) stored = other;
-      return one;
+      return text::EqualIgnoringCase(other, path) && (stored = other, true);
     });
     return stored;
   }

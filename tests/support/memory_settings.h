@@ -9,8 +9,7 @@
 #include "platform/settings_store.h"
 
 /// A store without a disk, which notes the order of the writes.
-class MemorySettings : public SettingsStore {
- public:
+struct MemorySettings : SettingsStore {
   std::string GetSetting(std::string_view section, std::string_view key,
                          std::string_view default_text = {}) override {
     read.push_back(std::string(key));
@@ -29,11 +28,10 @@ class MemorySettings : public SettingsStore {
   }
 
   [[nodiscard]] bool DeleteSetting(std::string_view section) override {
-    const std::string below = std::string(section) + "\\";
-    return std::erase_if(values, [&](const auto& entry) {
-             const std::string& one = entry.first.first;
-             return one == section || one.starts_with(below);
-           }) > 0;
+    const auto is_in = [&](const auto& entry) {
+      return (entry.first.first + "\\").starts_with(std::string(section) + "\\");
+    };
+    return std::erase_if(values, is_in) > 0;
   }
 
   [[nodiscard]] StoreProblem Flush() override { return ++flushes, problem; }

@@ -11,12 +11,10 @@
 #include <fstream>
 #include <map>
 #include <optional>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
 #include <vector>
 
 /// A new empty folder, gone with all that is in it at the end. Helpers take names relative to it.
@@ -28,8 +26,7 @@ class TempFolder {
     path_ = parent + "/qv-test-XXXXXX";
     if (::mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no folder in " + parent);
   }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
+  TempFolder& operator=(TempFolder&&) = delete;
   ~TempFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
@@ -49,9 +46,7 @@ class TempFolder {
   std::optional<std::string> Read(std::string_view name) const {
     std::ifstream file(*this / name, std::ios::binary);
     if (!file) return std::nullopt;
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
+    return std::string(std::istreambuf_iterator<char>(file), {});
   }
 
   void MakeFolder(std::string_view name) const {

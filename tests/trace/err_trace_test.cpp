@@ -1,7 +1,6 @@
 #include "trace/err_trace.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cerrno>
 #include <ios>
@@ -19,8 +18,7 @@ namespace {
 using namespace testing;
 
 /// Gives the engine facts and sections, for the length of one test.
-class ErrTraceTest : public Test {
- protected:
+struct ErrTraceTest : Test {
   ErrTraceTest() { ErrTrace::SetFacts(&facts_); }
   ~ErrTraceTest() override {
     ErrTrace::SetFacts(nullptr);
@@ -57,12 +55,9 @@ TEST_F(ErrTraceTest, AFailureThreeLevelsDeepGivesOneReport) {
             "  Source: Quorvane \r\n"
             "  Description: 100% wrong type\r\n"
             "  API Error: (2) No such file or directory\r\n"
-            "  Call Stack: mLow.Open(path='/home/q', mode=3) "
-            "----------------------------------------------------\r\n"
-            "  Call Stack: mMiddle.Middle(path='/home/q') "
-            "-------------------------------------------------------\r\n"
-            "  Call Stack: Test() "
-            "-------------------------------------------------------------------------------\r\n");
+            "  Call Stack: mLow.Open(path='/home/q', mode=3) " +
+                std::string(52, '-') + "\r\n  Call Stack: mMiddle.Middle(path='/home/q') " +
+                std::string(55, '-') + "\r\n  Call Stack: Test() " + std::string(79, '-') + "\r\n");
 }
 
 TEST_F(ErrTraceTest, ArgumentsAreWrittenByTheirKindInALineOfAHundredCharactersThatIsNeverCut) {
@@ -108,9 +103,7 @@ TEST_F(ErrTraceTest, ExceptionsOfOthersBecomeFailures) {
 TEST_F(ErrTraceTest, AUserErrorPassesSilentlyAndUnchanged) {
   for (const std::uint32_t number : {0x80041064, 0x80041065, 0x8004144D, 0x8004144E}) {
     const bool silent = number == 0x80041065 || number == 0x8004144D;  // the ends of their range
-    const auto fail = [=] {
-      ErrTrace::inner("m.F", [=] { throw Failure(static_cast<std::int32_t>(number), "none"); });
-    };
+    const auto fail = [=] { ErrTrace::inner("m.F", [=] { throw Failure(int(number), "none"); }); };
     EXPECT_EQ(FailureReport(fail).empty(), silent) << std::hex << number;
     const auto as_thrown = [=](auto& text) { return (text == "none") == silent; };
     EXPECT_THAT(fail, Throws<Failure>(Property(&Failure::Description, Truly(as_thrown))));
@@ -153,18 +146,19 @@ TEST_F(ErrTraceTest, ADeveloperIsAskedAtEachLevelAndMayHaveItRunAgain) {
     int run = 0;
     const std::string report = FailureReport([&] {
       ErrTrace::inner("mLow.F", [&] {
-        if (++run <= failing_runs) throw Failure(static_cast<std::int32_t>(number), "one");
+        if (++run <= failing_runs) throw Failure(int(number), "one");
       });
     });
     EXPECT_EQ(run, runs);
     EXPECT_EQ(prompts.told.size(), answers.size());
     EXPECT_THAT(report, StartsWith(begins));
-    const std::string asked =
-        " (Propagated)\nDo you want to retry the operation in step mode?\n"
-        "Click YES to retry, NO to move to the caller, CANCEL for no more stops";
+    const std::string head = "Stopped on Error: Error: one",
+                      asked =
+                          "\nDo you want to retry the operation in step mode?\n"
+                          "Click YES to retry, NO to move to the caller, CANCEL for no more stops";
     if (prompts.told.size() < 2 || answers[0] != kNo) continue;
-    EXPECT_EQ(prompts.told[0], "Stopped on Error: Error: one" + asked.substr(asked.find('\n')));
-    EXPECT_EQ(prompts.told[1], "Stopped on Error: Error: one " + asked);
+    EXPECT_EQ(prompts.told[0], head + asked);
+    EXPECT_EQ(prompts.told[1], head + "  (Propagated)" + asked);
     EXPECT_THAT(report, ContainsRegex("Call Stack: mLow.F.. -+\r\n  Call Stack: Test.. -+\r\n$"));
   }
 }

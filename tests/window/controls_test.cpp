@@ -112,12 +112,14 @@ std::pair<const char*, QString> Read(QWidget* part) {
   return {kind == kinds.end() ? "" : kind->second, seen->text(QAccessible::Name)};
 }
 
+struct ControlsTest : testing::Test, FakeServices {
+  Session session;
+  Form1 window{session, services};
+};
+
 }  // namespace
 
-TEST(Controls, StandAsToldInTheOrderOfTheTabKeyAndHaveNamesInWords) {
-  FakeServices system;
-  Session session;
-  Form1 window(session, system.services);
+TEST_F(ControlsTest, StandAsToldInTheOrderOfTheTabKeyAndHaveNamesInWords) {
   window.show();
   std::string seen;
   for (QWidget* part = window.nextInFocusChain(); part != &window;
@@ -134,15 +136,12 @@ TEST(Controls, StandAsToldInTheOrderOfTheTabKeyAndHaveNamesInWords) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
 
   window.close();
-  EXPECT_EQ(system.settings.written.back(), "WindowState=0") << "the placement after the options";
-  EXPECT_EQ(system.settings.flushes, 1);
+  EXPECT_EQ(settings.written.back(), "WindowState=0") << "the placement after the options";
+  EXPECT_EQ(settings.flushes, 1);
 }
 
-TEST(Controls, OfAWindowThatOpensTakeTheFontOfTheContainerIfItHasOne) {
-  FakeServices system;
-  Session session;
-  Form1 window(session, system.services);
-  Form8 dialog(session.state, system.settings, &window);
+TEST_F(ControlsTest, OfAWindowThatOpensTakeTheFontOfTheContainerIfItHasOne) {
+  Form8 dialog(session.state, settings, &window);
   dialog.show();
   EXPECT_FALSE(dialog.testAttribute(Qt::WA_SetFont)) << "the desktop's, also when that changes";
   dialog.hide();
@@ -151,4 +150,31 @@ TEST(Controls, OfAWindowThatOpensTakeTheFontOfTheContainerIfItHasOne) {
   window.findChild<QLabel*>(QStringLiteral("lblFontContainer"))->setFont(font);
   dialog.show();
   EXPECT_TRUE(dialog.bnOK->font().italic());
+}
+
+TEST_F(ControlsTest, HaveTooltipsThatTellMoreThanTheCaptionAndOfAFieldWhatItsModeMakesOfIt) {
+  const auto tip_of = [&](const char* name) {
+    return window.findChild<QWidget*>(QLatin1String(name))->toolTip();
+  };
+  for (QComboBox* box : window.findChildren<QComboBox*>()) box->setCurrentIndex(1);
+  EXPECT_TRUE(tip_of("fdCutFileText").startsWith(QStringLiteral("The text to remove")));
+  for (QComboBox* box : window.findChildren<QComboBox*>()) box->setCurrentIndex(3);
+  EXPECT_TRUE(tip_of("fdCutFileN").endsWith(QStringLiteral("from the end")));
+  window.findChild<QComboBox*>(QStringLiteral("cmbDestination"))->setCurrentIndex(2);
+  const auto* templates = window.findChild<QWidget*>(QStringLiteral("Frame3"));
+  for (const QWidget* control : window.findChildren<QWidget*>()) {
+    const auto is = [&](const char* kind) { return control->inherits(kind); };
+    const bool tells_all = is("ChipBar") || is("LinkButton") || is("QAbstractItemView");
+    const bool is_part = is("QTabWidget") || control->parent()->inherits("QTabBar");
+    const bool seen =
+        control->window() == &window && !control->isHidden() && !templates->isAncestorOf(control);
+    if (tells_all || is_part || !seen || !(control->focusPolicy() & Qt::TabFocus)) continue;
+    const auto* tabs = qobject_cast<const QTabBar*>(control);
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    for (int i = 0; i < (tabs ? tabs->count() : 1); ++i) {
+      const QString tip = tabs ? tabs->tabToolTip(i) : control->toolTip();
+      EXPECT_GT(tip.section(QStringLiteral(" ("), 0, 0).size(), button ? button->text().size() : 0)
+          << control->objectName().toStdString() << ": " << tip.toStdString();
+    }
+  }
 }

@@ -23,11 +23,9 @@
 #include "window/main_window.h"
 #include "window/template_dialog.h"
 
-namespace {
-
 /// What a control must have to show all of its text. A field scrolls, an elided text and the box
 /// beside a card's title give way.
-QSize NeededBy(const QWidget& part) {
+static QSize NeededBy(const QWidget& part) {
   const auto* label = qobject_cast<const QLabel*>(&part);
   if (label && label->wordWrap()) return {0, label->heightForWidth(part.width())};
   if (qobject_cast<const QLineEdit*>(&part)) return part.minimumSizeHint();
@@ -40,7 +38,7 @@ QSize NeededBy(const QWidget& part) {
 }
 
 /// The visible parts of `window` that are cut, covered or outside of what they lie in.
-std::string Faults(const QWidget& window) {
+static std::string Faults(const QWidget& window) {
   std::string faults;
   const auto name = [](const QWidget& part) {
     return part.metaObject()->className() + (" " + part.objectName().toStdString());
@@ -67,8 +65,7 @@ std::string Faults(const QWidget& window) {
   return faults;
 }
 
-class FitsTest : public testing::Test, protected FakeServices {
- protected:
+struct FitsTest : testing::Test, FakeServices {
   FitsTest() {
     for (QWidget* window :
          std::initializer_list<QWidget*>{&Form2_, &Form4_, &Form5_, &Form6_, &Form8_, &Form10_,
@@ -132,8 +129,6 @@ class FitsTest : public testing::Test, protected FakeServices {
   ResultWindow Form3_{kRenamingFailure, session_.reports, services, nullptr};
   ResultWindow Form7_{kResolvedConflicts, session_.reports, services, nullptr};
 };
-
-}  // namespace
 
 TEST_F(FitsTest, NothingIsCutOrCoveredAtAnyFontAlsoWhenItChangesInOpenWindows) {
   auto* insert = main_.findChild<QPushButton*>(QStringLiteral("bnInsertRight"));

@@ -19,7 +19,15 @@
 #include "window/folder_offers.h"
 #include "window/folder_sign.h"
 
-namespace {
+/// Waits until a thread of a field has told what it found.
+template <class Part>
+static Part* Settled(QWidget* field) {
+  auto* part = field->findChild<Part*>();
+  for (const QDeadlineTimer end(5000); !end.hasExpired() && !part->Settled();) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+  }
+  return part;
+}
 
 struct FolderPagesTest : testing::Test {
   std::string answer, start;
@@ -31,10 +39,7 @@ struct FolderPagesTest : testing::Test {
   std::string Offered() {
     Press(pages.fdSourceFolder, Qt::Key_unknown, Qt::NoModifier, QStringLiteral("x"));
     Press(pages.fdSourceFolder, Qt::Key_Backspace);
-    auto* offers = pages.findChild<FolderOffers*>();
-    for (const QDeadlineTimer end(5000); !end.hasExpired() && !offers->Settled();) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
+    auto* offers = Settled<FolderOffers>(&pages);
     std::string shown;
     for (int i = 0; offers->isVisible() && i < offers->model()->rowCount(); ++i) {
       shown += offers->model()->index(i, 0).data().toString().toStdString() + " ";
@@ -49,35 +54,31 @@ TEST_F(FolderPagesTest, ChooseFoldersFromThoseThatStand) {
   std::string told;
   QObject::connect(&pages, &FolderPages::sourceFolderChanged, [&] { told += "changed "; });
   QObject::connect(&pages, &FolderPages::folderChosen, [&] { told += "chosen "; });
-  const struct {
-    QPushButton* button;
-    const char *answer, *start, *source, *output, *told;
-  } table[] = {
-      {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
-      {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
-      {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
-      {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
-  };
-  for (const auto& row : table) {
-    answer = row.answer;
+  const std::tuple<QPushButton*, const char*, const char*, const char*, const char*, const char*>
+      table[] = {
+          {pages.Command2, "", "/pictures", "/pictures", "/old/", ""},
+          {pages.Command2, "/music", "/pictures", "/music/", "/old/", "changed chosen "},
+          {pages.Command2, "/music", "/music/", "/music/", "/old/", "chosen "},
+          {pages.bnDestination, "/", "/old/", "/music/", "/", ""},
+      };
+  for (const auto& [button, chosen, begun, source, output, expected] : table) {
+    answer = chosen;
     told = "";
-    row.button->click();
-    EXPECT_EQ(start, row.start);
-    EXPECT_EQ(pages.Source().fdSourceFolder, row.source);
-    EXPECT_EQ(pages.Output().fdDestination, row.output);
-    EXPECT_EQ(told, row.told);
+    button->click();
+    EXPECT_EQ(start, begun);
+    EXPECT_EQ(pages.Source().fdSourceFolder, source);
+    EXPECT_EQ(pages.Output().fdDestination, output);
+    EXPECT_EQ(told, expected);
   }
 }
 
 TEST_F(FolderPagesTest, CompleteATypedFolderWhenItIsLeft) {
-  const struct {
-    const char *typed, *left, *source;
-  } table[] = {{"/sorted", "/sorted/", "/sorted"},
-               {"/sorted/", "/sorted/", "/sorted/"},
-               {"", "", ""},
-               {"sorted", "sorted", "sorted"},
-               {"~", "/home/me/", "/home/me/"},
-               {"~/a", "/home/me/a/", "/home/me/a"}};
+  const char* const table[][3] = {{"/sorted", "/sorted/", "/sorted"},
+                                  {"/sorted/", "/sorted/", "/sorted/"},
+                                  {"", "", ""},
+                                  {"sorted", "sorted", "sorted"},
+                                  {"~", "/home/me/", "/home/me/"},
+                                  {"~/a", "/home/me/a/", "/home/me/a"}};
   for (const auto& [typed, left, source] : table) {
     pages.fdDestination->setText(QLatin1String(typed));
     Leave(pages.fdDestination);
@@ -124,11 +125,7 @@ TEST_F(FolderPagesTest, SayAtTheFieldWhatKeepsItsFolderFromUse) {
   const TempFolder folder;
   folder.Write("file", "");
   folder.MakeFolder("there");
-  const struct {
-    FolderField* field;
-    std::string path, words;
-    bool sign;
-  } table[] = {
+  const std::tuple<FolderField*, std::string, std::string, bool> table[] = {
       {pages.fdDestination, "", "No folder given", true},
       {pages.fdDestination, folder / "there/", "", false},
       {pages.fdDestination, "there/", "Not a whole path: begin with “/”", true},
@@ -145,13 +142,10 @@ TEST_F(FolderPagesTest, SayAtTheFieldWhatKeepsItsFolderFromUse) {
   for (const auto& [field, path, words, sign] : table) {
     pages.setCurrentWidget(field->parentWidget());
     field->setText(text::ToQt(path));
-    auto* at_field = field->findChild<FolderSign*>();
-    for (const QDeadlineTimer end(5000); !end.hasExpired() && !at_field->Settled();) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
-    const QString said = field->accessibleDescription();
-    const bool own = said.contains(QLatin1String("; "));  // what the field is for
-    EXPECT_EQ(own ? "" : said.toStdString(), words) << path;
+    Settled<FolderSign>(field);
+    const std::string said = field->accessibleDescription().toStdString();
+    const bool own = said.find("; ") != said.npos;  // what the field is for
+    EXPECT_EQ(own ? "" : said, words) << path;
     EXPECT_EQ(field->findChild<QToolButton*>()->isVisible(), sign) << path;
   }
 }
@@ -182,5 +176,3 @@ TEST_F(FolderPagesTest, TakeWhatIsDropped) {
     EXPECT_EQ(took, taken) << links;
   }
 }
-
-}  // namespace

@@ -14,8 +14,6 @@
 #include "window/main_window.h"
 #include "window/template_dialog.h"
 
-namespace {
-
 /// All keys of controls in the order of the writing; those not called after their control with it.
 constexpr std::string_view kKeys =
     "CounterStart=fdStartValue CounterRange=cmbRange Date0=cmbDate(0) Date1=cmbDate(1) "
@@ -59,8 +57,7 @@ const struct {
     {'D', "b", "2=b Counter=32767 Current=0 Line= 2:46 ", "Report    d ", kSure, "", {"3", "B"}},
 };
 
-class TemplateGroupTest : public testing::Test {
- protected:
+struct TemplateGroupTest : testing::Test {
   /// Types a name into the dialog, cancels it when it stays open, and answers what failed.
   std::string Save(const char* name) {
     QTimer::singleShot(0, [=, this] {
@@ -97,8 +94,6 @@ class TemplateGroupTest : public testing::Test {
   Form1 window{session, system.services};
   TemplateGroup* group = window.findChild<TemplateGroup*>(QStringLiteral("Frame3"));
 };
-
-}  // namespace
 
 TEST_F(TemplateGroupTest, KeepsEveryOptionUnderItsKey) {
   std::vector<std::string> expected;

@@ -19,19 +19,13 @@ void Fail(std::function<Answer(Args...)>& call, int error, int nth = 0) {
 }
 
 /// What a file system, or a kernel, may not have.
-struct Lack {
+inline const struct Lack {
   const char* what;
   void (*apply)(Syscalls&);
-};
-
-inline const Lack kLacks[] = {
+} kLacks[] = {
     {"nothing", [](Syscalls&) {}},
     {"no-replace renames", [](Syscalls& c) { Fail(c.renameat2, EINVAL); }},
-    {"hard links too",
-     [](Syscalls& c) {
-       Fail(c.renameat2, EOPNOTSUPP);
-       Fail(c.linkat, EPERM);
-     }},
+    {"hard links too", [](Syscalls& c) { Fail(c.renameat2, EOPNOTSUPP), Fail(c.linkat, EPERM); }},
     {"files without a name", [](Syscalls& c) {
        c.openat = [real = c.openat](int at, const char* name, int flags, mode_t mode) {
          if ((flags & O_TMPFILE) != O_TMPFILE) return real(at, name, flags, mode);

@@ -9,17 +9,15 @@
 #include "platform/posix/files_posix.h"
 #include "support/temp_folder.h"
 
-namespace {
-
 using Names = std::vector<std::string>;
 
-std::string Pattern(std::size_t size) {
+static std::string Pattern(std::size_t size) {
   std::string bytes(size, '\0');
   for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 31 + i / 251);
   return bytes;
 }
 
-void StopTheKernelHalfWay(Syscalls& c) {
+static void StopTheKernelHalfWay(Syscalls& c) {
   Fail(c.clone, EOPNOTSUPP);
   c.copy_file_range = [real = c.copy_file_range, used = 0](int a, off_t* x, int b, off_t* y,
                                                            std::size_t size) mutable {
@@ -27,7 +25,7 @@ void StopTheKernelHalfWay(Syscalls& c) {
   };
 }
 
-void ReadAndWriteInPieces(Syscalls& c) {
+static void ReadAndWriteInPieces(Syscalls& c) {
   Fail(c.clone, EOPNOTSUPP);
   Fail(c.copy_file_range, ENOSYS);
   c.pread = [real = c.pread](int fd, void* to, std::size_t size, off_t at) {
@@ -39,8 +37,6 @@ void ReadAndWriteInPieces(Syscalls& c) {
   };
   Fail(c.pwrite, EINTR, 2);
 }
-
-}  // namespace
 
 TEST(CopyFile, CopiesWholeByEveryWayAndKeepsHoles) {
   int way = 0;

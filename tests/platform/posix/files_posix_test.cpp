@@ -9,10 +9,7 @@
 
 #include "support/temp_folder.h"
 
-namespace {
-
-class PosixFiles : public ::testing::Test {
- protected:
+struct PosixFiles : ::testing::Test {
   std::set<std::string> Listed(const std::string& path) {
     FolderEntries all;
     EXPECT_TRUE(files->List(path, {}, all)) << path;
@@ -28,8 +25,6 @@ class PosixFiles : public ::testing::Test {
   std::unique_ptr<FileSystem> files = MakePosixFileSystem();
 };
 
-}  // namespace
-
 TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
   for (const char* name : {"file", "a?b", "x\u00E9.txt", "line\nbreak\\ -\xFF. "}) {
     folder.Write(name, "");
@@ -41,12 +36,11 @@ TEST_F(PosixFiles, ExistsForWhateverHoldsTheName) {
        {"file", "sub", "dangling", "loop", "a?b", "x?.txt", "*.txt", "line\nbreak\\ -\xFF. "}) {
     EXPECT_TRUE(files->Exists(folder / name)) << name;
   }
-  for (const char* name :
-       {"x??.txt", "*.TXT", "none", "", "sub/", "file/below", "loop/below", "none/*", "sub/*"}) {
+  using namespace std::string_literals;
+  for (const auto& name : {"x??.txt"s, "*.TXT"s, "none"s, ""s, "sub/"s, "file/below"s,
+                           "loop/below"s, "none/*"s, "sub/*"s, "file\0x"s, std::string(300, 'n')}) {
     EXPECT_FALSE(files->Exists(folder / name)) << name;
   }
-  EXPECT_FALSE(files->Exists(folder / std::string(300, 'n')));
-  EXPECT_FALSE(files->Exists(folder / std::string("file\0x", 6)));
 }
 
 TEST_F(PosixFiles, ListsAllInPiecesButWhatALivingProcessHasInTheMaking) {
@@ -58,9 +52,8 @@ TEST_F(PosixFiles, ListsAllInPiecesButWhatALivingProcessHasInTheMaking) {
       living + "ly", ".qv-0-1.part", ".qv-99999999999-1.part",
       ".qv--3.part", ".qv-12-.part", ".hidden",
       "bad\xFF",     "new\nline",    ".qv-" + std::to_string(dead) + "-1.part"};
-  for (int i = 0; i < 5000; ++i) {
-    expected.insert("a name that fills the pieces soon " + std::to_string(i));
-  }
+  for (int i = 0; i < 5000; ++i)
+    expected.insert("a name that fills the pieces " + std::to_string(i));
   for (const std::string& name : expected) folder.Write(name, "");
   folder.Write(living, "");
   folder.MakeFolder("sub");
@@ -89,8 +82,7 @@ TEST_F(PosixFiles, ListsAllInPiecesButWhatALivingProcessHasInTheMaking) {
 
 TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNowAndLetAllFoldersGo) {
   const auto open_files = [] {
-    const std::filesystem::directory_iterator all("/proc/self/fd");
-    return std::distance(begin(all), end(all));
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
   };
   const auto before = open_files();
   folder.MakeFolder("one");
@@ -192,8 +184,7 @@ TEST_F(PosixFiles, KnowOneEntryByWhateverPathAndLookAtItself) {
             std::filesystem::canonical(folder.path()).string() + "/sub/x?");
   for (const char* top : {"/x", "x"}) EXPECT_EQ(files->ResolveFolder(top), top);
   EXPECT_TRUE(files->IsSameEntry(folder / "to sub/a", folder / "sub/../sub//a"));
-  for (const char* other : {"sub/hard", "sub/A"}) {
-    EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / other)) << other;
-  }
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/hard"));
+  EXPECT_FALSE(files->IsSameEntry(folder / "sub/a", folder / "sub/A"));
   EXPECT_FALSE(files->IsSameEntry(folder / "none", folder / "none"));
 }

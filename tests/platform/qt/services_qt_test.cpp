@@ -40,35 +40,28 @@ TEST(QtPrompts, TakeOnlyYesForYesAndCancelOnlyWhereItIsOffered) {
       {0, true, kYes}, {Qt::Key_Return, false, kNo}, {Qt::Key_Escape, false, kCancel}};
   QtPrompts prompts;
   for (const auto& [key, yes, answer] : table) {
-    const auto press_soon = [key = key] {
-      QTimer::singleShot(0, [key] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        key == 0 ? box->button(QMessageBox::Yes)->click() : Press(box, key);
-      });
+    const auto press = [key = key] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      key == 0 ? box->button(QMessageBox::Yes)->click() : Press(box, key);
     };
-    press_soon();
+    QTimer::singleShot(0, press);
     EXPECT_EQ(prompts.Ask("Really?", PromptIcon::kExclamation), yes) << key;
-    press_soon();
+    QTimer::singleShot(0, press);
     EXPECT_EQ(prompts.AskOrCancel("Stopped", "Again?", PromptIcon::kCritical), answer) << key;
   }
 }
 
 TEST(FileLink, EscapesWhatALinkCanNotHold) {
-  const std::pair<const char*, const char*> table[] = {
-      {"/home/anna/a-b_c.~1", "file:///home/anna/a-b_c.~1"},
-      {"/a b/50% #1?", "file:///a%20b/50%25%20%231%3F"},
-      {"/M\xC3\xA4rz", "file:///M%C3%A4rz"},
-      {"/bad\xFF", "file:///bad%FF"},
-      {"/a,b;c&d", "file:///a%2Cb%3Bc%26d"}};
-  for (const auto& [path, link] : table) EXPECT_EQ(FileLink(path).toStdString(), link);
+  EXPECT_EQ(FileLink("/a-b_c.~1 /50% #1?/,;&/M\xC3\xA4rz\xFF").toStdString(),
+            "file:///a-b_c.~1%20/50%25%20%231%3F/%2C%3B%26/M%C3%A4rz%FF");
 }
 
 TEST(TextQt, BringsEveryByteBack) {
   std::string all;
   for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
-  for (const std::string& name :
-       {std::string(), std::string("Gra\u00E7a \xF0\x9F\xA5\x90.jpg"), std::string("cut\xC3"),
-        std::string("\xED\xA0\x80\xC0\x80"), all}) {
+  using namespace std::string_literals;
+  for (const auto& name :
+       {""s, "Gra\u00E7a \U0001F950"s, "cut\xC3"s, "\xED\xA0\x80\xC0\x80"s, all}) {
     EXPECT_EQ(text::FromQt(text::ToQt(name)), name);
   }
 }

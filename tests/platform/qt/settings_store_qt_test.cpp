@@ -16,8 +16,7 @@ QString FileIn(const TempFolder& folder) {
   return QString::fromStdString(folder / kFile);
 }
 
-class SettingsStoreQt : public testing::Test {
- protected:
+struct SettingsStoreQt : testing::Test {
   SettingsStoreQt() { folder.MakeFolder("Quorvane"); }
 
   const TempFolder folder;
@@ -44,19 +43,24 @@ int Save(QtSettingsStore& store, const std::string& key, const std::string& text
 }
 
 /// Runs `body` in a second process, with `meanwhile` in this one; what `body` answers.
-int InProcess(
-    const std::function<int()>& body, const std::function<void()>& meanwhile = [] {}) {
+int InProcess(const std::function<int()>& body, const std::function<void()>& meanwhile = {}) {
   const pid_t process = ::fork();
   if (process == 0) ::_exit(body());
-  meanwhile();
+  if (meanwhile) meanwhile();
   int status = -1;
   return ::waitpid(process, &status, 0) == process ? status : -1;
 }
 
 TEST_F(SettingsStoreQt, TextsSectionsAndKeysComeBackFromDiskAsTheyWere) {
-  std::vector<std::string> texts = {"", "  ", "@Invalid()", "%41", "\\x41", "line\r\n"};
-  texts.push_back("\xEF\xBB\xBF \u00DF \u65E5 \xED\xB2\x80/\xFF\xC3/\xEF\xBF\xBE\u2028");
-  texts.push_back("\U0001F3F3\uFE0F\u200D\U0001F308" + std::string(10000, 'x'));
+  std::vector<std::string> texts = {
+      "",
+      "  ",
+      "@Invalid()",
+      "%41",
+      "\\x41",
+      "line\r\n",
+      "\xEF\xBB\xBF \u00DF \u65E5 \xED\xB2\x80/\xFF\xC3/\xEF\xBF\xBE\u2028",
+      "\U0001F3F3\uFE0F\u200D\U0001F308" + std::string(10000, 'x')};
   for (int byte = 0; byte < 256; ++byte) {
     const std::string one(1, static_cast<char>(byte));
     texts.insert(texts.end(), {one, "a" + one + "b"});

@@ -21,6 +21,7 @@ namespace {
 const QString kFiles = QStringLiteral("org.freedesktop.FileManager1");
 constexpr const char* kErrors = "org.freedesktop.DBus.Error.";
 const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
+using Request = void (QtShell::*)(std::string_view, const ShellAnswer&);
 
 /// A service that writes down what it is asked for: the method, and the path of a link or the
 /// content of a file that it is handed.
@@ -45,12 +46,9 @@ class Service : public QDBusVirtualObject {
 };
 
 /// A desktop of its own: a bus, a service, and an xdg-open that ends as it is told.
-class ShellTest : public testing::Test {
- protected:
+struct ShellTest : testing::Test {
   void SetUp() override {
-    daemon.start(QStringLiteral("dbus-daemon"),
-                 {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                  QStringLiteral("--print-address")});
+    daemon.startCommand(QStringLiteral("dbus-daemon --session --nofork --print-address"));
     ASSERT_TRUE(daemon.waitForReadyRead()) << "dbus-daemon is needed";
     const QString address = QString::fromLatin1(daemon.readLine().trimmed());
     QDBusConnection::connectToBus(address, QStringLiteral("asks"));
@@ -62,9 +60,8 @@ class ShellTest : public testing::Test {
   }
   void TearDown() override {
     qputenv("PATH", path);
-    for (const char* name : {"asks", "serves"}) {
+    for (const char* name : {"asks", "serves"})
       QDBusConnection::disconnectFromBus(QLatin1String(name));
-    }
     daemon.kill();
     daemon.waitForFinished();
   }
@@ -73,7 +70,7 @@ class ShellTest : public testing::Test {
     QDBusConnection(QStringLiteral("serves")).registerService(name);
   }
   /// What becomes of one request, and what xdg-open was asked for, if it was.
-  int Ask(void (QtShell::*request)(std::string_view, const ShellAnswer&), const std::string& file) {
+  int Ask(Request request, const std::string& file) {
     int answer = -1;
     (shell.*request)(file, [&](ShellResult result) { answer = result; });
     Wait([&] { return answer >= 0; });
@@ -100,12 +97,8 @@ class ShellTest : public testing::Test {
   QtShell shell{events, [] { return QDBusConnection(QStringLiteral("asks")); }};
 };
 
-struct Refusal {
-  void (QtShell::*request)(std::string_view, const ShellAnswer&);
-  QString service;
-  const char *error, *code;  ///< of those in `kErrors`; of xdg-open, which isn't asked without
-  int answer;
-} const kRefusals[] = {
+/// With an error of those in `kErrors`, and the code of xdg-open, which isn't asked without.
+const std::tuple<Request, QString, const char*, const char*, int> kRefusals[] = {
     {&QtShell::OpenFile, kFiles, "", "1", kShellAssociationIncomplete},
     {&QtShell::OpenFile, kFiles, "", "2", kShellFileNotFound},
     {&QtShell::OpenFile, kFiles, "", "3", kShellNoAssociation},
@@ -145,13 +138,13 @@ TEST_F(ShellTest, TellsWhyTheDesktopDoesNothing) {
   EXPECT_EQ(Ask(&QtShell::ShowProperties, folder / "a"), kShellNoAssociation) << "nobody is there";
   EXPECT_EQ(Ask(&QtShell::ShowInFolder, folder / "a"), kShellDone);
   EXPECT_EQ(Opened(), "1 file://" + folder.path() + "/");
-  for (const Refusal& row : kRefusals) {
-    SCOPED_TRACE(testing::Message() << row.error << " " << row.code);
-    Offer(row.service);
-    service.error = QLatin1String(*row.error ? kErrors : "") + QLatin1String(row.error);
-    qputenv("XDG_CODE", row.code);
-    EXPECT_EQ(Ask(row.request, folder / "a"), row.answer);
-    EXPECT_EQ(Opened().empty(), std::string_view(row.code).empty());
+  for (const auto& [request, offered, error, code, answer] : kRefusals) {
+    SCOPED_TRACE(testing::Message() << error << " " << code);
+    Offer(offered);
+    service.error = QLatin1String(*error ? kErrors : "") + QLatin1String(error);
+    qputenv("XDG_CODE", code);
+    EXPECT_EQ(Ask(request, folder / "a"), answer);
+    EXPECT_EQ(Opened().empty(), std::string_view(code).empty());
   }
   ::mkfifo((folder / "pipe").c_str(), 0600);
   EXPECT_EQ(Ask(&QtShell::OpenFile, folder / "pipe"), kShellNoAssociation);
