@@ -15,8 +15,8 @@ std::string ProgressLine(const FileCounts& counts, const LocaleFacts& locale);
 /// How many of the listed files are ticked, "29 of 30 files ticked"; empty when all are.
 std::string TicksLine(const Records& records, const LocaleFacts& locale);
 
-/// What a preview came to, "2,984 new names, 1 empty, 37 taken, 3 only an extension, 2 too long". An
-/// empty one is no new name, the others are among them.
+/// What a preview came to, "2,984 new names, 1 empty, 37 taken, 3 only an extension, 2 too long".
+/// An empty one is no new name, the others are among them.
 std::string NamesLine(const NameTally& names, const LocaleFacts& locale);
 
 /// What a run or undo did, "2,983 renamed, 1 failed, 410 numbered", with `done` for the first word.

@@ -28,16 +28,16 @@ void StableSort(Numbers& numbers, bool ascending, const Keys& keys) {
 }
 
 /// The place of each text in the order; texts with equal keys share it.
-Numbers Ranks(const SharedTexts& texts, TextOrder text_order) {
+Numbers Ranks(const SharedTexts& texts) {
   const Numbers order = SortedByText(
       texts.count, [&](std::size_t i) { return texts.text(static_cast<std::uint32_t>(i)); },
-      text_order);
+      AppendNaturalKey);
   Numbers ranks(texts.count);
   std::string key, last_key;
   for (std::size_t i = 0; i < order.size(); ++i) {
     std::swap(key, last_key);
     key.clear();
-    text_order(texts.text(order[i]), key);
+    AppendNaturalKey(texts.text(order[i]), key);
     if (i > 0) ranks[order[i]] = ranks[order[i - 1]] + (key != last_key ? 1 : 0);
   }
   return ranks;
@@ -61,10 +61,10 @@ struct Sorter {
     StableSort(records, order.ascending, Values<double>(count, number_of));
   }
   void operator()(const TextOf& text_of) {
-    records = SortedByText(count, text_of, order.text_order, order.ascending);
+    records = SortedByText(count, text_of, AppendNaturalKey, order.ascending);
   }
   void operator()(const SharedTexts& texts) {
-    const Numbers ranks = Ranks(texts, order.text_order);
+    const Numbers ranks = Ranks(texts);
     const auto rank_of = [&](std::size_t i) { return ranks[texts.number(i)]; };
     StableSort(records, order.ascending, Values<std::uint32_t>(count, rank_of));
   }
@@ -100,21 +100,21 @@ void GroupedRows::Populate(std::size_t count, const RowOrder& order) {
     return;
   }
   const auto number_of = Values<std::uint32_t>(count, order.groups->number);
-  std::vector<std::size_t> next_row = PlaceGroups(*order.groups, order.text_order, number_of);
+  std::vector<std::size_t> next_row = PlaceGroups(*order.groups, number_of);
   for (const std::uint32_t record : records) {
     rows_[next_row[number_of[record]]++] = static_cast<std::int32_t>(record);
   }
 }
 
 /// Makes the group rows and room for the file rows; answers where those of each text begin.
-std::vector<std::size_t> GroupedRows::PlaceGroups(const SharedTexts& texts, TextOrder text_order,
+std::vector<std::size_t> GroupedRows::PlaceGroups(const SharedTexts& texts,
                                                   const std::vector<std::uint32_t>& number_of) {
   std::vector<std::size_t> file_counts(texts.count);
   Numbers used;  // as their first records stand
   for (const std::uint32_t number : number_of) {
     if (file_counts[number]++ == 0) used.push_back(number);
   }
-  StableSort(used, true, Ranks(texts, text_order));
+  StableSort(used, true, Ranks(texts));
 
   std::vector<std::size_t> first_rows(texts.count);
   rows_.resize(number_of.size() + used.size());
@@ -132,14 +132,6 @@ void GroupedRows::Clear() {
   rows_.clear();
   groups_.clear();
   ++version_;
-}
-
-std::vector<std::uint32_t> GroupedRows::RowsOfRecords() const {
-  std::vector<std::uint32_t> rows(RowCount() - groups_.size());
-  for (std::size_t row = 0; row < RowCount(); ++row) {
-    if (!IsGroupRow(row)) rows[RecordOf(row)] = static_cast<std::uint32_t>(row);
-  }
-  return rows;
 }
 
 const GroupedRows::Group& GroupedRows::GroupOf(std::size_t row) const {

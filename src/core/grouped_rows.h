@@ -25,14 +25,13 @@ using TextOf = std::function<std::string_view(std::size_t record)>;
 /// Numbers the texts of `count` records, equal texts alike. The answer refers to them.
 SharedTexts ShareTexts(std::size_t count, const TextOf& text_of);
 
-/// By what records are sorted; `monostate` leaves them as they stand.
+/// By what records are sorted, texts in their natural order; `monostate` leaves them as they stand.
 using SortKey = std::variant<std::monostate, NumberOf, TextOf, SharedTexts>;
 
 struct RowOrder {
   SortKey key;
   bool ascending = true;
-  std::optional<SharedTexts> groups;        ///< none, no group rows
-  TextOrder text_order = AppendNaturalKey;  ///< of headings and of a key's texts
+  std::optional<SharedTexts> groups;  ///< none, no group rows
 };
 
 /// The rows of a list: the numbers of its records in the order in which they are shown, group rows
@@ -52,8 +51,6 @@ class GroupedRows {
   bool IsGroupRow(std::size_t row) const { return rows_[row] < 0; }
   /// The number of the record of a file row.
   std::size_t RecordOf(std::size_t row) const { return static_cast<std::size_t>(rows_[row]); }
-  /// The way back: the row of each record that is shown.
-  std::vector<std::uint32_t> RowsOfRecords() const;
 
   struct Group {
     std::string text;
@@ -64,7 +61,7 @@ class GroupedRows {
   const Group& GroupOf(std::size_t row) const;
 
  private:
-  std::vector<std::size_t> PlaceGroups(const SharedTexts& texts, TextOrder text_order,
+  std::vector<std::size_t> PlaceGroups(const SharedTexts& texts,
                                        const std::vector<std::uint32_t>& number_of);
 
   std::vector<std::int32_t> rows_;  ///< a record's number, or -1 less a group's

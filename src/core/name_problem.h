@@ -35,7 +35,8 @@ struct NameVerdict {
 /// other row nothing is wrong. Only an extension is what has lost the stem that the old name had.
 NameVerdict JudgeNewName(const FileRow& row, std::size_t limit);
 
-/// "empty name: will fail", "too long: 260 of 255 bytes", "taken: will get a number"; "" of `kNone`.
+/// "empty name: will fail", "too long: 260 of 255 bytes", "taken: will get a number"; "" of
+/// `kNone`.
 std::string VerdictText(const NameVerdict& verdict);
 
 /// The new names of a whole preview.

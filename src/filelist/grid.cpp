@@ -94,8 +94,7 @@ RecordFacts FactsOf(const Records& records, std::size_t record, const RunState* 
   facts.settled = row.RowTag == 1;
   if (state != nullptr && state->names.limit != 0 && !state->NamesAreDrafts()) {
     facts.verdict = JudgeNewName(row, state->names.limit);
-    const NameProblem foretold =
-        state->foretold ? state->foretold(record) : NameProblem::kNone;
+    const NameProblem foretold = state->foretold ? state->foretold(record) : NameProblem::kNone;
     const NameProblem seen = facts.verdict.problem;
     const bool comes_first = seen == NameProblem::kNone || foretold < seen;
     if (foretold != NameProblem::kNone && comes_first) facts.verdict = {foretold};

@@ -104,13 +104,17 @@ struct MainWindowTest : testing::Test {
     return held;
   }
 
+  void ListFiles() {
+    Find<QLineEdit>("fdSourceFolder")->setText(text::ToQt(folder.path() + "/"));
+    Button("bnLoadFileList")->click();
+  }
+
   /// Lists and previews, with a counter among the elements or without.
   void Preview(bool with_counter) {
     for (QAction* action : Button("bnInsertRight")->menu()->actions()) {
       if (with_counter && action->text() == QLatin1String("<Counter>")) action->trigger();
     }
-    Find<QLineEdit>("fdSourceFolder")->setText(text::ToQt(folder.path() + "/"));
-    Button("bnLoadFileList")->click();
+    ListFiles();
     Button("bnPreview")->click();
     ASSERT_TRUE(Button("bnRename")->isEnabled());
   }
