@@ -99,7 +99,7 @@ TEST_F(FileListTest, RowsSayInWordsWhatColoursTell) {
   EXPECT_TRUE(model.index(1, kColumnNewName).data(kMarkedNameRole).value<MarkedName>().warned);
   EXPECT_EQ(Text(1, kColumnNewName, kVerdictRole), "too long: 7 of 5 bytes");
   expect(Mark::kWaiting, 0, "waiting, too long: 7 of 5 bytes, IMG_ removed");
-  std::optional<std::string> draft;
+  std::optional<std::string_view> draft;
   grid.List().SetDrafts([&](std::size_t) { return draft; });
   state.gPreviewStale = true;
   expect(Mark::kWaiting, 0, "waiting, no draft");
