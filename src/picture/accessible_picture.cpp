@@ -27,12 +27,13 @@ class AccessiblePicture : public QAccessibleWidget, public QAccessibleImageInter
 
   QStringList actionNames() const override {
     QStringList names = QAccessibleWidget::actionNames();
-    if (Picture().takesClicks()) names.prepend(pressAction());
+    if (IsPressable()) names.prepend(pressAction());
     return names;
   }
 
   void doAction(const QString& action) override {
     if (action == pressAction()) {
+      if (!IsPressable()) return;
       Picture().playing() ? Picture().pause() : Picture().play();
     } else {
       QAccessibleWidget::doAction(action);
@@ -49,6 +50,7 @@ class AccessiblePicture : public QAccessibleWidget, public QAccessibleImageInter
   QPoint imagePosition() const override { return Picture().mapToGlobal(QPoint()); }
 
  private:
+  bool IsPressable() const { return Picture().takesClicks() && Picture().isEnabled(); }
   AnimatedPicture& Picture() const { return *static_cast<AnimatedPicture*>(widget()); }
 };
 

@@ -58,7 +58,7 @@ void AnimatedPicture::FollowPlayer() {
 }
 
 void AnimatedPicture::setSource(const QString& source) {
-  if (source == source_ && data_.isEmpty()) return;
+  if (source == source_ && data_.isEmpty() && !(source.isEmpty() && !failure().isEmpty())) return;
   source_ = source;
   data_.clear();
   Load();
@@ -92,6 +92,7 @@ void AnimatedPicture::Load() {
     Take({data_, {}});
   } else {
     player_->Clear();
+    FollowClicks();
     updateGeometry();
     update();
     emit sourceChanged();
@@ -167,6 +168,7 @@ void AnimatedPicture::setSpeed(int speed) {
 }
 
 void AnimatedPicture::setLoops(Loops loops) {
+  loops = static_cast<Loops>(std::clamp(static_cast<int>(loops), 0, 3));
   if (loops == loops_) return;
   loops_ = loops;
   FollowLoops();
@@ -245,8 +247,7 @@ void AnimatedPicture::pause() {
 }
 
 void AnimatedPicture::stop() {
-  player_->Pause();
-  player_->Seek(0);
+  player_->Stop();
 }
 
 void AnimatedPicture::step() {

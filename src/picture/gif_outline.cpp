@@ -64,6 +64,7 @@ class Walk {
     } else if (kind == kExtension) {
       Extension();
     } else {
+      if (kind == 0) at_ = bytes_.size() + 1;
       return false;
     }
     return true;

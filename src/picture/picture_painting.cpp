@@ -26,7 +26,8 @@ void PaintFrame(QPainter& painter, const QImage& frame, const QRect& target, con
   if (pixels.isEmpty()) return;
   painter.save();
   painter.setClipRect(room);
-  if (pixels.width() <= kFarSmaller * frame.width()) {
+  if (pixels.width() <= kFarSmaller * frame.width() ||
+      pixels.height() <= kFarSmaller * frame.height()) {
     painter.drawImage(target,
                       frame.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
   } else {

@@ -13,7 +13,9 @@ constexpr qint64 kSlice = 15;  // of a walk to a frame that is far, in milliseco
 }  // namespace
 
 void PicturePlayer::Take(const PictureBytes& read, const PictureLimits& limits) {
+  const int mine = ++taken_;
   Clear();
+  if (mine != taken_) return;  // who was told has set another one
   if (!read.problem.isEmpty()) {
     Fail(read.problem);
     return;
@@ -72,7 +74,14 @@ void PicturePlayer::Begin() {
   }
 }
 
+void PicturePlayer::Stop() {
+  SetPlaying(false);
+  passes_ = 0;
+  Seek(0);
+}
+
 void PicturePlayer::Step() {
+  seek_.stop();
   SetPlaying(false);
   if (!Animated()) return;
   if (!ended_ && reader_->Next()) {

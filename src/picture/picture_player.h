@@ -35,6 +35,8 @@ class PicturePlayer : public QObject {
 
   void Play();
   void Pause() { SetPlaying(false); }
+  /// Pauses at the first frame; "play" counts its passes anew.
+  void Stop();
   void Step();
   /// Goes to `frame` or the last one, and there in slices between events when it is far.
   void Seek(int frame);
@@ -73,6 +75,7 @@ class PicturePlayer : public QObject {
   std::optional<int> wanted_passes_;
   int passes_ = 0;  ///< that have ended
   int sought_ = 0;
+  int taken_ = 0;  ///< pictures so far
   bool playing_ = false;
   bool ended_ = false;  ///< so "play" begins anew
 };

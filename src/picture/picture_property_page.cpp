@@ -7,6 +7,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QTabWidget>
@@ -92,6 +93,9 @@ void PicturePropertyPage::AddRow(int tab, const char* property, const QString& l
   label.isEmpty() ? form->addRow(field.control) : form->addRow(label, field.control);
   if (QWidget* named = field.control->focusProxy()) {
     static_cast<QLabel*>(form->labelForField(field.control))->setBuddy(named);
+    if (auto* line = qobject_cast<QLineEdit*>(named)) {
+      connect(line, &QLineEdit::textEdited, this, &PicturePropertyPage::ShowState);
+    }
   }
   rows_.push_back({property, std::move(field), {}, {}});
 }
@@ -187,7 +191,7 @@ void PicturePropertyPage::Changed(size_t row) {
 
 void PicturePropertyPage::ShowOnSample(const Row& row) {
   if (IsFrame(row.property)) {
-    if (!row.Edited()) return;  // else what plays would stand still at once
+    if (filling_) return;  // else what plays would stand still at once
     sample_->pause();
   }
   Give(*sample_, row);

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QtEndian>
+#include <algorithm>
 
 #include "picture/gif_outline.h"
 
@@ -20,6 +22,20 @@ QString TooLong(int most) {
 QString TooMany(int most) {
   return Translated(QT_TRANSLATE_NOOP("PictureReader", "The picture has more than %1 frames."))
       .arg(QLocale().toString(most));
+}
+
+// Qt's readers of these show the part that is there.
+bool CutStill(const QByteArray& bytes) {
+  const auto number = [&](qsizetype at) { return static_cast<quint8>(bytes[at]); };
+  if (bytes.startsWith("BM") && bytes.size() >= 6) {
+    return qFromLittleEndian<quint32>(bytes.constData() + 2) > bytes.size();
+  }
+  if (!bytes.startsWith("\xff\xd8")) return false;
+  qsizetype at = 2;
+  while (at + 4 <= bytes.size() && number(at) == 0xFF && number(at + 1) != 0xDA) {
+    at += 2 + (number(at + 2) << 8 | number(at + 3));
+  }
+  return bytes.indexOf("\xff\xd9", at) < 0;
 }
 
 }  // namespace
@@ -46,8 +62,15 @@ PictureBytes BytesOfDevice(QIODevice& device, int most) {
     return {{}, Translated(QT_TRANSLATE_NOOP("PictureReader", "There is nothing to read from."))};
   }
   if (!device.isSequential() && device.size() - device.pos() > most) return {{}, TooLong(most)};
-  PictureBytes read{device.read(qint64{most} + 1), {}};
+  PictureBytes read;
+  while (read.bytes.size() <= most) {
+    const QByteArray part =
+        device.read(std::min<qint64>(1 << 20, qint64{most} + 1 - read.bytes.size()));
+    if (part.isEmpty()) break;
+    read.bytes += part;
+  }
   if (read.bytes.size() > most) return {{}, TooLong(most)};
+  read.bytes.squeeze();
   return read;
 }
 
@@ -69,6 +92,8 @@ bool PictureReader::CheckBytes() {
     problem_ = TooLong(limits_.bytes);
   } else if (outline.gif && !outline.whole) {
     problem_ = tr("The picture is cut off in frame %1.").arg(outline.frames + 1);
+  } else if (CutStill(buffer_.data())) {
+    problem_ = tr("The picture is cut off.");
   } else if (outline.gif && outline.frames == 0) {
     problem_ = tr("The picture has no frames.");
   } else {
@@ -108,6 +133,7 @@ void PictureReader::CheckSize(qint64 width, qint64 height) {
 void PictureReader::Rewind() {
   buffer_.seek(0);
   reader_.emplace(&buffer_);
+  reader_->setAutoTransform(true);
   index_ = -1;
   passed_ = 0;
 }
