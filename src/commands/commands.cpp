@@ -53,9 +53,11 @@ Commands::Commands(Session& session, const Services& services, CommandView& view
       check_(session.records, session.state, services.files, services.clock) {}
 
 void Commands::EnableDisable(int mode) {
-  if (mode != ModePreviewReady) check_.End();
+  const bool forgets = mode != ModePreviewReady && state_.foretold;
+  if (forgets) check_.End();
   mode_ = mode;
   ::EnableDisable(mode, session_.records.Count(), state_, view_);
+  if (forgets) list_.RepaintRows();  // their signs
 }
 
 bool Commands::Busy() const {
@@ -231,19 +233,24 @@ void Commands::bnPreview_Click() {
 void Commands::CheckNames() {
   ErrTrace::top("Commands.CheckNames", [&] {
     if (mode_ != ModePreviewReady || state_.gPreviewStale) return;
-    check_.End();
     if (const std::size_t limit = NameBytes(); limit != state_.names.limit) {
+      check_.End();
       state_.names = {limit};
       for (std::size_t i = 0; i < session_.records.Count(); ++i) {
-        state_.names.Add(session_.records[i]);
+        const FileRow& row = session_.records[i];
+        if (row.checked && row.RowTag != 1) state_.names.Add(row);
       }
     }
     const Options options = view_.ReadOptions();
     const bool can_run = !AsksForFolder(options.output.cmbDestination) ||
                          mMain::IsAbsolutePath(options.output.fdDestination);
-    if (can_run) check_.Begin({options.output, options.source.fdSourceFolder});
+    if (can_run) {
+      check_.Begin({options.output, options.source.fdSourceFolder});
+      view_.WorkInPauses();
+    } else {
+      check_.End();
+    }
     ShowNames();
-    if (can_run) view_.WorkInPauses();
   });
 }
 

@@ -1,5 +1,7 @@
 #include "commands/name_check.h"
 
+#include <utility>
+
 #include "trace/err_trace.h"
 
 namespace {
@@ -9,7 +11,10 @@ constexpr std::int64_t kStepMs = 8;
 }  // namespace
 
 void NameCheck::Begin(const RunOutput& output) {
+  Question question{output, state_.numbering, state_.names.limit};
+  if (forecast_ && question == question_) return;
   End();
+  question_ = std::move(question);
   forecast_.emplace(records_, files_, output, state_.numbering, state_.names.limit);
   state_.foretold = [this](std::size_t record) { return Of(record); };
 }

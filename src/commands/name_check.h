@@ -19,8 +19,9 @@ class NameCheck {
   NameCheck& operator=(const NameCheck&) = delete;
   ~NameCheck() { End(); }
 
-  /// Begins with the first row, for a run with `output`. Only a name's most bytes are taken from
-  /// `RunState::names`, so a preview has come to its end. The rows stay as they are until `End`.
+  /// Begins with the first row, for a run with `output`; a check that was begun for the very same
+  /// goes on. Only a name's most bytes are taken from `RunState::names`, so a preview has come to
+  /// its end. The rows stay as they are until `End`.
   void Begin(const RunOutput& output);
   /// Forgets what was found.
   void End();
@@ -31,12 +32,20 @@ class NameCheck {
   void GoOn();
 
  private:
+  /// What a forecast is made for.
+  struct Question {
+    RunOutput output;
+    NumberingOptions numbering;
+    std::size_t limit = 0;
+    bool operator==(const Question&) const = default;
+  };
   NameProblem Of(std::size_t record) const;
 
   const Records& records_;
   RunState& state_;
   FileSystem& files_;
   Clock& clock_;
+  Question question_;
   std::optional<Forecast> forecast_;
   bool through_ = false;
 };

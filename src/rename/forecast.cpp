@@ -148,7 +148,7 @@ bool Forecast::MakeWay(std::size_t record) {
 
 Forecast::Verdict Forecast::Operate(const Turn& turn, const Place& place) {
   const std::string name = place.prefix + turn.name;
-  if (!StaysInItsFolder(name) || IsWay(name) || name.size() > limit_) return kCannotBe;
+  if (!StaysInItsFolder(name) || IsWay(name) || name.size() > limit_) return kTakenFails;
   if (!turn.free && !StaysAtItsEntry(turn, place) && ExistsExactly(place.folder, name)) {
     return again_ ? kFits : kTakenFails;
   }

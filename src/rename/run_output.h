@@ -8,4 +8,5 @@
 struct RunOutput {
   OutputOptions chosen;
   std::string fdSourceFolder;  ///< replaced by the output folder in a row's path for subfolders
+  bool operator==(const RunOutput&) const = default;
 };

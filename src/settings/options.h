@@ -28,6 +28,7 @@ struct OutputOptions {
   int cmbDestination = kUseSourceFolder;
   std::string fdDestination;  ///< used as it stands, so with its closing separator
   bool chDestinationSubfolders = true;
+  bool operator==(const OutputOptions&) const = default;
 };
 
 /// The controls above the list of files.
@@ -44,6 +45,7 @@ struct NumberingOptions {
   std::int16_t gConflictAddNumber = 1;  ///< 1: a taken name is replaced by a numbered one
   std::string gNumberLeft = "_{";       ///< stands between the name and its number
   std::string gNumberRight = "}";       ///< stands behind the number
+  bool operator==(const NumberingOptions&) const = default;
 };
 
 /// All of them, in the order in which they are stored.

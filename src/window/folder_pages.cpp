@@ -300,6 +300,7 @@ void FolderPages::TakeSourceFolder(const std::string& folder) {
 
 void FolderPages::TakeOutputFolder(const std::string& folder) {
   fdDestination->setText(text::ToQt(folder));
+  emit outputChanged();
 }
 
 void FolderPages::CloseSourceFolder() {

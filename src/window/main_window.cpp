@@ -67,7 +67,10 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
       status_bar_(new StatusBar(this)),
       commands_(session, services, *this, *list_) {
   const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
-  const auto ini_settings = [this](const std::string& name) { IniSettings(name); };
+  const auto ini_settings = [this](const std::string& name) {
+    IniSettings(name);
+    commands_.CheckNames();
+  };
   templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
   session.grid.List().SetDrafts([this](std::size_t row) { return drafts_.NameOf(row); });
   setObjectName(QStringLiteral("Form1"));
@@ -251,7 +254,8 @@ void Form1::CommandBars1_Execute(int Control) {
     if (Control < kInsertCommandsEnd) return editor_->Execute(Control);
     if (commands_.Busy()) return;
     if (const CheckOperation* operation = FindCheckOperation(Control)) {
-      return commands_.Check(*operation);
+      commands_.Check(*operation);
+      return ShowDraftsAnew();
     }
     ExecuteOnFile(Control, services_, list_->ReportControl1->SelectedFile());
   });
