@@ -50,8 +50,8 @@ class Commands {
   /// The new names no longer fit what the user asks for; the rows in sight tell it.
   void MarkStale();
 
-  /// What a run would do with the new names of a preview is looked at from the start: output or
-  /// numbering are others than before.
+  /// Output or numbering may be others than before: if so, what a run would do with the new names
+  /// of a preview is looked at from the start.
   void CheckNames();
   /// Goes on with that for some 8 ms; false when nothing is left to look at.
   bool WorkInPause();

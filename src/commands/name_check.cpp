@@ -39,7 +39,7 @@ void NameCheck::GoOn() {
   state_.names.taken = static_cast<std::int64_t>(taken);
 }
 
-/// A planned name that can't be is told by itself; what is left of these is a numbered one.
+/// A planned name that can't be is told by itself, which comes first.
 NameProblem NameCheck::Of(std::size_t record) const {
   switch (forecast_->Of(record)) {
     case Forecast::kFits:
