@@ -70,6 +70,11 @@ FolderIdentity FolderIdentityOf(const struct statx& facts) {
   return {DeviceOf(facts), facts.stx_ino, BornOf(facts)};
 }
 
+Fingerprint FingerprintOf(const struct statx& facts) {
+  const bool is_sure = S_ISREG(facts.stx_mode) && facts.stx_nlink == 1;
+  return is_sure ? FingerprintOf(IdentityOf(facts)) : 0;
+}
+
 FileTimes TimesOf(const struct statx& facts) {
   return {{{facts.stx_atime.tv_sec, facts.stx_atime.tv_nsec},
            {facts.stx_mtime.tv_sec, facts.stx_mtime.tv_nsec}}};

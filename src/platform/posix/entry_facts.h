@@ -15,6 +15,9 @@ std::uint64_t DeviceOf(const struct statx& facts);
 FileIdentity IdentityOf(const struct statx& facts);
 FolderIdentity FolderIdentityOf(const struct statx& facts);
 
+/// The fingerprint of a regular file that has one name, else 0.
+Fingerprint FingerprintOf(const struct statx& facts);
+
 /// The times of the last reading and writing, as utimensat(2) takes them.
 using FileTimes = std::array<struct timespec, 2>;
 FileTimes TimesOf(const struct statx& facts);

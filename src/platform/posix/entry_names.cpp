@@ -9,12 +9,6 @@
 
 namespace {
 
-/// renameat2(2): EINVAL where the file system has no such flag, ENOSYS where the kernel has no
-/// such call; FUSE answers EOPNOTSUPP too.
-bool LacksTheFlag(int error) {
-  return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
-}
-
 /// link(2): EPERM where the file system has no hard links or protected_hardlinks forbids this one.
 /// Only what says that a link can't be, not what says that nothing can.
 bool LacksHardLinks(int error) {
@@ -50,6 +44,19 @@ int EntryNames::Rename(const Place& from, const Place& to, const struct statx& s
   return RenameBy(Ways::kAll, from, to, source);
 }
 
+int EntryNames::RenameUnseen(const Place& from, const Place& to) {
+  if (without_flag_.Has(to.folder->identity.device)) return ENOSYS;
+  return ErrorOf([&] {
+    return calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE);
+  });
+}
+
+/// renameat2(2): EINVAL where the file system has no such flag, ENOSYS where the kernel has no
+/// such call; FUSE answers EOPNOTSUPP too.
+bool EntryNames::LacksTheCall(int error) {
+  return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
+}
+
 /// A name that is taken is left over from a process that had our number before.
 int EntryNames::RenameAside(const Place& from, const struct statx& source, Place& aside) {
   return WithTemporaryName(from.folder, aside,
@@ -60,11 +67,9 @@ int EntryNames::RenameBy(Ways ways, const Place& from, const Place& to,
                          const struct statx& source) {
   const std::uint64_t device = to.folder->identity.device;
   if (without_flag_.Has(device)) return WithoutTheFlag(ways, from, to, source);
-  const int error = ErrorOf([&] {
-    return calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE);
-  });
+  const int error = RenameUnseen(from, to);
   if (error == 0 || WasRenamed(from, to, source)) return 0;
-  if (!LacksTheFlag(error)) return error;
+  if (!LacksTheCall(error)) return error;
   // EINVAL also means a folder moved into itself, so only a fallback that works is remembered.
   const int fallback = WithoutTheFlag(ways, from, to, source);
   if (fallback == 0) without_flag_.Add(device);

@@ -37,6 +37,12 @@ class EntryNames {
   /// or under its old one beside an empty file under the new.
   int Rename(const Place& from, const Place& to, const struct statx& source);
 
+  /// The one call of it, and nothing looked at: 0 or its errno, ENOSYS where it is known to lack.
+  int RenameUnseen(const Place& from, const Place& to);
+
+  /// Whether that errno tells that there is no such call here.
+  static bool LacksTheCall(int error);
+
   /// The same to a new temporary name in the same folder, which goes into `aside`.
   int RenameAside(const Place& from, const struct statx& source, Place& aside);
 

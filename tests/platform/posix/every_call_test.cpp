@@ -32,6 +32,7 @@ struct World {
     const auto files = MakePosixFileSystem();
     EXPECT_TRUE(files->CopyFile(folder / "original", folder / "out/copy", {}, &copied));
     made = *files->IdentifyFolder(folder / "made");
+    listed = files->Look(folder / "in/a")->fingerprint;
   }
 
   State Now() const { return folder.Everything(); }
@@ -39,6 +40,7 @@ struct World {
   TempFolder folder{::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : ""};
   CopyIdentities copied;
   FolderIdentity made;
+  Fingerprint listed = 0;  ///< of in/a
 };
 
 /// As if every folder were a file system of its own.
@@ -87,6 +89,13 @@ bool Move(FileSystem& files, const std::string& from, const std::string& to, con
   return files.MoveFile(from, to, {});
 }
 
+/// As a run moves a file that it has listed.
+bool MoveListed(FileSystem& files, const std::string& from, const std::string& to,
+                const World& world) {
+  Fingerprint known = world.listed;
+  return files.MoveKnown(from, to, {}, known);
+}
+
 const struct Operation {
   const char* what;
   const char* from;
@@ -101,6 +110,11 @@ const struct Operation {
     {"move a link to another file system", "in/link", "out/b", Move, Split},
     {"change letter case", "in/a", "in/A", Move, IgnoreCase<false>},
     {"change letter case, answered and not done", "in/a", "in/A", Move, IgnoreCase<true>},
+    {"move a listed file", "in/a", "in/b", MoveListed},
+    {"change letter case of a listed file", "in/a", "in/A", MoveListed},
+    {"the same, case ignored", "in/a", "in/A", MoveListed, IgnoreCase<false>},
+    {"the same, answered and not done", "in/a", "in/A", MoveListed, IgnoreCase<true>},
+    {"move a listed file to another file system", "in/a", "out/b", MoveListed, Split},
     {"copy", "in/a", "out/b",
      [](auto& files, auto& a, auto& b, auto&) { return files.CopyFile(a, b, {}, nullptr); }},
     {"delete a copy", "out/copy", "none",
