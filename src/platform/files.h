@@ -12,8 +12,7 @@
 enum class EntryKind : std::uint8_t { kFolder, kFile };
 
 /// Tells one regular file from every other by a single number, so that a row can keep it. 0 is
-/// none: of what is no regular file, and of a file with more than one name, of which nobody could
-/// tell which was renamed.
+/// none: it isn't known, or no regular file.
 using Fingerprint = std::uint64_t;
 
 /// Facts of one entry, as lstat tells them; a symbolic link is a file.

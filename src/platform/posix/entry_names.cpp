@@ -3,8 +3,6 @@
 #include <fcntl.h>
 #include <stdio.h>
 
-#include <algorithm>
-
 #include "platform/posix/temporary_name.h"
 
 namespace {
@@ -32,23 +30,15 @@ bool LacksRoom(int error) {
 
 }  // namespace
 
-bool DeviceSet::Has(std::uint64_t device) const {
-  return std::find(devices_.begin(), devices_.end(), device) != devices_.end();
-}
-
-void DeviceSet::Add(std::uint64_t device) {
-  if (!Has(device)) devices_.push_back(device);
-}
-
 int EntryNames::Rename(const Place& from, const Place& to, const struct statx& source) {
   return RenameBy(Ways::kAll, from, to, source);
 }
 
 int EntryNames::RenameUnseen(const Place& from, const Place& to) {
   if (without_flag_.Has(to.folder->identity.device)) return ENOSYS;
-  return ErrorOf([&] {
-    return calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE);
-  });
+  const bool done =
+      calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE) == 0;
+  return done ? 0 : errno;
 }
 
 /// renameat2(2): EINVAL where the file system has no such flag, ENOSYS where the kernel has no
@@ -67,7 +57,8 @@ int EntryNames::RenameBy(Ways ways, const Place& from, const Place& to,
                          const struct statx& source) {
   const std::uint64_t device = to.folder->identity.device;
   if (without_flag_.Has(device)) return WithoutTheFlag(ways, from, to, source);
-  const int error = RenameUnseen(from, to);
+  int error = EINTR;
+  while (error == EINTR) error = RenameUnseen(from, to);
   if (error == 0 || WasRenamed(from, to, source)) return 0;
   if (!LacksTheCall(error)) return error;
   // EINVAL also means a folder moved into itself, so only a fallback that works is remembered.

@@ -27,14 +27,16 @@ bool MayBeOne(const Place& from, const Place& to) {
 }  // namespace
 
 int FileMove::AtOnce(const Place& from, const Place& to, Fingerprint known) {
-  if (from.name == to.name && InOneFolder(from, to)) return kNotAtOnce;
+  const bool itself = from.name == to.name && InOneFolder(from, to);
+  if (itself || !AnswersOnce(calls_, *to.folder)) return kNotAtOnce;
   const int error = names_.RenameUnseen(from, to);
   if (error == 0) return MayBeOne(from, to) ? Settle(from, to) : 0;
   struct statx facts;
   const int looked = LookAt(calls_, from, facts);
-  if (looked == ENOENT && Stands(to, known)) return 0;
-  const bool looks_first =
-      error == EXDEV || EntryNames::LacksTheCall(error) || (error == EEXIST && MayBeOne(from, to));
+  // ENOENT is answered before anything is done; all others when the source has been found.
+  if (looked == ENOENT && error != ENOENT && Stands(to, known)) return 0;
+  const bool looks_first = error == EXDEV || error == EINTR || EntryNames::LacksTheCall(error) ||
+                           (error == EEXIST && MayBeOne(from, to));
   return looks_first ? kNotAtOnce : looked != 0 ? looked : error;
 }
 
@@ -61,7 +63,11 @@ int FileMove::Move(const Place& from, const Place& to, const GoOn& go_on, Finger
   moved = FingerprintOf(source);
   if (from.name == to.name && InOneFolder(from, to)) return 0;
   const int error = names_.Rename(from, to, source);
-  if (error == EXDEV) return ToOtherDevice(from, to, source, go_on, moved);
+  if (error == EXDEV) {
+    const int failed = ToOtherDevice(from, to, source, go_on);
+    moved = LookAt(calls_, to, source) == 0 ? FingerprintOf(source) : 0;
+    return failed;
+  }
   // Some file systems that ignore letter case refuse a change of it, some answer 0 and do nothing.
   if (!MayBeOne(from, to)) return error;
   const NamePair names = CompareEntries(calls_, from, to);
@@ -83,12 +89,11 @@ int FileMove::InTwoSteps(const Place& from, const Place& to, const struct statx&
 }
 
 int FileMove::ToOtherDevice(const Place& from, const Place& to, const struct statx& source,
-                            const GoOn& go_on, Fingerprint& moved) {
+                            const GoOn& go_on) {
   CopyIdentities copied;
   if (S_ISREG(source.stx_mode)) {
     const int error = copy_.Copy(from, to, FileCopy::Purpose::kMove, go_on, copied);
     if (error != 0) return error;
-    moved = FingerprintOf(copied.made);
   } else if (S_ISLNK(source.stx_mode)) {
     struct statx made;
     if (const int error = MakeLink(from, source, to, made)) return error;

@@ -29,7 +29,7 @@ class FileMove {
   bool Stands(const Place& place, Fingerprint known);
   int InTwoSteps(const Place& from, const Place& to, const struct statx& source);
   int ToOtherDevice(const Place& from, const Place& to, const struct statx& source,
-                    const GoOn& go_on, Fingerprint& moved);
+                    const GoOn& go_on);
   int MakeLink(const Place& from, const struct statx& source, const Place& to, struct statx& made);
   int RemoveSource(const Place& from, const Place& to, const CopyIdentities& copied);
 
