@@ -83,7 +83,8 @@ QRect AnimatedPicture::Target() const {
 
 void AnimatedPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  if (background_.isValid()) painter.fillRect(frameWidth() > 0 ? contentsRect() : rect(), background_);
+  if (background_.isValid())
+    painter.fillRect(frameWidth() > 0 ? contentsRect() : rect(), background_);
   if (player_->Picture() != nullptr) {
     PaintPicture(painter);
   } else if (!failure().isEmpty()) {
