@@ -33,7 +33,7 @@ class UndoRun {
   bool TakeBackDone(std::size_t record);
   bool DeleteCopy(const FileRow& row);
   bool MoveBack(std::size_t record, RowFile file);
-  void RemoveMadeFolders();
+  bool RemoveMadeFolders();
 
   Pass& pass_;
   Records& records_;
