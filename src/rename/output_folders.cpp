@@ -16,9 +16,11 @@ std::string_view FolderPart(std::string_view path) {
 }  // namespace
 
 void ExpectKnownFolders(Pass& pass) {
+  constexpr std::size_t kFoldersBetweenEvents = 1024;
+  std::size_t count = 0;
   for (const auto* known : {&pass.records.used_folders, &pass.records.scanned_folders}) {
     for (const auto& [path, identity] : *known) {
-      if (!pass.GoOn()) return;  // then nothing is done that would need them
+      if (++count % kFoldersBetweenEvents == 0 && !pass.GoOn()) return;  // the run ends at once
       pass.services.files.ExpectFolder(path, identity);
     }
   }
