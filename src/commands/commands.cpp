@@ -208,7 +208,7 @@ bool Commands::FillList(Pass& pass, const SourceOptions& source) {
     list_state_ = WhyNoneFound(source, scan.Findings());
     return false;
   }
-  session_.grid.Populate();
+  if (!session_.grid.Populate([&] { return pass.GoOn(); })) return false;
   list_state_ = EmptyList::kNotListed;
   return true;
 }

@@ -12,18 +12,18 @@ void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
   ErrTrace::inner("Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)",
                   ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
                     FileRow row;
-                    row.sourceFileName = pFileName;
+                    row.sourceFileName = std::string(pFileName);  // with no room to spare
                     row.size = pSize;
                     row.date = pDate;
                     row.folder = FolderNumber(pParentName, pPatn);
                     row.type = TextNumber(pType);
                     row.fingerprint = file;
-                    rows_.push_back(std::move(row));
+                    rows_.Add(std::move(row));
                   });
 }
 
 void Records::DeleteAll() {
-  std::vector<FileRow>().swap(rows_);
+  rows_.Clear();
   folders_.clear();
   folder_numbers_.clear();
   text_numbers_.clear();
@@ -49,9 +49,9 @@ void Records::SetNewPath(FileRow& row, std::string_view path) {
 }
 
 std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path) {
-  if (!rows_.empty()) {  // files come folder by folder
-    const Folder& last = folders_[rows_.back().folder];
-    if (last.path == path && last.name == name) return rows_.back().folder;
+  if (!rows_.Empty()) {  // files come folder by folder
+    const Folder& last = folders_[rows_.Last().folder];
+    if (last.path == path && last.name == name) return rows_.Last().folder;
   }
   std::string key(path);
   key += '\0';
@@ -63,7 +63,7 @@ std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path
 }
 
 std::uint32_t Records::TextNumber(std::string_view t) {
-  if (!rows_.empty() && *texts_[rows_.back().type] == t) return rows_.back().type;
+  if (!rows_.Empty() && *texts_[rows_.Last().type] == t) return rows_.Last().type;
   const auto [place, added] =
       text_numbers_.try_emplace(std::string(t), static_cast<std::uint32_t>(texts_.size()));
   if (added) texts_.push_back(&place->first);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/file_row.h"
+#include "core/row_pieces.h"
 #include "platform/files.h"
 
 /// The rows in the order in which the scan added them, and the texts that they share.
@@ -22,7 +23,7 @@ class Records {
 
   void DeleteAll();
 
-  std::size_t Count() const { return rows_.size(); }
+  std::size_t Count() const { return rows_.Count(); }
   FileRow& operator[](std::size_t i) { return rows_[i]; }
   const FileRow& operator[](std::size_t i) const { return rows_[i]; }
 
@@ -76,7 +77,7 @@ class Records {
   std::uint32_t FolderNumber(std::string_view name, std::string_view path);
   std::uint32_t TextNumber(std::string_view t);
 
-  std::vector<FileRow> rows_;
+  RowPieces<FileRow> rows_;
   std::vector<Folder> folders_;
   std::unordered_map<std::string, std::uint32_t> folder_numbers_;  ///< by path, NUL, name
   std::unordered_map<std::string, std::uint32_t> text_numbers_;

@@ -53,7 +53,7 @@ std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) cons
 }
 
 std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::string_view pName) {
-  if (!holders_) MakeIndex();
+  if (!holders_ && !MakeIndex()) return std::nullopt;
   const std::vector<std::size_t> candidates = holders_->Under(Key(pPath, pName));
   const std::string wanted = std::string(pPath).append(pName);
   for (const bool exact : {true, false}) {
@@ -69,12 +69,16 @@ std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::str
   return std::nullopt;
 }
 
-void RunNameFreer::MakeIndex() {
-  holders_.emplace();
+/// False when the pass is to end.
+bool RunNameFreer::MakeIndex() {
+  HolderIndex holders(records_.Count());
   for (std::size_t i = 0; i < records_.Count(); ++i) {
+    if (!pass_.GoOn()) return false;
     const FileRow& row = records_[i];
-    if (StillToRename(row)) holders_->Add(Key(records_.Path(row), row.sourceFileName), i);
+    if (StillToRename(row)) holders.Add(Key(records_.Path(row), row.sourceFileName), i);
   }
+  holders_ = std::move(holders);
+  return true;
 }
 
 bool RunNameFreer::WantsAnotherName(const FileRow& row) {
@@ -104,7 +108,7 @@ bool UndoNameFreer::FindAndRename(std::size_t asker) {
 }
 
 bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
-  if (!holders_) MakeIndex();
+  if (!holders_ && !MakeIndex()) return false;
   const std::vector<std::size_t> candidates = holders_->Under(keys_(wanted));
   for (const bool exact : {true, false}) {
     for (const std::size_t record : candidates) {
@@ -118,13 +122,17 @@ bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
   return false;
 }
 
-void UndoNameFreer::MakeIndex() {
-  holders_.emplace();
+/// False when the pass is to end.
+bool UndoNameFreer::MakeIndex() {
+  HolderIndex holders(records_.Count());
   for (std::size_t i = 0; i < records_.Count(); ++i) {
+    if (!pass_.GoOn()) return false;
     for (const RowFile file : kRowFiles) {
-      if (const auto place = PlaceOf(records_, records_[i], file)) holders_->Add(keys_(*place), i);
+      if (const auto place = PlaceOf(records_, records_[i], file)) holders.Add(keys_(*place), i);
     }
   }
+  holders_ = std::move(holders);
+  return true;
 }
 
 bool UndoNameFreer::MakeWay(std::size_t record, RowFile file) {

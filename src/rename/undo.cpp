@@ -31,7 +31,7 @@ bool UndoRun::Undo() {
     records_[i].mark = Mark::kWaiting;
     if (!records_[i].TakesPartInUndo()) records_[i].problem = 0;
   }
-  RemoveMadeFolders();
+  if (!RemoveMadeFolders()) return false;
   // The next run may use other folders of these names.
   if (reports_.gFailureReport.empty()) records_.used_folders.clear();
   return true;
@@ -131,14 +131,16 @@ bool UndoRun::Return(std::size_t record, const std::string& present, const std::
 }
 
 /// The last made first, since it may lie in one made before it. What can't go now is tried again by
-/// the next undo.
-void UndoRun::RemoveMadeFolders() {
+/// the next undo. False when the user cancelled.
+bool UndoRun::RemoveMadeFolders() {
   std::vector<Records::MadeFolder>& made = records_.made_folders;
   for (std::size_t i = made.size(); i-- > 0;) {
+    if (!pass_.GoOn()) return false;
     if (!files_.DeleteMadeFolder(made[i].path, made[i].identity)) continue;
     records_.used_folders.erase(made[i].path + kNative.separator);
     made.erase(made.begin() + static_cast<std::ptrdiff_t>(i));
   }
+  return true;
 }
 
 void EmptyRollback(Records& records) {

@@ -34,7 +34,7 @@ class UndoRun {
   bool DeleteCopy(const FileRow& row);
   bool MoveBack(std::size_t record, RowFile file);
   bool Return(std::size_t record, const std::string& present, const std::string& former);
-  void RemoveMadeFolders();
+  bool RemoveMadeFolders();
 
   Pass& pass_;
   Records& records_;
