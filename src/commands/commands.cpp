@@ -23,11 +23,6 @@ namespace {
 
 using namespace mLanguageGobals;
 
-Services WithEvents(const Services& s, EventPump& events) {
-  return {s.files,      s.clock,   s.facts,   events,  s.locale,
-          s.type_names, s.folders, s.prompts, s.shell, s.settings};
-}
-
 /// The wait pointer for as long as it lives.
 class WaitPointer {
  public:
