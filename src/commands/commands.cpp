@@ -135,9 +135,18 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 }
 
 void Commands::ShowPass() {
-  state_.panes.paneResult = ProgressLine(state_.counts, services_.locale);
+  state_.panes.paneResult = ProgressLine(state_.counts, services_.locale) + NoJournal();
   view_.ShowPanes();
   list_.RepaintRows();
+}
+
+std::string Commands::NoJournal() {
+  const int problem = state_.journal_problem;
+  if (problem != 0 && problem != told_problem_) {
+    told_problem_ = problem;
+    told_in_run_ = run_count_;
+  }
+  return run_count_ == told_in_run_ ? NoJournalText(problem) : "";
 }
 
 void Commands::ShowResult(const PassKind& kind) {
@@ -145,6 +154,7 @@ void Commands::ShowResult(const PassKind& kind) {
   state_.panes.paneResult = kind.done_word.empty() ? NamesLine(state_.names, services_.locale)
                                                    : ResultLine(kind.done_word, state_.counts,
                                                                 session_.reports, services_.locale);
+  if (!kind.done_word.empty()) state_.panes.paneResult += NoJournal();
   view_.ShowPanes();
 }
 

@@ -98,6 +98,8 @@ class Commands {
   /// The pass as it stands, and what it came to in the end.
   void ShowPass();
   void ShowResult(const PassKind& kind);
+  /// That the run which is shown has no journal; said of one run only, until the cause is another.
+  std::string NoJournal();
   /// How many files are ticked, where that isn't all.
   void ShowTicks();
   void ShowNames();
@@ -123,4 +125,6 @@ class Commands {
   EmptyList list_state_ = EmptyList::kNotListed;  ///< of the last scan
   int mode_ = ModeNoFolder;
   int run_count_ = 0;
+  int told_problem_ = 0;  ///< of a journal, as errno
+  int told_in_run_ = 0;
 };

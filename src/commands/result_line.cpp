@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/language.h"
+#include "common/problem_text.h"
 #include "common/size_text.h"
 
 namespace {
@@ -63,4 +64,9 @@ std::string ResultLine(std::string_view done, const FileCounts& counts, const Ru
   AddPart(line, reports.gFailureReport.size(), kFailed, locale);
   AddPart(line, reports.gConflictReport.size(), kNumbered, locale);
   return line;
+}
+
+std::string NoJournalText(int problem) {
+  if (problem == 0) return {};
+  return std::string(". ").append(kNoUndoAfterCrash) + mCommon::ProblemText(problem);
 }

@@ -23,3 +23,7 @@ std::string NamesLine(const NameTally& names, const LocaleFacts& locale);
 /// What there is none of is left out, but for the first.
 std::string ResultLine(std::string_view done, const FileCounts& counts, const RunReports& reports,
                        const LocaleFacts& locale);
+
+/// That a run could not be undone after a crash, for its journal could not be written: why, as
+/// errno. Stands behind one of the lines above; empty for 0.
+std::string NoJournalText(int problem);

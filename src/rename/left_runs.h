@@ -39,7 +39,7 @@ class LeftRun {
 
   /// One file that isn't as it was before the first run.
   struct File {
-    std::string former;  ///< the path that PutBack gives it; of a copy, the path of its original
+    std::string former;   ///< the path that PutBack gives it; of a copy, the path of its original
     std::string present;  ///< where it stands now, or should; of a copy, where the copy stands
     Change change;
     int problem = 0;  ///< why it could not be put back: errno or a FileProblem; 0: not tried

@@ -1,0 +1,137 @@
+#include <algorithm>
+#include <utility>
+
+#include "rename/net_files.h"
+
+// Where the files of a journal are found to stand.
+
+bool NetFiles::Find(FileSystem& system, const GoOn& go_on) {
+  constexpr std::size_t kAsked = 100;
+  last_ = under_way_;
+  last_file_ = last_ ? last_file_ : kNone;
+  if (under_way_) Apply(false, {});
+  ExpectFolders(system);
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (i % kAsked == 0 && !go_on()) return false;
+    const bool stands = FindFile(system, i, i == last_file_);
+    if (files[i].twin) FindTwin(system, i, i == last_file_, stands);
+  }
+  FindMadeFolders(system);
+  return true;
+}
+
+/// After another start of the machine a device may have another number; the folder is then known
+/// by its path and the rest.
+void NetFiles::ExpectFolders(FileSystem& system) {
+  const std::string boot = OwnMark().boot;
+  const bool other_boot =
+      std::ranges::any_of(passes, [&](const auto& pass) { return pass.mark.boot != boot; });
+  const auto bring_up_to_date = [&](const std::string& path, FolderIdentity& identity) {
+    const auto now = system.IdentifyFolder(path);
+    const bool fits = now && now->inode == identity.inode && FitsBirth(now->born_ns, identity.born_ns);
+    if (other_boot && fits) identity.device = now->device;
+  };
+  for (KnownFolder& folder : folders) {
+    bring_up_to_date(folder.path, folder.identity);
+    system.ExpectFolder(folder.path, folder.identity);
+  }
+  for (MadeFolder& folder : made_folders) bring_up_to_date(PathOf(folder.place), folder.identity);
+}
+
+/// Whether it stands there; `identity` is then that of today.
+bool NetFiles::IsAt(FileSystem& system, const journal::Place& place, FileIdentity& identity) const {
+  const auto now = system.Identify(PathOf(place));
+  if (!now || !IsSameInode(*now, identity)) return false;
+  identity = *now;
+  return true;
+}
+
+bool NetFiles::FindFile(FileSystem& system, std::size_t number, bool last) {
+  File& file = files[number];
+  const std::uint64_t device = file.identity.device;
+  std::optional<journal::Place> found;
+  const auto look = [&](const journal::Place& place) {
+    if (!found && IsAt(system, place, file.identity)) found = place;
+  };
+  look(file.present);
+  std::for_each(file.earlier.rbegin(), file.earlier.rend(), look);
+  look(file.former);
+  if (!found && last) found = Unfinished(system, file.identity);
+  if (!found) return false;
+  if (file.twin && file.twin->both.source.device == device) {
+    file.twin->both.source.device = file.identity.device;
+  }
+  if (*found != file.present) {
+    found_.push_back({file.present, *found, file.identity, {}});
+    file.present = *found;
+    Index(file.present, number);
+  }
+  return true;
+}
+
+void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool stands) {
+  File& file = files[number];
+  Twin& twin = *file.twin;
+  FileIdentity now = twin.both.made;
+  std::optional<journal::Place> found;
+  if (IsAt(system, twin.place, now)) found = twin.place;
+  if (!found && twin.before && IsAt(system, *twin.before, now)) found = twin.before;
+  if (!found && last) found = Unfinished(system, now);
+  if (!found) {
+    // Another file in the place of a copy is told; where nothing stands, nothing is left to do.
+    const bool told = twin.sure && !twin.moves && system.Look(PathOf(twin.place));
+    if (!told) file.twin.reset();
+    return;
+  }
+  if (*found != twin.place) {
+    found_.push_back({file.present, *found, file.identity, twin.both});
+    twin.place = *found;
+    Index(twin.place, number);
+  }
+  twin.both.made.device = now.device;
+  if (!twin.moves) return;
+  if (!stands) return TakeTwinsPlace(file);
+  twin.moves = false;
+  if (twin.place != file.former) return;
+  // It was on its way back: the one to go is that from which it came.
+  std::swap(twin.place, file.present);
+  std::swap(twin.both.made, twin.both.source);
+  file.identity = twin.both.source;
+}
+
+/// An operation that was cut off may have left it under a name of its own.
+std::optional<journal::Place> NetFiles::Unfinished(FileSystem& system, FileIdentity& identity) {
+  const bool two = journal::HasTarget(last_->action) && last_->to.folder != last_->from.folder;
+  for (const std::uint32_t folder : {last_->from.folder, two ? last_->to.folder : last_->from.folder}) {
+    FolderEntries all;
+    system.List(folders[folder].path, [] { return true; }, all);
+    for (const FolderEntries::Entry& entry : all.entries) {
+      if (!IsUnfinishedName(entry.name)) continue;
+      const journal::Place place{folder, std::string(entry.name)};
+      if (IsAt(system, place, identity)) return place;
+    }
+  }
+  return std::nullopt;
+}
+
+void NetFiles::FindMadeFolders(FileSystem& system) {
+  for (MadeFolder& folder : made_folders) {
+    if (folder.identity.inode != 0) continue;
+    const auto now = system.IdentifyFolder(PathOf(folder.place));
+    if (now) folder.identity = *now;
+  }
+}
+
+void NetFiles::TellFound(journal::Sink& sink) {
+  for (const Found& found : found_) {
+    const auto action = found.copied ? journal::Action::kCopy : journal::Action::kMove;
+    sink.Before({action, Told(found.from), Told(found.to), found.file});
+    if (found.copied) sink.CopyIsWhole(*found.copied);
+    sink.After(journal::Outcome::kDone, {});
+  }
+  found_.clear();
+}
+
+bool NetFiles::Holds(const journal::Place& from, const FileIdentity& file) const {
+  return At(Known(from), file).file != kNone;
+}
