@@ -10,9 +10,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "common/language.h"
 #include "common/shell_actions.h"
+#include "filelist/empty_text.h"
 #include "filelist/grouped_rows_model.h"
 #include "filelist/list_view.h"
 #include "look/card.h"
@@ -91,8 +93,7 @@ void Form12::MakeList() {
   ReportControl1->setObjectName(QStringLiteral("ReportControl1"));
   ReportControl1->setAccessibleName(tr("Files that are not back"));
   ReportControl1->setSelectionMode(QAbstractItemView::SingleSelection);
-  setMinimumWidth(
-      std::min(2 * measure::kDialogMargin + ReportControl1->LeastWidth(), kMostLeastWidth));
+  ReportControl1->setMinimumWidth(std::min(ReportControl1->LeastWidth(), kMostLeastWidth));
   for (auto signal : {&ListView::rowDblClick, &ListView::rowEntered}) {
     OnSignal(ReportControl1, signal, this, Handler("ReportControl1_RowDblClick(Row,Item)"),
              [this](int row, int) {
@@ -129,22 +130,25 @@ void Form12::LayOut() {
 
 bool Form12::ShowLeftRun(const Reader& read) {
   const OrdinaryPointer pointer;
-  settled_ = close_wanted_ = false;
-  run_ = Read(read);
-  if (run_ == nullptr || later_) {
-    run_.reset();
+  settled_ = close_wanted_ = later_ = false;
+  std::unique_ptr<LeftRun> run = Read(read);
+  if (run == nullptr || later_) {
     hide();
     return !later_;
   }
-  ShowTexts(TextsOf(run_->Told(), services_.clock, services_.locale));
-  ShowStage(Stage::kAsking);
+  Ask(std::move(run));
   exec();
   run_.reset();
   return settled_;
 }
 
+void Form12::Ask(std::unique_ptr<LeftRun> run) {
+  run_ = std::move(run);
+  ShowTexts(TextsOf(run_->Told(), services_.clock, services_.locale));
+  ShowStage(Stage::kAsking);
+}
+
 std::unique_ptr<LeftRun> Form12::Read(const Reader& read) {
-  later_ = false;
   ShowStage(Stage::kReading);
   const std::int64_t began = services_.clock.Milliseconds();
   std::int64_t last = began;
@@ -160,8 +164,9 @@ std::unique_ptr<LeftRun> Form12::Read(const Reader& read) {
       QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     }
     last = services_.clock.Milliseconds();
-    const bool alone = parentWidget() != nullptr && !parentWidget()->isVisible();
-    return !later_ && !alone;
+    // Nobody is there any more to be told.
+    later_ = later_ || (parentWidget() != nullptr && !parentWidget()->isVisible());
+    return !later_;
   });
 }
 
@@ -182,6 +187,7 @@ void Form12::ShowStage(Stage stage) {
   bnOK->setText(done ? tr("&OK") : tr("Decide &later"));
   Explain(bnOK, done ? lbCounts->text() : tr("You are asked again at the next start"));
   ReportControl1->setEnabled(!working);
+  ReportControl1->Empty().SetTexts(done ? tr("Nothing is left to put back") : QString(), {});
   (working ? bnCancel : bnOK)->setFocus();
   if (working) {
     ShowProgress();
@@ -193,7 +199,7 @@ void Form12::ShowStage(Stage stage) {
 void Form12::ShowTexts(const LeftRunTexts& texts) {
   lbHeading->setText(text::Shown(texts.heading));
   if (!texts.story.empty()) lbStory->setText(text::Shown(texts.story));
-  lbFolder->setText(text::Shown(run_->Told().source_folder));
+  lbFolder->setText(tr("Folder: %1").arg(text::Shown(run_->Told().source_folder)));
   lbFolder->setToolTip(lbFolder->text());
   lbCounts->setText(text::Shown(texts.counts));
 }

@@ -34,6 +34,9 @@ class Form12 : public DialogFrame {
   /// already. Closed while files are put back, it cancels that first.
   bool ShowLeftRun(const Reader& read);
 
+  /// Tells of `run`, and what may be done with it.
+  void Ask(std::unique_ptr<LeftRun> run);
+
   QLabel* lbHeading;
   QLabel* lbStory;
   ElidedLabel* lbFolder;

@@ -41,13 +41,12 @@ std::string WhatHappened(const Facts& facts) {
 
 std::string WhenItBegan(const Facts& facts, Clock& clock, const LocaleFacts& locale) {
   const std::optional<LocalTime> began = clock.ToLocal(facts.began);
-  if (!began) return std::string(kItsFolder);
+  if (!began) return {};
   const auto two = [](int value) { return std::to_string(100 + value).substr(1); };
   return std::string(kRunBeganOn)
       .append(FormatDate("d mmmm yyyy", began->year, began->month, began->day, locale))
       .append(kAt)
-      .append(two(began->hour) + ":" + two(began->minute))
-      .append(kInThisFolder);
+      .append(two(began->hour) + ":" + two(began->minute) + ".");
 }
 
 /// "12 of 100 files were renamed", "12 files are still renamed, 3 moved".

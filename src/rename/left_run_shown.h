@@ -9,8 +9,7 @@
 #include "platform/services.h"
 #include "rename/left_runs.h"
 
-/// What is told of a left run, but for the path of its folder, which stands between story and
-/// counts.
+/// What is told of a left run, beside the path of its folder.
 struct LeftRunTexts {
   std::string heading;
   std::string story;
@@ -32,7 +31,7 @@ LeftRunTexts ResultTexts(const LeftRun::Facts& before, const LeftRun::Facts& now
                          const LocaleFacts& locale);
 
 /// The columns of the list of its files. The rows are grouped by kLeftPath.
-enum LeftColumn : int { kLeftPath, kLeftFormer, kLeftPresent, kLeftFolder, kLeftReason };
+enum LeftFilesColumn : int { kLeftPath, kLeftFormer, kLeftPresent, kLeftFolder, kLeftReason };
 
 /// The list of `files`, which it refers to.
 RecordSource LeftFiles(const std::vector<LeftRun::File>& files);
