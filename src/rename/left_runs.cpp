@@ -64,7 +64,9 @@ class FoundRun final : public LeftRun {
   Change ChangeOf(const NetFiles::File& file) const;
   void WriteOn();
   void MakeRows(Records& records, std::vector<std::size_t>& numbers) const;
-  void MakeRow(Records& records, const NetFiles::File& file) const;
+  void MakeRowsOf(Records& records, const NetFiles::File& file) const;
+  FileRow& NewRow(Records& records, const journal::Place& former,
+                  const journal::Place& present) const;
 
   std::unique_ptr<JournalFile> file_;  ///< until it is written on
   RunJournal journal_;
@@ -118,32 +120,42 @@ void FoundRun::WriteOn() {
   if (!whole) journal_.Incomplete();
 }
 
-/// The rows as the runs would have left them.
-void FoundRun::MakeRow(Records& records, const NetFiles::File& file) const {
-  const std::string& former = net_.folders[file.former.folder].path;
-  records.AddRecord("", former, file.former.name, FileDate(), 0, "");
+FileRow& FoundRun::NewRow(Records& records, const journal::Place& former,
+                          const journal::Place& present) const {
+  records.AddRecord("", net_.folders[former.folder].path, former.name, FileDate(), 0, "");
   FileRow& row = records[records.Count() - 1];
   row.KeepRollback();
   row.RowTag = 1;
   row.mark = Mark::kDone;
-  const journal::Place& place = file.twin ? file.twin->place : file.present;
-  row.newFileName = place.name;
-  if (place.folder != file.former.folder) records.SetNewPath(row, net_.folders[place.folder].path);
-  row.mode = place.folder == file.former.folder ? kUseSourceFolder : kMoveTo;
-  if (!file.twin) return;
-  row.mode = kCopyTo;
-  records.SetNewPath(row, net_.folders[place.folder].path);
-  records.SetMadeCopy(row, file.twin->both);
-  if (file.present.name != file.former.name) row.MoveAside(file.present.name);
+  row.newFileName = present.name;
+  const bool here = present.folder == former.folder;
+  row.mode = here ? kUseSourceFolder : kMoveTo;
+  if (!here) records.SetNewPath(row, net_.folders[present.folder].path);
+  return row;
+}
+
+/// The rows as runs would have left them. What was made of a file that was on its way to another
+/// device goes first, by a row of its own.
+void FoundRun::MakeRowsOf(Records& records, const NetFiles::File& file) const {
+  const bool apart = file.present.folder != file.former.folder;
+  if (file.twin) {
+    FileRow& row = NewRow(records, apart ? file.present : file.former, file.twin->place);
+    row.mode = kCopyTo;
+    records.SetMadeCopy(row, file.twin->both);
+    if (!apart && file.present.name != file.former.name) row.MoveAside(file.present.name);
+  }
+  if (!file.twin || apart) NewRow(records, file.former, file.present);
 }
 
 void FoundRun::MakeRows(Records& records, std::vector<std::size_t>& numbers) const {
   for (std::size_t i = 0; i < net_.files.size(); ++i) {
     if (!net_.files[i].IsElsewhere()) continue;
-    MakeRow(records, net_.files[i]);
-    numbers.push_back(i);
+    MakeRowsOf(records, net_.files[i]);
+    numbers.resize(records.Count(), i);
   }
-  for (const auto& folder : net_.folders) records.scanned_folders[folder.path] = folder.identity;
+  for (const auto& folder : net_.folders) {
+    if (folder.identity.inode != 0) records.scanned_folders[folder.path] = folder.identity;
+  }
   for (const auto& folder : net_.made_folders) {
     records.made_folders.push_back({net_.PathOf(folder.place), folder.identity});
   }
@@ -168,9 +180,11 @@ bool FoundRun::PutBack(const Services& services, RunState& state) {
     RunReports reports;
     Pass undo(records, state, journaled.Get(), records.Count());
     const bool done = UndoRun(undo, reports).Undo();
+    net_.FindMoved(services.files);
     services.files.LetFoldersGo();
+    for (NetFiles::File& file : net_.files) file.problem = 0;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
-      net_.files[numbers[i]].problem = records[i].TakesPartInUndo() ? records[i].problem : 0;
+      if (records[i].TakesPartInUndo()) net_.files[numbers[i]].problem = records[i].problem;
     }
     both.End();
     TellFacts();

@@ -38,7 +38,7 @@ class NetFiles : public journal::Sink {
   };
   struct KnownFolder {
     std::string path;  ///< with its closing separator
-    FolderIdentity identity;
+    FolderIdentity identity;  ///< without an inode: whichever stands there
   };
   struct MadeFolder {
     journal::Place place;
@@ -56,7 +56,10 @@ class NetFiles : public journal::Sink {
 
   /// Looks where each file stands; an operation whose outcome isn't told may have been done or not.
   /// False when `go_on` wanted to stop.
-  bool Find(FileSystem& files, const GoOn& go_on);
+  bool Find(FileSystem& system, const GoOn& go_on);
+
+  /// The same of those that were moved to another device, when they are all that has changed.
+  void FindMoved(FileSystem& system);
 
   /// Has `sink` told of the files that were found elsewhere than the journal tells, once.
   void TellFound(journal::Sink& sink);
@@ -103,12 +106,15 @@ class NetFiles : public journal::Sink {
   void Delete(bool sure);
   void AddTwin(std::size_t file, bool moves, bool sure);
   void TakeTwinsPlace(File& file);
+  void ExpectNoMore(const journal::Place& place);
 
   void ExpectFolders(FileSystem& system);
   bool FindFile(FileSystem& system, std::size_t file, bool last);
   void FindTwin(FileSystem& system, std::size_t file, bool last, bool stands);
   bool IsAt(FileSystem& system, const journal::Place& place, FileIdentity& identity) const;
   std::optional<journal::Place> Unfinished(FileSystem& system, FileIdentity& identity);
+  std::optional<journal::Place> UnfinishedIn(FileSystem& system, std::uint32_t folder,
+                                             FileIdentity& identity);
   void FindMadeFolders(FileSystem& system);
 
   std::vector<std::uint32_t> numbers_;  ///< index in `folders` by the journal's number
