@@ -57,12 +57,13 @@ class FoundRun final : public LeftRun {
   bool Keep() override { return file_ ? file_->Remove() : journal_.Remove(); }
 
   bool IsWhole() const { return std::ranges::none_of(net_.files, &NetFiles::File::IsElsewhere); }
+  /// What is left to do when all files are back.
   void RemoveMadeFolders(FileSystem& files);
 
  private:
   void TellFacts();
   Change ChangeOf(const NetFiles::File& file) const;
-  void WriteOn();
+  void WriteOn(journal::Sink& sink);
   void MakeRows(Records& records, std::vector<std::size_t>& numbers) const;
   void MakeRowsOf(Records& records, const NetFiles::File& file) const;
   FileRow& NewRow(Records& records, const journal::Place& former,
@@ -112,12 +113,18 @@ std::vector<LeftRun::File> FoundRun::Files(std::size_t most) const {
   return told;
 }
 
-/// The journal is written on behind its last whole record.
-void FoundRun::WriteOn() {
-  if (!file_) return;
-  const bool whole = file_->CutTo(end_);
-  journal_.GoOnWith(std::move(file_), net_.FolderCount());
-  if (!whole) journal_.Incomplete();
+/// The journal is written on behind its last whole record, with what was found.
+void FoundRun::WriteOn(journal::Sink& sink) {
+  if (file_) {
+    const bool whole = file_->CutTo(end_);
+    journal_.GoOnWith(std::move(file_), net_.FolderCount());
+    if (!whole) journal_.Incomplete();
+  }
+  journal::PassFacts pass = net_.passes.back();
+  pass.mark = OwnMark();
+  pass.work = journal::Work::kPutBack;
+  sink.Begin(pass);
+  net_.TellFound(journal_);
 }
 
 FileRow& FoundRun::NewRow(Records& records, const journal::Place& former,
@@ -163,16 +170,11 @@ void FoundRun::MakeRows(Records& records, std::vector<std::size_t>& numbers) con
 
 bool FoundRun::PutBack(const Services& services, RunState& state) {
   return ErrTrace::inner("LeftRun.PutBack", [&] {
-    WriteOn();
     Both both(journal_, net_);
-    journal::PassFacts pass = net_.passes.back();
-    pass.mark = OwnMark();
-    pass.work = journal::Work::kPutBack;
-    both.Begin(pass);
+    WriteOn(both);
     JournaledServices journaled(
         services, both, [&] { journal_.Sync(); },
         [&](const auto& from, const auto& file) { return net_.Holds(from, file); });
-    net_.TellFound(journal_);
     Records records;
     std::vector<std::size_t> numbers;
     MakeRows(records, numbers);
@@ -194,6 +196,9 @@ bool FoundRun::PutBack(const Services& services, RunState& state) {
 }
 
 void FoundRun::RemoveMadeFolders(FileSystem& files) {
+  if (net_.made_folders.empty()) return;
+  WriteOn(journal_);
+  journal_.End();
   for (auto folder = net_.made_folders.rbegin(); folder != net_.made_folders.rend(); ++folder) {
     files.DeleteMadeFolder(net_.PathOf(folder->place), folder->identity);
   }

@@ -111,6 +111,7 @@ void NetFiles::Apply(bool sure, const FileIdentity& made) {
       Delete(sure);
       break;
     case journal::Action::kMakeFolder:
+      std::erase_if(made_folders, [&](const auto& f) { return f.place == operation.from; });
       made_folders.push_back({operation.from, {made.device, made.inode, made.born_ns}});
       ExpectNoMore(operation.from);
       break;

@@ -61,7 +61,8 @@ class NetFiles : public journal::Sink {
   /// The same of those that were moved to another device, when they are all that has changed.
   void FindMoved(FileSystem& system);
 
-  /// Has `sink` told of the files that were found elsewhere than the journal tells, once.
+  /// Has `sink` told, once, of what was found elsewhere than the journal tells, and of folders that
+  /// it doesn't tell apart from others.
   void TellFound(journal::Sink& sink);
 
   /// Whether what stands at `from`, which is `file`, is one of them.
@@ -126,4 +127,5 @@ class NetFiles : public journal::Sink {
   std::optional<journal::Operation> last_;  ///< whose outcome isn't told
   std::size_t last_file_ = kNone;
   std::vector<Found> found_;
+  std::vector<MadeFolder> found_folders_;
 };

@@ -129,7 +129,10 @@ std::optional<journal::Place> NetFiles::UnfinishedIn(FileSystem& system, std::ui
 void NetFiles::FindMadeFolders(FileSystem& system) {
   for (MadeFolder& folder : made_folders) {
     const auto now = system.IdentifyFolder(PathOf(folder.place));
-    if (now && folder.identity.inode == 0) folder.identity = *now;
+    if (now && folder.identity.inode == 0) {
+      folder.identity = *now;
+      found_folders_.push_back(folder);
+    }
     FileIdentity identity{folder.identity.device, folder.identity.inode, 0, 0,
                           folder.identity.born_ns};
     if (now == folder.identity || identity.inode == 0) continue;
@@ -145,7 +148,13 @@ void NetFiles::TellFound(journal::Sink& sink) {
     if (found.copied) sink.CopyIsWhole(*found.copied);
     sink.After(journal::Outcome::kDone, {});
   }
+  for (const MadeFolder& folder : found_folders_) {
+    const FolderIdentity& made = folder.identity;
+    sink.Before({journal::Action::kMakeFolder, Told(folder.place), {}, {}});
+    sink.After(journal::Outcome::kDone, {made.device, made.inode, 0, 0, made.born_ns});
+  }
   found_.clear();
+  found_folders_.clear();
 }
 
 bool NetFiles::Holds(const journal::Place& from, const FileIdentity& file) const {
