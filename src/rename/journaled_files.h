@@ -39,7 +39,8 @@ class JournaledFiles final : public FileSystem {
     return files_.IsSameEntry(a, b);
   }
   bool IsVeryFile(std::string_view path, const FileIdentity& file) override {
-    return files_.IsVeryFile(path, file);
+    // Putting back, the original may be a link that was made anew on another device.
+    return files_.IsVeryFile(path, file) || (may_move_ && files_.Identify(path) == file);
   }
   bool List(std::string_view path, const GoOn& go_on, FolderEntries& entries) override {
     return files_.List(path, go_on, entries);

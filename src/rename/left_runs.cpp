@@ -57,14 +57,17 @@ class FoundRun final : public LeftRun {
   bool Keep() override { return file_ ? file_->Remove() : journal_.Remove(); }
 
   bool IsWhole() const { return std::ranges::none_of(net_.files, &NetFiles::File::IsElsewhere); }
+  /// What is left to do when all files are back.
   void RemoveMadeFolders(FileSystem& files);
 
  private:
   void TellFacts();
   Change ChangeOf(const NetFiles::File& file) const;
-  void WriteOn();
+  void WriteOn(journal::Sink& sink);
   void MakeRows(Records& records, std::vector<std::size_t>& numbers) const;
-  void MakeRow(Records& records, const NetFiles::File& file) const;
+  void MakeRowsOf(Records& records, const NetFiles::File& file) const;
+  FileRow& NewRow(Records& records, const journal::Place& former,
+                  const journal::Place& present) const;
 
   std::unique_ptr<JournalFile> file_;  ///< until it is written on
   RunJournal journal_;
@@ -110,40 +113,56 @@ std::vector<LeftRun::File> FoundRun::Files(std::size_t most) const {
   return told;
 }
 
-/// The journal is written on behind its last whole record.
-void FoundRun::WriteOn() {
-  if (!file_) return;
-  const bool whole = file_->CutTo(end_);
-  journal_.GoOnWith(std::move(file_), net_.FolderCount());
-  if (!whole) journal_.Incomplete();
+/// The journal is written on behind its last whole record, with what was found.
+void FoundRun::WriteOn(journal::Sink& sink) {
+  if (file_) {
+    const bool whole = file_->CutTo(end_);
+    journal_.GoOnWith(std::move(file_), net_.FolderCount());
+    if (!whole) journal_.Incomplete();
+  }
+  journal::PassFacts pass = net_.passes.back();
+  pass.mark = OwnMark();
+  pass.work = journal::Work::kPutBack;
+  sink.Begin(pass);
+  net_.TellFound(journal_);
 }
 
-/// The rows as the runs would have left them.
-void FoundRun::MakeRow(Records& records, const NetFiles::File& file) const {
-  const std::string& former = net_.folders[file.former.folder].path;
-  records.AddRecord("", former, file.former.name, FileDate(), 0, "");
+FileRow& FoundRun::NewRow(Records& records, const journal::Place& former,
+                          const journal::Place& present) const {
+  records.AddRecord("", net_.folders[former.folder].path, former.name, FileDate(), 0, "");
   FileRow& row = records[records.Count() - 1];
   row.KeepRollback();
   row.RowTag = 1;
   row.mark = Mark::kDone;
-  const journal::Place& place = file.twin ? file.twin->place : file.present;
-  row.newFileName = place.name;
-  if (place.folder != file.former.folder) records.SetNewPath(row, net_.folders[place.folder].path);
-  row.mode = place.folder == file.former.folder ? kUseSourceFolder : kMoveTo;
-  if (!file.twin) return;
-  row.mode = kCopyTo;
-  records.SetNewPath(row, net_.folders[place.folder].path);
-  records.SetMadeCopy(row, file.twin->both);
-  if (file.present.name != file.former.name) row.MoveAside(file.present.name);
+  row.newFileName = present.name;
+  const bool here = present.folder == former.folder;
+  row.mode = here ? kUseSourceFolder : kMoveTo;
+  if (!here) records.SetNewPath(row, net_.folders[present.folder].path);
+  return row;
+}
+
+/// The rows as runs would have left them. What was made of a file that was on its way to another
+/// device goes first, by a row of its own.
+void FoundRun::MakeRowsOf(Records& records, const NetFiles::File& file) const {
+  const bool apart = file.present.folder != file.former.folder;
+  if (file.twin) {
+    FileRow& row = NewRow(records, apart ? file.present : file.former, file.twin->place);
+    row.mode = kCopyTo;
+    records.SetMadeCopy(row, file.twin->both);
+    if (!apart && file.present.name != file.former.name) row.MoveAside(file.present.name);
+  }
+  if (!file.twin || apart) NewRow(records, file.former, file.present);
 }
 
 void FoundRun::MakeRows(Records& records, std::vector<std::size_t>& numbers) const {
   for (std::size_t i = 0; i < net_.files.size(); ++i) {
     if (!net_.files[i].IsElsewhere()) continue;
-    MakeRow(records, net_.files[i]);
-    numbers.push_back(i);
+    MakeRowsOf(records, net_.files[i]);
+    numbers.resize(records.Count(), i);
   }
-  for (const auto& folder : net_.folders) records.scanned_folders[folder.path] = folder.identity;
+  for (const auto& folder : net_.folders) {
+    if (folder.identity.inode != 0) records.scanned_folders[folder.path] = folder.identity;
+  }
   for (const auto& folder : net_.made_folders) {
     records.made_folders.push_back({net_.PathOf(folder.place), folder.identity});
   }
@@ -151,16 +170,11 @@ void FoundRun::MakeRows(Records& records, std::vector<std::size_t>& numbers) con
 
 bool FoundRun::PutBack(const Services& services, RunState& state) {
   return ErrTrace::inner("LeftRun.PutBack", [&] {
-    WriteOn();
     Both both(journal_, net_);
-    journal::PassFacts pass = net_.passes.back();
-    pass.mark = OwnMark();
-    pass.work = journal::Work::kPutBack;
-    both.Begin(pass);
+    WriteOn(both);
     JournaledServices journaled(
         services, both, [&] { journal_.Sync(); },
         [&](const auto& from, const auto& file) { return net_.Holds(from, file); });
-    net_.TellFound(journal_);
     Records records;
     std::vector<std::size_t> numbers;
     MakeRows(records, numbers);
@@ -168,9 +182,11 @@ bool FoundRun::PutBack(const Services& services, RunState& state) {
     RunReports reports;
     Pass undo(records, state, journaled.Get(), records.Count());
     const bool done = UndoRun(undo, reports).Undo();
+    net_.FindMoved(services.files);
     services.files.LetFoldersGo();
+    for (NetFiles::File& file : net_.files) file.problem = 0;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
-      net_.files[numbers[i]].problem = records[i].TakesPartInUndo() ? records[i].problem : 0;
+      if (records[i].TakesPartInUndo()) net_.files[numbers[i]].problem = records[i].problem;
     }
     both.End();
     TellFacts();
@@ -180,6 +196,9 @@ bool FoundRun::PutBack(const Services& services, RunState& state) {
 }
 
 void FoundRun::RemoveMadeFolders(FileSystem& files) {
+  if (net_.made_folders.empty()) return;
+  WriteOn(journal_);
+  journal_.End();
   for (auto folder = net_.made_folders.rbegin(); folder != net_.made_folders.rend(); ++folder) {
     files.DeleteMadeFolder(net_.PathOf(folder->place), folder->identity);
   }

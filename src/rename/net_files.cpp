@@ -4,6 +4,8 @@
 #include <functional>
 #include <utility>
 
+#include "common/path_text.h"
+
 // What the journal tells; net_files_found.cpp has what is found.
 
 namespace {
@@ -109,15 +111,24 @@ void NetFiles::Apply(bool sure, const FileIdentity& made) {
       Delete(sure);
       break;
     case journal::Action::kMakeFolder:
+      std::erase_if(made_folders, [&](const auto& f) { return f.place == operation.from; });
       made_folders.push_back({operation.from, {made.device, made.inode, made.born_ns}});
+      ExpectNoMore(operation.from);
       break;
     case journal::Action::kRemoveFolder:
       if (sure) {
         std::erase_if(made_folders, [&](const auto& f) { return f.place == operation.from; });
+        ExpectNoMore(operation.from);
       }
       break;
   }
   under_way_.reset();
+}
+
+/// Another folder may stand there than before.
+void NetFiles::ExpectNoMore(const journal::Place& place) {
+  const auto known = by_path_.find(PathOf(place) + kNative.separator);
+  if (known != by_path_.end()) folders[known->second].identity = {};
 }
 
 void NetFiles::Move(bool sure) {

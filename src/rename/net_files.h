@@ -38,7 +38,7 @@ class NetFiles : public journal::Sink {
   };
   struct KnownFolder {
     std::string path;  ///< with its closing separator
-    FolderIdentity identity;
+    FolderIdentity identity;  ///< without an inode: whichever stands there
   };
   struct MadeFolder {
     journal::Place place;
@@ -56,9 +56,13 @@ class NetFiles : public journal::Sink {
 
   /// Looks where each file stands; an operation whose outcome isn't told may have been done or not.
   /// False when `go_on` wanted to stop.
-  bool Find(FileSystem& files, const GoOn& go_on);
+  bool Find(FileSystem& system, const GoOn& go_on);
 
-  /// Has `sink` told of the files that were found elsewhere than the journal tells, once.
+  /// The same of those that were moved to another device, when they are all that has changed.
+  void FindMoved(FileSystem& system);
+
+  /// Has `sink` told, once, of what was found elsewhere than the journal tells, and of folders that
+  /// it doesn't tell apart from others.
   void TellFound(journal::Sink& sink);
 
   /// Whether what stands at `from`, which is `file`, is one of them.
@@ -103,12 +107,15 @@ class NetFiles : public journal::Sink {
   void Delete(bool sure);
   void AddTwin(std::size_t file, bool moves, bool sure);
   void TakeTwinsPlace(File& file);
+  void ExpectNoMore(const journal::Place& place);
 
   void ExpectFolders(FileSystem& system);
   bool FindFile(FileSystem& system, std::size_t file, bool last);
   void FindTwin(FileSystem& system, std::size_t file, bool last, bool stands);
   bool IsAt(FileSystem& system, const journal::Place& place, FileIdentity& identity) const;
   std::optional<journal::Place> Unfinished(FileSystem& system, FileIdentity& identity);
+  std::optional<journal::Place> UnfinishedIn(FileSystem& system, std::uint32_t folder,
+                                             FileIdentity& identity);
   void FindMadeFolders(FileSystem& system);
 
   std::vector<std::uint32_t> numbers_;  ///< index in `folders` by the journal's number
@@ -120,4 +127,5 @@ class NetFiles : public journal::Sink {
   std::optional<journal::Operation> last_;  ///< whose outcome isn't told
   std::size_t last_file_ = kNone;
   std::vector<Found> found_;
+  std::vector<MadeFolder> found_folders_;
 };

@@ -20,6 +20,13 @@ bool NetFiles::Find(FileSystem& system, const GoOn& go_on) {
   return true;
 }
 
+void NetFiles::FindMoved(FileSystem& system) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (!files[i].twin || !files[i].twin->moves) continue;
+    FindTwin(system, i, false, FindFile(system, i, false));
+  }
+}
+
 /// After another start of the machine a device may have another number; the folder is then known
 /// by its path and the rest.
 void NetFiles::ExpectFolders(FileSystem& system) {
@@ -33,7 +40,7 @@ void NetFiles::ExpectFolders(FileSystem& system) {
   };
   for (KnownFolder& folder : folders) {
     bring_up_to_date(folder.path, folder.identity);
-    system.ExpectFolder(folder.path, folder.identity);
+    if (folder.identity.inode != 0) system.ExpectFolder(folder.path, folder.identity);
   }
   for (MadeFolder& folder : made_folders) bring_up_to_date(PathOf(folder.place), folder.identity);
 }
@@ -101,24 +108,36 @@ void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool 
 
 /// An operation that was cut off may have left it under a name of its own.
 std::optional<journal::Place> NetFiles::Unfinished(FileSystem& system, FileIdentity& identity) {
-  const bool two = journal::HasTarget(last_->action) && last_->to.folder != last_->from.folder;
-  for (const std::uint32_t folder : {last_->from.folder, two ? last_->to.folder : last_->from.folder}) {
-    FolderEntries all;
-    system.List(folders[folder].path, [] { return true; }, all);
-    for (const FolderEntries::Entry& entry : all.entries) {
-      if (!IsUnfinishedName(entry.name)) continue;
-      const journal::Place place{folder, std::string(entry.name)};
-      if (IsAt(system, place, identity)) return place;
-    }
+  const std::uint32_t from = last_->from.folder;
+  const std::uint32_t to = journal::HasTarget(last_->action) ? last_->to.folder : from;
+  std::optional<journal::Place> found = UnfinishedIn(system, from, identity);
+  return found || from == to ? found : UnfinishedIn(system, to, identity);
+}
+
+std::optional<journal::Place> NetFiles::UnfinishedIn(FileSystem& system, std::uint32_t folder,
+                                                     FileIdentity& identity) {
+  FolderEntries all;
+  system.List(folders[folder].path, [] { return true; }, all);
+  for (const FolderEntries::Entry& entry : all.entries) {
+    if (!IsUnfinishedName(entry.name)) continue;
+    const journal::Place place{folder, std::string(entry.name)};
+    if (IsAt(system, place, identity)) return place;
   }
   return std::nullopt;
 }
 
 void NetFiles::FindMadeFolders(FileSystem& system) {
   for (MadeFolder& folder : made_folders) {
-    if (folder.identity.inode != 0) continue;
     const auto now = system.IdentifyFolder(PathOf(folder.place));
-    if (now) folder.identity = *now;
+    if (now && folder.identity.inode == 0) {
+      folder.identity = *now;
+      found_folders_.push_back(folder);
+    }
+    FileIdentity identity{folder.identity.device, folder.identity.inode, 0, 0,
+                          folder.identity.born_ns};
+    if (now == folder.identity || identity.inode == 0) continue;
+    const auto place = UnfinishedIn(system, folder.place.folder, identity);
+    if (place) folder.place = *place;
   }
 }
 
@@ -129,7 +148,13 @@ void NetFiles::TellFound(journal::Sink& sink) {
     if (found.copied) sink.CopyIsWhole(*found.copied);
     sink.After(journal::Outcome::kDone, {});
   }
+  for (const MadeFolder& folder : found_folders_) {
+    const FolderIdentity& made = folder.identity;
+    sink.Before({journal::Action::kMakeFolder, Told(folder.place), {}, {}});
+    sink.After(journal::Outcome::kDone, {made.device, made.inode, 0, 0, made.born_ns});
+  }
   found_.clear();
+  found_folders_.clear();
 }
 
 bool NetFiles::Holds(const journal::Place& from, const FileIdentity& file) const {

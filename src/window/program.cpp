@@ -79,6 +79,7 @@ void Program::Start(const std::string& folder) {
   Parts& p = *parts_;
   ErrTrace::top("mMain.Main",
                 [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
+  p.session.journal.KeepIn(JournalFolder());
   if (!folder.empty()) MainWindow().TakeSourceFolder(folder);
   MainWindow().show();
   p.reporter.GiveWindowsTo(MainWindow());

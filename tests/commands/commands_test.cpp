@@ -131,6 +131,19 @@ TEST_F(CommandsTest, GoFromModeToMode) {
   }
 }
 
+TEST_F(CommandsTest, SayOnceWhyARunHasNoJournal) {
+  session.journal.KeepIn("/dev/null/journals");
+  const char* const table[][2] = {{"l p r",
+                                   "2 renamed. Undo after a crash isn't possible: There is a file "
+                                   "where a folder should be."},
+                                  {"u", "2 undone"},
+                                  {"l p r", "2 renamed"}};
+  for (const auto& [road, result] : table) {
+    Walk(road);
+    EXPECT_EQ(state.panes.paneResult, result);
+  }
+}
+
 TEST_F(CommandsTest, LeaveOnlyCancelOnDuringAPass) {
   const std::pair<void (Commands::*)(), std::string> table[] = {
       {&Commands::bnLoadFileList_Click, "total stretched 0"},
