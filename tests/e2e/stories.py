@@ -8,6 +8,7 @@ What was seen at a fault goes to the report folder.
 import os
 import re
 import shutil
+import signal
 import subprocess
 import sys
 from pathlib import Path
@@ -134,21 +135,35 @@ def work_from_first_start_to_the_next():
     again.close()
 
 
-def end_amid_run():
-    """As a session ends: each file stays whole, under one of its two names."""
+def end_amid_run(end=subprocess.Popen.terminate, ends_with=0):
+    """As a session ends: each file stays whole, under one of its two names. Answers them before."""
     before = make_files(b"%06d of many.txt" % number for number in range(MANY))
     program = start_by_desktop()
     keep_first(program, 6)
     begun = (FILES / "000000.txt").exists
-    ender = Thread(target=lambda: wait("the run begins", begun) and program.process.terminate())
+    ender = Thread(target=lambda: wait("the run begins", begun) and end(program.process))
     ender.start()  # before the run, which is soon over
     program.press(RENAME)
-    program.wait_for_end()
+    check("the program's end", lambda: program.process.wait(60), ends_with)
     ender.join()
     after = on_disk()
     check("contents", lambda: sorted((name[:6], after[name]) for name in after),
           sorted((name[:6], before[name]) for name in before))
     check("ended amid the run", lambda: after.keys().isdisjoint(before), False)
+    return before
+
+
+def put_back_what_was_killed():
+    before = end_amid_run(subprocess.Popen.kill, -signal.SIGKILL)
+    for done in (False, True):
+        program = Program("quorvane")
+        check("windows", program.windows, [TITLE, "Earlier run"])
+        program.press("Put back" if done else "Decide later")
+        if done:
+            check("put back", on_disk, before)
+            program.press("OK")
+        check("windows", program.windows, [TITLE])
+        program.close()
 
 
 def work_by_accessible_actions():
@@ -164,7 +179,7 @@ def work_by_accessible_actions():
     check("stored at the end", lambda: FILES.name in CONFIG.read_text(), True)
 
 
-STORIES = {"x": [work_from_first_start_to_the_next, end_amid_run],
+STORIES = {"x": [work_from_first_start_to_the_next, end_amid_run, put_back_what_was_killed],
            "wayland": [work_by_accessible_actions]}
 
 
