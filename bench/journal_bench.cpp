@@ -43,7 +43,8 @@ std::string Name(int i, const char* what) {
   return buffer;
 }
 
-/// Seconds of a run that gives all files of `folder` new names, told to `journal` if that keeps any.
+/// Seconds of a run that gives all files of `folder` new names, told to `journal` if that keeps
+/// any.
 double RunOnce(World& world, const std::string& folder, const char* from, const char* to,
                RunJournal& journal) {
   Records records;
@@ -93,7 +94,7 @@ void MeasureRun(World& world, const std::string& root) {
 void PrintSize(std::size_t name) {
   journal::Writer writer;
   std::string bytes;
-  const FileIdentity file{0xFE00, 12'345'678, 0, 0, 1'700'000'000'000'000'000};
+  const Fingerprint file = 0x123456789ABCDEF0;
   const std::string from(name, 'a'), to(name, 'b');
   writer.Before(bytes, {journal::Action::kMove, {100, from}, {100, to}, file});
   writer.After(journal::Outcome::kDone, {});

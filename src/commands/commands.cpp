@@ -326,8 +326,8 @@ bool Commands::fRename(const RunOutput& output) {
 
 void Commands::BeginJournal(journal::Work work, const RunOutput& output) {
   if (!session_.journal.Keeps()) return;
-  journal::PassFacts pass{OwnMark(), UnixSeconds(), work, output.chosen.cmbDestination,
-                          output.fdSourceFolder, 0};
+  journal::PassFacts pass{
+      OwnMark(), UnixSeconds(), work, output.chosen.cmbDestination, output.fdSourceFolder, 0};
   for (std::size_t i = 0; work == journal::Work::kRun && i < session_.records.Count(); ++i) {
     pass.wanted += session_.records[i].checked && session_.records[i].RowTag != 1;
   }

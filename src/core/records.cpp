@@ -8,7 +8,7 @@ Records::Records() {
 
 void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
                         std::string_view pFileName, FileDate pDate, double pSize,
-                        std::string_view pType) {
+                        std::string_view pType, Fingerprint file) {
   ErrTrace::inner("Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)",
                   ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
                     FileRow row;
@@ -17,6 +17,7 @@ void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
                     row.date = pDate;
                     row.folder = FolderNumber(pParentName, pPatn);
                     row.type = TextNumber(pType);
+                    row.fingerprint = file;
                     rows_.push_back(std::move(row));
                   });
 }
@@ -28,18 +29,23 @@ void Records::DeleteAll() {
   text_numbers_.clear();
   texts_.clear();
   TextNumber("");  // number 0 is the empty text
-  made_copies_.assign(1, {});
+  made_copies_.clear();
   scanned_folders.clear();
   used_folders.clear();
   made_folders.clear();
 }
 
 void Records::SetMadeCopy(FileRow& row, const CopyIdentities& copied) {
-  if (row.madeCopy == 0) {
-    row.madeCopy = static_cast<std::uint32_t>(made_copies_.size());
-    made_copies_.emplace_back();
+  if (!HasCopy(row)) {
+    made_copies_.push_back({{}, row.outcome});
+    row.outcome = kCopy + static_cast<std::uint32_t>(made_copies_.size() - 1);
   }
-  made_copies_[row.madeCopy] = copied;
+  made_copies_[row.outcome - kCopy].both = copied;
+}
+
+/// A row whose copy was deleted keeps its place for the next one.
+void Records::SetNewPath(FileRow& row, std::string_view path) {
+  (HasCopy(row) ? made_copies_[row.outcome - kCopy].new_path : row.outcome) = TextNumber(path);
 }
 
 std::uint32_t Records::FolderNumber(std::string_view name, std::string_view path) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "settings/output_modes.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -15,17 +16,19 @@ bool StillToRename(const FileRow& row) {
 
 }  // namespace
 
-std::string NameFreer::MoveAside(const RowPlace& place) {
+std::string NameFreer::MoveAside(const RowPlace& place, Fingerprint& file) {
   const NumberTexts users{state_.numbering.gNumberLeft, state_.numbering.gNumberRight};
-  std::string aside = MoveAside(place, users);
-  return aside.empty() && users != kSafeNumberTexts ? MoveAside(place, kSafeNumberTexts) : aside;
+  std::string aside = MoveAside(place, users, file);
+  if (!aside.empty() || users == kSafeNumberTexts) return aside;
+  return MoveAside(place, kSafeNumberTexts, file);
 }
 
-std::string NameFreer::MoveAside(const RowPlace& place, const NumberTexts& texts) {
+std::string NameFreer::MoveAside(const RowPlace& place, const NumberTexts& texts,
+                                 Fingerprint& file) {
   std::string candidate = numbering_.FreeAsideName(place.folder, place.name, texts);
   if (candidate.empty()) return {};
   const std::string from = place.Path();
-  if (!files_.MoveFile(from, std::string(place.folder).append(candidate), {})) return {};
+  if (!files_.MoveKnown(from, std::string(place.folder).append(candidate), {}, file)) return {};
   numbering_.Freed(from);
   return candidate;
 }
@@ -81,7 +84,7 @@ bool RunNameFreer::WantsAnotherName(const FileRow& row) {
 
 bool RunNameFreer::MakeWay(std::size_t record) {
   FileRow& row = records_[record];
-  std::string aside = MoveAside({records_.Path(row), row.sourceFileName});
+  std::string aside = MoveAside({records_.Path(row), row.sourceFileName}, row.fingerprint);
   if (aside.empty()) return false;
   row.KeepRollback();
   row.MoveAside(std::move(aside));
@@ -91,16 +94,16 @@ bool RunNameFreer::MakeWay(std::size_t record) {
 
 // The undo.
 
-void UndoNameFreer::FindAndRename(std::size_t asker) {
+bool UndoNameFreer::FindAndRename(std::size_t asker) {
   const RowPlace wanted = FormerPlace(records_, records_[asker]);
   const std::string_view pPath = wanted.folder, pName = wanted.name, CorrectedNewName;
   const bool pRollback = true;
-  ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
-                  ErrTrace::args(pPath, pName, pRollback, CorrectedNewName),
-                  [&] { MoveHolderAside(asker, wanted); });
+  return ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
+                         ErrTrace::args(pPath, pName, pRollback, CorrectedNewName),
+                         [&] { return MoveHolderAside(asker, wanted); });
 }
 
-void UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
+bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
   if (!holders_) MakeIndex();
   const std::vector<std::size_t> candidates = holders_->Under(keys_(wanted));
   for (const bool exact : {true, false}) {
@@ -112,6 +115,7 @@ void UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
       }
     }
   }
+  return false;
 }
 
 void UndoNameFreer::MakeIndex() {
@@ -123,10 +127,12 @@ void UndoNameFreer::MakeIndex() {
   }
 }
 
-void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
+bool UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
   FileRow& row = records_[record];
-  std::string aside = MoveAside(*PlaceOf(records_, row, file));
-  if (aside.empty()) return;
+  const bool is_copy = file == RowFile::kResult && KeepsSource(row.mode);
+  Fingerprint copy = is_copy ? FingerprintOf(records_.MadeCopy(row).made) : 0;
+  std::string aside = MoveAside(*PlaceOf(records_, row, file), is_copy ? copy : row.fingerprint);
+  if (aside.empty()) return false;
   if (file == RowFile::kSource) {
     row.MoveAside(std::move(aside));
   } else {
@@ -134,4 +140,5 @@ void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
     row.newFileName = std::move(aside);
   }
   holders_->Add(keys_(*PlaceOf(records_, row, file)), record);
+  return true;
 }

@@ -27,8 +27,8 @@ class NameFreer {
  protected:
   /// Moves the file at `place` to a free numbered name in its folder, by the user's texts around
   /// the number or, where these can't be had, by safe ones. Answers the name, "" when it is where
-  /// it was.
-  std::string MoveAside(const RowPlace& place);
+  /// it was. `file` is its fingerprint, which is kept true.
+  std::string MoveAside(const RowPlace& place, Fingerprint& file);
 
   const RunState& state_;
   Records& records_;
@@ -36,7 +36,7 @@ class NameFreer {
   Numbering& numbering_;
 
  private:
-  std::string MoveAside(const RowPlace& place, const NumberTexts& texts);
+  std::string MoveAside(const RowPlace& place, const NumberTexts& texts, Fingerprint& file);
 };
 
 /// In a run the holders are files of ticked rows that are still to get another name.
@@ -66,13 +66,13 @@ class UndoNameFreer : public NameFreer {
   using NameFreer::NameFreer;
 
   /// Something stands where the file of the row `asker` is to go back to. If it is the file of
-  /// another row that takes part, moves it aside.
-  void FindAndRename(std::size_t asker);
+  /// another row that takes part, moves it aside and answers true.
+  bool FindAndRename(std::size_t asker);
 
  private:
   void MakeIndex();
-  void MoveHolderAside(std::size_t asker, const RowPlace& wanted);
-  void MakeWay(std::size_t record, RowFile file);
+  bool MoveHolderAside(std::size_t asker, const RowPlace& wanted);
+  bool MakeWay(std::size_t record, RowFile file);
 
   EntryKeys keys_{files_};
   std::optional<HolderIndex> holders_;  ///< as above

@@ -180,7 +180,7 @@ class Reader {
     Operation operation;
     operation.action =
         static_cast<Action>(parts.Number(static_cast<std::uint64_t>(Action::kRemoveFolder)));
-    operation.file = parts.Entry();
+    operation.file = parts.Fixed(8);
     operation.from = parts.OnePlace(folders_);
     if (HasTarget(operation.action)) operation.to = parts.OnePlace(folders_);
     if (!parts.AllTaken()) return false;

@@ -51,12 +51,11 @@ constexpr bool HasTarget(Action action) {
   return action == Action::kMove || action == Action::kCopy;
 }
 
-/// One change of the disk. `to` is of moves and copies; `file` is what stands at `from`, of which
-/// only device, inode and birth are kept.
+/// One change of the disk. `to` is of moves and copies; `file` is what stands at `from`.
 struct Operation {
   Action action = Action::kMove;
   Place from, to;
-  FileIdentity file;
+  Fingerprint file = 0;
 };
 
 /// What became of an operation; unknown when the program ended before that was written.
@@ -119,8 +118,8 @@ struct ReadTo {
   bool sound = false;     ///< it is a journal, and nothing in it can't be
 };
 
-/// Tells `sink` what stands in `file`, up to its first record that isn't whole. Asks `go_on` now and
-/// then; when that wants to stop, what was read isn't sound.
+/// Tells `sink` what stands in `file`, up to its first record that isn't whole. Asks `go_on` now
+/// and then; when that wants to stop, what was read isn't sound.
 ReadTo Read(const JournalFile& file, Sink& sink, const GoOn& go_on);
 
 }  // namespace journal

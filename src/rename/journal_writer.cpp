@@ -83,7 +83,7 @@ void Writer::Before(std::string& bytes, const Operation& operation) {
   Start(Kind::kOperation);
   PutOutcome();
   PutNumber(body_, static_cast<std::uint64_t>(operation.action));
-  PutEntry(body_, operation.file);
+  PutFixed(body_, operation.file, 8);
   PutPlace(body_, operation.from);
   if (HasTarget(operation.action)) PutPlace(body_, operation.to);
   Put(bytes);

@@ -22,7 +22,7 @@ JournaledFiles::JournaledFiles(FileSystem& files, journal::Sink& sink, MayMove m
 
 template <class Change>
 bool JournaledFiles::Do(journal::Action action, std::string_view from, std::string_view to,
-                        const FileIdentity& file, const Change& change) {
+                        Fingerprint file, const Change& change) {
   refused_ = 0;
   told_whole_ = false;
   made_ = {};
@@ -41,28 +41,48 @@ bool JournaledFiles::Do(journal::Action action, std::string_view from, std::stri
   return done;
 }
 
-bool JournaledFiles::MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) {
-  const auto move = [&] { return files_.MoveFile(from, to, go_on); };
-  const auto file = from == to ? std::nullopt : files_.Identify(from);
+/// 0 where nothing stands.
+Fingerprint JournaledFiles::FingerprintAt(std::string_view path) {
+  const auto file = files_.Identify(path);
+  return file ? FingerprintOf(*file) : 0;
+}
+
+bool JournaledFiles::MoveFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                              Fingerprint* moved) {
+  const auto move = [&] { return files_.MoveFile(from, to, go_on, moved); };
+  const Fingerprint file = from == to ? 0 : FingerprintAt(from);
   refused_ = 0;
-  return file ? Do(journal::Action::kMove, from, to, *file, move) : move();
+  return file != 0 ? Do(journal::Action::kMove, from, to, file, move) : move();
+}
+
+/// The file is looked at only where its row doesn't know it, or where no other may be moved.
+Attempt JournaledFiles::RenameKnown(std::string_view from, std::string_view to, Fingerprint known) {
+  Attempt attempt = Attempt::kFailed;
+  const auto rename = [&] {
+    attempt = files_.RenameKnown(from, to, known);
+    return attempt == Attempt::kDone;
+  };
+  refused_ = 0;
+  const Fingerprint file = known == 0 || may_move_ ? FingerprintAt(from) : known;
+  if (file == 0 || from == to) return files_.RenameKnown(from, to, known);
+  Do(journal::Action::kMove, from, to, file, rename);
+  return attempt;
 }
 
 bool JournaledFiles::CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                               CopyIdentities* copied) {
   CopyIdentities both;
-  const auto file = files_.Identify(from);
   const auto copy = [&] {
     if (!files_.CopyFile(from, to, go_on, &both)) return false;
     if (!told_whole_) sink_.CopyIsWhole(both);
     if (copied != nullptr) *copied = both;
     return true;
   };
-  return Do(journal::Action::kCopy, from, to, file.value_or(FileIdentity()), copy);
+  return Do(journal::Action::kCopy, from, to, FingerprintAt(from), copy);
 }
 
 bool JournaledFiles::DeleteMadeFile(std::string_view path, const FileIdentity& made) {
-  return Do(journal::Action::kDelete, path, {}, made,
+  return Do(journal::Action::kDelete, path, {}, FingerprintOf(made),
             [&] { return files_.DeleteMadeFile(path, made); });
 }
 
@@ -73,7 +93,7 @@ bool JournaledFiles::CreateDirectory(std::string_view path) {
     if (folder) made_ = {folder->device, folder->inode, 0, 0, folder->born_ns};
     return true;
   };
-  return Do(journal::Action::kMakeFolder, path, {}, {}, make);
+  return Do(journal::Action::kMakeFolder, path, {}, 0, make);
 }
 
 bool JournaledFiles::DeleteMadeFolder(std::string_view path, const FolderIdentity& made) {
@@ -82,8 +102,7 @@ bool JournaledFiles::DeleteMadeFolder(std::string_view path, const FolderIdentit
     if (done) Forget(path);
     return done;
   };
-  const FileIdentity folder{made.device, made.inode, 0, 0, made.born_ns};
-  return Do(journal::Action::kRemoveFolder, path, {}, folder, remove);
+  return Do(journal::Action::kRemoveFolder, path, {}, 0, remove);
 }
 
 std::optional<journal::Place> JournaledFiles::PlaceOf(std::string_view path) {
@@ -116,9 +135,11 @@ void JournaledFiles::Forget(std::string_view path) {
 JournaledServices::JournaledServices(const Services& plain, journal::Sink& sink,
                                      std::function<void()> before_events,
                                      JournaledFiles::MayMove may_move)
-    : files_(plain.files, sink, std::move(may_move)),
-      services_{files_,           plain.clock,   plain.facts,   pump_,       plain.locale,
-                plain.type_names, plain.folders, plain.prompts, plain.shell, plain.settings} {
+    : files_(plain.files, sink, std::move(may_move)), services_{files_,        plain.clock,
+                                                                plain.facts,   pump_,
+                                                                plain.locale,  plain.type_names,
+                                                                plain.folders, plain.prompts,
+                                                                plain.shell,   plain.settings} {
   pump_.events = &plain.events;
   pump_.before = std::move(before_events);
 }

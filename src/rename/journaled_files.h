@@ -16,7 +16,7 @@
 class JournaledFiles final : public FileSystem {
  public:
   /// Whether what stands at `from`, which is `file`, may be moved.
-  using MayMove = std::function<bool(const journal::Place& from, const FileIdentity& file)>;
+  using MayMove = std::function<bool(const journal::Place& from, Fingerprint file)>;
 
   /// All outlive it. Without `may_move` everything may be.
   JournaledFiles(FileSystem& files, journal::Sink& sink, MayMove may_move = {});
@@ -47,9 +47,13 @@ class JournaledFiles final : public FileSystem {
   }
   void WatchCopies(const CopyWatch& watch) override { files_.WatchCopies(watch); }
   void LetFoldersGo() override { files_.LetFoldersGo(); }
+  void LookAnew() override { files_.LookAnew(); }
   int Problem() const override { return refused_ != 0 ? refused_ : files_.Problem(); }
 
-  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) override;
+  using FileSystem::MoveFile;
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                Fingerprint* moved) override;
+  Attempt RenameKnown(std::string_view from, std::string_view to, Fingerprint known) override;
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                 CopyIdentities* copied) override;
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override;
@@ -60,8 +64,9 @@ class JournaledFiles final : public FileSystem {
   /// Makes the change by `change`, which answers whether it was done, and tells of it. What can't
   /// be told, since there is no such folder or name, can't be done either: it is only tried.
   template <class Change>
-  bool Do(journal::Action action, std::string_view from, std::string_view to,
-          const FileIdentity& file, const Change& change);
+  bool Do(journal::Action action, std::string_view from, std::string_view to, Fingerprint file,
+          const Change& change);
+  Fingerprint FingerprintAt(std::string_view path);
   std::optional<journal::Place> PlaceOf(std::string_view path);
   std::optional<std::uint32_t> FolderNumber(std::string_view folder);
   void Forget(std::string_view path);

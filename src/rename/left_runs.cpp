@@ -151,7 +151,8 @@ void FoundRun::MakeRowsOf(Records& records, const NetFiles::File& file) const {
     records.SetMadeCopy(row, file.twin->both);
     if (!apart && file.present.name != file.former.name) row.MoveAside(file.present.name);
   }
-  if (!file.twin || apart) NewRow(records, file.former, file.present);
+  if (!file.twin || apart)
+    NewRow(records, file.former, file.present).fingerprint = file.fingerprint;
 }
 
 void FoundRun::MakeRows(Records& records, std::vector<std::size_t>& numbers) const {
@@ -174,7 +175,7 @@ bool FoundRun::PutBack(const Services& services, RunState& state) {
     WriteOn(both);
     JournaledServices journaled(
         services, both, [&] { journal_.Sync(); },
-        [&](const auto& from, const auto& file) { return net_.Holds(from, file); });
+        [&](const auto& from, Fingerprint file) { return net_.Holds(from, file); });
     Records records;
     std::vector<std::size_t> numbers;
     MakeRows(records, numbers);

@@ -71,29 +71,23 @@ void NetFiles::Index(const journal::Place& place, std::size_t file) {
   by_place_.emplace(KeyOf(place), static_cast<std::uint32_t>(file));
 }
 
-/// The folder says on which device it is.
-bool NetFiles::IsSameInode(const FileIdentity& a, const FileIdentity& b) {
-  return a.inode == b.inode && a.inode != 0 && FitsBirth(a.born_ns, b.born_ns);
-}
-
-NetFiles::Hit NetFiles::At(const journal::Place& place, const FileIdentity& identity) const {
+NetFiles::Hit NetFiles::At(const journal::Place& place, Fingerprint sought) const {
   const auto [begin, end] = by_place_.equal_range(KeyOf(place));
   for (auto entry = begin; entry != end; ++entry) {
     const File& file = files[entry->second];
-    if (file.present == place && IsSameInode(file.identity, identity)) return {entry->second};
-    if (file.twin && file.twin->place == place && IsSameInode(file.twin->both.made, identity)) {
-      return {entry->second, true};
-    }
+    if (file.present == place && file.fingerprint == sought) return {entry->second};
+    const bool twin = file.twin && file.twin->place == place;
+    if (twin && FingerprintOf(file.twin->both.made) == sought) return {entry->second, true};
   }
   return {};
 }
 
-std::size_t NetFiles::FileAt(const journal::Place& place, const FileIdentity& identity) {
-  const Hit hit = At(place, identity);
+std::size_t NetFiles::FileAt(const journal::Place& place, Fingerprint file) {
+  const Hit hit = At(place, file);
   if (hit.file != kNone) return hit.file;
   files.emplace_back();
   files.back().former = files.back().present = place;
-  files.back().identity = identity;
+  files.back().fingerprint = file;
   Index(place, files.size() - 1);
   return files.size() - 1;
 }
@@ -133,7 +127,8 @@ void NetFiles::ExpectNoMore(const journal::Place& place) {
 
 void NetFiles::Move(bool sure) {
   const Hit hit = At(under_way_->from, under_way_->file);
-  const std::size_t number = hit.file != kNone ? hit.file : FileAt(under_way_->from, under_way_->file);
+  const std::size_t number =
+      hit.file != kNone ? hit.file : FileAt(under_way_->from, under_way_->file);
   File& file = files[number];
   last_file_ = number;
   Index(under_way_->to, number);
@@ -159,7 +154,7 @@ void NetFiles::AddTwin(std::size_t file, bool moves, bool sure) {
 /// The file is what was made of it on another device.
 void NetFiles::TakeTwinsPlace(File& file) {
   file.present = file.twin->place;
-  file.identity = file.twin->both.made;
+  file.fingerprint = FingerprintOf(file.twin->both.made);
   file.twin.reset();
 }
 

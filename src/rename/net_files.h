@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,7 +30,7 @@ class NetFiles : public journal::Sink {
   struct File {
     journal::Place former;   ///< before the first run
     journal::Place present;  ///< where it stands now
-    FileIdentity identity;
+    Fingerprint fingerprint = 0;
     std::vector<journal::Place> earlier;  ///< where it stood in between, the last one last
     std::unique_ptr<Twin> twin;
     std::int16_t problem = 0;  ///< why it could not be put back
@@ -37,7 +38,7 @@ class NetFiles : public journal::Sink {
     bool IsElsewhere() const;
   };
   struct KnownFolder {
-    std::string path;  ///< with its closing separator
+    std::string path;         ///< with its closing separator
     FolderIdentity identity;  ///< without an inode: whichever stands there
   };
   struct MadeFolder {
@@ -66,7 +67,7 @@ class NetFiles : public journal::Sink {
   void TellFound(journal::Sink& sink);
 
   /// Whether what stands at `from`, which is `file`, is one of them.
-  bool Holds(const journal::Place& from, const FileIdentity& file) const;
+  bool Holds(const journal::Place& from, Fingerprint file) const;
 
   /// How many numbers of folders the journal has given.
   std::uint32_t FolderCount() const { return static_cast<std::uint32_t>(numbers_.size()); }
@@ -92,16 +93,15 @@ class NetFiles : public journal::Sink {
   };
   struct Found {
     journal::Place from, to;
-    FileIdentity file;
+    Fingerprint file = 0;
     std::optional<CopyIdentities> copied;  ///< of what was made of the file at `from`
   };
 
-  static bool IsSameInode(const FileIdentity& a, const FileIdentity& b);
   journal::Place Known(journal::Place told) const;
   journal::Place Told(journal::Place known) const;
   void Index(const journal::Place& place, std::size_t file);
-  Hit At(const journal::Place& place, const FileIdentity& identity) const;
-  std::size_t FileAt(const journal::Place& place, const FileIdentity& identity);
+  Hit At(const journal::Place& place, Fingerprint file) const;
+  std::size_t FileAt(const journal::Place& place, Fingerprint file);
   void Apply(bool sure, const FileIdentity& made);
   void Move(bool sure);
   void Delete(bool sure);
@@ -112,10 +112,12 @@ class NetFiles : public journal::Sink {
   void ExpectFolders(FileSystem& system);
   bool FindFile(FileSystem& system, std::size_t file, bool last);
   void FindTwin(FileSystem& system, std::size_t file, bool last, bool stands);
-  bool IsAt(FileSystem& system, const journal::Place& place, FileIdentity& identity) const;
-  std::optional<journal::Place> Unfinished(FileSystem& system, FileIdentity& identity);
+  std::optional<FileIdentity> LookAt(FileSystem& system, const journal::Place& place,
+                                     Fingerprint file) const;
+  std::optional<journal::Place> Unfinished(FileSystem& system, Fingerprint file);
+  using Fits = std::function<bool(const FileIdentity&)>;
   std::optional<journal::Place> UnfinishedIn(FileSystem& system, std::uint32_t folder,
-                                             FileIdentity& identity);
+                                             const Fits& fits);
   void FindMadeFolders(FileSystem& system);
 
   std::vector<std::uint32_t> numbers_;  ///< index in `folders` by the journal's number

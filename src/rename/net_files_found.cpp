@@ -35,7 +35,8 @@ void NetFiles::ExpectFolders(FileSystem& system) {
       std::ranges::any_of(passes, [&](const auto& pass) { return pass.mark.boot != boot; });
   const auto bring_up_to_date = [&](const std::string& path, FolderIdentity& identity) {
     const auto now = system.IdentifyFolder(path);
-    const bool fits = now && now->inode == identity.inode && FitsBirth(now->born_ns, identity.born_ns);
+    const bool fits =
+        now && now->inode == identity.inode && FitsBirth(now->born_ns, identity.born_ns);
     if (other_boot && fits) identity.device = now->device;
   };
   for (KnownFolder& folder : folders) {
@@ -45,31 +46,32 @@ void NetFiles::ExpectFolders(FileSystem& system) {
   for (MadeFolder& folder : made_folders) bring_up_to_date(PathOf(folder.place), folder.identity);
 }
 
-/// Whether it stands there; `identity` is then that of today.
-bool NetFiles::IsAt(FileSystem& system, const journal::Place& place, FileIdentity& identity) const {
-  const auto now = system.Identify(PathOf(place));
-  if (!now || !IsSameInode(*now, identity)) return false;
-  identity = *now;
-  return true;
+/// What stands there, if it is that file. On which device it is the folder tells.
+std::optional<FileIdentity> NetFiles::LookAt(FileSystem& system, const journal::Place& place,
+                                             Fingerprint file) const {
+  auto now = system.Identify(PathOf(place));
+  if (now && FingerprintOf(*now) != file) now.reset();
+  return now;
 }
 
 bool NetFiles::FindFile(FileSystem& system, std::size_t number, bool last) {
   File& file = files[number];
-  const std::uint64_t device = file.identity.device;
   std::optional<journal::Place> found;
   const auto look = [&](const journal::Place& place) {
-    if (!found && IsAt(system, place, file.identity)) found = place;
+    const auto now = found ? std::nullopt : LookAt(system, place, file.fingerprint);
+    if (!now) return;
+    found = place;
+    const bool tells_device =
+        file.twin && FingerprintOf(file.twin->both.source) == file.fingerprint;
+    if (tells_device) file.twin->both.source.device = now->device;
   };
   look(file.present);
   std::for_each(file.earlier.rbegin(), file.earlier.rend(), look);
   look(file.former);
-  if (!found && last) found = Unfinished(system, file.identity);
+  if (!found && last) found = Unfinished(system, file.fingerprint);
   if (!found) return false;
-  if (file.twin && file.twin->both.source.device == device) {
-    file.twin->both.source.device = file.identity.device;
-  }
   if (*found != file.present) {
-    found_.push_back({file.present, *found, file.identity, {}});
+    found_.push_back({file.present, *found, file.fingerprint, {}});
     file.present = *found;
     Index(file.present, number);
   }
@@ -79,11 +81,17 @@ bool NetFiles::FindFile(FileSystem& system, std::size_t number, bool last) {
 void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool stands) {
   File& file = files[number];
   Twin& twin = *file.twin;
-  FileIdentity now = twin.both.made;
+  const Fingerprint made = FingerprintOf(twin.both.made);
   std::optional<journal::Place> found;
-  if (IsAt(system, twin.place, now)) found = twin.place;
-  if (!found && twin.before && IsAt(system, *twin.before, now)) found = twin.before;
-  if (!found && last) found = Unfinished(system, now);
+  const auto look = [&](const journal::Place& place) {
+    const auto now = found ? std::nullopt : LookAt(system, place, made);
+    if (!now) return;
+    found = place;
+    twin.both.made.device = now->device;
+  };
+  look(twin.place);
+  if (twin.before) look(*twin.before);
+  if (!found && last) found = Unfinished(system, made);
   if (!found) {
     // Another file in the place of a copy is told; where nothing stands, nothing is left to do.
     const bool told = twin.sure && !twin.moves && system.Look(PathOf(twin.place));
@@ -91,11 +99,10 @@ void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool 
     return;
   }
   if (*found != twin.place) {
-    found_.push_back({file.present, *found, file.identity, twin.both});
+    found_.push_back({file.present, *found, file.fingerprint, twin.both});
     twin.place = *found;
     Index(twin.place, number);
   }
-  twin.both.made.device = now.device;
   if (!twin.moves) return;
   if (!stands) return TakeTwinsPlace(file);
   twin.moves = false;
@@ -103,25 +110,28 @@ void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool 
   // It was on its way back: the one to go is that from which it came.
   std::swap(twin.place, file.present);
   std::swap(twin.both.made, twin.both.source);
-  file.identity = twin.both.source;
+  file.fingerprint = FingerprintOf(twin.both.source);
 }
 
 /// An operation that was cut off may have left it under a name of its own.
-std::optional<journal::Place> NetFiles::Unfinished(FileSystem& system, FileIdentity& identity) {
+std::optional<journal::Place> NetFiles::Unfinished(FileSystem& system, Fingerprint file) {
   const std::uint32_t from = last_->from.folder;
   const std::uint32_t to = journal::HasTarget(last_->action) ? last_->to.folder : from;
-  std::optional<journal::Place> found = UnfinishedIn(system, from, identity);
-  return found || from == to ? found : UnfinishedIn(system, to, identity);
+  const auto fits = [&](const FileIdentity& now) { return FingerprintOf(now) == file; };
+  std::optional<journal::Place> found = UnfinishedIn(system, from, fits);
+  return found || from == to ? found : UnfinishedIn(system, to, fits);
 }
 
 std::optional<journal::Place> NetFiles::UnfinishedIn(FileSystem& system, std::uint32_t folder,
-                                                     FileIdentity& identity) {
+                                                     const Fits& fits) {
   FolderEntries all;
-  system.List(folders[folder].path, [] { return true; }, all);
+  system.List(
+      folders[folder].path, [] { return true; }, all);
   for (const FolderEntries::Entry& entry : all.entries) {
     if (!IsUnfinishedName(entry.name)) continue;
     const journal::Place place{folder, std::string(entry.name)};
-    if (IsAt(system, place, identity)) return place;
+    const auto now = system.Identify(PathOf(place));
+    if (now && fits(*now)) return place;
   }
   return std::nullopt;
 }
@@ -133,10 +143,10 @@ void NetFiles::FindMadeFolders(FileSystem& system) {
       folder.identity = *now;
       found_folders_.push_back(folder);
     }
-    FileIdentity identity{folder.identity.device, folder.identity.inode, 0, 0,
-                          folder.identity.born_ns};
-    if (now == folder.identity || identity.inode == 0) continue;
-    const auto place = UnfinishedIn(system, folder.place.folder, identity);
+    if (now == folder.identity || folder.identity.inode == 0) continue;
+    const auto place = UnfinishedIn(system, folder.place.folder, [&](const FileIdentity& entry) {
+      return FolderIdentity{entry.device, entry.inode, entry.born_ns} == folder.identity;
+    });
     if (place) folder.place = *place;
   }
 }
@@ -150,13 +160,13 @@ void NetFiles::TellFound(journal::Sink& sink) {
   }
   for (const MadeFolder& folder : found_folders_) {
     const FolderIdentity& made = folder.identity;
-    sink.Before({journal::Action::kMakeFolder, Told(folder.place), {}, {}});
+    sink.Before({journal::Action::kMakeFolder, Told(folder.place), {}, 0});
     sink.After(journal::Outcome::kDone, {made.device, made.inode, 0, 0, made.born_ns});
   }
   found_.clear();
   found_folders_.clear();
 }
 
-bool NetFiles::Holds(const journal::Place& from, const FileIdentity& file) const {
+bool NetFiles::Holds(const journal::Place& from, Fingerprint file) const {
   return At(Known(from), file).file != kNone;
 }

@@ -155,11 +155,10 @@ void Form1::ConnectPanels() {
 void Form1::ConnectFolders() {
   for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
     connect(folder_pages_, signal, this, [this] {
-      ErrTrace::top("Form1.fdSourceFolder_Change",
-                    [&] {
-                      commands_.EnableDisable(ModeFolderChosen);
-                      commands_.ForgetRuns();
-                    });
+      ErrTrace::top("Form1.fdSourceFolder_Change", [&] {
+        commands_.EnableDisable(ModeFolderChosen);
+        commands_.ForgetRuns();
+      });
     });
   }
   connect(folder_pages_, &FolderPages::outputChanged, this, [this] { commands_.CheckNames(); });

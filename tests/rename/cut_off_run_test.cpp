@@ -77,8 +77,9 @@ struct World {
     for (int i = 0; i < kFiles; ++i) {
       const std::string folder = in / (i % 4 == 3 ? "sub/" : "");
       records.AddRecord("", folder, "f" + std::to_string(i), FileDate(), 0, "");
-      const std::string names[] = {"f" + std::to_string(i ^ 1), "f" + std::to_string((i + 4) % kFiles),
-                                   "same", "n" + std::to_string(i)};
+      const std::string names[] = {"f" + std::to_string(i ^ 1),
+                                   "f" + std::to_string((i + 4) % kFiles), "same",
+                                   "n" + std::to_string(i)};
       records[static_cast<std::size_t>(i)].newFileName = names[OneOf(kind)];
     }
   }
@@ -121,7 +122,9 @@ struct World {
       const auto left = LeftRun::Read(journal, *files, [] { return true; });
       RunState run_state;
       if (left) left->PutBack(services, run_state);
-      if (left) for (const auto& f : left->Files(100)) std::cout << f.former << " <- " << f.present << " " << f.problem << "\n";
+      if (left)
+        for (const auto& f : left->Files(100))
+          std::cout << f.former << " <- " << f.present << " " << f.problem << "\n";
     }
   }
 
@@ -188,8 +191,9 @@ TEST(CutOffRun, IsPutBackWholeAtTheNextStart) {
     const std::set<std::string> after = world.All();
     std::set<std::string> differ;
     std::ranges::set_symmetric_difference(before, after, std::inserter(differ, differ.end()));
-    ASSERT_EQ(differ, std::set<std::string>()) << "seed " << seed << " mode " << world.mode << " kill " << killer.nth
-                             << killer.after << " again " << again << testing::PrintToString(cut);
+    ASSERT_EQ(differ, std::set<std::string>())
+        << "seed " << seed << " mode " << world.mode << " kill " << killer.nth << killer.after
+        << " again " << again << testing::PrintToString(cut);
     ASSERT_TRUE(world.state.List().empty()) << "seed " << seed;
   }
 }

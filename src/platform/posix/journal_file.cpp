@@ -81,7 +81,8 @@ void StartThread(const std::shared_ptr<Shared>& shared) {
   auto held = std::make_unique<std::shared_ptr<Shared>>(shared);
   pthread_t thread;
   const auto run = [](void* taken) -> void* {
-    const std::unique_ptr<std::shared_ptr<Shared>> own(static_cast<std::shared_ptr<Shared>*>(taken));
+    const std::unique_ptr<std::shared_ptr<Shared>> own(
+        static_cast<std::shared_ptr<Shared>*>(taken));
     SyncUntilEnded(*own);
     return nullptr;
   };
@@ -107,8 +108,7 @@ class PosixJournalFile final : public JournalFile {
   }
 
   bool Append(std::string_view bytes) override {
-    const ssize_t done =
-        Uninterrupted([&] { return ::write(File(), bytes.data(), bytes.size()); });
+    const ssize_t done = Uninterrupted([&] { return ::write(File(), bytes.data(), bytes.size()); });
     if (done == static_cast<ssize_t>(bytes.size())) {
       size_ += bytes.size();
       return true;
@@ -133,8 +133,8 @@ class PosixJournalFile final : public JournalFile {
 
   std::string Read(std::uint64_t at, std::size_t size) const override {
     std::string bytes(size, '\0');
-    const ssize_t got = Uninterrupted(
-        [&] { return ::pread(File(), bytes.data(), size, static_cast<off_t>(at)); });
+    const ssize_t got =
+        Uninterrupted([&] { return ::pread(File(), bytes.data(), size, static_cast<off_t>(at)); });
     bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
     return bytes;
   }
@@ -192,8 +192,7 @@ std::unique_ptr<JournalFile> JournalFile::Make(const std::string& folder, const 
   FileHandle handle = OpenFolder(folder);
   if (!handle) return nullptr;
   constexpr int kHow = O_RDWR | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-  FileHandle file(
-      Uninterrupted([&] { return ::openat(handle.get(), name.c_str(), kHow, 0600); }));
+  FileHandle file(Uninterrupted([&] { return ::openat(handle.get(), name.c_str(), kHow, 0600); }));
   if (!file) return nullptr;
   return Own(std::move(file), std::move(handle), name);
 }
