@@ -201,11 +201,14 @@ inline constexpr std::string_view kUndoNotCompleted =
 // What was left of runs that could not be undone in their time; put together with numbers, dates and
 // what the output mode says of done files.
 inline constexpr std::string_view kRunCutOff = "A run was cut off";
+inline constexpr std::string_view kRunNotComplete = "A run was not completed";
 inline constexpr std::string_view kUndoCutOff = "An undo was cut off";
 inline constexpr std::string_view kRunStillThere = "An earlier run can still be taken back";
 inline constexpr std::string_view kNotAllBack = "Some files are not back yet";
 inline constexpr std::string_view kAllBack = "All files are back";
 inline constexpr std::string_view kEndedBeforeAllWere = "Quorvane was ended before all files were ";
+inline constexpr std::string_view kEndedWithPart =
+    "Quorvane was ended with only a part of the files ";
 inline constexpr std::string_view kEndedAfterRun =
     "Quorvane was ended unexpectedly after a run. What that did can still be taken back.";
 inline constexpr std::string_view kPutBackWord = "put back";

@@ -27,14 +27,23 @@ bool IsRun(const Facts& facts) {
   return facts.work == LeftRun::Work::kRun;
 }
 
+/// A run that failed with some files, or was ended by its user.
+bool IsInPart(const Facts& facts) {
+  return NotBack(facts) < facts.wanted;
+}
+
 std::string_view HeadingOf(const Facts& facts) {
-  if (IsRun(facts)) return facts.cut_off ? kRunCutOff : kRunStillThere;
-  return facts.work == LeftRun::Work::kUndo && facts.cut_off ? kUndoCutOff : kNotAllBack;
+  if (!IsRun(facts)) {
+    return facts.work == LeftRun::Work::kUndo && facts.cut_off ? kUndoCutOff : kNotAllBack;
+  }
+  if (facts.cut_off) return kRunCutOff;
+  return IsInPart(facts) ? kRunNotComplete : kRunStillThere;
 }
 
 std::string WhatHappened(const Facts& facts) {
-  if (!facts.cut_off) return std::string(IsRun(facts) ? kEndedAfterRun : kNotAllPutBack);
-  return std::string(kEndedBeforeAllWere)
+  if (!facts.cut_off && !IsRun(facts)) return std::string(kNotAllPutBack);
+  if (!facts.cut_off && !IsInPart(facts)) return std::string(kEndedAfterRun);
+  return std::string(facts.cut_off ? kEndedBeforeAllWere : kEndedWithPart)
       .append(IsRun(facts) ? DoneWord(facts.output_mode) : kPutBackWord)
       .append(".");
 }

@@ -135,8 +135,8 @@ def work_from_first_start_to_the_next():
     again.close()
 
 
-def end_amid_run(end=subprocess.Popen.terminate, ends_with=0):
-    """As a session ends: each file stays whole, under one of its two names. Answers them before."""
+def end_amid_run(end, ends_with):
+    """Each file stays whole, under one of its two names, and the next start puts all back."""
     before = make_files(b"%06d of many.txt" % number for number in range(MANY))
     program = start_by_desktop()
     keep_first(program, 6)
@@ -150,20 +150,21 @@ def end_amid_run(end=subprocess.Popen.terminate, ends_with=0):
     check("contents", lambda: sorted((name[:6], after[name]) for name in after),
           sorted((name[:6], before[name]) for name in before))
     check("ended amid the run", lambda: after.keys().isdisjoint(before), False)
-    return before
+    again = Program("quorvane")
+    check("windows", again.windows, [TITLE, "Earlier run"])
+    again.press("Put back")
+    check("put back", on_disk, before)
+    again.press("OK")
+    check("windows", again.windows, [TITLE])
+    again.close()
 
 
-def put_back_what_was_killed():
-    before = end_amid_run(subprocess.Popen.kill, -signal.SIGKILL)
-    for done in (False, True):
-        program = Program("quorvane")
-        check("windows", program.windows, [TITLE, "Earlier run"])
-        program.press("Put back" if done else "Decide later")
-        if done:
-            check("put back", on_disk, before)
-            program.press("OK")
-        check("windows", program.windows, [TITLE])
-        program.close()
+def end_with_session():
+    end_amid_run(subprocess.Popen.terminate, 0)
+
+
+def end_by_kill():
+    end_amid_run(subprocess.Popen.kill, -signal.SIGKILL)
 
 
 def work_by_accessible_actions():
@@ -179,7 +180,7 @@ def work_by_accessible_actions():
     check("stored at the end", lambda: FILES.name in CONFIG.read_text(), True)
 
 
-STORIES = {"x": [work_from_first_start_to_the_next, end_amid_run, put_back_what_was_killed],
+STORIES = {"x": [work_from_first_start_to_the_next, end_with_session, end_by_kill],
            "wayland": [work_by_accessible_actions]}
 
 
