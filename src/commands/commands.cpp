@@ -104,7 +104,6 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
   const auto let_go = [&] {
     services_.files.LetFoldersGo();
     if (kind.journaled) session_.journal.End();
-    state_.journal_problem = session_.journal.Problem();
     state_.previewing = false;
     (this->*kind.show)();
     state_.gCancelRequested = false;
@@ -150,14 +149,13 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 }
 
 void Commands::ShowPass() {
-  state_.journal_problem = session_.journal.Problem();
   state_.panes.paneResult = ProgressLine(state_.counts, services_.locale) + NoJournal();
   view_.ShowPanes();
   list_.RepaintRows();
 }
 
 std::string Commands::NoJournal() {
-  const int problem = state_.journal_problem;
+  const int problem = session_.journal.Problem();
   if (problem != 0 && problem != told_problem_) {
     told_problem_ = problem;
     told_in_run_ = run_count_;
@@ -336,7 +334,6 @@ void Commands::BeginJournal(journal::Work work, const RunOutput& output) {
 
 void Commands::ForgetRuns() {
   session_.journal.Remove();
-  state_.journal_problem = 0;
 }
 
 void Commands::bnUndo_Click() {

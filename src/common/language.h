@@ -198,8 +198,8 @@ inline constexpr std::string_view kNumbered = "numbered";
 inline constexpr std::string_view kUndoNotCompleted =
     "Process is not completed.\nSome of the files are still renamed.";
 
-// What was left of runs that could not be undone in their time; put together with numbers, dates and
-// what the output mode says of done files.
+// What was left of runs that could not be undone in their time; put together with numbers, dates
+// and what the output mode says of done files.
 inline constexpr std::string_view kRunCutOff = "A run was cut off";
 inline constexpr std::string_view kRunNotComplete = "A run was not completed";
 inline constexpr std::string_view kUndoCutOff = "An undo was cut off";

@@ -43,9 +43,6 @@ struct RunState {
   std::function<NameProblem(std::size_t record)> foretold;
   NumberingOptions numbering;
   StatusPanes panes;
-  /// Why a run could not be put back at the next start, should it be cut off: what kept its journal
-  /// from being written, as errno; 0 while there is one. Stays until the next list.
-  int journal_problem = 0;
 
   /// The new names are not those that the options give now, and none are being made.
   bool NamesAreDrafts() const { return !previewing && (gPreviewStale || names.limit == 0); }

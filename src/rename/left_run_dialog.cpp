@@ -231,13 +231,15 @@ void Form12::bnPutBack_Click() {
     ShowStage(settled_ ? Stage::kDone : Stage::kAsking);
     if (close_wanted_) reject();
   };
-  ErrTrace::OnFailure("Form12.OnFailure", [&] { show_result(false); }, [&] {
-    state_ = RunState();
-    state_.counts.all = static_cast<std::int64_t>(NotBack(before));
-    ShowStage(Stage::kWorking);
-    ShowingPump events(services_.events, [this] { ShowProgress(); });
-    show_result(run_->PutBack(WithEvents(services_, events), state_));
-  });
+  ErrTrace::OnFailure(
+      "Form12.OnFailure", [&] { show_result(false); },
+      [&] {
+        state_ = RunState();
+        state_.counts.all = static_cast<std::int64_t>(NotBack(before));
+        ShowStage(Stage::kWorking);
+        ShowingPump events(services_.events, [this] { ShowProgress(); });
+        show_result(run_->PutBack(WithEvents(services_, events), state_));
+      });
 }
 
 void Form12::bnKeep_Click() {

@@ -247,9 +247,8 @@ void Form1::TellOfLeftRuns(const std::vector<std::string>& journals) {
     if (commands_.Busy()) return;  // the user was quicker; the next start tells of them
     Form12 dialog(services_, this);
     std::ranges::all_of(journals, [&](const std::string& journal) {
-      return dialog.ShowLeftRun([&](const GoOn& go_on) {
-        return LeftRun::Read(journal, services_.files, go_on);
-      });
+      return dialog.ShowLeftRun(
+          [&](const GoOn& go_on) { return LeftRun::Read(journal, services_.files, go_on); });
     });
   });
 }

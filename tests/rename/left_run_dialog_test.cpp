@@ -25,8 +25,8 @@ struct LeftRunDialogTest : testing::Test, FakeServices {
     const auto renamed = LeftRun::Change::kRenamed;
     return std::make_unique<FakeLeftRun>(
         left, std::vector<LeftRun::File>{{"/in/a", "/in/x\xff", renamed},
-                                          {"/in/b", "/in/x b", renamed},
-                                          {"/in/c", "/out/x c", renamed}});
+                                         {"/in/b", "/in/x b", renamed},
+                                         {"/in/c", "/out/x c", renamed}});
   }
   /// Shows the dialog and lets `act` do what a user would; what it answers in the end.
   bool Show(std::unique_ptr<FakeLeftRun> run, const std::function<void()>& act) {
@@ -62,7 +62,12 @@ TEST_F(LeftRunDialogTest, TellsWhatIsLeftOfARun) {
        "A run was cut off|" + std::string(kCutOff) +
            "copied. The run began on 2 Januar 2000 at 03:04.|1 of 1 file was copied. “Put back” "
            "deletes the copies, but none that was changed; the originals stay."},
-      {{.source_folder = "/in/", .work = Work::kUndo, .cut_off = true, .wanted = 9000, .renamed = 1000, .moved = 1},
+      {{.source_folder = "/in/",
+        .work = Work::kUndo,
+        .cut_off = true,
+        .wanted = 9000,
+        .renamed = 1000,
+        .moved = 1},
        "An undo was cut off|" + std::string(kCutOff) +
            "put back. The run began on 2 Januar 2000 at 03:04.|1,000 files are still renamed, 1 "
            "moved. “Put back” brings them back to their former folders and names."},
@@ -123,8 +128,9 @@ TEST_F(LeftRunDialogTest, PutsBackUntilAllFilesAre) {
       if (++looks == 2) Press(&dialog, Qt::Key_Escape);
     };
     dialog.bnPutBack->click();
-    EXPECT_EQ(Told(), "Some files are not back yet|0 of 3 files are back. “Put back” goes on with "
-                      "the others.");
+    EXPECT_EQ(Told(),
+              "Some files are not back yet|0 of 3 files are back. “Put back” goes on with "
+              "the others.");
     EXPECT_EQ(Cell(1, kLeftReason), "The name is already taken.");
     events.on_events = nullptr;
     dialog.bnPutBack->click();
