@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -110,12 +111,13 @@ class NetFiles : public journal::Sink {
   void ExpectNoMore(const journal::Place& place);
 
   void ExpectFolders(FileSystem& system);
+  void FindBegun(FileSystem& system);
   bool FindFile(FileSystem& system, std::size_t file, bool last);
   void FindTwin(FileSystem& system, std::size_t file, bool last, bool stands);
   std::optional<FileIdentity> LookAt(FileSystem& system, const journal::Place& place,
                                      Fingerprint file) const;
   std::optional<journal::Place> Unfinished(FileSystem& system, Fingerprint file);
-  using Fits = std::function<bool(const FileIdentity&)>;
+  using Fits = std::function<bool(const FileIdentity&, std::string_view name)>;
   std::optional<journal::Place> UnfinishedIn(FileSystem& system, std::uint32_t folder,
                                              const Fits& fits);
   void FindMadeFolders(FileSystem& system);

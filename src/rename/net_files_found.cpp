@@ -9,8 +9,11 @@ bool NetFiles::Find(FileSystem& system, const GoOn& go_on) {
   constexpr std::size_t kAsked = 100;
   last_ = under_way_;
   last_file_ = last_ ? last_file_ : kNone;
-  if (under_way_) Apply(false, {});
   ExpectFolders(system);
+  if (under_way_) {
+    if (!whole_ && journal::HasTarget(under_way_->action)) FindBegun(system);
+    Apply(false, {});
+  }
   for (std::size_t i = 0; i < files.size(); ++i) {
     if (i % kAsked == 0 && !go_on()) return false;
     const bool stands = FindFile(system, i, i == last_file_);
@@ -25,6 +28,19 @@ void NetFiles::FindMoved(FileSystem& system) {
     if (!files[i].twin || !files[i].twin->moves) continue;
     FindTwin(system, i, false, FindFile(system, i, false));
   }
+}
+
+/// What was begun of a copy, or of a link that was to be made anew, and isn't whole. It bears the
+/// number of the process that is gone.
+void NetFiles::FindBegun(FileSystem& system) {
+  const auto source = LookAt(system, under_way_->from, under_way_->file);
+  if (!source) return;
+  const std::string maker = "-" + std::to_string(passes.back().mark.process) + "-";
+  UnfinishedIn(system, under_way_->to.folder, [&](const FileIdentity& now, std::string_view name) {
+    const bool is_it = name.find(maker) != name.npos && FingerprintOf(now) != under_way_->file;
+    if (is_it) whole_ = {*source, now};
+    return is_it;
+  });
 }
 
 /// After another start of the machine a device may have another number; the folder is then known
@@ -117,7 +133,9 @@ void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool 
 std::optional<journal::Place> NetFiles::Unfinished(FileSystem& system, Fingerprint file) {
   const std::uint32_t from = last_->from.folder;
   const std::uint32_t to = journal::HasTarget(last_->action) ? last_->to.folder : from;
-  const auto fits = [&](const FileIdentity& now) { return FingerprintOf(now) == file; };
+  const auto fits = [&](const FileIdentity& now, std::string_view) {
+    return FingerprintOf(now) == file;
+  };
   std::optional<journal::Place> found = UnfinishedIn(system, from, fits);
   return found || from == to ? found : UnfinishedIn(system, to, fits);
 }
@@ -131,7 +149,7 @@ std::optional<journal::Place> NetFiles::UnfinishedIn(FileSystem& system, std::ui
     if (!IsUnfinishedName(entry.name)) continue;
     const journal::Place place{folder, std::string(entry.name)};
     const auto now = system.Identify(PathOf(place));
-    if (now && fits(*now)) return place;
+    if (now && fits(*now, entry.name)) return place;
   }
   return std::nullopt;
 }
@@ -144,7 +162,7 @@ void NetFiles::FindMadeFolders(FileSystem& system) {
       found_folders_.push_back(folder);
     }
     if (now == folder.identity || folder.identity.inode == 0) continue;
-    const auto place = UnfinishedIn(system, folder.place.folder, [&](const FileIdentity& entry) {
+    const auto place = UnfinishedIn(system, folder.place.folder, [&](const auto& entry, auto) {
       return FolderIdentity{entry.device, entry.inode, entry.born_ns} == folder.identity;
     });
     if (place) folder.place = *place;

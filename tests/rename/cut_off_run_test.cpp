@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <iostream>
 #include <iterator>
 #include <map>
 #include <random>
@@ -85,8 +84,8 @@ struct World {
   }
   int OneOf(int kind) { return Below(5) == 0 ? Below(4) : kind; }
 
-  /// In a process of its own. 0 when it came to its end.
-  void RunAndUndo(const Killer& killer) {
+  /// Run, undo, run, undo, as many of them as that.
+  void RunAndUndo(const Killer& killer, int passes = 4) {
     Killer own = killer;
     const auto files = MakePosixFileSystem(own.Calls());
     FakeServices fakes;
@@ -98,7 +97,7 @@ struct World {
     RunState run_state;
     RunReports reports;
     const RunOutput output{{mode, out / "new/deep/", true}, in / ""};
-    for (int pass = 0; pass < 4; ++pass) {
+    for (int pass = 0; pass < passes; ++pass) {
       const bool undo = pass % 2 == 1;
       const auto work = undo ? journal::Work::kUndo : journal::Work::kRun;
       journal.Begin({OwnMark(), 7, work, mode, in / "", kFiles});
@@ -112,7 +111,7 @@ struct World {
     }
   }
 
-  /// False when the way back was killed.
+  /// What the next start does.
   void PutBack(const Killer& killer) {
     Killer own = killer;
     const auto files = MakePosixFileSystem(own.Calls());
@@ -122,9 +121,6 @@ struct World {
       const auto left = LeftRun::Read(journal, *files, [] { return true; });
       RunState run_state;
       if (left) left->PutBack(services, run_state);
-      if (left)
-        for (const auto& f : left->Files(100))
-          std::cout << f.former << " <- " << f.present << " " << f.problem << "\n";
     }
   }
 
@@ -142,7 +138,7 @@ struct World {
 
   static constexpr int kFiles = 20;
   std::mt19937 random;
-  TempFolder in{"/dev/shm"}, out, state;
+  TempFolder in{"/dev/shm"}, out, state{"/dev/shm"};
   int mode;
 };
 
@@ -166,6 +162,10 @@ std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise) {
   return value == nullptr ? otherwise : static_cast<std::uint32_t>(std::stoul(value));
 }
 
+std::string Text(const World& world) {
+  return world.state.Read(world.state.List()[0]).value_or("");
+}
+
 }  // namespace
 
 // QUORVANE_KILLS is their number, QUORVANE_KILL_SEED the first one's seed.
@@ -182,6 +182,7 @@ TEST(CutOffRun, IsPutBackWholeAtTheNextStart) {
     met += killed;
     const std::set<std::string> cut = world.All();
     int again = 0;
+    // Some of the ways back are killed too, and taken up again.
     while (killed && InChild([&] { world.PutBack({1 + world.Below(60), world.Below(2) == 1}); })) {
       ++met;
       world.random.discard(2);
@@ -196,4 +197,91 @@ TEST(CutOffRun, IsPutBackWholeAtTheNextStart) {
         << " again " << again << testing::PrintToString(cut);
     ASSERT_TRUE(world.state.List().empty()) << "seed " << seed;
   }
+}
+
+// A power cut may keep less of the journal than was done, and less of what was done than it tells.
+TEST(CutOffRun, LosesNothingWhenAPowerCutKeepsAPartOnly) {
+  for (std::uint32_t seed = 1; seed <= 9; ++seed) {
+    World world(seed);
+    world.MakeFiles();
+    const std::set<std::string> before = world.All();
+    std::set<std::string> contents;
+    const auto add = [&](const std::string& entry) { return entry.substr(entry.find(':')); };
+    std::ranges::transform(before, std::inserter(contents, contents.end()), add);
+    world.RunAndUndo({}, 1);
+    const std::string name = world.state.List()[0], whole = Text(world);
+    const auto all = static_cast<int>(whole.size());
+    const std::string cut = whole.substr(0, static_cast<std::size_t>(world.Below(all)));
+    world.state.Write(name, seed % 3 == 0 ? cut + std::string(500, '\0') : cut);
+    world.PutBack({});
+    for (const std::string& entry : world.All()) contents.erase(add(entry));
+    ASSERT_EQ(contents, std::set<std::string>()) << "seed " << seed << ", cut at " << cut.size();
+    ASSERT_TRUE(world.All().contains("in/stranger: s1"));
+
+    World ahead(seed);
+    ahead.MakeFiles();
+    ahead.RunAndUndo({}, 1);
+    const std::string told = Text(ahead), journal = ahead.state.List()[0];
+    ahead.PutBack({});
+    const std::set<std::string> back = ahead.All();
+    ahead.state.Write(journal, told);
+    ASSERT_EQ(::chmod((ahead.state / journal).c_str(), 0600), 0);
+    ahead.PutBack({});
+    ASSERT_EQ(ahead.All(), back) << "seed " << seed << ": it was not done";
+    ASSERT_EQ(back, before) << "seed " << seed;
+  }
+}
+
+TEST(CutOffRun, LeavesAloneWhatIsNoJournalOfOurs) {
+  const TempFolder folder, state;
+  folder.Write("a", "a");
+  const auto files = MakePosixFileSystem();
+  const auto identity = *files->IdentifyFolder(folder.path());
+  const Fingerprint a = FingerprintOf(*files->Identify(folder / "a"));
+  const auto journal_of = [&](ProcessMark mark, const std::string& path, const std::string& to) {
+    journal::Writer writer;
+    std::string bytes(journal::kFirstBytes);
+    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, path, 1});
+    writer.Folder(bytes, path, identity);
+    writer.Before(bytes, {journal::Action::kMove, {0, to}, {0, "a"}, a});
+    return bytes;
+  };
+  const std::string path = folder / "";
+  ProcessMark own = OwnMark(), other_machine = own, other_user = own;
+  other_machine.machine += "x", ++other_user.user;
+  const std::string good = journal_of(own, path, "b");
+  const std::pair<std::string, std::string> cases[] = {
+      {"another machine", journal_of(other_machine, path, "b")},
+      {"another user", journal_of(other_user, path, "b")},
+      {"a way up", journal_of(own, path + "../" + folder.path().substr(5) + "/", "b")},
+      {"no root", journal_of(own, path.substr(1), "b")},
+      {"a name that leads away", journal_of(own, path, "sub/b")},
+      {"a name that is a folder", journal_of(own, path, "..")},
+      {"another version", "QVJRNL9\n" + good.substr(8)},
+      {"garbage", std::string(100'000, 'x')},
+  };
+  const auto leaves = [&](const std::string& name) {
+    const auto left = LeftRun::Read(state / name, *files, [] { return true; });
+    return left == nullptr && folder.Read("a") == "a" && folder.List().size() == 1;
+  };
+  for (const auto& [what, bytes] : cases) {
+    state.Write("j.journal", bytes);
+    ::chmod((state / "j.journal").c_str(), 0600);
+    EXPECT_TRUE(leaves("j.journal") && state.Has("j.journal")) << what;
+  }
+  EXPECT_EQ(::truncate((state / "j.journal").c_str(), 2LL << 30), 0);
+  EXPECT_TRUE(leaves("j.journal")) << "as large as that";
+  state.Write("j.journal", good);
+  EXPECT_EQ(::link((state / "j.journal").c_str(), (state / "k.journal").c_str()), 0);
+  EXPECT_TRUE(leaves("j.journal")) << "a second name";
+  ::unlink((state / "k.journal").c_str());
+  state.MakeLink("l.journal", state / "j.journal");
+  EXPECT_TRUE(leaves("l.journal")) << "a link";
+  EXPECT_EQ(::mkfifo((state / "f.journal").c_str(), 0600), 0);
+  EXPECT_TRUE(leaves("f.journal")) << "a fifo";
+  ::chmod((state / "j.journal").c_str(), 0622);
+  EXPECT_TRUE(leaves("j.journal")) << "others can write to it";
+  ::chmod((state / "j.journal").c_str(), 0600);
+  const auto held = JournalFile::Take(state / "j.journal");
+  EXPECT_TRUE(held && leaves("j.journal")) << "held by another";
 }
