@@ -165,9 +165,11 @@ std::string Commands::NoJournal() {
 
 void Commands::ShowResult(const PassKind& kind) {
   if (kind.done_word.empty() && state_.names.limit == 0) return ShowTicks();
-  state_.panes.paneResult = kind.done_word.empty() ? NamesLine(state_.names, services_.locale)
-                                                   : ResultLine(kind.done_word, state_.counts,
-                                                                session_.reports, services_.locale);
+  const Records* ticked = kind.done == ModeRunFinished ? &session_.records : nullptr;
+  state_.panes.paneResult =
+      kind.done_word.empty()
+          ? NamesLine(state_.names, session_.records, services_.locale)
+          : ResultLine(kind.done_word, state_.counts, session_.reports, ticked, services_.locale);
   if (!kind.done_word.empty()) state_.panes.paneResult += NoJournal();
   view_.ShowPanes();
 }
@@ -375,7 +377,7 @@ void Commands::TicksChanged() {
 }
 
 void Commands::ShowNames() {
-  state_.panes.paneResult = NamesLine(state_.names, services_.locale);
+  state_.panes.paneResult = NamesLine(state_.names, session_.records, services_.locale);
   view_.ShowPanes();
   list_.RepaintRows();
 }

@@ -257,6 +257,9 @@ TEST_F(CommandsTest, SayBeforeARunWhatIsTickedAndWhatIsWrongWithTheNames) {
   tick(1, false);
   commands.Check(*FindCheckOperation(kInvertSelection));
   EXPECT_EQ(line, "1 of 3 files ticked");
+  tick(1, false);
+  EXPECT_EQ((Walk("p"), line), "0 new names, 0 of 3 files ticked");
+  EXPECT_EQ((Walk("r"), line), "0 copied, 0 of 3 files ticked");
 }
 
 TEST_F(CommandsTest, AskForAWholeOutputFolderAndDoNothingWithoutAFolderOrElements) {
