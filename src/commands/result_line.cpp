@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/language.h"
+#include "common/problem_text.h"
 #include "common/size_text.h"
 
 namespace {
@@ -72,4 +73,9 @@ std::string ResultLine(std::string_view done, const FileCounts& counts, const Ru
   const bool nothing = counts.done == 0 && reports.gFailureReport.empty();
   if (nothing && records != nullptr) AddTicks(line, *records, locale);
   return line;
+}
+
+std::string NoJournalText(int problem) {
+  if (problem == 0) return {};
+  return std::string(". ").append(kNoUndoAfterCrash) + mCommon::ProblemText(problem);
 }

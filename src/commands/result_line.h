@@ -25,3 +25,7 @@ std::string NamesLine(const NameTally& names, const Records& records, const Loca
 /// say how many are ticked; null after an undo, which doesn't go by ticks.
 std::string ResultLine(std::string_view done, const FileCounts& counts, const RunReports& reports,
                        const Records* records, const LocaleFacts& locale);
+
+/// That a run could not be undone after a crash, for its journal could not be written: why, as
+/// errno. Stands behind one of the lines above; empty for 0.
+std::string NoJournalText(int problem);

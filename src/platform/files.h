@@ -96,6 +96,13 @@ struct FolderEntries {
   std::vector<std::string> names;  ///< storage; large pieces, not one string an entry
 };
 
+/// Told of a copy that is whole and about to get its name.
+using CopyWatch = std::function<void(const CopyIdentities&)>;
+
+/// Whether a name is of the form that an operation gives to what it hasn't finished. Where that is
+/// of a process that was killed, it is a file like any other.
+bool IsUnfinishedName(std::string_view name);
+
 /// Called between the pieces of a long operation, so that events can run; false asks it to stop.
 using GoOn = std::function<bool()>;
 
@@ -122,6 +129,9 @@ class FileSystem {
   /// The facts of the entry at `path`, with a closing separator those of the folder; nothing when
   /// it can't be looked at.
   virtual std::optional<FileFacts> Look(std::string_view path) = 0;
+
+  /// Which file or folder the entry at `path` is, by itself and not by what a link points to.
+  virtual std::optional<FileIdentity> Identify(std::string_view path) = 0;
 
   /// Which folder `path` (with or without a closing separator) leads to, links followed; nothing
   /// when it leads to none.
@@ -180,6 +190,10 @@ class FileSystem {
   /// done and `copied` is given, it takes the identities of both files.
   virtual bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                         CopyIdentities* copied) = 0;
+
+  /// From now on `watch` is told of every copy, also of one that a move to another file system
+  /// makes; null ends it. What it names may still not get its name.
+  virtual void WatchCopies(const CopyWatch& watch) = 0;
 
   /// Deletes the file at `path` only if it is still the very file `made`; anything else is not
   /// done.

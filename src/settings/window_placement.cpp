@@ -30,6 +30,7 @@ constexpr PlacedWindow kWindows[] = {
     {"Form8", "Windows\\Conflicts"},
     {"Form10", "Windows\\About"},
     {"Form11", "Windows\\ErrorMessage"},
+    {"Form12", "Windows\\LeftRun", true, 9705, 7200},
 };
 
 const PlacedWindow* Find(std::string_view frm) {

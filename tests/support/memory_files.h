@@ -54,12 +54,19 @@ class MemoryFiles : public FileSystem {
     return FileFacts{EntryKind::kFile, contents[real].size(), 1'000'000'000, PrintOf(real)};
   }
 
+  std::optional<FileIdentity> Identify(std::string_view path) override {
+    const std::string real = Real(path);
+    if (!contents.contains(real)) return {};
+    return Identity(real);
+  }
+
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
     const std::string real = RealFolder(path);
     if (!folders.contains(real)) return std::nullopt;
     return FolderIdentity{1, std::hash<std::string>()(real), made_[real]};
   }
   void ExpectFolder(std::string_view, const FolderIdentity&) override {}
+  void WatchCopies(const CopyWatch&) override {}
   std::string ResolveFolder(std::string_view path) override {
     const std::size_t name = path.rfind('/') + 1;
     const std::string real = RealFolder(path.substr(0, name));

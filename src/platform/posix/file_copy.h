@@ -20,6 +20,8 @@ class FileCopy {
   int Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
            CopyIdentities& copied);
 
+  CopyWatch watch;  ///< see FileSystem::WatchCopies
+
  private:
   /// A file being written has no name at all, so that nothing can be left of it; or, where that
   /// can't be, a temporary one.

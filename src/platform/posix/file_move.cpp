@@ -124,6 +124,7 @@ int FileMove::MakeLink(const Place& from, const struct statx& source, const Plac
     return calls_.utimensat(aside.at(), aside.c_name(), times.data(), AT_SYMLINK_NOFOLLOW);
   });
   int error = LookAt(calls_, aside, made);
+  if (error == 0 && copy_.watch) copy_.watch({IdentityOf(source), IdentityOf(made)});
   if (error == 0) error = names_.Rename(aside, to, made);
   if (error != 0) names_.RemoveUncertain(aside);
   return failed != 0 && error != 0 ? failed : error;

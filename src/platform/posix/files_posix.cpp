@@ -41,6 +41,13 @@ class PosixFileSystem final : public FileSystem {
                      identity.modified_ns, FingerprintOf(facts)};
   }
 
+  std::optional<FileIdentity> Identify(std::string_view path) override {
+    const Place place = folders_.ForLook(path);
+    struct statx facts;
+    if (!place || place.name.empty() || LookAt(calls_, place, facts) != 0) return std::nullopt;
+    return IdentityOf(facts);
+  }
+
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
     const auto folder = folders_.Open(path, FolderHandles::Trust::kNow);
     if (!folder) return std::nullopt;
@@ -109,6 +116,8 @@ class PosixFileSystem final : public FileSystem {
     if (error == 0 && copied) *copied = both;
     return Done(error);
   }
+
+  void WatchCopies(const CopyWatch& watch) override { copy_.watch = watch; }
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     const Place place = folders_.ForChange(path);
