@@ -60,7 +60,8 @@ class TwoWorlds {
     if (IsFile(path)) owned_.erase(plain_files_.contents[path]);
     owned_.insert(content);
     for (MemoryFiles* files : both_) files->contents[path] = content;
-    if (IsReal()) std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
+    if (IsReal()) std::filesystem::remove(path);  // or it would write through a link
+    if (IsReal()) std::ofstream(path, std::ios::binary) << content;
   }
 
   /// `leads_to` is a folder or nothing.
