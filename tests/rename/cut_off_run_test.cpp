@@ -235,12 +235,13 @@ TEST(CutOffRun, LosesNothingWhenAPowerCutKeepsAPartOnly) {
 struct Strange : testing::Test {
   Strange() { folder.Write("a", "a"); }
 
-  /// What would have moved "a" from `to` in the folder `path`.
-  std::string JournalOf(const ProcessMark& mark, const std::string& path, const std::string& from) {
+  /// What would have moved "a" from `from` in the folder `where`.
+  std::string JournalOf(const ProcessMark& mark, const std::string& where,
+                        const std::string& from) {
     journal::Writer writer;
     std::string bytes(journal::kFirstBytes);
-    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, path, 1});
-    writer.Folder(bytes, path, *files->IdentifyFolder(folder.path()));
+    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, where, 1});
+    writer.Folder(bytes, where, *files->IdentifyFolder(folder.path()));
     const Fingerprint a = FingerprintOf(*files->Identify(folder / "a"));
     writer.Before(bytes, {journal::Action::kMove, {0, from}, {0, "a"}, a});
     return bytes;
@@ -249,8 +250,8 @@ struct Strange : testing::Test {
     state.Write("j.journal", bytes);
     ::chmod(journal.c_str(), 0600);
   }
-  bool Leaves(const std::string& path) {
-    const auto left = LeftRun::Read(path, *files, [] { return true; });
+  bool Leaves(const std::string& file) {
+    const auto left = LeftRun::Read(file, *files, [] { return true; });
     return left == nullptr && folder.Read("a") == "a" && folder.List().size() == 1;
   }
 
