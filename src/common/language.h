@@ -221,15 +221,13 @@ inline constexpr std::string_view kWas = " was ";
 inline constexpr std::string_view kWere = " were ";
 inline constexpr std::string_view kIsStill = " is still ";
 inline constexpr std::string_view kAreStill = " are still ";
-inline constexpr std::string_view kBackGivesNames =
-    " “Put back” gives them their former names back.";
-inline constexpr std::string_view kBackMoves =
-    " “Put back” brings them back to their former folders and names.";
+inline constexpr std::string_view kBackGivesNames = " “Put back” restores the former names.";
+inline constexpr std::string_view kBackMoves = " “Put back” restores the former folders and names.";
 inline constexpr std::string_view kBackDeletesCopies =
     " “Put back” deletes the copies, but none that was changed; the originals stay.";
 inline constexpr std::string_view kBackDoesBoth =
-    " “Put back” brings the files back to their former folders and names, and deletes the copies, "
-    "but none that was changed.";
+    " “Put back” restores the former folders and names, and deletes the copies, but none that was "
+    "changed.";
 inline constexpr std::string_view kNotAllWritten =
     " Not all that the run did could be written down, so other files may be renamed too.";
 inline constexpr std::string_view kFilesAreBack = " files are back.";

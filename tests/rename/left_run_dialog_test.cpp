@@ -70,15 +70,15 @@ TEST_F(LeftRunDialogTest, TellsWhatIsLeftOfARun) {
         .moved = 1},
        "An undo was cut off|" + std::string(kCutOff) +
            "put back. The run began on 2 Januar 2000 at 03:04.|1,000 files are still renamed, 1 "
-           "moved. “Put back” brings them back to their former folders and names."},
+           "moved. “Put back” restores the former folders and names."},
       {{.source_folder = "/in/", .output_mode = 2, .wanted = 2, .moved = 1},
        "A run was not completed|Quorvane was ended with only a part of the files moved. The run "
-       "began on 2 Januar 2000 at 03:04.|1 of 2 files was moved. “Put back” brings them back to "
-       "their former folders and names."},
+       "began on 2 Januar 2000 at 03:04.|1 of 2 files was moved. “Put back” restores the former "
+       "folders and names."},
       {{.source_folder = "/in/", .incomplete = true, .wanted = 2, .renamed = 3},
        "An earlier run can still be taken back|Quorvane was ended unexpectedly after a run. What "
        "that did can still be taken back. The run began on 2 Januar 2000 at 03:04.|3 files were "
-       "renamed. “Put back” gives them their former names back. Not all that the run did could be "
+       "renamed. “Put back” restores the former names. Not all that the run did could be "
        "written down, so other files may be renamed too."},
   };
   for (const auto& [left, told] : table) {
