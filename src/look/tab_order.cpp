@@ -5,11 +5,12 @@
 
 namespace {
 
+/// All round, for what is no control of its own stays behind when they are moved.
 std::vector<QWidget*> ControlsOf(const QWidget& part) {
   std::vector<QWidget*> controls;
-  for (QWidget* next = part.nextInFocusChain(); part.isAncestorOf(next);
-       next = next->nextInFocusChain()) {
-    if (next->focusPolicy() != Qt::NoFocus) controls.push_back(next);
+  for (QWidget* next = part.nextInFocusChain(); next != &part; next = next->nextInFocusChain()) {
+    const bool stops = next->focusPolicy() != Qt::NoFocus;
+    if (stops && part.isAncestorOf(next)) controls.push_back(next);
   }
   return controls;
 }

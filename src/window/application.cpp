@@ -8,7 +8,6 @@
 #include "platform/build_facts.h"
 #include "trace/err_trace.h"
 
-
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   SetControlRules(*this);
   setDesktopFileName(QLatin1String(build_facts::kApplicationId));
@@ -23,9 +22,9 @@ void SetIcon() {
 }
 
 bool Application::event(QEvent* event) {
-  const auto type = event->type();
-  if (type == QEvent::ApplicationFontChange || type == QEvent::ApplicationLayoutDirectionChange) {
-    FitSkin(*this);
+  if (event->type() == QEvent::ApplicationFontChange) {
+    // When all have it.
+    QMetaObject::invokeMethod(this, &MeasureAnew, Qt::QueuedConnection);
   }
   return QApplication::event(event);
 }

@@ -53,7 +53,7 @@ struct Program::Parts {
                           type_names, folders, prompts, shell,  settings};
   ErrorReporter reporter{services};
   Session session;
-  Later later;  ///< what is made once the window has been painted
+  Later later;                               ///< what is made once the window has been painted
   std::unique_ptr<SingleInstance> instance;  ///< held from the start to the end
   std::unique_ptr<Form1> window;             ///< last, for it uses all of the above
 };

@@ -81,11 +81,9 @@ OptionPane* NewPane(const OptionPane::Parts& parts) {
 
 ConstructorEditor::ConstructorEditor(Constructor& constructor, const Services& services,
                                      QWidget* parent, Later* later)
-    : QWidget(parent),
-      constructor_(constructor),
-      services_(services),
-      panes_(new QStackedWidget(this)) {
+    : QWidget(parent), constructor_(constructor), services_(services) {
   BuildConstructorCard();
+  panes_ = new QStackedWidget(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(measure::kBlockGap);
