@@ -1,5 +1,6 @@
 #include "commands/commands.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -23,11 +24,6 @@ namespace {
 
 using namespace mLanguageGobals;
 
-Services WithEvents(const Services& s, EventPump& events) {
-  return {s.files,      s.clock,   s.facts,   events,  s.locale,
-          s.type_names, s.folders, s.prompts, s.shell, s.settings};
-}
-
 /// The wait pointer for as long as it lives.
 class WaitPointer {
  public:
@@ -39,6 +35,12 @@ class WaitPointer {
  private:
   ModeView& view_;
 };
+
+std::int64_t UnixSeconds() {
+  return std::chrono::duration_cast<std::chrono::seconds>(
+             std::chrono::system_clock::now().time_since_epoch())
+      .count();
+}
 
 }  // namespace
 
@@ -87,18 +89,21 @@ const Commands::PassKind Commands::kRename{.running = ModeRunStarting,
                                            .cancelled = ModeRunCancelled,
                                            .show = &Commands::ShowRows,
                                            .status = kRenaming,
-                                           .told_when_cancelled = kRunNotCompleted};
+                                           .told_when_cancelled = kRunNotCompleted,
+                                           .journaled = true};
 const Commands::PassKind Commands::kUndo{.running = ModeRunning,
                                          .done = ModeUndoFinished,
                                          .cancelled = ModeUndoCancelled,
                                          .show = &Commands::ShowRows,
                                          .status = kRenaming,
-                                         .done_word = kUndone};
+                                         .done_word = kUndone,
+                                         .journaled = true};
 
 bool Commands::RunPass(const PassKind& kind, std::size_t count,
                        const std::function<bool(Pass&)>& work) {
   const auto let_go = [&] {
     services_.files.LetFoldersGo();
+    if (kind.journaled) session_.journal.End();
     state_.previewing = false;
     (this->*kind.show)();
     state_.gCancelRequested = false;
@@ -119,7 +124,11 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
     state_.counts = {};
     if (!kind.status.empty()) ShowProgress(kind.status, count);
     state_.gCancelRequested = false;
-    Pass pass(session_.records, state_, services_, count);
+    std::optional<JournaledServices> journaled;
+    if (kind.journaled && session_.journal.Keeps()) {
+      journaled.emplace(services_, session_.journal, [this] { session_.journal.Sync(); });
+    }
+    Pass pass(session_.records, state_, journaled ? journaled->Get() : services_, count);
     done = work(pass);
     let_go();
     if (!done && !kind.told_when_cancelled.empty()) {
@@ -140,16 +149,28 @@ void Commands::ShowProgress(std::string_view status, std::size_t max) {
 }
 
 void Commands::ShowPass() {
-  state_.panes.paneResult = ProgressLine(state_.counts, services_.locale);
+  state_.panes.paneResult = ProgressLine(state_.counts, services_.locale) + NoJournal();
   view_.ShowPanes();
   list_.RepaintRows();
 }
 
+std::string Commands::NoJournal() {
+  const int problem = session_.journal.Problem();
+  if (problem != 0 && problem != told_problem_) {
+    told_problem_ = problem;
+    told_in_run_ = run_count_;
+  }
+  return run_count_ == told_in_run_ ? NoJournalText(problem) : "";
+}
+
 void Commands::ShowResult(const PassKind& kind) {
   if (kind.done_word.empty() && state_.names.limit == 0) return ShowTicks();
-  state_.panes.paneResult = kind.done_word.empty() ? NamesLine(state_.names, services_.locale)
-                                                   : ResultLine(kind.done_word, state_.counts,
-                                                                session_.reports, services_.locale);
+  const Records* ticked = kind.done == ModeRunFinished ? &session_.records : nullptr;
+  state_.panes.paneResult =
+      kind.done_word.empty()
+          ? NamesLine(state_.names, session_.records, services_.locale)
+          : ResultLine(kind.done_word, state_.counts, session_.reports, ticked, services_.locale);
+  if (!kind.done_word.empty()) state_.panes.paneResult += NoJournal();
   view_.ShowPanes();
 }
 
@@ -172,6 +193,7 @@ void Commands::bnLoadFileList_Click() {
     if (source.fdSourceFolder.empty()) return;
     if (!MayList(source.fdSourceFolder)) return;
     check_.End();
+    ForgetRuns();
     session_.records.DeleteAll();
     session_.grid.Clear();
     list_.ListRepopulated(EmptyList::kListing);
@@ -206,7 +228,7 @@ bool Commands::FillList(Pass& pass, const SourceOptions& source) {
     list_state_ = WhyNoneFound(source, scan.Findings());
     return false;
   }
-  session_.grid.Populate();
+  if (!session_.grid.Populate([&] { return pass.GoOn(); })) return false;
   list_state_ = EmptyList::kNotListed;
   return true;
 }
@@ -291,6 +313,7 @@ bool Commands::fRename(const RunOutput& output) {
     RunReports& reports = session_.reports;
     PassKind kind = kRename;
     kind.done_word = DoneWord(output.chosen.cmbDestination);
+    BeginJournal(journal::Work::kRun, output);
     const bool done = RunPass(kind, session_.records.Count(), [&](Pass& pass) {
       reports.DeleteAll();
       return RenameRun(pass, output, reports).RunRename();
@@ -301,14 +324,30 @@ bool Commands::fRename(const RunOutput& output) {
   });
 }
 
+void Commands::BeginJournal(journal::Work work, const RunOutput& output) {
+  if (!session_.journal.Keeps()) return;
+  journal::PassFacts pass{
+      OwnMark(), UnixSeconds(), work, output.chosen.cmbDestination, output.fdSourceFolder, 0};
+  for (std::size_t i = 0; work == journal::Work::kRun && i < session_.records.Count(); ++i) {
+    pass.wanted += session_.records[i].checked && session_.records[i].RowTag != 1;
+  }
+  session_.journal.Begin(pass);
+}
+
+void Commands::ForgetRuns() {
+  session_.journal.Remove();
+}
+
 void Commands::bnUndo_Click() {
   ErrTrace::top("Form1.bnUndo_Click", [&] {
     RunReports& reports = session_.reports;
+    BeginJournal(journal::Work::kUndo, {});
     const bool done = RunPass(kUndo, session_.records.Count(), [&](Pass& pass) {
       reports.DeleteAll();
       return UndoRun(pass, reports).Undo();
     });
     const std::size_t failed = reports.gFailureReport.size();
+    if (done && failed == 0) session_.journal.Remove();
     if (!done) {
       services_.prompts.Tell(kUndoNotCompleted, PromptIcon::kExclamation);
     } else if (failed != 0) {
@@ -338,7 +377,7 @@ void Commands::TicksChanged() {
 }
 
 void Commands::ShowNames() {
-  state_.panes.paneResult = NamesLine(state_.names, services_.locale);
+  state_.panes.paneResult = NamesLine(state_.names, session_.records, services_.locale);
   view_.ShowPanes();
   list_.RepaintRows();
 }

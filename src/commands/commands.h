@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "commands/command_view.h"
@@ -14,7 +15,9 @@
 #include "filelist/list_surface.h"
 #include "names/constructor.h"
 #include "platform/services.h"
+#include "rename/journaled_files.h"
 #include "rename/result_rows.h"
+#include "rename/run_journal.h"
 #include "rename/run_output.h"
 
 /// What the commands work on, for the whole life of the program.
@@ -24,6 +27,7 @@ struct Session {
   Grid grid{records, &state};
   Constructor constructor;
   RunReports reports;
+  RunJournal journal;  ///< of what was done with the records
 };
 
 /// The user's commands, each run to its end: "Prepare file list", then "Preview", then "Rename".
@@ -53,6 +57,8 @@ class Commands {
   /// Output or numbering may be others than before: if so, what a run would do with the new names
   /// of a preview is looked at from the start.
   void CheckNames();
+  /// What was done can't be undone any more: its journal goes too.
+  void ForgetRuns();
   /// Goes on with that for some 8 ms; false when nothing is left to look at.
   bool WorkInPause();
 
@@ -88,6 +94,7 @@ class Commands {
     std::string_view status = {};  ///< of the progress pane; empty: nothing is counted
     std::string_view told_when_cancelled = {};  ///< before the mode changes; empty: nothing is told
     std::string_view done_word = {};            ///< of a run or undo, for the result line
+    bool journaled = false;                     ///< it changes files
   };
   static const PassKind kScan, kPreview, kRename, kUndo;
 
@@ -98,6 +105,8 @@ class Commands {
   /// The pass as it stands, and what it came to in the end.
   void ShowPass();
   void ShowResult(const PassKind& kind);
+  /// That the run which is shown has no journal; said of one run only, until the cause is another.
+  std::string NoJournal();
   /// How many files are ticked, where that isn't all.
   void ShowTicks();
   void ShowNames();
@@ -111,6 +120,7 @@ class Commands {
   EmptyList WhyNoneFound(const SourceOptions& source, const ScanFindings& findings);
   std::size_t NameBytes() const;
   bool fRename(const RunOutput& output);
+  void BeginJournal(journal::Work work, const RunOutput& output);
 
   Session& session_;
   RunState& state_;
@@ -123,4 +133,6 @@ class Commands {
   EmptyList list_state_ = EmptyList::kNotListed;  ///< of the last scan
   int mode_ = ModeNoFolder;
   int run_count_ = 0;
+  int told_problem_ = 0;  ///< of a journal, as errno
+  int told_in_run_ = 0;
 };

@@ -198,4 +198,51 @@ inline constexpr std::string_view kNumbered = "numbered";
 inline constexpr std::string_view kUndoNotCompleted =
     "Process is not completed.\nSome of the files are still renamed.";
 
+// What was left of runs that could not be undone in their time; put together with numbers, dates
+// and what the output mode says of done files.
+inline constexpr std::string_view kRunCutOff = "A run was cut off";
+inline constexpr std::string_view kRunNotComplete = "A run was not completed";
+inline constexpr std::string_view kUndoCutOff = "An undo was cut off";
+inline constexpr std::string_view kRunStillThere = "An earlier run can still be taken back";
+inline constexpr std::string_view kNotAllBack = "Some files are not back yet";
+inline constexpr std::string_view kAllBack = "All files are back";
+inline constexpr std::string_view kEndedBeforeAllWere = "Quorvane was ended before all files were ";
+inline constexpr std::string_view kEndedWithPart =
+    "Quorvane was ended with only a part of the files ";
+inline constexpr std::string_view kEndedAfterRun =
+    "Quorvane was ended unexpectedly after a run. What that did can still be taken back.";
+inline constexpr std::string_view kPutBackWord = "put back";
+inline constexpr std::string_view kNotAllPutBack = "Not all files have been put back so far.";
+inline constexpr std::string_view kRunBeganOn = " The run began on ";
+inline constexpr std::string_view kAt = " at ";
+inline constexpr std::string_view kOneFile = " file";
+inline constexpr std::string_view kManyFiles = " files";
+inline constexpr std::string_view kWas = " was ";
+inline constexpr std::string_view kWere = " were ";
+inline constexpr std::string_view kIsStill = " is still ";
+inline constexpr std::string_view kAreStill = " are still ";
+inline constexpr std::string_view kBackGivesNames =
+    " “Put back” gives them their former names back.";
+inline constexpr std::string_view kBackMoves =
+    " “Put back” brings them back to their former folders and names.";
+inline constexpr std::string_view kBackDeletesCopies =
+    " “Put back” deletes the copies, but none that was changed; the originals stay.";
+inline constexpr std::string_view kBackDoesBoth =
+    " “Put back” brings the files back to their former folders and names, and deletes the copies, "
+    "but none that was changed.";
+inline constexpr std::string_view kNotAllWritten =
+    " Not all that the run did could be written down, so other files may be renamed too.";
+inline constexpr std::string_view kFilesAreBack = " files are back.";
+inline constexpr std::string_view kFileIsBack = " file is back.";
+inline constexpr std::string_view kCopiesAreDeleted = " copies are deleted.";
+inline constexpr std::string_view kCopyIsDeleted = " copy is deleted.";
+inline constexpr std::string_view kPutBackGoesOn = " “Put back” goes on with the others.";
+inline constexpr std::string_view kListTellsWhy =
+    " The list tells why the others are not. Once nothing is in their way, try again.";
+inline constexpr std::string_view kKeepForGood =
+    "The files stay as they are now and can't be put back any more.\nKeep them so?";
+inline constexpr std::string_view kWillBeToldAgain =
+    "What is known of this run can't be deleted, so it will be told again at the next start.";
+inline constexpr std::string_view kNoUndoAfterCrash = "Undo after a crash isn't possible: ";
+
 }  // namespace mLanguageGobals

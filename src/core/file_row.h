@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 /// A file date to the second, in local time; sorts as its text does.
 class FileDate {
  public:
@@ -52,15 +54,17 @@ class FileRow {
   std::string newFileName;     ///< item 7
   double size = 0;             ///< item 1, bytes
   FileDate date;               ///< item 3
-  std::uint32_t folder = 0;    ///< items 0 and 8: number in the folder table
-  std::uint32_t type = 0;      ///< item 2: number in the text table
-  std::uint32_t newPath = 0;   ///< item 11: number in the text table, 0 is empty
-  std::uint32_t madeCopy = 0;  ///< number in the table of copies made, 0 when the run made none
-  std::int16_t RowTag = 0;     ///< 1 once the row's operation succeeded in a run, else empty (0)
-  std::int8_t mode = -1;       ///< item 12: output mode when the row was processed, -1 is empty
-  Mark mark = Mark::kWaiting;  ///< item 6
-  std::int16_t problem = 0;    ///< why its run or undo failed: errno, a FileProblem, or 0
-  bool checked = true;         ///< item 4
+  /// Of the file that the row stands for, wherever a run put it, as far as it is known; of a row
+  /// whose file was copied, that of the original.
+  Fingerprint fingerprint = 0;
+  std::uint32_t folder = 0;     ///< items 0 and 8: number in the folder table
+  std::uint32_t type = 0;       ///< item 2: number in the text table
+  std::uint32_t outcome = 0;    ///< item 11 and the copy made, as `Records` knows them
+  std::int16_t problem = 0;     ///< why its run or undo failed: errno, a FileProblem, or 0
+  std::int8_t mode = -1;        ///< item 12: output mode when the row was processed, -1 is empty
+  std::uint8_t RowTag : 1 = 0;  ///< 1 once the row's operation succeeded in a run, else empty (0)
+  Mark mark : 2 = Mark::kWaiting;  ///< item 6
+  bool checked : 1 = true;         ///< item 4
 
   /// Item 9, the name before the run touched the file; empty until then.
   std::string_view Rollback() const;
@@ -96,7 +100,7 @@ class FileRow {
   };
   RareTexts& Rare();
 
-  bool rollback_is_source_ = false;
+  bool rollback_is_source_ : 1 = false;
   std::unique_ptr<RareTexts> rare_;
 };
 static_assert(sizeof(FileRow) <= 112, "a list may hold a million rows");

@@ -6,32 +6,18 @@
 #include <unordered_map>
 #include <utility>
 
+#include "core/number_sort.h"
+
 namespace {
 
 using Numbers = std::vector<std::uint32_t>;
-
-Numbers Ascending(std::size_t count) {
-  Numbers numbers(count);
-  std::iota(numbers.begin(), numbers.end(), 0u);
-  return numbers;
-}
-
-/// `keys` holds one for each number.
-template <class Keys>
-void StableSort(Numbers& numbers, bool ascending, const Keys& keys) {
-  const auto sort = [&](auto before) { std::stable_sort(numbers.begin(), numbers.end(), before); };
-  if (ascending) {
-    sort([&](std::uint32_t a, std::uint32_t b) { return keys[a] < keys[b]; });
-  } else {
-    sort([&](std::uint32_t a, std::uint32_t b) { return keys[b] < keys[a]; });
-  }
-}
+using GoOn = std::function<bool()>;
 
 /// The place of each text in the order; texts with equal keys share it.
-Numbers Ranks(const SharedTexts& texts) {
+Numbers Ranks(const SharedTexts& texts, const GoOn& go_on) {
   const Numbers order = SortedByText(
       texts.count, [&](std::size_t i) { return texts.text(static_cast<std::uint32_t>(i)); },
-      AppendNaturalKey);
+      AppendNaturalKey, true, go_on);
   Numbers ranks(texts.count);
   std::string key, last_key;
   for (std::size_t i = 0; i < order.size(); ++i) {
@@ -54,27 +40,26 @@ std::vector<Value> Values(std::size_t count, Of of) {
 struct Sorter {
   std::size_t count;
   const RowOrder& order;
-  Numbers records = Ascending(count);
+  const GoOn& go_on;
 
-  void operator()(std::monostate) {}
-  void operator()(const NumberOf& number_of) {
-    StableSort(records, order.ascending, Values<double>(count, number_of));
+  Numbers operator()(std::monostate) {
+    Numbers numbers(count);
+    std::iota(numbers.begin(), numbers.end(), 0u);
+    return numbers;
   }
-  void operator()(const TextOf& text_of) {
-    records = SortedByText(count, text_of, AppendNaturalKey, order.ascending);
+  Numbers operator()(const NumberOf& number_of) {
+    const auto key_of = [&](std::size_t i) { return KeyOfNumber(number_of(i)); };
+    return SortedByNumber(Values<std::uint64_t>(count, key_of), order.ascending);
   }
-  void operator()(const SharedTexts& texts) {
-    const Numbers ranks = Ranks(texts);
+  Numbers operator()(const TextOf& text_of) {
+    return SortedByText(count, text_of, AppendNaturalKey, order.ascending, go_on);
+  }
+  Numbers operator()(const SharedTexts& texts) {
+    const Numbers ranks = Ranks(texts, go_on);
     const auto rank_of = [&](std::size_t i) { return ranks[texts.number(i)]; };
-    StableSort(records, order.ascending, Values<std::uint32_t>(count, rank_of));
+    return SortedByNumber(Values<std::uint64_t>(count, rank_of), order.ascending);
   }
 };
-
-Numbers SortedRecords(std::size_t count, const RowOrder& order) {
-  Sorter sorter{count, order};
-  std::visit(sorter, order.key);
-  return std::move(sorter.records);
-}
 
 }  // namespace
 
@@ -92,29 +77,39 @@ SharedTexts ShareTexts(std::size_t count, const TextOf& text_of) {
           [texts](std::uint32_t number) { return (*texts)[number]; }};
 }
 
-void GroupedRows::Populate(std::size_t count, const RowOrder& order) {
+bool GroupedRows::Populate(std::size_t count, const RowOrder& order, const GoOn& go_on) {
   Clear();
-  const Numbers records = SortedRecords(count, order);
+  bool stopped = false;
+  const GoOn goes_on = [&] {
+    stopped = stopped || (go_on && !go_on());
+    return !stopped;
+  };
+  const Numbers records = std::visit(Sorter{count, order, goes_on}, order.key);
+  const Numbers group_ranks = order.groups ? Ranks(*order.groups, goes_on) : Numbers();
+  if (stopped) return false;
   if (!order.groups) {
     rows_.assign(records.begin(), records.end());
-    return;
+    return true;
   }
   const auto number_of = Values<std::uint32_t>(count, order.groups->number);
-  std::vector<std::size_t> next_row = PlaceGroups(*order.groups, number_of);
+  std::vector<std::size_t> next_row = PlaceGroups(*order.groups, number_of, group_ranks);
   for (const std::uint32_t record : records) {
     rows_[next_row[number_of[record]]++] = static_cast<std::int32_t>(record);
   }
+  return true;
 }
 
 /// Makes the group rows and room for the file rows; answers where those of each text begin.
 std::vector<std::size_t> GroupedRows::PlaceGroups(const SharedTexts& texts,
-                                                  const std::vector<std::uint32_t>& number_of) {
+                                                  const std::vector<std::uint32_t>& number_of,
+                                                  const std::vector<std::uint32_t>& ranks) {
   std::vector<std::size_t> file_counts(texts.count);
   Numbers used;  // as their first records stand
   for (const std::uint32_t number : number_of) {
     if (file_counts[number]++ == 0) used.push_back(number);
   }
-  StableSort(used, true, Ranks(texts));
+  std::stable_sort(used.begin(), used.end(),
+                   [&](std::uint32_t a, std::uint32_t b) { return ranks[a] < ranks[b]; });
 
   std::vector<std::size_t> first_rows(texts.count);
   rows_.resize(number_of.size() + used.size());

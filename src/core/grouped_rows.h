@@ -41,7 +41,11 @@ class GroupedRows {
   /// Makes the rows of the records 0 to `count` - 1. Groups stand in ascending order of their
   /// texts, equal ones as their first records do; the sort is stable, downwards too, and works
   /// within groups.
-  void Populate(std::size_t count, const RowOrder& order);
+  ///
+  /// `go_on`, when given, is called now and then while texts are sorted; false stops it: then there
+  /// are no rows, as while it is asked, and the answer is false.
+  bool Populate(std::size_t count, const RowOrder& order,
+                const std::function<bool()>& go_on = nullptr);
   void Clear();
 
   std::size_t RowCount() const { return rows_.size(); }
@@ -62,7 +66,8 @@ class GroupedRows {
 
  private:
   std::vector<std::size_t> PlaceGroups(const SharedTexts& texts,
-                                       const std::vector<std::uint32_t>& number_of);
+                                       const std::vector<std::uint32_t>& number_of,
+                                       const std::vector<std::uint32_t>& ranks);
 
   std::vector<std::int32_t> rows_;  ///< a record's number, or -1 less a group's
   std::vector<Group> groups_;       ///< from the top

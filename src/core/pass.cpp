@@ -28,6 +28,7 @@ bool Pass::GoOn() {
 
 bool Pass::LetEventsRun() {
   services.events.LetEventsRun();
+  services.files.LookAnew();
   last_ms_ = services.clock.Milliseconds();
   return !state.gCancelRequested;
 }

@@ -58,8 +58,8 @@ void SetCheckBoxes(const CheckOperation& operation, Grid& grid, const std::vecto
     }
   }
   for (const std::size_t record : chosen) {
-    bool& checked = records[record].checked;
-    checked = NewState(operation.to, checked);
+    FileRow& row = records[record];
+    row.checked = NewState(operation.to, row.checked);
   }
   if (grid.RowCount() > 0) grid.Ticks().TicksChanged(0, grid.RowCount() - 1);
 }

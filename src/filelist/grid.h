@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 #include "core/records.h"
 #include "core/run_state.h"
@@ -45,7 +46,7 @@ class Grid {
     list_.SetGroupColumn(kGroupColumns[static_cast<int>(group_by)]);
   }
   void SetSortOrder(int column, bool ascending) { list_.SetSortOrder(column, ascending); }
-  void Populate() { list_.Populate(); }
+  bool Populate(const std::function<bool()>& go_on = nullptr) { return list_.Populate(go_on); }
   void Clear() { list_.Clear(); }
 
   std::size_t RowCount() const { return list_.Rows().RowCount(); }

@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopeGuard>
@@ -66,6 +67,8 @@ void ListView::SetUpHeader() {
   header->setSortIndicatorClearable(true);
   OnSignal(header, &QHeaderView::sortIndicatorChanged, this, "ListView.Sort",
            [this](int column, Qt::SortOrder order) { Sort(column, order); });
+  // With that of the rows, each painting of the headings would look whether each row is selected.
+  header->setSelectionModel(new QItemSelectionModel(&model_, header));
   // The group rows reach over all columns.
   connect(header, &QHeaderView::sectionResized, viewport(), qOverload<>(&QWidget::update));
 }

@@ -34,10 +34,10 @@ std::string RecordList::LongestHeading(int column) const {
   return std::string(ColumnAt(column).caption).append(drafts ? mLanguageGobals::kDraft : "");
 }
 
-void RecordList::Populate() {
+bool RecordList::Populate(const std::function<bool()>& go_on) {
   RowOrder order;
   order.ascending = sort_ascending_;
   if (sort_column_ >= 0) order.key = ColumnAt(sort_column_).sort_key();
   if (group_column_ >= 0) order.groups = std::get<SharedTexts>(ColumnAt(group_column_).sort_key());
-  rows_.Populate(source_.count(), order);
+  return rows_.Populate(source_.count(), order, go_on);
 }

@@ -149,8 +149,8 @@ class RecordList {
   /// The longest that may stand there.
   std::string LongestHeading(int column) const;
 
-  /// Makes the rows anew from the records.
-  void Populate();
+  /// Makes the rows anew from the records; see `GroupedRows::Populate`.
+  bool Populate(const std::function<bool()>& go_on = nullptr);
   /// No rows, whatever the records are.
   void Clear() { rows_.Clear(); }
 

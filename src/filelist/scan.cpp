@@ -121,9 +121,9 @@ void Scan::AddFile(std::string_view name, std::string_view pParentName,
   ++state_.gFileCount;
   total_.resize(kTotal.size());
   state_.panes.paneTotal = total_.append(std::to_string(state_.gFileCount)).append(" files");
-  records_.AddRecord(pParentName, sParentPath, name,
-                     SysToVBTime(pass_.services.clock, facts->modified_ns),
-                     static_cast<double>(facts->size), types_.GetFileType(name));
+  records_.AddRecord(
+      pParentName, sParentPath, name, SysToVBTime(pass_.services.clock, facts->modified_ns),
+      static_cast<double>(facts->size), types_.GetFileType(name), facts->fingerprint);
 }
 
 bool Scan::Takes(std::string_view name) const {

@@ -68,13 +68,21 @@ void DialogFrame::showEvent(QShowEvent* event) {
   // Made before the body, the buttons would come first when going from control to control, and to
   // who reads the window aloud.
   QWidget* last = previousInFocusChain();
-  for (QPushButton* button : {bnOK, bnCancel}) {
+  for (int at = 0; at < foot_->count(); ++at) {
+    auto* button = qobject_cast<QPushButton*>(foot_->itemAt(at)->widget());
     if (button == nullptr) continue;
     if (last != button) setTabOrder(last, button);
     button->raise();
     last = button;
   }
   QDialog::showEvent(event);
+}
+
+QPushButton* DialogFrame::AddButton(const char* name, const QString& caption) {
+  QPushButton* button = NewButton(name, caption);
+  foot_->removeWidget(button);
+  foot_->insertWidget(foot_->indexOf(bnOK), button);
+  return button;
 }
 
 QPushButton* DialogFrame::NewButton(const char* name, const QString& caption) {

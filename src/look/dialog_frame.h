@@ -42,6 +42,8 @@ class DialogFrame : public QDialog {
   QVBoxLayout* Body() { return body_; }
   /// The line of the buttons; what is inserted at 0 stands left of them.
   QHBoxLayout* Foot() { return foot_; }
+  /// A further button, directly left of OK.
+  QPushButton* AddButton(const char* name, const QString& caption);
 
  private:
   QPushButton* NewButton(const char* name, const QString& caption);

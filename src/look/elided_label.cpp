@@ -1,6 +1,7 @@
 #include "look/elided_label.h"
 
 #include <QPainter>
+#include <QStyle>
 
 ElidedLabel::ElidedLabel(const char* name, Qt::TextElideMode elide, QWidget* parent)
     : QLabel(parent), elide_(elide) {
@@ -15,5 +16,8 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   painter.setPen(palette().color(foregroundRole()));
   const QRect room = contentsRect();
   const QString fitting = fontMetrics().elidedText(text(), elide_, room.width());
-  painter.drawText(room, static_cast<int>(alignment()) | Qt::TextSingleLine, fitting);
+  // Signs stand in the order of the text, which may be another than that of the window.
+  painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  const Qt::Alignment place = QStyle::visualAlignment(layoutDirection(), alignment());
+  painter.drawText(room, static_cast<int>(place) | Qt::TextSingleLine, fitting);
 }

@@ -1,6 +1,7 @@
 #include "names/preview.h"
 
 #include <cstddef>
+#include <string>
 
 #include "names/counters.h"
 #include "names/name_composer.h"
@@ -13,7 +14,8 @@ void PreviewRow(FileRow& row, const Records& records, NameComposer& composer) {
   if (row.mark == Mark::kDone) row.mark = Mark::kWaiting;
   row.newFileName.clear();
   if (!row.PlannedName().empty()) row.SetPlannedName("");
-  if (IsToBeNamed(row)) row.newFileName = composer.Compose(SourceOf(row, records));
+  // A string of its own has no room to spare.
+  if (IsToBeNamed(row)) row.newFileName = std::string(composer.Compose(SourceOf(row, records)));
 }
 
 }  // namespace

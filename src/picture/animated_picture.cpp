@@ -5,7 +5,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 #include <QWindow>
@@ -15,14 +14,9 @@
 
 #include "picture/accessible_picture.h"
 #include "picture/finer_picture.h"
-#include "picture/picture_painting.h"
 #include "picture/picture_player.h"
 
 namespace {
-
-constexpr QSize kEmptyHint(64, 64);
-constexpr QSize kLeastSize(16, 16);
-constexpr QSize kMostLeastSize(256, 256);  // a large picture must not force a window open
 
 int Within(int value, const AnimatedPicture::Bounds& bounds) {
   return std::clamp(value, bounds.least, bounds.most);
@@ -31,7 +25,7 @@ int Within(int value, const AnimatedPicture::Bounds& bounds) {
 }  // namespace
 
 AnimatedPicture::AnimatedPicture(QWidget* parent)
-    : QWidget(parent), player_(std::make_unique<PicturePlayer>([this] { return Seen(); })) {
+    : QFrame(parent), player_(std::make_unique<PicturePlayer>([this] { return Seen(); })) {
   MakeAccessible();
   FollowPlayer();
 }
@@ -52,7 +46,9 @@ void AnimatedPicture::FollowPlayer() {
     FollowClicks();
     updateGeometry();
     update();
-    emit failed(reason);
+    const QPointer<AnimatedPicture> self(this);
+    TellFailure();
+    if (self != nullptr) emit failed(reason);
   });
   connect(player_.get(), &PicturePlayer::Finished, this, &AnimatedPicture::finished);
 }
@@ -90,21 +86,33 @@ void AnimatedPicture::Load() {
     Take(BytesOfFile(path, max_bytes_));
   } else if (!data_.isEmpty()) {
     Take({data_, {}});
-  } else {
-    player_->Clear();
-    FollowClicks();
-    updateGeometry();
-    update();
-    emit sourceChanged();
+  } else if (player_->Clear()) {
+    Settle();
   }
 }
 
 void AnimatedPicture::Take(const PictureBytes& read) {
-  player_->Take(read, {.bytes = max_bytes_, .pixels = max_pixels_, .frames = max_frames_});
+  const QPointer<AnimatedPicture> self(this);
+  player_->Take(read, {.bytes = max_bytes_,
+                       .pixels = max_pixels_,
+                       .frames = max_frames_,
+                       .kept = cached_ ? max_cache_bytes_ : 0});
+  if (self != nullptr) Settle();
+}
+
+void AnimatedPicture::Settle() {
+  const QPointer<AnimatedPicture> self(this);
   FollowClicks();
   updateGeometry();
   if (autoplay_ && !OnRequest()) player_->Play();
-  emit sourceChanged();
+  if (self != nullptr) TellFailure();
+  if (self != nullptr) emit sourceChanged();
+}
+
+void AnimatedPicture::TellFailure() {
+  if (failure() == told_failure_) return;
+  told_failure_ = failure();
+  emit failureChanged(failure());
 }
 
 bool AnimatedPicture::playing() const {
@@ -148,8 +156,9 @@ void AnimatedPicture::setAutoplay(bool autoplay) {
 void AnimatedPicture::setMotion(Motion motion) {
   if (motion == motion_) return;
   motion_ = motion;
+  const QPointer<AnimatedPicture> self(this);
   FollowMotion();
-  emit motionChanged(motion);
+  if (self != nullptr) emit motionChanged(motion);
 }
 
 void AnimatedPicture::setInteractive(bool interactive) {
@@ -188,32 +197,20 @@ void AnimatedPicture::FollowLoops() {
   player_->SetPasses(passes[static_cast<int>(loops_)]);
 }
 
-void AnimatedPicture::setScaleMode(ScaleMode mode) {
-  if (mode == scale_mode_) return;
-  scale_mode_ = mode;
-  updateGeometry();
-  update();
-  emit scaleModeChanged(mode);
-}
-
-void AnimatedPicture::setAlignment(Qt::Alignment alignment) {
-  if (alignment == alignment_) return;
-  alignment_ = alignment;
-  update();
-  emit alignmentChanged(alignment);
-}
-
-void AnimatedPicture::setBackground(const QColor& background) {
-  if (background == background_) return;
-  background_ = background;
-  update();
-  emit backgroundChanged(background);
-}
-
 void AnimatedPicture::setAccessibleDescription(const QString& description) {
   if (description == accessibleDescription()) return;
-  QWidget::setAccessibleDescription(description);
+  QFrame::setAccessibleDescription(description);
   emit accessibleDescriptionChanged(description);
+}
+
+void AnimatedPicture::setCached(bool cached) {
+  if (cached == cached_) return;
+  cached_ = cached;
+  emit cachedChanged(cached);
+}
+
+void AnimatedPicture::setMaxCacheBytes(int most) {
+  SetLimit(max_cache_bytes_, Within(most, kMaxCacheBytes));
 }
 
 void AnimatedPicture::setMaxBytes(int most) {
@@ -281,8 +278,9 @@ void AnimatedPicture::FollowClicks() {
 }
 
 void AnimatedPicture::FollowMotion() {
+  const QPointer<AnimatedPicture> self(this);
   if (OnRequest()) pause();
-  FollowClicks();
+  if (self != nullptr) FollowClicks();
 }
 
 bool AnimatedPicture::Seen() const {
@@ -305,24 +303,24 @@ void AnimatedPicture::WatchWindow() {
 
 bool AnimatedPicture::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::WindowStateChange || event->type() == QEvent::Expose) update();
-  return QWidget::eventFilter(watched, event);
+  return QFrame::eventFilter(watched, event);
 }
 
 void AnimatedPicture::showEvent(QShowEvent* event) {
-  QWidget::showEvent(event);
+  QFrame::showEvent(event);
   WatchWindow();
 }
 
 void AnimatedPicture::hideEvent(QHideEvent* event) {
-  QWidget::hideEvent(event);
+  QFrame::hideEvent(event);
   player_->Halt();
 }
 
 void AnimatedPicture::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::StyleChange) FollowMotion();
+  QFrame::changeEvent(event);
   if (event->type() == QEvent::EnabledChange || event->type() == QEvent::LayoutDirectionChange)
     update();
+  if (event->type() == QEvent::StyleChange) FollowMotion();
 }
 
 bool AnimatedPicture::event(QEvent* event) {
@@ -331,12 +329,12 @@ bool AnimatedPicture::event(QEvent* event) {
                        this);
     return true;
   }
-  return QWidget::event(event);
+  return QFrame::event(event);
 }
 
 void AnimatedPicture::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Space || !takesClicks()) {
-    QWidget::keyPressEvent(event);
+    QFrame::keyPressEvent(event);
   } else if (!event->isAutoRepeat()) {
     Toggle();
   }
@@ -349,44 +347,4 @@ void AnimatedPicture::mousePressEvent(QMouseEvent* event) {
 
 void AnimatedPicture::mouseReleaseEvent(QMouseEvent* event) {
   if (std::exchange(pressed_, false) && rect().contains(event->position().toPoint())) Toggle();
-}
-
-QSize AnimatedPicture::Hint() const {
-  return player_->Picture() == nullptr ? kEmptyHint : player_->Picture()->Size() / ratio_;
-}
-
-QSize AnimatedPicture::sizeHint() const {
-  return Hint().grownBy(contentsMargins());
-}
-
-QSize AnimatedPicture::minimumSizeHint() const {
-  const bool scaled = scale_mode_ != ScaleMode::ActualSize;
-  return Hint().boundedTo(scaled ? kLeastSize : kMostLeastSize).grownBy(contentsMargins());
-}
-
-QRect AnimatedPicture::Target() const {
-  const QRect room = contentsRect();
-  QSize size = Hint();
-  if (scale_mode_ == ScaleMode::Fit) size.scale(room.size(), Qt::KeepAspectRatio);
-  if (scale_mode_ == ScaleMode::Fill) size.scale(room.size(), Qt::KeepAspectRatioByExpanding);
-  if (scale_mode_ == ScaleMode::Stretch) size = room.size();
-  return QStyle::alignedRect(layoutDirection(), alignment_, size, room);
-}
-
-void AnimatedPicture::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  if (background_.isValid()) painter.fillRect(rect(), background_);
-  if (player_->Picture() != nullptr) {
-    PaintPicture(painter);
-  } else if (!failure().isEmpty()) {
-    PaintBroken(painter, contentsRect(), palette());
-  }
-  if (hasFocus() && takesClicks()) PaintFocus(painter, rect(), palette());
-  player_->Painted();
-}
-
-void AnimatedPicture::PaintPicture(QPainter& painter) const {
-  const QRect target = Target();
-  PaintFrame(painter, player_->Picture()->Frame(), target, contentsRect());
-  if (takesClicks() && !playing()) PaintPlay(painter, target & contentsRect());
 }

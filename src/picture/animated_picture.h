@@ -2,9 +2,9 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QFrame>
 #include <QPointer>
 #include <QString>
-#include <QWidget>
 #include <memory>
 
 class PicturePlayer;
@@ -12,15 +12,19 @@ class QIODevice;
 struct PictureBytes;
 
 /// Plays an animated picture (GIF, and whatever else Qt's readers animate); a still one is its
-/// single frame. No time is spent while nobody can see it, and no more than two frames are kept.
+/// single frame. No time is spent while nobody can see it, and no more than two frames are kept,
+/// unless `cached` asks for all. The border around it is a QFrame's. Whoever a signal tells may
+/// delete the picture.
 ///
 /// A number outside of its bounds becomes the nearest one within. A picture that is broken, cut or
 /// beyond a limit is never shown in part: `failed` tells why, and a quiet mark stands in its place.
-class AnimatedPicture : public QWidget {
+class AnimatedPicture : public QFrame {
   Q_OBJECT
   Q_PROPERTY(int maxBytes READ maxBytes WRITE setMaxBytes NOTIFY limitsChanged)
   Q_PROPERTY(int maxPixels READ maxPixels WRITE setMaxPixels NOTIFY limitsChanged)
   Q_PROPERTY(int maxFrames READ maxFrames WRITE setMaxFrames NOTIFY limitsChanged)
+  Q_PROPERTY(bool cached READ cached WRITE setCached NOTIFY cachedChanged)
+  Q_PROPERTY(int maxCacheBytes READ maxCacheBytes WRITE setMaxCacheBytes NOTIFY limitsChanged)
   Q_PROPERTY(bool autoplay READ autoplay WRITE setAutoplay NOTIFY autoplayChanged)
   Q_PROPERTY(Motion motion READ motion WRITE setMotion NOTIFY motionChanged)
   Q_PROPERTY(bool interactive READ interactive WRITE setInteractive NOTIFY interactiveChanged)
@@ -31,6 +35,9 @@ class AnimatedPicture : public QWidget {
   Q_PROPERTY(Qt::Alignment alignment READ alignment WRITE setAlignment NOTIFY alignmentChanged)
   Q_PROPERTY(QColor background READ background WRITE setBackground RESET resetBackground NOTIFY
                  backgroundChanged)
+  Q_PROPERTY(Shape frameShape READ frameShape WRITE setFrameShape NOTIFY frameStyleChanged)
+  Q_PROPERTY(Shadow frameShadow READ frameShadow WRITE setFrameShadow NOTIFY frameStyleChanged)
+  Q_PROPERTY(int lineWidth READ lineWidth WRITE setLineWidth NOTIFY lineWidthChanged)
   Q_PROPERTY(QString accessibleDescription READ accessibleDescription WRITE setAccessibleDescription
                  NOTIFY accessibleDescriptionChanged)
   Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
@@ -38,7 +45,7 @@ class AnimatedPicture : public QWidget {
       QByteArray data READ data WRITE setData NOTIFY sourceChanged DESIGNABLE false STORED false)
   Q_PROPERTY(int frame READ frame WRITE setFrame NOTIFY frameChanged)
   Q_PROPERTY(bool playing READ playing NOTIFY playingChanged)
-  Q_PROPERTY(QString failure READ failure NOTIFY failed)
+  Q_PROPERTY(QString failure READ failure NOTIFY failureChanged)
 
  public:
   enum class Loops { AsFile, Once, Forever, Count };
@@ -64,6 +71,8 @@ class AnimatedPicture : public QWidget {
   /// Qt's own QImageReader::allocationLimit, 32 million pixels unless set, is a limit too.
   static constexpr Bounds kMaxPixels{1, 1 << 28, 16 << 20};
   static constexpr Bounds kMaxFrames{1, 1'000'000, 20'000};
+  static constexpr Bounds kMaxCacheBytes{1, 0x7fff'fffe, 64 << 20};
+  static constexpr Bounds kLineWidth{0, 100, 1};
 
   explicit AnimatedPicture(QWidget* parent = nullptr);
   ~AnimatedPicture() override;
@@ -74,7 +83,8 @@ class AnimatedPicture : public QWidget {
   QString source() const { return source_; }
   /// The bytes of a picture in the place of a file. Kept as long as they are shown.
   QByteArray data() const { return data_; }
-  /// The same, from what `device` has to give now; it isn't needed afterwards.
+  /// The same, from what `device` has to give now; it isn't needed afterwards. One that isn't open
+  /// is opened to be read, and closed again.
   void setDevice(QIODevice* device);
   /// Whether the picture plays as soon as it is set.
   bool autoplay() const { return autoplay_; }
@@ -98,6 +108,10 @@ class AnimatedPicture : public QWidget {
   int maxBytes() const { return max_bytes_; }
   int maxPixels() const { return max_pixels_; }
   int maxFrames() const { return max_frames_; }
+  /// Whether decoded frames are kept, so that only the first pass decodes. Where all of them would
+  /// take more than `maxCacheBytes`, none is. Both hold for what is set or reloaded afterwards.
+  bool cached() const { return cached_; }
+  int maxCacheBytes() const { return max_cache_bytes_; }
 
   /// Whether it plays, be it that nobody sees it just now.
   bool playing() const;
@@ -133,7 +147,14 @@ class AnimatedPicture : public QWidget {
   void setAlignment(Qt::Alignment alignment);
   void setBackground(const QColor& background);
   void resetBackground() { setBackground({}); }
+  void setFrameShape(QFrame::Shape shape);
+  void setFrameShadow(QFrame::Shadow shadow);
+  /// Shape and shadow in one.
+  void setFrameStyle(int style);
+  void setLineWidth(int width);
   void setAccessibleDescription(const QString& description);
+  void setCached(bool cached);
+  void setMaxCacheBytes(int most);
   void setMaxBytes(int most);
   void setMaxPixels(int most);
   void setMaxFrames(int most);
@@ -154,6 +175,7 @@ class AnimatedPicture : public QWidget {
   void frameChanged(int frame);
   /// There is no picture, and why.
   void failed(const QString& reason);
+  void failureChanged(const QString& failure);
   void playingChanged(bool playing);
   void sourceChanged();
   void limitsChanged();
@@ -166,6 +188,9 @@ class AnimatedPicture : public QWidget {
   void scaleModeChanged(AnimatedPicture::ScaleMode mode);
   void alignmentChanged(Qt::Alignment alignment);
   void backgroundChanged(const QColor& background);
+  void frameStyleChanged();
+  void lineWidthChanged(int width);
+  void cachedChanged(bool cached);
   void accessibleDescriptionChanged(const QString& description);
 
  protected:
@@ -182,6 +207,8 @@ class AnimatedPicture : public QWidget {
  private:
   void Load();
   void Take(const PictureBytes& read);
+  void Settle();
+  void TellFailure();
   void FollowPlayer();
   void FollowLoops();
   void SetLimit(int& limit, int most);
@@ -198,6 +225,7 @@ class AnimatedPicture : public QWidget {
   std::unique_ptr<PicturePlayer> player_;
   QString source_;
   QByteArray data_;
+  QString told_failure_;
   QPointer<QObject> window_;  ///< whose state is watched, and its handle's exposure
   QPointer<QObject> handle_;
   int ratio_ = 1;  ///< pixels of the file a logical one
@@ -214,6 +242,8 @@ class AnimatedPicture : public QWidget {
   int max_bytes_ = kMaxBytes.usual;
   int max_pixels_ = kMaxPixels.usual;
   int max_frames_ = kMaxFrames.usual;
+  int max_cache_bytes_ = kMaxCacheBytes.usual;
+  bool cached_ = false;
   bool autoplay_ = true;
   bool interactive_ = false;
 };

@@ -1,5 +1,6 @@
 #include "picture/picture_player.h"
 
+#include <QPointer>
 #include <QTimerEvent>
 #include <algorithm>
 #include <utility>
@@ -14,8 +15,7 @@ constexpr qint64 kSlice = 15;  // of a walk to a frame that is far, in milliseco
 
 void PicturePlayer::Take(const PictureBytes& read, const PictureLimits& limits) {
   const int mine = ++taken_;
-  Clear();
-  if (mine != taken_) return;  // who was told has set another one
+  if (!Clear() || mine != taken_) return;  // who was told has set another one
   if (!read.problem.isEmpty()) {
     Fail(read.problem);
     return;
@@ -28,27 +28,29 @@ void PicturePlayer::Take(const PictureBytes& read, const PictureLimits& limits) 
   }
 }
 
-void PicturePlayer::Clear() {
+bool PicturePlayer::Clear() {
   seek_.stop();
   failure_.clear();
   reader_.reset();
   passes_ = 0;
   ended_ = false;
-  SetPlaying(false);
+  return SetPlaying(false);
 }
 
 void PicturePlayer::Fail(const QString& reason) {
   QString kept = reason;  // it may be the reader's own
-  Clear();
+  if (!Clear()) return;
   failure_ = std::move(kept);
   emit Failed(QString(failure_));  // who is told may set another picture
 }
 
-void PicturePlayer::SetPlaying(bool playing) {
+bool PicturePlayer::SetPlaying(bool playing) {
   next_.stop();
-  if (playing == playing_) return;
+  if (playing == playing_) return true;
   playing_ = playing;
+  const QPointer<PicturePlayer> self(this);
   emit PlayingChanged(playing);
+  return self != nullptr;
 }
 
 void PicturePlayer::SetSpeed(int per_cent) {
@@ -59,8 +61,9 @@ void PicturePlayer::SetSpeed(int per_cent) {
 void PicturePlayer::Play() {
   if (!Animated() || playing_) return;
   since_.restart();
+  const QPointer<PicturePlayer> self(this);
   if (ended_) Begin();
-  if (reader_) SetPlaying(true);
+  if (self != nullptr && reader_) SetPlaying(true);
 }
 
 // The first frame is as good as any other: what has been read may still turn out broken.
@@ -75,15 +78,13 @@ void PicturePlayer::Begin() {
 }
 
 void PicturePlayer::Stop() {
-  SetPlaying(false);
   passes_ = 0;
-  Seek(0);
+  if (SetPlaying(false)) Seek(0);
 }
 
 void PicturePlayer::Step() {
   seek_.stop();
-  SetPlaying(false);
-  if (!Animated()) return;
+  if (!SetPlaying(false) || !Animated()) return;
   if (!ended_ && reader_->Next()) {
     Show();
   } else if (!reader_->Problem().isEmpty()) {
@@ -170,6 +171,5 @@ void PicturePlayer::EndPass() {
   }
   passes_ = 0;
   ended_ = true;
-  SetPlaying(false);
-  emit Finished();
+  if (SetPlaying(false)) emit Finished();
 }

@@ -11,7 +11,7 @@
 
 /// Walks through the frames of a picture in their time: which one stands, and when the next one
 /// comes. The clock of a frame starts when it is told that it was painted, so what nobody sees
-/// costs nothing.
+/// costs nothing. Whoever a signal tells may delete it.
 class PicturePlayer : public QObject {
   Q_OBJECT
 
@@ -21,7 +21,8 @@ class PicturePlayer : public QObject {
 
   /// Puts the picture in the place of the former one, at its first frame.
   void Take(const PictureBytes& read, const PictureLimits& limits);
-  void Clear();
+  /// False when who was told has deleted this.
+  bool Clear();
   /// The picture, or nothing when there is none.
   const PictureReader* Picture() const { return reader_ ? &*reader_ : nullptr; }
   /// Why there is none; empty when none was given.
@@ -56,7 +57,7 @@ class PicturePlayer : public QObject {
 
  private:
   void Fail(const QString& reason);
-  void SetPlaying(bool playing);
+  bool SetPlaying(bool playing);  ///< false when who was told has deleted this
   void Begin();
   void Advance();
   void EndPass();

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -21,8 +22,8 @@
 namespace {
 
 constexpr int kSampleSize = 200;
-constexpr int kFieldsWidth = 340;
-constexpr const char* kLimits[] = {"maxBytes", "maxPixels", "maxFrames"};
+constexpr int kFieldsWidth = 400;
+constexpr const char* kLimits[] = {"maxBytes", "maxPixels", "maxFrames", "cached", "maxCacheBytes"};
 
 enum Tab { kPicture, kPlaying, kDisplay, kLimit };
 
@@ -81,7 +82,10 @@ PicturePropertyPage::PicturePropertyPage(AnimatedPicture* picture, QWidget* pare
   filling_ = false;
   ShowFacts();
   ShowState();
-  connect(picture, &QObject::destroyed, this, [this] { setEnabled(false); });
+  connect(picture, &QObject::destroyed, this, [this] {
+    picture_.clear();  // a widget says so before its pointers know
+    ShowState();
+  });
 }
 
 PicturePropertyPage::~PicturePropertyPage() = default;
@@ -100,17 +104,24 @@ void PicturePropertyPage::AddRow(int tab, const char* property, const QString& l
   rows_.push_back({property, std::move(field), {}, {}});
 }
 
+std::function<void()> PicturePropertyPage::NextChanged() {
+  return [this, row = rows_.size()] { Changed(row); };
+}
+
 // In the order in which they are applied: what a picture is read by before the picture, then where
 // it stands.
 void PicturePropertyPage::AddRows() {
   using namespace property_fields;
-  const auto changed = [this] { return [this, row = rows_.size()] { Changed(row); }; };
+  const auto changed = [this] { return NextChanged(); };
   const auto number = [&](const AnimatedPicture::Bounds& bounds, const QString& suffix = {}) {
     return Number(bounds.least, bounds.most, suffix, changed());
   };
   AddRow(kLimit, "maxBytes", tr("&Bytes:"), number(AnimatedPicture::kMaxBytes));
   AddRow(kLimit, "maxPixels", tr("Pi&xels of a frame:"), number(AnimatedPicture::kMaxPixels));
   AddRow(kLimit, "maxFrames", tr("F&rames:"), number(AnimatedPicture::kMaxFrames));
+  AddRow(kLimit, "cached", {}, Check(tr("&Keep decoded frames"), changed()));
+  AddRow(kLimit, "maxCacheBytes", tr("By&tes of kept frames:"),
+         number(AnimatedPicture::kMaxCacheBytes));
   AddRow(kPlaying, "autoplay", {}, Check(tr("Play &when the picture is set"), changed()));
   AddRow(kPlaying, "interactive", {}, Check(tr("Click and Space &play and pause"), changed()));
   AddRow(kPlaying, "motion", tr("&Motion:"),
@@ -121,14 +132,32 @@ void PicturePropertyPage::AddRows() {
       Choice({tr("As the file says"), tr("Once"), tr("Without end"), tr("As often as said below")},
              changed()));
   AddRow(kPlaying, "loopCount", tr("&Times:"), number(AnimatedPicture::kLoopCount));
-  AddRow(kDisplay, "scaleMode", tr("&Size:"),
-         Choice({tr("Actual size"), tr("Fit"), tr("Fill"), tr("Stretch")}, changed()));
-  AddRow(kDisplay, "alignment", tr("A&lignment:"), Alignment(changed()));
-  AddRow(kDisplay, "background", tr("Back&ground:"), Colour(changed()));
+  AddDisplayRows();
   AddRow(kPicture, "source", tr("&File or resource:"), File(changed()));
   AddRow(kPicture, "frame", tr("Fra&me:"),
          Number(0, AnimatedPicture::kMaxFrames.most, {}, changed()));
   AddRow(kPicture, "accessibleDescription", tr("&Description:"), Line(changed()));
+}
+
+void PicturePropertyPage::AddDisplayRows() {
+  using namespace property_fields;
+  const auto changed = [this] { return NextChanged(); };
+  AddRow(kDisplay, "scaleMode", tr("&Size:"),
+         Choice({tr("Actual size"), tr("Fit"), tr("Fill"), tr("Stretch")}, changed()));
+  AddRow(kDisplay, "alignment", tr("A&lignment:"), Alignment(changed()));
+  AddRow(kDisplay, "background", tr("Back&ground:"), Colour(changed()));
+  AddRow(
+      kDisplay, "frameShape", tr("Bo&rder:"),
+      Choice({tr("None"), tr("Box"), tr("Panel"), tr("Raised or sunken panel"),
+              tr("As the style has it")},
+             changed(),
+             {QFrame::NoFrame, QFrame::Box, QFrame::Panel, QFrame::WinPanel, QFrame::StyledPanel}));
+  AddRow(kDisplay, "frameShadow", tr("S&hadow:"),
+         Choice({tr("Plain"), tr("Raised"), tr("Sunken")}, changed(),
+                {QFrame::Plain, QFrame::Raised, QFrame::Sunken}));
+  AddRow(kDisplay, "lineWidth", tr("Line &width:"),
+         Number(AnimatedPicture::kLineWidth.least, AnimatedPicture::kLineWidth.most, tr(" px"),
+                changed()));
 }
 
 void PicturePropertyPage::AddSample() {
@@ -229,16 +258,22 @@ void PicturePropertyPage::ShowFacts() {
     }
   }
   facts_->setText(lines.join(QLatin1Char('\n')));
+  const int frames = sample_->frameCount();
+  findChild<QSpinBox*>(QStringLiteral("frame"))
+      ->setMaximum(frames > 0 ? frames - 1 : AnimatedPicture::kMaxFrames.most);
 }
 
 void PicturePropertyPage::ShowState() {
   const auto any = [&](auto differs) { return std::any_of(rows_.begin(), rows_.end(), differs); };
-  buttons_->button(QDialogButtonBox::Apply)->setEnabled(any([](const Row& row) {
-    return row.Edited();
-  }));
-  buttons_->button(QDialogButtonBox::Reset)->setEnabled(any([](const Row& row) {
-    return row.field.value() != row.opened;
-  }));
+  const bool on = picture_ != nullptr;
+  tabs_->setEnabled(on);
+  buttons_->button(QDialogButtonBox::Ok)->setEnabled(on);
+  buttons_->button(QDialogButtonBox::Apply)->setEnabled(on && any([](const Row& row) {
+                                                          return row.Edited();
+                                                        }));
+  buttons_->button(QDialogButtonBox::Reset)->setEnabled(on && any([](const Row& row) {
+                                                          return row.field.value() != row.opened;
+                                                        }));
 }
 
 void PicturePropertyPage::apply() {
@@ -250,6 +285,7 @@ void PicturePropertyPage::apply() {
     source = source || IsSource(row.property);
     row.applied = row.field.value();
     if (IsFrame(row.property)) picture_->pause();
+    if (picture_ == nullptr) break;
     setter_ ? setter_(row.property, row.applied) : Give(*picture_, row);
   }
   if (limits && !source && picture_ != nullptr) picture_->reload();
@@ -261,14 +297,17 @@ void PicturePropertyPage::restore() {
 }
 
 bool PicturePropertyPage::edit(AnimatedPicture* picture, QWidget* parent, Setter setter) {
-  QDialog dialog(parent);
-  auto* page = new PicturePropertyPage(picture, &dialog);
+  const QPointer<QDialog> dialog(new QDialog(parent));  // it goes with its parent
+  auto* page = new PicturePropertyPage(picture, dialog);
   page->setSetter(std::move(setter));
-  dialog.setWindowTitle(page->windowTitle());
-  auto* lines = new QVBoxLayout(&dialog);
+  dialog->setWindowTitle(page->windowTitle());
+  auto* lines = new QVBoxLayout(dialog);
   lines->setContentsMargins({});
   lines->addWidget(page);
-  connect(page, &PicturePropertyPage::accepted, &dialog, &QDialog::accept);
-  connect(page, &PicturePropertyPage::rejected, &dialog, &QDialog::reject);
-  return dialog.exec() == QDialog::Accepted;
+  connect(page, &PicturePropertyPage::accepted, dialog, &QDialog::accept);
+  connect(page, &PicturePropertyPage::rejected, dialog, &QDialog::reject);
+  connect(picture, &QObject::destroyed, dialog, &QDialog::reject);
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  delete dialog;
+  return accepted;
 }

@@ -23,7 +23,7 @@ class PicturePropertyPage : public QWidget {
   /// editor with an undo of its own.
   using Setter = std::function<void(const char* property, const QVariant& value)>;
 
-  /// When `picture` goes, the page has nothing to change any more and says so by being off.
+  /// When `picture` goes, the page has nothing to change any more: all but "Cancel" is off.
   explicit PicturePropertyPage(AnimatedPicture* picture, QWidget* parent = nullptr);
   ~PicturePropertyPage() override;
 
@@ -31,7 +31,8 @@ class PicturePropertyPage : public QWidget {
   /// The picture that shows what is edited.
   AnimatedPicture* sample() const { return sample_; }
 
-  /// Opens the page as a dialog of `parent` and waits for its end. Whether it ended by "OK".
+  /// Opens the page as a dialog of `parent` and waits for its end, which also comes when `picture`
+  /// or `parent` goes. Whether it ended by "OK".
   static bool edit(AnimatedPicture* picture, QWidget* parent, Setter setter = {});
 
  public slots:
@@ -49,6 +50,8 @@ class PicturePropertyPage : public QWidget {
 
   void AddRow(int tab, const char* property, const QString& label, PropertyField field);
   void AddRows();
+  void AddDisplayRows();
+  std::function<void()> NextChanged();  ///< for the row that is added next
   void AddSample();
   void AddButtons();
   void Changed(size_t row);

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr qint64 kPart = 1 << 18;
+
 QString Translated(const char* text) {
   return QCoreApplication::translate("PictureReader", text);
 }
@@ -22,6 +24,16 @@ QString TooLong(int most) {
 QString TooMany(int most) {
   return Translated(QT_TRANSLATE_NOOP("PictureReader", "The picture has more than %1 frames."))
       .arg(QLocale().toString(most));
+}
+
+QString NotOpened(const QIODevice& device) {
+  return Translated(QT_TRANSLATE_NOOP("PictureReader", "The picture can't be opened: %1."))
+      .arg(device.errorString());
+}
+
+QString NotRead(const QIODevice& device) {
+  return Translated(QT_TRANSLATE_NOOP("PictureReader", "The picture can't be read: %1."))
+      .arg(device.errorString());
 }
 
 // Qt's readers of these show the part that is there.
@@ -49,25 +61,29 @@ PictureBytes BytesOfFile(const QString& path, int most) {
     return {{}, Translated(QT_TRANSLATE_NOOP("PictureReader", "This is not a regular file."))};
   }
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    return {{},
-            Translated(QT_TRANSLATE_NOOP("PictureReader", "The file can't be opened: %1."))
-                .arg(file.errorString())};
-  }
   return BytesOfDevice(file, most);
 }
 
 PictureBytes BytesOfDevice(QIODevice& device, int most) {
+  if (!device.isOpen()) {
+    if (!device.open(QIODevice::ReadOnly)) return {{}, NotOpened(device)};
+    PictureBytes read = BytesOfDevice(device, most);
+    device.close();
+    return read;
+  }
   if (!device.isReadable()) {
     return {{}, Translated(QT_TRANSLATE_NOOP("PictureReader", "There is nothing to read from."))};
   }
   if (!device.isSequential() && device.size() - device.pos() > most) return {{}, TooLong(most)};
   PictureBytes read;
+  QByteArray part(kPart, Qt::Uninitialized);
   while (read.bytes.size() <= most) {
-    const QByteArray part =
-        device.read(std::min<qint64>(1 << 20, qint64{most} + 1 - read.bytes.size()));
-    if (part.isEmpty()) break;
-    read.bytes += part;
+    const qint64 got =
+        device.read(part.data(), std::min(kPart, qint64{most} + 1 - read.bytes.size()));
+    // What came in pieces has ended when the other side has closed.
+    if (got < 0 && !(device.isSequential() && !read.bytes.isEmpty())) return {{}, NotRead(device)};
+    if (got <= 0) break;
+    read.bytes.append(part.constData(), got);
   }
   if (read.bytes.size() > most) return {{}, TooLong(most)};
   read.bytes.squeeze();
@@ -75,7 +91,7 @@ PictureBytes BytesOfDevice(QIODevice& device, int most) {
 }
 
 PictureReader::PictureReader(const QByteArray& bytes, const PictureLimits& limits)
-    : limits_(limits) {
+    : limits_(limits), keeps_(limits.kept > 0) {
   buffer_.setData(bytes);
   buffer_.open(QIODevice::ReadOnly);
   if (!CheckBytes()) return;
@@ -131,15 +147,17 @@ void PictureReader::CheckSize(qint64 width, qint64 height) {
 }
 
 void PictureReader::Rewind() {
+  index_ = -1;
+  passed_ = 0;
+  if (all_kept_) return;
   buffer_.seek(0);
   reader_.emplace(&buffer_);
   reader_->setAutoTransform(true);
-  index_ = -1;
-  passed_ = 0;
 }
 
 bool PictureReader::Next() {
   if (!problem_.isEmpty()) return false;
+  if (all_kept_) return NextKept();
   if (index_ >= 0 && (!animated_ || !reader_->canRead())) {
     NoteEnd();
     return false;
@@ -153,7 +171,9 @@ bool PictureReader::Next() {
 
 bool PictureReader::Took(QImage&& image) {
   if (image.isNull()) {
-    problem_ = tr("Frame %1 can't be read.").arg(index_ + 2);
+    problem_ = reader_->error() == QImageReader::UnknownError
+                   ? tr("Frame %1 can't be read.").arg(index_ + 2)
+                   : tr("Frame %1 can't be read: %2.").arg(index_ + 2).arg(reader_->errorString());
     return false;
   }
   CheckSize(image.width(), image.height());
@@ -163,6 +183,28 @@ bool PictureReader::Took(QImage&& image) {
   delay_ = reader_->nextImageDelay();
   passed_ += delay_;
   ++index_;
+  Keep();
+  return true;
+}
+
+// Where not all find room none is worth it: a frame is decoded on the one before it.
+void PictureReader::Keep() {
+  if (!keeps_ || !animated_ || index_ < static_cast<int>(kept_.size())) return;
+  kept_bytes_ += frame_.sizeInBytes();
+  if (kept_bytes_ <= limits_.kept) {
+    kept_.push_back({frame_, delay_});
+  } else {
+    keeps_ = false;
+    kept_ = {};
+  }
+}
+
+bool PictureReader::NextKept() {
+  if (index_ + 1 == static_cast<int>(kept_.size())) return false;
+  const Kept& next = kept_[++index_];
+  frame_ = next.frame;
+  size_ = frame_.size();
+  delay_ = next.delay;
   return true;
 }
 
@@ -170,4 +212,7 @@ bool PictureReader::Took(QImage&& image) {
 void PictureReader::NoteEnd() {
   count_ = index_ + 1;
   length_ = animated_ ? passed_ : 0;
+  if (!keeps_ || !animated_) return;
+  all_kept_ = true;
+  reader_.reset();
 }

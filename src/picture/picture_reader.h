@@ -9,12 +9,14 @@
 #include <QSize>
 #include <memory>
 #include <optional>
+#include <vector>
 
 /// What a picture may have at most.
 struct PictureLimits {
   int bytes = 0;
   int pixels = 0;  ///< of one frame
   int frames = 0;
+  int kept = 0;  ///< bytes of decoded frames that stay for the next pass; none do if it takes more
 };
 
 /// The bytes of a picture, or a plain reason why there are none.
@@ -26,13 +28,15 @@ struct PictureBytes {
 /// All that is in the file or resource `path`, of at most `most` bytes. Only regular files are
 /// read, since others might never end.
 PictureBytes BytesOfFile(const QString& path, int most);
-/// What `device` has to give now, from its present place on.
+/// What `device` has to give now, from its present place on. One that isn't open is opened to be
+/// read, and closed again.
 PictureBytes BytesOfDevice(QIODevice& device, int most);
 
 /// The frames of a picture, one after the other, from bytes in memory: a change of the file is not
-/// seen. Whatever the bytes hold, no more than the frame shown and the decoder's own are kept.
-/// (QMovie isn't used: it opens the file again for each pass, decodes before its size can be
-/// refused, and doesn't tell a cut file from one that has ended.)
+/// seen. Whatever the bytes hold, no more than the frame shown and the decoder's own are kept,
+/// unless the limits allow for more; then all are, and none is decoded twice, or none. (QMovie
+/// isn't used: it opens the file again for each pass, decodes before its size can be refused, and
+/// doesn't tell a cut file from one that has ended.)
 class PictureReader {
   Q_DECLARE_TR_FUNCTIONS(PictureReader)
 
@@ -69,7 +73,14 @@ class PictureReader {
   void Check();
   void CheckSize(qint64 width, qint64 height);
   bool Took(QImage&& image);
+  void Keep();
+  bool NextKept();
   void NoteEnd();
+
+  struct Kept {
+    QImage frame;
+    int delay = 0;
+  };
 
   PictureLimits limits_;
   QBuffer buffer_;
@@ -84,4 +95,8 @@ class PictureReader {
   int count_ = 0;
   qint64 length_ = 0;
   qint64 passed_ = 0;  ///< what the frames of this pass have lasted
+  std::vector<Kept> kept_;
+  qint64 kept_bytes_ = 0;
+  bool keeps_ = false;
+  bool all_kept_ = false;  ///< the decoder has gone
 };

@@ -12,10 +12,14 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QSpinBox>
+#include <algorithm>
+#include <iterator>
 
 namespace property_fields {
 
 namespace {
+
+constexpr const char* kAbsolute = "absolute";
 
 QString Tr(const char* text) {
   return QCoreApplication::translate("PicturePropertyPage", text);
@@ -74,10 +78,11 @@ PropertyField Number(int least, int most, const QString& suffix, const Changed& 
           [box](const QVariant& value) { box->setValue(value.toInt()); }};
 }
 
-PropertyField Choice(const QStringList& texts, const Changed& changed) {
+PropertyField Choice(const QStringList& texts, const Changed& changed, const QList<int>& values) {
   auto* list = NewList(texts, changed);
-  return {list, [list] { return list->currentIndex(); },
-          [list](const QVariant& value) { list->setCurrentIndex(value.toInt()); }};
+  for (int at = 0; at < texts.size(); ++at) list->setItemData(at, values.value(at, at));
+  return {list, [list] { return list->currentData(); },
+          [list](const QVariant& value) { list->setCurrentIndex(list->findData(value.toInt())); }};
 }
 
 PropertyField Line(const Changed& changed) {
@@ -135,18 +140,25 @@ PropertyField Alignment(const Changed& changed) {
   auto* down = NewList({Tr("Top"), Tr("Middle"), Tr("Bottom")}, changed);
   across->setAccessibleName(Tr("Across"));
   down->setAccessibleName(Tr("Down"));
-  return {
-      SideBySide(across, down),
-      [across, down] {
-        return QVariant::fromValue(kAcross[across->currentIndex()] | kDown[down->currentIndex()]);
-      },
-      [across, down](const QVariant& value) {
-        const auto alignment = value.value<Qt::Alignment>();
-        for (int at = 0; at < 3; ++at) {
-          if (alignment & kAcross[at]) across->setCurrentIndex(at);
-          if (alignment & kDown[at]) down->setCurrentIndex(at);
-        }
-      }};
+  auto both = SideBySide(across, down);
+  return {both,
+          [=] {
+            return QVariant::fromValue(kAcross[across->currentIndex()] |
+                                       kDown[down->currentIndex()] |
+                                       Qt::Alignment(both->property(kAbsolute).toInt()));
+          },
+          [=](const QVariant& value) {
+            const auto alignment = value.value<Qt::Alignment>();
+            both->setProperty(kAbsolute, static_cast<int>(alignment & Qt::AlignAbsolute));
+            const auto show = [&](QComboBox* list, const Qt::Alignment(&all)[3]) {
+              const auto* found = std::find_if(std::begin(all), std::end(all),
+                                               [&](auto one) { return (alignment & one) != 0; });
+              list->setCurrentIndex(found != std::end(all) ? static_cast<int>(found - all) : 0);
+            };
+            show(across, kAcross);
+            show(down, kDown);
+            changed();
+          }};
 }
 
 }  // namespace property_fields

@@ -20,12 +20,14 @@ using Changed = std::function<void()>;
 
 PropertyField Check(const QString& text, const Changed& changed);
 PropertyField Number(int least, int most, const QString& suffix, const Changed& changed);
-PropertyField Choice(const QStringList& texts, const Changed& changed);
+/// A list of which each entry stands for its number in `values`, or for its place.
+PropertyField Choice(const QStringList& texts, const Changed& changed,
+                     const QList<int>& values = {});
 PropertyField Line(const Changed& changed);
 /// A line with a button that chooses a picture among the files.
 PropertyField File(const Changed& changed);
 /// A button that chooses a colour, and one that takes it away.
 PropertyField Colour(const Changed& changed);
-/// Two lists, across and down, for a Qt::Alignment.
+/// Two lists, across and down, for a Qt::Alignment; its Qt::AlignAbsolute stays as it was shown.
 PropertyField Alignment(const Changed& changed);
 }  // namespace property_fields

@@ -11,11 +11,16 @@
 /// What an entry of a folder is, by itself and not by what a link points to.
 enum class EntryKind : std::uint8_t { kFolder, kFile };
 
+/// Tells one regular file from every other by a single number, so that a row can keep it. 0 is
+/// none: it isn't known, or no regular file.
+using Fingerprint = std::uint64_t;
+
 /// Facts of one entry, as lstat tells them; a symbolic link is a file.
 struct FileFacts {
   EntryKind kind = EntryKind::kFile;
   std::uint64_t size = 0;        ///< bytes
   std::int64_t modified_ns = 0;  ///< last-write time, nanoseconds since 1970-01-01 00:00 UTC
+  Fingerprint fingerprint = 0;
 };
 
 inline bool FitsBirth(std::int64_t a_ns, std::int64_t b_ns) {
@@ -34,6 +39,21 @@ struct FileIdentity {
            modified_ns == other.modified_ns && FitsBirth(born_ns, other.born_ns);
   }
 };
+
+/// By inode number and birth, since a freed number is given out again soon; where births aren't
+/// known, by size and the time of the last write. Stays when the file is renamed. Never 0.
+inline Fingerprint FingerprintOf(const FileIdentity& file) {
+  // Mixes well enough that two files never meet (the finalizer of splitmix64).
+  const auto mix = [](std::uint64_t x) {
+    x = (x ^ (x >> 30)) * 0xBF58476D1CE4E5B9u;
+    x = (x ^ (x >> 27)) * 0x94D049BB133111EBu;
+    return x ^ (x >> 31);
+  };
+  const bool is_born = file.born_ns != 0;
+  const auto time = static_cast<std::uint64_t>(is_born ? file.born_ns : file.modified_ns);
+  const std::uint64_t all = mix(mix(file.inode) + time) + (is_born ? 0 : mix(file.size));
+  return all != 0 ? all : 1;
+}
 
 /// Tells one folder from every other, whatever is in it.
 struct FolderIdentity {
@@ -76,8 +96,22 @@ struct FolderEntries {
   std::vector<std::string> names;  ///< storage; large pieces, not one string an entry
 };
 
+/// Told of a copy that is whole and about to get its name.
+using CopyWatch = std::function<void(const CopyIdentities&)>;
+
+/// Whether a name is of the form that an operation gives to what it hasn't finished. Where that is
+/// of a process that was killed, it is a file like any other.
+bool IsUnfinishedName(std::string_view name);
+
 /// Called between the pieces of a long operation, so that events can run; false asks it to stop.
 using GoOn = std::function<bool()>;
+
+/// What became of a rename that was tried without a look.
+enum class Attempt : std::uint8_t {
+  kDone,
+  kFailed,     ///< as MoveFile would have; Problem() tells why
+  kLookFirst,  ///< nothing was done: only MoveFile, which looks first, can do or refuse this one
+};
 
 /// All that the system's files are asked and told. Paths are raw bytes, taken as they stand; no
 /// path is followed through a symbolic link in its last name. Operations tell only done (true) or
@@ -95,6 +129,9 @@ class FileSystem {
   /// The facts of the entry at `path`, with a closing separator those of the folder; nothing when
   /// it can't be looked at.
   virtual std::optional<FileFacts> Look(std::string_view path) = 0;
+
+  /// Which file or folder the entry at `path` is, by itself and not by what a link points to.
+  virtual std::optional<FileIdentity> Identify(std::string_view path) = 0;
 
   /// Which folder `path` (with or without a closing separator) leads to, links followed; nothing
   /// when it leads to none.
@@ -128,13 +165,35 @@ class FileSystem {
   /// same directory entry under another letter case. Moving an entry onto itself is done when it
   /// is there. To another file system a regular file is copied whole and synced before the source
   /// goes; if that was replaced in the meantime, what is there now stays, and the copy too.
-  virtual bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) = 0;
+  /// When done and `moved` is given, that takes the fingerprint of what stands at `to` now.
+  virtual bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                        Fingerprint* moved) = 0;
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) {
+    return MoveFile(from, to, go_on, nullptr);
+  }
+
+  /// As MoveFile within one file system, by a single call that can't replace, and with nothing
+  /// looked at unless that call fails. `known` is the fingerprint of the file when it was last
+  /// looked at; by it a rename that was done and answered an error is known for done.
+  virtual Attempt RenameKnown(std::string_view from, std::string_view to, Fingerprint known) = 0;
+
+  /// The quickest of both for a file whose fingerprint is `known`, which is kept true.
+  bool MoveKnown(std::string_view from, std::string_view to, const GoOn& go_on,
+                 Fingerprint& known) {
+    const Attempt attempt = RenameKnown(from, to, known);
+    if (attempt != Attempt::kLookFirst) return attempt == Attempt::kDone;
+    return MoveFile(from, to, go_on, &known);
+  }
 
   /// Copies what `from` is, or points to, if that is a regular file; never onto an existing entry.
   /// The target appears whole, with times, mode, attributes and access list, or not at all. When
   /// done and `copied` is given, it takes the identities of both files.
   virtual bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
                         CopyIdentities* copied) = 0;
+
+  /// From now on `watch` is told of every copy, also of one that a move to another file system
+  /// makes; null ends it. What it names may still not get its name.
+  virtual void WatchCopies(const CopyWatch& watch) = 0;
 
   /// Deletes the file at `path` only if it is still the very file `made`; anything else is not
   /// done.
@@ -150,6 +209,10 @@ class FileSystem {
   /// Why the last operation that was not done was not: errno or a FileProblem.
   virtual int Problem() const { return 0; }
 
+  /// To be told when events ran, and so others had their turn: before anything is changed in a
+  /// folder again, it is looked whether its path still leads to it.
+  virtual void LookAnew() {}
+
   /// Lets go of what is kept open for speed between calls, and of what was expected. Good at the
   /// end of a pass: a medium with an open folder can't be unmounted.
   virtual void LetFoldersGo() {}
@@ -157,6 +220,7 @@ class FileSystem {
 
 /// The file system of this machine (POSIX, with the Linux calls where they are there).
 /// Ignores SIGXFSZ and SIGPIPE from its making on, so that a limit is an error and not an end.
-/// Handles of the last three folders used are kept until LetFoldersGo; a folder that was renamed or
-/// replaced meanwhile is noticed before anything in it is changed.
+/// Handles of the last three folders used are kept until LetFoldersGo. That a folder was renamed or
+/// replaced meanwhile is noticed after LookAnew, and after a tenth of a second at the latest; until
+/// then what is done there is done in the folder that the path led to.
 std::unique_ptr<FileSystem> MakePosixFileSystem();

@@ -126,3 +126,9 @@ struct Services {
   Shell& shell;
   SettingsStore& settings;
 };
+
+/// The same, but for the events.
+inline Services WithEvents(const Services& s, EventPump& events) {
+  return {s.files,      s.clock,   s.facts,   events,  s.locale,
+          s.type_names, s.folders, s.prompts, s.shell, s.settings};
+}

@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "settings/output_modes.h"
 #include "trace/err_trace.h"
 
 namespace {
@@ -15,17 +16,19 @@ bool StillToRename(const FileRow& row) {
 
 }  // namespace
 
-std::string NameFreer::MoveAside(const RowPlace& place) {
+std::string NameFreer::MoveAside(const RowPlace& place, Fingerprint& file) {
   const NumberTexts users{state_.numbering.gNumberLeft, state_.numbering.gNumberRight};
-  std::string aside = MoveAside(place, users);
-  return aside.empty() && users != kSafeNumberTexts ? MoveAside(place, kSafeNumberTexts) : aside;
+  std::string aside = MoveAside(place, users, file);
+  if (!aside.empty() || users == kSafeNumberTexts) return aside;
+  return MoveAside(place, kSafeNumberTexts, file);
 }
 
-std::string NameFreer::MoveAside(const RowPlace& place, const NumberTexts& texts) {
+std::string NameFreer::MoveAside(const RowPlace& place, const NumberTexts& texts,
+                                 Fingerprint& file) {
   std::string candidate = numbering_.FreeAsideName(place.folder, place.name, texts);
   if (candidate.empty()) return {};
   const std::string from = place.Path();
-  if (!files_.MoveFile(from, std::string(place.folder).append(candidate), {})) return {};
+  if (!files_.MoveKnown(from, std::string(place.folder).append(candidate), {}, file)) return {};
   numbering_.Freed(from);
   return candidate;
 }
@@ -50,7 +53,7 @@ std::size_t RunNameFreer::Key(std::string_view path, std::string_view name) cons
 }
 
 std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::string_view pName) {
-  if (!holders_) MakeIndex();
+  if (!holders_ && !MakeIndex()) return std::nullopt;
   const std::vector<std::size_t> candidates = holders_->Under(Key(pPath, pName));
   const std::string wanted = std::string(pPath).append(pName);
   for (const bool exact : {true, false}) {
@@ -66,12 +69,16 @@ std::optional<std::size_t> RunNameFreer::Holder(std::string_view pPath, std::str
   return std::nullopt;
 }
 
-void RunNameFreer::MakeIndex() {
-  holders_.emplace();
+/// False when the pass is to end.
+bool RunNameFreer::MakeIndex() {
+  HolderIndex holders(records_.Count());
   for (std::size_t i = 0; i < records_.Count(); ++i) {
+    if (!pass_.GoOn()) return false;
     const FileRow& row = records_[i];
-    if (StillToRename(row)) holders_->Add(Key(records_.Path(row), row.sourceFileName), i);
+    if (StillToRename(row)) holders.Add(Key(records_.Path(row), row.sourceFileName), i);
   }
+  holders_ = std::move(holders);
+  return true;
 }
 
 bool RunNameFreer::WantsAnotherName(const FileRow& row) {
@@ -81,7 +88,7 @@ bool RunNameFreer::WantsAnotherName(const FileRow& row) {
 
 bool RunNameFreer::MakeWay(std::size_t record) {
   FileRow& row = records_[record];
-  std::string aside = MoveAside({records_.Path(row), row.sourceFileName});
+  std::string aside = MoveAside({records_.Path(row), row.sourceFileName}, row.fingerprint);
   if (aside.empty()) return false;
   row.KeepRollback();
   row.MoveAside(std::move(aside));
@@ -91,17 +98,17 @@ bool RunNameFreer::MakeWay(std::size_t record) {
 
 // The undo.
 
-void UndoNameFreer::FindAndRename(std::size_t asker) {
+bool UndoNameFreer::FindAndRename(std::size_t asker) {
   const RowPlace wanted = FormerPlace(records_, records_[asker]);
   const std::string_view pPath = wanted.folder, pName = wanted.name, CorrectedNewName;
   const bool pRollback = true;
-  ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
-                  ErrTrace::args(pPath, pName, pRollback, CorrectedNewName),
-                  [&] { MoveHolderAside(asker, wanted); });
+  return ErrTrace::inner("Form1.FindAndRename(pPath,pName,pRollback,CorrectedNewName)",
+                         ErrTrace::args(pPath, pName, pRollback, CorrectedNewName),
+                         [&] { return MoveHolderAside(asker, wanted); });
 }
 
-void UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
-  if (!holders_) MakeIndex();
+bool UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
+  if (!holders_ && !MakeIndex()) return false;
   const std::vector<std::size_t> candidates = holders_->Under(keys_(wanted));
   for (const bool exact : {true, false}) {
     for (const std::size_t record : candidates) {
@@ -112,21 +119,28 @@ void UndoNameFreer::MoveHolderAside(std::size_t asker, const RowPlace& wanted) {
       }
     }
   }
+  return false;
 }
 
-void UndoNameFreer::MakeIndex() {
-  holders_.emplace();
+/// False when the pass is to end.
+bool UndoNameFreer::MakeIndex() {
+  HolderIndex holders(records_.Count());
   for (std::size_t i = 0; i < records_.Count(); ++i) {
+    if (!pass_.GoOn()) return false;
     for (const RowFile file : kRowFiles) {
-      if (const auto place = PlaceOf(records_, records_[i], file)) holders_->Add(keys_(*place), i);
+      if (const auto place = PlaceOf(records_, records_[i], file)) holders.Add(keys_(*place), i);
     }
   }
+  holders_ = std::move(holders);
+  return true;
 }
 
-void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
+bool UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
   FileRow& row = records_[record];
-  std::string aside = MoveAside(*PlaceOf(records_, row, file));
-  if (aside.empty()) return;
+  const bool is_copy = file == RowFile::kResult && KeepsSource(row.mode);
+  Fingerprint copy = is_copy ? FingerprintOf(records_.MadeCopy(row).made) : 0;
+  std::string aside = MoveAside(*PlaceOf(records_, row, file), is_copy ? copy : row.fingerprint);
+  if (aside.empty()) return false;
   if (file == RowFile::kSource) {
     row.MoveAside(std::move(aside));
   } else {
@@ -134,4 +148,5 @@ void UndoNameFreer::MakeWay(std::size_t record, RowFile file) {
     row.newFileName = std::move(aside);
   }
   holders_->Add(keys_(*PlaceOf(records_, row, file)), record);
+  return true;
 }

@@ -16,8 +16,9 @@
 class NameFreer {
  public:
   /// All for the length of one pass.
-  NameFreer(const Pass& pass, Numbering& numbering)
-      : state_(pass.state),
+  NameFreer(Pass& pass, Numbering& numbering)
+      : pass_(pass),
+        state_(pass.state),
         records_(pass.records),
         files_(pass.services.files),
         numbering_(numbering) {}
@@ -27,16 +28,17 @@ class NameFreer {
  protected:
   /// Moves the file at `place` to a free numbered name in its folder, by the user's texts around
   /// the number or, where these can't be had, by safe ones. Answers the name, "" when it is where
-  /// it was.
-  std::string MoveAside(const RowPlace& place);
+  /// it was. `file` is its fingerprint, which is kept true.
+  std::string MoveAside(const RowPlace& place, Fingerprint& file);
 
+  Pass& pass_;
   const RunState& state_;
   Records& records_;
   FileSystem& files_;
   Numbering& numbering_;
 
  private:
-  std::string MoveAside(const RowPlace& place, const NumberTexts& texts);
+  std::string MoveAside(const RowPlace& place, const NumberTexts& texts, Fingerprint& file);
 };
 
 /// In a run the holders are files of ticked rows that are still to get another name.
@@ -46,14 +48,15 @@ class RunNameFreer : public NameFreer {
 
   /// `pName` is taken in the folder `pPath` (with closing separator). When its holder is a row that
   /// will go away, moves that file aside and answers the row. Else, or when it can't be moved,
-  /// `CorrectedNewName` takes a free numbered name.
+  /// `CorrectedNewName` takes a free numbered name. May let events run; when the pass is to end by
+  /// then, nothing is moved.
   std::optional<std::size_t> FindAndRename(std::string_view pPath, std::string_view pName,
                                            std::string& CorrectedNewName);
 
  private:
   std::size_t Key(std::string_view path, std::string_view name) const;
   std::optional<std::size_t> Holder(std::string_view pPath, std::string_view pName);
-  void MakeIndex();
+  bool MakeIndex();
   bool WantsAnotherName(const FileRow& row);
   bool MakeWay(std::size_t record);
 
@@ -66,13 +69,13 @@ class UndoNameFreer : public NameFreer {
   using NameFreer::NameFreer;
 
   /// Something stands where the file of the row `asker` is to go back to. If it is the file of
-  /// another row that takes part, moves it aside.
-  void FindAndRename(std::size_t asker);
+  /// another row that takes part, moves it aside and answers true. Events as above.
+  bool FindAndRename(std::size_t asker);
 
  private:
-  void MakeIndex();
-  void MoveHolderAside(std::size_t asker, const RowPlace& wanted);
-  void MakeWay(std::size_t record, RowFile file);
+  bool MakeIndex();
+  bool MoveHolderAside(std::size_t asker, const RowPlace& wanted);
+  bool MakeWay(std::size_t record, RowFile file);
 
   EntryKeys keys_{files_};
   std::optional<HolderIndex> holders_;  ///< as above

@@ -32,7 +32,7 @@ Forecast::Forecast(const Records& records, FileSystem& files, const RunOutput& o
       said_(records.Count()),
       targets_of_(records.FolderCount()),
       folder_of_(records.FolderCount(), kUnasked) {
-  targets_.Reserve(records.Count());
+  targets_.Reserve(records.Count(), records.Count());
 }
 
 bool Forecast::Go(const std::function<bool()>& goes_on) {
@@ -237,7 +237,7 @@ bool Forecast::StandsInTheWay(int folder, std::string_view name) {
 
 /// Makes the table of what stood where, piece by piece; the turn that needs it comes again.
 bool Forecast::HaveSources() {
-  if (sources_known_ == 0) sources_.Reserve(records_.Count());
+  if (sources_known_ == 0) sources_.Reserve(records_.Count(), records_.Count());
   while (sources_known_ < records_.Count()) {
     const std::size_t record = sources_known_++;
     const FileRow& row = records_[record];

@@ -7,23 +7,24 @@
 #include "platform/text.h"
 
 void HolderIndex::Add(std::size_t key, std::size_t record) {
-  const auto number = static_cast<std::uint32_t>(record);
-  if (asked_) {
-    later_.emplace(key, number);
+  if (room_ > 0) {
+    --room_;
+    table_.Add(key, record);
   } else {
-    first_.emplace_back(key, number);
+    more_.emplace(key, record);
   }
 }
 
-std::vector<std::size_t> HolderIndex::Under(std::size_t key) {
-  if (!asked_) std::sort(first_.begin(), first_.end());
-  asked_ = true;
+std::vector<std::size_t> HolderIndex::Under(std::size_t key) const {
   std::vector<std::size_t> records;
-  auto entry = std::lower_bound(first_.begin(), first_.end(), Entry(key, 0));
-  for (; entry != first_.end() && entry->first == key; ++entry) records.push_back(entry->second);
-  const auto [begin, end] = later_.equal_range(key);
+  table_.Any(key, [&](std::size_t record) {
+    records.push_back(record);
+    return false;
+  });
+  const auto [begin, end] = more_.equal_range(key);
   for (auto added = begin; added != end; ++added) records.push_back(added->second);
   std::sort(records.begin(), records.end());
+  records.erase(std::unique(records.begin(), records.end()), records.end());
   return records;
 }
 

@@ -119,12 +119,18 @@ std::string Numbering::FreeIn(std::string_view folder, NumberedNames names) {
   const std::string around = names.head + names.tail;
   const bool matches_many = HasWildcards(around) || !StaysInItsFolder(around);
   names.head.insert(0, folder);
-  Series& series = SeriesOf({std::move(names)}, folder.size());
-  if (matches_many) {
-    series.untried = series.first;
-    series.freed.clear();
+  Series fresh{std::move(names)};
+  fresh.untried = fresh.first;
+  Series* known = series_.empty() ? nullptr : Known(fresh, folder.size());
+  if (known != nullptr && matches_many) {
+    known->untried = known->first;
+    known->freed.clear();
   }
-  const std::string free = FirstFree(series);
+  const std::string free = FirstFree(known != nullptr ? *known : fresh);
+  // Mostly the first number is free, which is nothing to remember.
+  if (known == nullptr && fresh.untried != fresh.first) {
+    series_[KeyOf(fresh, folder.size())].push_back(std::move(fresh));
+  }
   return free.empty() ? free : free.substr(folder.size());
 }
 
@@ -194,15 +200,20 @@ std::string Numbering::Resolved(std::string_view path, std::size_t folder_size) 
   return last_resolved_ + std::string(path.substr(folder_size));
 }
 
-Numbering::Series& Numbering::SeriesOf(Series wanted, std::size_t folder_size) {
-  wanted.untried = wanted.first;
-  const std::string head = Resolved(wanted.head, folder_size);
-  std::vector<Series>& same = series_[SeriesKey(text::ToLower(head), text::ToLower(wanted.tail))];
-  for (Series& series : same) {
+std::string Numbering::KeyOf(const Series& series, std::size_t folder_size) {
+  const std::string head = Resolved(series.head, folder_size);
+  return SeriesKey(text::ToLower(head), text::ToLower(series.tail));
+}
+
+/// The same series as it was kept, if it was.
+Numbering::Series* Numbering::Known(const Series& wanted, std::size_t folder_size) {
+  const auto found = series_.find(KeyOf(wanted, folder_size));
+  if (found == series_.end()) return nullptr;
+  for (Series& series : found->second) {
     if (series.head == wanted.head && series.tail == wanted.tail && series.first == wanted.first &&
         series.last == wanted.last) {
-      return series;
+      return &series;
     }
   }
-  return same.emplace_back(std::move(wanted));
+  return nullptr;
 }

@@ -78,7 +78,8 @@ class Numbering {
   std::string FreeIn(std::string_view folder, NumberedNames names);
   std::string FirstFree(Series& series);
   std::string Resolved(std::string_view path, std::size_t folder_size);
-  Series& SeriesOf(Series wanted, std::size_t folder_size);
+  std::string KeyOf(const Series& series, std::size_t folder_size);
+  Series* Known(const Series& wanted, std::size_t folder_size);
   void Open(std::string_view lower_head, std::string_view lower_tail, const char* digits,
             const char* digits_end);
 

@@ -15,9 +15,14 @@ std::string_view FolderPart(std::string_view path) {
 
 }  // namespace
 
-void ExpectKnownFolders(const Pass& pass) {
+void ExpectKnownFolders(Pass& pass) {
+  constexpr std::size_t kFoldersBetweenEvents = 1024;
+  std::size_t count = 0;
   for (const auto* known : {&pass.records.used_folders, &pass.records.scanned_folders}) {
-    for (const auto& [path, identity] : *known) pass.services.files.ExpectFolder(path, identity);
+    for (const auto& [path, identity] : *known) {
+      if (++count % kFoldersBetweenEvents == 0 && !pass.GoOn()) return;  // the run ends at once
+      pass.services.files.ExpectFolder(path, identity);
+    }
   }
 }
 
@@ -68,8 +73,8 @@ OutputFolders::Folder OutputFolders::Prepare(const std::string& text) {
 /// Makes no folder where undo needs the name: where a row had the file that undo brings back. A
 /// file system may take two names for one, which shows only once the folder is there.
 bool OutputFolders::Make(const std::string& level) {
-  if (!former_) MakeIndex();
-  in_the_way_ = StandsInTheWay(level, true);
+  const bool known = former_ || MakeIndex();
+  in_the_way_ = !known || StandsInTheWay(level, true);
   if (in_the_way_) return false;
   if (!files_.CreateDirectory(level)) {
     if (not_made_ == 0) not_made_ = files_.Problem();  // of those below it none can be made either
@@ -98,11 +103,16 @@ bool OutputFolders::StandsInTheWay(const std::string& level, bool by_exact_name)
   });
 }
 
-void OutputFolders::MakeIndex() {
-  former_.emplace();
+/// False when the pass is to end.
+bool OutputFolders::MakeIndex() {
+  former_.emplace(records_.Count());
   for (std::size_t i = 0; i < records_.Count(); ++i) {
     if (records_[i].TakesPartInUndo()) RowChanged(i);
+    if (pass_.GoOn()) continue;
+    former_.reset();
+    return false;
   }
+  return true;
 }
 
 void OutputFolders::RowChanged(std::size_t record) {

@@ -13,7 +13,8 @@
 
 /// Expects of every folder that the rows name that it is still the one that was scanned, or used by
 /// a run; see FileSystem::ExpectFolder.
-void ExpectKnownFolders(const Pass& pass);
+/// Events run in between.
+void ExpectKnownFolders(Pass& pass);
 
 /// Which folder a run puts the row's file into, as the output choice has it.
 std::string OutputText(const Records& records, const FileRow& row, const RunOutput& output);
@@ -23,8 +24,12 @@ std::string OutputText(const Records& records, const FileRow& row, const RunOutp
 class OutputFolders {
  public:
   /// All for the length of one run.
-  OutputFolders(const Pass& pass, const RunOutput& output)
-      : output_(output), records_(pass.records), files_(pass.services.files), keys_(files_) {}
+  OutputFolders(Pass& pass, const RunOutput& output)
+      : pass_(pass),
+        output_(output),
+        records_(pass.records),
+        files_(pass.services.files),
+        keys_(files_) {}
   OutputFolders(const OutputFolders&) = delete;
   OutputFolders& operator=(const OutputFolders&) = delete;
 
@@ -36,8 +41,8 @@ class OutputFolders {
   };
 
   /// Where the run puts the row's file: its own folder when renaming in place, else the output
-  /// folder or what corresponds to the row's below it. Made when the run asks for it first. Valid
-  /// until the next call.
+  /// folder or what corresponds to the row's below it. Made when the run asks for it first, and not
+  /// when that is to end by then. Valid until the next call.
   const Folder& Of(const FileRow& row);
 
   /// The row takes part in undo from now on.
@@ -48,9 +53,10 @@ class OutputFolders {
   Folder Prepare(const std::string& text);
   bool Make(const std::string& level);
   bool StandsInTheWay(const std::string& level, bool by_exact_name);
-  void MakeIndex();
+  bool MakeIndex();
   void Know(std::string_view path);
 
+  Pass& pass_;
   const RunOutput& output_;
   Records& records_;
   FileSystem& files_;

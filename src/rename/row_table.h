@@ -9,10 +9,11 @@
 /// of each row, so that hardly any other row is offered.
 class RowTable {
  public:
-  /// For the rows below `rows`, each of which is added once at most.
-  void Reserve(std::size_t rows) {
+  /// For the rows below `rows`, of which at most `adds` are added; a row may be under several
+  /// hashes.
+  void Reserve(std::size_t rows, std::size_t adds) {
     bits_ = std::bit_width(rows);
-    slots_.assign(rows + rows / 4 + 2, 0);
+    slots_.assign(adds + adds / 4 + 2, 0);
   }
 
   void Add(std::size_t hash, std::size_t row) {

@@ -1,6 +1,10 @@
 #include "rename/run.h"
 
+#include <cerrno>
+
 #include "common/drives.h"
+#include "common/path_text.h"
+#include "platform/name_pattern.h"
 #include "platform/text.h"
 #include "rename/row_places.h"
 #include "trace/err_trace.h"
@@ -66,6 +70,7 @@ int RenameRun::Process(Turn& turn) {
   if (folder.problem != 0) return folder.problem;
   turn.target_folder = folder.path;
   const int folder_not_made = folder.not_made;
+  if (RenameAtOnce(turn)) return 0;
   ResolveConflict(turn);
   if (state_.gCancelRequested) return ECANCELED;
   if (const int problem = ProblemOfName(row.newFileName)) return problem;
@@ -73,22 +78,44 @@ int RenameRun::Process(Turn& turn) {
   return problem != 0 && folder_not_made != 0 ? folder_not_made : problem;
 }
 
+/// Most names are free, and the rename tells by itself when one isn't. Then all is looked at as if
+/// nothing had been tried; and so, since what comes is likely as what was, are the next rows, until
+/// a name is found free again. Of signs that stand for others the file system knows nothing.
+bool RenameRun::RenameAtOnce(Turn& turn) {
+  if (look_first_ || KeepsSource(output_.cmbDestination)) return false;
+  FileRow& row = records_[turn.record];
+  const std::string target = turn.target_folder + row.newFileName;
+  const std::size_t name = target.rfind(kNative.separator) + 1;
+  if (HasWildcards(std::string_view(target).substr(name))) return false;
+  const Attempt attempt = files_.RenameKnown(turn.source, target, row.fingerprint);
+  if (attempt == Attempt::kFailed && files_.Problem() != EEXIST) turn.problem = files_.Problem();
+  look_first_ = attempt != Attempt::kDone;
+  if (!look_first_) numbering_.Freed(turn.source);
+  return !look_first_;
+}
+
 void RenameRun::ResolveConflict(Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
   const bool may_stay = !KeepsSource(output_.cmbDestination);
-  if ((may_stay && turn.source == target) || !mScanCD::FileExist(files_, target)) return;
+  if (may_stay && turn.source == target) return;
+  turn.free = !mScanCD::FileExist(files_, target);
+  if (turn.free) {
+    look_first_ = false;
+    return;
+  }
+  turn.problem = 0;
   if (may_stay && IsOneEntry(files_, turn.source, target)) return;
   const std::string corrected = CorrectedName(turn);
   if (corrected.empty() || state_.numbering.gConflictAddNumber != 1) return;
   row.SetPlannedName(turn.planned);
   row.newFileName = corrected;
-  turn.resolved = true;
+  turn.resolved = turn.free = true;
 }
 
 /// The numbered name in place of a taken one; empty when the name was freed, or may not be
 /// numbered.
-std::string RenameRun::CorrectedName(const Turn& turn) {
+std::string RenameRun::CorrectedName(Turn& turn) {
   const std::string& name = records_[turn.record].newFileName;
   const bool in_place = !AsksForFolder(output_.cmbDestination);
   const bool to_itself =
@@ -98,6 +125,7 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
     const bool own_folder = in_place || output_.chDestinationSubfolders;
     const auto made_way = freer_.FindAndRename(
         own_folder ? records_.Path(records_[turn.record]) : output_.fdDestination, name, corrected);
+    turn.free = made_way.has_value();
     if (made_way) folders_.RowChanged(*made_way);
   } else if (state_.numbering.gConflictAddNumber == 1) {
     numbering_.CreateUniqueName(turn.target_folder, name, corrected);
@@ -105,18 +133,21 @@ std::string RenameRun::CorrectedName(const Turn& turn) {
   return corrected;
 }
 
-bool RenameRun::CopyMoveFile(const std::string& from, const std::string& to,
-                             CopyIdentities& copied) {
+bool RenameRun::CopyMoveFile(const Turn& turn, const std::string& to, CopyIdentities& copied) {
   const GoOn go_on = [this] { return pass_.GoOn(); };
-  return KeepsSource(output_.cmbDestination) ? files_.CopyFile(from, to, go_on, &copied)
-                                             : files_.MoveFile(from, to, go_on);
+  const std::string& from = turn.source;
+  if (KeepsSource(output_.cmbDestination)) return files_.CopyFile(from, to, go_on, &copied);
+  Fingerprint& known = records_[turn.record].fingerprint;
+  return turn.free ? files_.MoveKnown(from, to, go_on, known)
+                   : files_.MoveFile(from, to, go_on, &known);
 }
 
 int RenameRun::DoOperation(const Turn& turn) {
   FileRow& row = records_[turn.record];
   const std::string target = turn.target_folder + row.newFileName;
+  if (turn.problem != 0) return turn.problem;  // nothing was in its way
   CopyIdentities copied;
-  if (!CopyMoveFile(turn.source, target, copied)) {
+  if (!CopyMoveFile(turn, target, copied)) {
     const int problem = files_.Problem();
     return problem != 0 ? problem : kUnknownProblem;
   }

@@ -13,10 +13,10 @@
 
 /// The pass that turns new names into file operations, row by row in scan order.
 ///
-/// Before a file takes a name, it looks whether the name is held. A holder that is itself still to
-/// be renamed is moved aside (see NameFreer); a name that stays taken is numbered, or the row
-/// fails. Every row ends as "Done" or "Failed", the latter with its reason; a cancel leaves the
-/// rest as they stand.
+/// A file whose name is free takes it by one call; else it is looked what holds the name. A holder
+/// that is itself still to be renamed is moved aside (see NameFreer); a name that stays taken is
+/// numbered, or the row fails. Every row ends as "Done" or "Failed", the latter with its reason; a
+/// cancel leaves the rest as they stand.
 class RenameRun {
  public:
   RenameRun(Pass& pass, const RunOutput& output, RunReports& reports);
@@ -33,13 +33,16 @@ class RenameRun {
     std::string target_folder;  ///< with closing separator
     std::string planned;        ///< the name that the preview planned
     bool resolved = false;      ///< a numbered name took the place of the planned one
+    bool free = false;          ///< nothing held the new name at the last look
+    int problem = 0;            ///< why it could not be renamed at once
   };
   void Count(std::size_t record);
   void ProcessRow(std::size_t record);
   int Process(Turn& turn);
+  bool RenameAtOnce(Turn& turn);
   void ResolveConflict(Turn& turn);
-  std::string CorrectedName(const Turn& turn);
-  bool CopyMoveFile(const std::string& from, const std::string& to, CopyIdentities& copied);
+  std::string CorrectedName(Turn& turn);
+  bool CopyMoveFile(const Turn& turn, const std::string& to, CopyIdentities& copied);
   int DoOperation(const Turn& turn);
   void Fail(const Turn& turn, int problem);
   void Succeed(const Turn& turn);
@@ -54,4 +57,5 @@ class RenameRun {
   Numbering numbering_;
   RunNameFreer freer_;
   OutputFolders folders_;
+  bool look_first_ = false;  ///< renaming at once was in vain for the row before
 };

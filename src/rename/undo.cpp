@@ -1,5 +1,6 @@
 #include "rename/undo.h"
 
+#include <cerrno>
 #include <utility>
 #include <vector>
 
@@ -30,7 +31,7 @@ bool UndoRun::Undo() {
     records_[i].mark = Mark::kWaiting;
     if (!records_[i].TakesPartInUndo()) records_[i].problem = 0;
   }
-  RemoveMadeFolders();
+  if (!RemoveMadeFolders()) return false;
   // The next run may use other folders of these names.
   if (reports_.gFailureReport.empty()) records_.used_folders.clear();
   return true;
@@ -101,27 +102,45 @@ bool UndoRun::MoveBack(std::size_t record, RowFile file) {
   const FileRow& row = records_[record];
   const std::string present = PlaceOf(records_, row, file)->Path();
   const std::string former = FormerPlace(records_, row).Path();
-  if (present != former && files_.Look(former) && !IsOneEntry(files_, present, former)) {
-    freer_.FindAndRename(record);
-    if (state_.gCancelRequested) return false;
-  }
-  if (!files_.MoveFile(present, former, [this] { return pass_.GoOn(); })) {
-    problem_ = files_.Problem();
-    return false;
-  }
+  if (!Return(record, present, former)) return false;
   if (present != former) numbering_.Freed(present);
   return true;
 }
 
+/// At once where that may be, as in the run; most former names are free. Copies never go this way,
+/// so the file is the one that its row knows.
+bool UndoRun::Return(std::size_t record, const std::string& present, const std::string& former) {
+  Fingerprint& known = records_[record].fingerprint;
+  bool free = false;
+  if (present != former) {
+    Attempt attempt = Attempt::kLookFirst;
+    if (!look_first_) attempt = files_.RenameKnown(present, former, known);
+    if (attempt == Attempt::kDone) return true;
+    if (attempt == Attempt::kFailed) problem_ = files_.Problem();
+    look_first_ = files_.Look(former).has_value();
+    free = !look_first_;
+    if (free && attempt == Attempt::kFailed && problem_ != EEXIST) return false;
+    if (look_first_ && !IsOneEntry(files_, present, former)) free = freer_.FindAndRename(record);
+    if (state_.gCancelRequested) return false;
+  }
+  const GoOn go_on = [this] { return pass_.GoOn(); };
+  const bool done = free ? files_.MoveKnown(present, former, go_on, known)
+                         : files_.MoveFile(present, former, go_on, &known);
+  if (!done) problem_ = files_.Problem();
+  return done;
+}
+
 /// The last made first, since it may lie in one made before it. What can't go now is tried again by
-/// the next undo.
-void UndoRun::RemoveMadeFolders() {
+/// the next undo. False when the user cancelled.
+bool UndoRun::RemoveMadeFolders() {
   std::vector<Records::MadeFolder>& made = records_.made_folders;
   for (std::size_t i = made.size(); i-- > 0;) {
+    if (!pass_.GoOn()) return false;
     if (!files_.DeleteMadeFolder(made[i].path, made[i].identity)) continue;
     records_.used_folders.erase(made[i].path + kNative.separator);
     made.erase(made.begin() + static_cast<std::ptrdiff_t>(i));
   }
+  return true;
 }
 
 void EmptyRollback(Records& records) {

@@ -33,7 +33,8 @@ class UndoRun {
   bool TakeBackDone(std::size_t record);
   bool DeleteCopy(const FileRow& row);
   bool MoveBack(std::size_t record, RowFile file);
-  void RemoveMadeFolders();
+  bool Return(std::size_t record, const std::string& present, const std::string& former);
+  bool RemoveMadeFolders();
 
   Pass& pass_;
   Records& records_;
@@ -42,7 +43,8 @@ class UndoRun {
   RunReports& reports_;
   Numbering numbering_;
   UndoNameFreer freer_;
-  int problem_ = 0;  ///< of the last row that could not be taken back
+  int problem_ = 0;          ///< of the last row that could not be taken back
+  bool look_first_ = false;  ///< renaming at once was in vain for the row before
 };
 
 /// Drops what undo needs from every row, without touching a file: the run can't be taken back.

@@ -30,6 +30,7 @@ constexpr PlacedWindow kWindows[] = {
     {"Form8", "Windows\\Conflicts"},
     {"Form10", "Windows\\About"},
     {"Form11", "Windows\\ErrorMessage"},
+    {"Form12", "Windows\\LeftRun", true, 9705, 7200},
 };
 
 const PlacedWindow* Find(std::string_view frm) {
@@ -59,6 +60,13 @@ void ReadPlace(SettingsStore& store, const PlacedWindow& row, const ScreenSize& 
   }
   window.left = ReadSingle(store, row.section, "MainLeft");
   window.top = ReadSingle(store, row.section, "MainTop");
+}
+
+// Along one axis: whether so much as a title is high is seen, or all of what is smaller.
+bool Shows(float screen_begin, float screen_size, float begin, float size) {
+  constexpr float kGrip = 20 * kTwipsPerPixel;
+  const float end = std::min(screen_begin + screen_size, begin + size);
+  return end - std::max(screen_begin, begin) >= std::min(kGrip, size);
 }
 
 float OntoScreen(float place, float size, float screen) {
@@ -134,6 +142,18 @@ bool HasStoredPlace(SettingsStore& store, std::string_view frm) {
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window) {
   window.left = screen.width / 2 - window.width / 2;
   window.top = screen.height / 2 - window.height / 2;
+}
+
+void BringIntoSight(std::span<const ScreenArea> screens, WindowFrame& window) {
+  if (screens.empty() || !window.left || !window.top) return;
+  const bool seen = std::ranges::any_of(screens, [&](const ScreenArea& screen) {
+    return Shows(screen.left, screen.size.width, *window.left, window.width) &&
+           Shows(screen.top, screen.size.height, *window.top, window.height);
+  });
+  if (seen) return;
+  const ScreenArea& first = screens.front();
+  window.left = first.left + OntoScreen(*window.left - first.left, window.width, first.size.width);
+  window.top = first.top + OntoScreen(*window.top - first.top, window.height, first.size.height);
 }
 
 void CenterOwner(const WindowFrame& owner, const ScreenSize& screen, WindowFrame& window) {

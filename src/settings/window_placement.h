@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,13 @@ struct ScreenSize {
   float height;
 };
 
+/// A screen, and where it stands among the others.
+struct ScreenArea {
+  float left;
+  float top;
+  ScreenSize size;
+};
+
 /// A stored length: a number with "." as decimal point in every locale. ToSingle raises Failure
 /// kTypeMismatch when the whole of `text` isn't one, kOverflow when it is out of range.
 std::string SingleText(float value);
@@ -53,6 +61,10 @@ bool HasStoredPlace(SettingsStore& store, std::string_view frm);
 
 /// Places `window` in the middle of the screen.
 void CenterOnScreen(const ScreenSize& screen, WindowFrame& window);
+
+/// Moves `window` onto the first of `screens` when none of them shows enough of it to take hold of,
+/// as after its own was taken away.
+void BringIntoSight(std::span<const ScreenArea> screens, WindowFrame& window);
 
 /// Places `window` over the middle of `owner`, but on the screen; one that is larger than the
 /// screen begins at its left and upper edge.

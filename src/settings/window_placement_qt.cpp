@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
@@ -31,6 +32,16 @@ ScreenSize PrimaryScreen() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QSize size = screen == nullptr ? QSize() : screen->size();
   return {Twips(size.width()), Twips(size.height())};
+}
+
+/// The primary one first.
+std::vector<ScreenArea> Screens() {
+  std::vector<ScreenArea> all;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect area = screen->geometry();
+    all.push_back({Twips(area.x()), Twips(area.y()), {Twips(area.width()), Twips(area.height())}});
+  }
+  return all;
 }
 
 int StateOf(const QWidget& window) {
@@ -100,7 +111,7 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WindowPlacement::Shown() {
-  if (!loaded_) Form_Load();
+  loaded_ ? KeepInSight() : Form_Load();
   if (own_size_ && !sized_) GiveOwnSize();
   stored_ = false;
 }
@@ -114,8 +125,17 @@ void WindowPlacement::Form_Load() {
   ErrTrace::top("WindowPlacement.Form_Load(frm)", ErrTrace::args(frm_),
                 [&] { GetWindowConfig(store_, frm_, PrimaryScreen(), frame); });
   if (!HasStoredPlace(store_, frm_)) ShowCorner(frame);
+  BringIntoSight(Screens(), frame);
   Apply(frame, window_);
   sized_ = HasStoredSize(store_, frm_);
+}
+
+/// A screen may have gone while the window was hidden.
+void WindowPlacement::KeepInSight() {
+  WindowFrame frame = FrameOf(window_);
+  const WindowFrame before = frame;
+  BringIntoSight(Screens(), frame);
+  if (frame.left != before.left || frame.top != before.top) Apply(frame, window_);
 }
 
 void WindowPlacement::GiveOwnSize() {

@@ -14,6 +14,8 @@ class QWidget;
 /// each time it is hidden: closed, ended as a dialog, or destroyed while it could be seen. A
 /// failure is reported, and the window opens and closes all the same.
 ///
+/// A window whose screen has gone comes back into sight.
+///
 /// Where the window system doesn't let a program place its windows (Wayland), size and state
 /// return, and the stored place isn't touched.
 ///
@@ -37,6 +39,7 @@ class WindowPlacement : public QObject {
  private:
   void Shown();
   void Form_Load();
+  void KeepInSight();
   void GiveOwnSize();
 
   SettingsStore& store_;

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "commands/command_buttons.h"
 #include "common/shell_actions.h"
@@ -27,6 +28,7 @@
 #include "platform/qt/text_qt.h"
 #include "platform/system_facts.h"
 #include "rename/conflicts_dialog.h"
+#include "rename/left_run_dialog.h"
 #include "rename/results/result_windows.h"
 #include "trace/err_trace.h"
 #include "window/about_box.h"
@@ -162,8 +164,10 @@ void Form1::ConnectPanels() {
 void Form1::ConnectFolders() {
   for (auto signal : {&FolderPages::sourceFolderChanged, &FolderPages::folderChosen}) {
     connect(folder_pages_, signal, this, [this] {
-      ErrTrace::top("Form1.fdSourceFolder_Change",
-                    [&] { commands_.EnableDisable(ModeFolderChosen); });
+      ErrTrace::top("Form1.fdSourceFolder_Change", [&] {
+        commands_.EnableDisable(ModeFolderChosen);
+        commands_.ForgetRuns();
+      });
     });
   }
   connect(folder_pages_, &FolderPages::outputChanged, this, [this] { commands_.CheckNames(); });
@@ -249,6 +253,17 @@ void Form1::Command4_Click() {
   ErrTrace::top("Form1.Command4_Click",
                 [&] { Form8(session_.state, services_.settings, this).exec(); });
   commands_.CheckNames();
+}
+
+void Form1::TellOfLeftRuns(const std::vector<std::string>& journals) {
+  ErrTrace::top("Form1.TellOfLeftRuns", [&] {
+    if (commands_.Busy()) return;  // the user was quicker; the next start tells of them
+    Form12 dialog(services_, this);
+    std::ranges::all_of(journals, [&](const std::string& journal) {
+      return dialog.ShowLeftRun(
+          [&](const GoOn& go_on) { return LeftRun::Read(journal, services_.files, go_on); });
+    });
+  });
 }
 
 void Form1::bnAbout_Click() {

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 #include "commands/command_view.h"
 #include "commands/commands.h"
@@ -41,6 +42,10 @@ class Form1 : public QWidget, private CommandView {
 
   /// Makes `folder`, with its closing separator, the source folder.
   void TakeSourceFolder(const std::string& folder);
+
+  /// Tells of the runs that `journals` tell of, in their order, and lets the user put their files
+  /// back, until all are dealt with or are left for another start.
+  void TellOfLeftRuns(const std::vector<std::string>& journals);
 
  protected:
   void closeEvent(QCloseEvent* event) override;

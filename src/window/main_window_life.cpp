@@ -71,6 +71,10 @@ void Form1::Form_Unload(bool& Cancel) {
     folder_pages_->CommitFocusedField();
     WriteSavedOptions(services_.settings, ReadOptions(), at_start_);
     placement_->Form_Unload();
+    // Nobody has seen what a run came to that was ended for the close; the next start tells it.
+    const int mode = commands_.Mode();
+    const bool cut = close_wanted_ && (mode == ModeRunCancelled || mode == ModeUndoCancelled);
+    if (!cut) commands_.ForgetRuns();
     for (ResultWindow* report : {gFailureReport, gConflictReport}) {
       if (report != nullptr) report->close();
     }

@@ -10,12 +10,14 @@
 #include "look/later.h"
 #include "look/skin.h"
 #include "platform/build_facts.h"
+#include "platform/journal_file.h"
 #include "platform/qt/fonts_ahead.h"
 #include "platform/qt/services_qt.h"
 #include "platform/qt/settings_store_qt.h"
 #include "platform/qt/shell_qt.h"
 #include "platform/qt/text_qt.h"
 #include "platform/single_instance.h"
+#include "rename/left_runs.h"
 #include "settings/reg_settings.h"
 #include "trace/err_trace.h"
 #include "window/application.h"
@@ -87,6 +89,7 @@ void Program::Start(const std::string& folder) {
   Parts& p = *parts_;
   ErrTrace::top("mMain.Main",
                 [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
+  p.session.journal.KeepIn(JournalFolder());
   Form1& window = Window();
   if (!folder.empty()) window.TakeSourceFolder(folder);
   p.later.BeginAfter(window);
@@ -95,6 +98,12 @@ void Program::Start(const std::string& folder) {
   // Told before anything is written: a damaged file is sound afterwards.
   ErrTrace::top("mMain.Main", [&] { mRegSettings::CheckReadable(p.settings); });
   ErrTrace::top("mMain.Main", [&] { SaveVersion(p.settings); });
+  // Before any journal of this process is made. The window is there first, and can be closed.
+  ErrTrace::top("mMain.Main", [&] {
+    const std::vector<std::string> journals = LeftJournals(JournalFolder());
+    const auto tell = [this, journals] { MainWindow().TellOfLeftRuns(journals); };
+    if (!journals.empty()) QMetaObject::invokeMethod(p.window.get(), tell, Qt::QueuedConnection);
+  });
 }
 
 void Program::WaitForErrorWindows() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/natural_order.h"
+#include "core/number_sort.h"
 
 static std::vector<std::string> Sorted(const std::vector<std::string>& texts, bool ascending) {
   std::vector<std::string> sorted;
@@ -58,4 +59,14 @@ TEST(TextSort, KeepsEqualTextsAsNumberedAndCanBeStopped) {
   const auto go_on = [&] { return ++calls < 300; };
   EXPECT_TRUE(SortedByText(kCount, text_of, AppendNaturalKey, true, go_on).empty());
   EXPECT_EQ(calls, 300) << "asked often, and not again";
+}
+
+TEST(NumberSort, KeepsEqualNumbersAsNumberedAndTakesAnyOthersInTheirOrder) {
+  const std::vector<double> values = {3, -0.0, 1e300, -2, 256, 0, 3, -1e-300, 255, 65536.5, -2};
+  std::vector<std::uint64_t> keys;
+  for (const double value : values) keys.push_back(KeyOfNumber(value));
+  EXPECT_EQ(SortedByNumber(keys), (std::vector<std::uint32_t>{3, 10, 7, 1, 5, 0, 6, 8, 4, 9, 2}));
+  EXPECT_EQ(SortedByNumber(keys, false),
+            (std::vector<std::uint32_t>{2, 9, 4, 8, 0, 6, 1, 5, 7, 3, 10}));
+  EXPECT_TRUE(SortedByNumber({}).empty());
 }

@@ -8,6 +8,7 @@ What was seen at a fault goes to the report folder.
 import os
 import re
 import shutil
+import signal
 import subprocess
 import sys
 from pathlib import Path
@@ -134,21 +135,36 @@ def work_from_first_start_to_the_next():
     again.close()
 
 
-def end_amid_run():
-    """As a session ends: each file stays whole, under one of its two names."""
+def end_amid_run(end, ends_with):
+    """Each file stays whole, under one of its two names, and the next start puts all back."""
     before = make_files(b"%06d of many.txt" % number for number in range(MANY))
     program = start_by_desktop()
     keep_first(program, 6)
     begun = (FILES / "000000.txt").exists
-    ender = Thread(target=lambda: wait("the run begins", begun) and program.process.terminate())
+    ender = Thread(target=lambda: wait("the run begins", begun) and end(program.process))
     ender.start()  # before the run, which is soon over
     program.press(RENAME)
-    program.wait_for_end()
+    check("the program's end", lambda: program.process.wait(60), ends_with)
     ender.join()
     after = on_disk()
     check("contents", lambda: sorted((name[:6], after[name]) for name in after),
           sorted((name[:6], before[name]) for name in before))
     check("ended amid the run", lambda: after.keys().isdisjoint(before), False)
+    again = Program("quorvane")
+    check("windows", again.windows, [TITLE, "Earlier run"])
+    again.press("Put back")
+    check("put back", on_disk, before)
+    again.press("OK")
+    check("windows", again.windows, [TITLE])
+    again.close()
+
+
+def end_with_session():
+    end_amid_run(subprocess.Popen.terminate, 0)
+
+
+def end_by_kill():
+    end_amid_run(subprocess.Popen.kill, -signal.SIGKILL)
 
 
 def work_by_accessible_actions():
@@ -164,7 +180,7 @@ def work_by_accessible_actions():
     check("stored at the end", lambda: FILES.name in CONFIG.read_text(), True)
 
 
-STORIES = {"x": [work_from_first_start_to_the_next, end_amid_run],
+STORIES = {"x": [work_from_first_start_to_the_next, end_with_session, end_by_kill],
            "wayland": [work_by_accessible_actions]}
 
 

@@ -12,8 +12,10 @@
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <functional>
+#include <tuple>
 
 #include "picture/finer_picture.h"
+#include "picture/picture_reader.h"
 #include "tests/picture/gif_writer.h"
 
 using testing::ElementsAre;
@@ -135,6 +137,72 @@ TEST(AnimatedPicture, WalksThroughTenThousandFramesAndKeepsNone) {
   EXPECT_LT(resident() - before, 600) << "megabytes; the sanitizers hold some hundred back";
 }
 
+TEST(PictureReader, DecodesOnceWhereAllFramesMayBeKept) {
+  constexpr int kAll = 3 * 2 * 2 * 4;
+  for (const auto& [kept, once] : {std::pair(0, false), {kAll - 1, false}, {kAll, true}}) {
+    PictureReader reader(kThree, {.bytes = 9999, .pixels = 9, .frames = 9, .kept = kept});
+    std::vector<std::tuple<qint64, int, QImage>> passes[2];
+    for (auto& pass : passes) {
+      for (reader.Rewind(); reader.Next();) {
+        pass.emplace_back(reader.Frame().cacheKey(), reader.Delay(), reader.Frame());
+      }
+      ASSERT_EQ(pass.size(), 3);
+    }
+    EXPECT_EQ(passes[0] == passes[1], once) << kept;
+  }
+}
+
+TEST(AnimatedPicture, StandsInsideOfItsBorder) {
+  AnimatedPicture picture;
+  QPalette blue;
+  blue.setColor(QPalette::WindowText, Qt::blue);
+  picture.setPalette(blue);
+  picture.setData(Gif({2, 1}, {{0, 0, "rg"}}));
+  int told = 0;
+  QObject::connect(&picture, &AnimatedPicture::frameStyleChanged, [&] { ++told; });
+  for (int time = 0; time < 2; ++time) picture.setFrameStyle(QFrame::Box | QFrame::Plain);
+  EXPECT_EQ(told, 1);
+  picture.resize(picture.sizeHint());
+  EXPECT_EQ(Seen(picture), "bbbb/brgb/bbbb");
+}
+
+TEST(AnimatedPicture, MayBeDeletedByWhoeverItTells) {
+  const auto deleting = [](auto signal) {
+    return [signal](AnimatedPicture* picture, int time) {
+      QObject::connect(picture, signal, [picture, time]() mutable {
+        if (--time == 0) delete picture;
+      });
+    };
+  };
+  const std::function<void(AnimatedPicture*, int)> kSignals[] = {
+      deleting(&AnimatedPicture::failed),        deleting(&AnimatedPicture::failureChanged),
+      deleting(&AnimatedPicture::sourceChanged), deleting(&AnimatedPicture::playingChanged),
+      deleting(&AnimatedPicture::frameChanged),  deleting(&AnimatedPicture::finished)};
+  for (const auto& watch : kSignals) {
+    for (int time = 1; time <= 8; ++time) {
+      const QPointer<AnimatedPicture> picture(new AnimatedPicture);
+      watch(picture, time);
+      const std::function<void()> kSteps[] = {
+          [&] { picture->setSpeed(1000), picture->show(); },
+          [&] { picture->setData(kThree); },
+          [&] { Wait([&] { return !picture || !picture->playing(); }); },
+          [&] { picture->play(); },
+          [&] { picture->setMotion(AnimatedPicture::Motion::OnRequest); },
+          [&] { picture->play(); },
+          [&] { picture->step(); },
+          [&] { picture->play(); },
+          [&] { picture->stop(); },
+          [&] { picture->play(); },
+          [&] { picture->setData("x"); },
+          [&] { picture->setData({}); },
+          [&] { delete picture; }};
+      for (const auto& step : kSteps) {
+        if (picture != nullptr) step();
+      }
+    }
+  }
+}
+
 TEST(AnimatedPicture, PlaysAsOftenAsItIsTold) {
   using Loops = AnimatedPicture::Loops;
   const struct {
@@ -249,6 +317,9 @@ TEST(AnimatedPicture, ReadsAFileOnDemandOnlyAndTakesTheFinerOne) {
   std::vector<std::string> reasons;
   QObject::connect(&picture, &AnimatedPicture::failed,
                    [&](const QString& reason) { reasons.push_back(reason.toStdString()); });
+  std::vector<bool> fails;
+  QObject::connect(&picture, &AnimatedPicture::failureChanged,
+                   [&](const QString& failure) { fails.push_back(!failure.isEmpty()); });
   picture.setSource(path);
   write(QStringLiteral("a.gif"), kBlink);
   picture.setSource(path);
@@ -260,13 +331,24 @@ TEST(AnimatedPicture, ReadsAFileOnDemandOnlyAndTakesTheFinerOne) {
   EXPECT_EQ(FinestFor(path, 2.5).first, folder.filePath(QStringLiteral("a@2x.gif")));
   picture.setSource(folder.path());
   picture.setSource(QStringLiteral("/dev/zero"));
+  picture.setSource(QStringLiteral("/proc/self/mem"));
   EXPECT_THAT(reasons, ElementsAre("The file was not found.", "This is not a regular file.",
-                                   "This is not a regular file."));
+                                   "This is not a regular file.",
+                                   "The picture can't be read: Input/output error."));
+  EXPECT_THAT(fails, ElementsAre(true, false, true, true));
+}
+
+TEST(AnimatedPicture, TakesWhatADeviceHasToGive) {
+  AnimatedPicture picture;
   QBuffer device;
   device.setData("skipped" + kBlink);
   device.open(QIODevice::ReadOnly);
   device.seek(7);
   picture.setDevice(&device);
   EXPECT_EQ(picture.frameCount(), 2);
-  EXPECT_EQ(picture.source(), QString());
+  QBuffer closed;
+  closed.setData(kThree);
+  picture.setDevice(&closed);
+  EXPECT_EQ(picture.frameCount(), 3);
+  EXPECT_FALSE(closed.isOpen());
 }

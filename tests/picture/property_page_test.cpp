@@ -8,6 +8,8 @@
 #include <QMetaProperty>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
+#include <memory>
 
 #include "tests/picture/gif_writer.h"
 
@@ -35,6 +37,8 @@ TEST(PicturePropertyPage, ChangesThePictureByApplyOnlyAndGivesAllBack) {
   AnimatedPicture picture;
   picture.setData(kThree);
   picture.setSpeed(50);
+  picture.setAlignment(Qt::AlignAbsolute | Qt::AlignRight | Qt::AlignBottom);
+  picture.setFrameStyle(QFrame::Box | QFrame::Sunken);
   PicturePropertyPage page(&picture);
   const auto* facts = page.findChild<QLabel*>(QStringLiteral("facts"));
   EXPECT_EQ(
@@ -51,7 +55,7 @@ TEST(PicturePropertyPage, ChangesThePictureByApplyOnlyAndGivesAllBack) {
   EXPECT_FALSE(button(QDialogButtonBox::Apply)->isEnabled());
   page.findChild<QSpinBox*>(QStringLiteral("speed"))->setValue(200);
   page.findChild<QLineEdit*>(QStringLiteral("accessibleDescription"))->setText(QStringLiteral("x"));
-  page.findChild<QSpinBox*>(QStringLiteral("frame"))->setValue(2);
+  page.findChild<QSpinBox*>(QStringLiteral("frame"))->setValue(9);
   EXPECT_EQ(Values(picture), before);
   const QVariantMap edited = Values(*page.sample());
   EXPECT_EQ(edited[QStringLiteral("frame")], 2);
@@ -66,4 +70,13 @@ TEST(PicturePropertyPage, ChangesThePictureByApplyOnlyAndGivesAllBack) {
   EXPECT_TRUE(picture.playing()) << "what wasn't edited stays, the frame too";
   page.findChild<QSpinBox*>(QStringLiteral("maxFrames"))->setValue(2);
   EXPECT_EQ(facts->text().toStdString(), "The picture has more than 2 frames.");
+}
+
+TEST(PicturePropertyPage, EndsWithItsPictureAndWithItsWindow) {
+  for (const bool window_goes : {false, true}) {
+    auto window = std::make_unique<QWidget>();
+    auto picture = std::make_unique<AnimatedPicture>();
+    QTimer::singleShot(0, [&] { window_goes ? window.reset() : picture.reset(); });
+    EXPECT_FALSE(PicturePropertyPage::edit(picture.get(), window.get()));
+  }
 }

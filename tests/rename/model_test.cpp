@@ -150,7 +150,9 @@ class ModelCase {
       std::swap(listed[i - 1], listed[static_cast<std::size_t>(Below(static_cast<int>(i)))]);
     }
     if (!OneIn(3)) std::ranges::stable_sort(listed, {}, Folder);
-    for (const std::string& path : listed) worlds_.AddRow(Folder(path), Name(path), !OneIn(8));
+    for (const std::string& path : listed) {
+      worlds_.AddRow(Folder(path), Name(path), !OneIn(8), !OneIn(4));
+    }
   }
 
   std::string PlannedName(int kind, std::size_t row) {

@@ -79,8 +79,11 @@ class TwoWorlds {
     if (IsReal()) std::filesystem::remove(path);
   }
 
-  void AddRow(const std::string& folder, const std::string& name, bool checked) {
-    records_.AddRecord("", folder, name, FileDate(), 0, "");
+  /// The model always looks first; a row that is `known` takes a free name at once.
+  void AddRow(const std::string& folder, const std::string& name, bool checked, bool known) {
+    const std::optional<FileFacts> facts = Files().Look(folder + name);
+    const Fingerprint file = facts && known ? facts->fingerprint : 0;
+    records_.AddRecord("", folder, name, FileDate(), 0, "", file);
     records_[records_.Count() - 1].checked = checked;
     PlainRow& row = model.rows.emplace_back();
     row.path = folder, row.checked = checked, row.source = name;

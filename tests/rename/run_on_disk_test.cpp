@@ -7,6 +7,8 @@
 
 #include "core/records.h"
 #include "filelist/scan.h"
+#include "platform/posix/faults.h"
+#include "platform/posix/files_posix.h"
 #include "rename/run.h"
 #include "rename/undo.h"
 #include "support/fake_services.h"
@@ -42,7 +44,12 @@ class RunOnDisk : public testing::Test {
 
   TempFolder folder;
   FakeServices fakes;
-  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  Fault calls;  ///< never comes, but counts
+  std::unique_ptr<FileSystem> files = [this] {
+    Syscalls counted;
+    Inject(counted, calls);
+    return MakePosixFileSystem(counted);
+  }();
   const Services on_disk = fakes.With(*files, fakes.clock, fakes.locale);
   Records records;
   RunState state;
@@ -83,6 +90,24 @@ TEST_F(RunOnDisk, TouchesNothingInAFolderThatTookThePlaceOfAnother) {
     const std::string other = link ? "other" : place;
     EXPECT_EQ(tree.List(other), (std::vector<std::string>{"a", "b", "x"}));
     for (const char* name : {"/a", "/b", "/x"}) EXPECT_EQ(tree.Read(other + name), "stranger");
+  }
+}
+
+TEST_F(RunOnDisk, AsksTheSystemOnceForEachFile) {
+  const TempFolder tree("/dev/shm");
+  std::map<std::string, std::string> plan;
+  for (int i = 0; i < 900; ++i) {
+    const std::string sub = std::to_string(i % 3), name = "\u00E9 " + std::to_string(i);
+    if (i < 3) tree.MakeFolder(sub);
+    tree.Write(sub + "/" + name, "");
+    plan[name] = "new " + name;
+  }
+  Scan(tree / "", plan);
+  for (const bool undo : {false, true}) {
+    calls.used = fakes.events.count = 0;
+    EXPECT_EQ(Run({}, undo), std::string(900, undo ? '>' : 'D'));
+    // And each folder is looked at when it comes, and when events ran.
+    EXPECT_LE(calls.used, 900 + fakes.events.count + 3 * 10) << "undo " << undo;
   }
 }
 

@@ -91,3 +91,30 @@ TEST_F(RunTest, MovesAFileAsideAgainForWhoWantsTheNameItHasThere) {
   Run();
   EXPECT_EQ(records[1].newFileName, "c_{1}");
 }
+
+TEST_F(RunTest, CancelledAtAnyEventOfARunOrUndoAllComesBack) {
+  clock.step_ms = 60;  // events run whenever they may
+  const auto before = files.contents;
+  const auto cancelled = [&](int at, bool undo) {
+    events.count = 0;
+    events.on_events = [&, at] { state.gCancelRequested |= events.count == at; };
+    const bool done = Run(undo);
+    events.on_events = nullptr;
+    state.gCancelRequested = false;
+    return !done;
+  };
+  for (const RunOutput& its_output : {output, RunOutput{kMoveTo, "/in/new/x/", false, "/in/"}}) {
+    output = its_output;
+    int at = 0;
+    for (bool in_run = true, in_undo = true; in_run || in_undo;) {
+      ++at;
+      for (std::size_t i = 0; i < 3; ++i) records[i].newFileName = std::string(1, "bca"[i]);
+      in_run = cancelled(at, false);
+      in_undo = cancelled(at, true);
+      EXPECT_TRUE(Undo());
+      ASSERT_EQ(files.contents, before) << at;
+      ASSERT_EQ(files.folders.size(), 2u) << at;
+    }
+    EXPECT_GT(at, 6);
+  }
+}

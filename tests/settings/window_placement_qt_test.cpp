@@ -43,6 +43,14 @@ TEST(WindowPlacementQt, AWindowOpensInTheMiddleThenWhereItWasClosed) {
   PlacedWidget least(store, "Form1");
   least.show();
   EXPECT_EQ(least.size(), QSize(200, 222)) << "not below what it needs";
+  store.values[{"Windows\\Main", "MainLeft"}] = "-90000";
+  PlacedWidget lost(store, "Form1");
+  lost.show();
+  EXPECT_EQ(lost.pos(), QPoint(0, 44));
+  lost.hide();
+  lost.move(-6000, 44);
+  lost.show();
+  EXPECT_EQ(lost.pos(), QPoint(0, 44));
   PlacedWidget wide(store, "Form8");
   wide.resize(wide.screen()->size().width() + 100, 300);
   wide.show();

@@ -50,7 +50,7 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
       {"Form3", "FileErrorReport", {}, "9547.5 3810 9705 8580 0"},
       {"Form8", "Conflicts", {{"MainWidth", "9"}}, "12900 7100 3000 2000 0"},
       {"Form1", "Main", {{"MainWidth", "6000"}, {"WindowState", "2"}}, "11400 4470 6000 7260 2"},
-      // A screen that has gone since: the window opens where it was.
+      // Whether a screen shows it is not for the store to say.
       {"Form10", "About", {{"MainLeft", "-3e4"}, {"MainTop", "1e5"}}, "-30000 100000 3000 2000 0"},
       {"Form1", "Main", but("MainWidth", "wide"), "none none 3000 2000 0", "Type mismatch"},
       {"Form1", "Main", but("MainHeight", "1,5"), "none none 600 2000 0", "Type mismatch"},
@@ -68,5 +68,29 @@ TEST(WindowPlacement, RestoresSizePlaceAndStateUpToABadValue) {
     const auto report = FailureReport([&] { GetWindowConfig(store, row.frm, kScreen, window); });
     EXPECT_EQ(Text(window), row.window) << row.frm;
     EXPECT_EQ(report.substr(0, report.find(" \r")), row.failure);
+  }
+}
+
+TEST(WindowPlacement, ComesBackIntoSightWhenItsScreenHasGone) {
+  const ScreenArea kLaptop{0, 0, kScreen};
+  const ScreenArea kDesk{-28800, -600, kScreen};
+  const struct {
+    float left, top;
+    const char *both, *laptop;
+  } table[] = {
+      {100, 90, "100 90", "100 90"},
+      {28500, 90, "28500 90", "28500 90"},  // a grip is left
+      {28501, 16000, "25800 14200", "25800 14200"},
+      {-20000, 5000, "-20000 5000", "0 5000"},
+      {-20000, -90000, "0 0", "0 0"},
+  };
+  for (const auto& row : table) {
+    const auto place = [&](std::vector<ScreenArea> screens) {
+      WindowFrame window{row.left, row.top, 3000, 2000};
+      BringIntoSight(screens, window);
+      return SingleText(*window.left) + " " + SingleText(*window.top);
+    };
+    EXPECT_EQ(place({kLaptop, kDesk}), row.both);
+    EXPECT_EQ(place({kLaptop}), row.laptop);
   }
 }

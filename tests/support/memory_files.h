@@ -51,7 +51,13 @@ class MemoryFiles : public FileSystem {
     const std::string real = Real(path);
     if (path == "/" || folders.contains(real)) return FileFacts{EntryKind::kFolder, 0, 0};
     if (!contents.contains(real)) return {};
-    return FileFacts{EntryKind::kFile, contents[real].size(), 1'000'000'000};
+    return FileFacts{EntryKind::kFile, contents[real].size(), 1'000'000'000, PrintOf(real)};
+  }
+
+  std::optional<FileIdentity> Identify(std::string_view path) override {
+    const std::string real = Real(path);
+    if (!contents.contains(real)) return {};
+    return Identity(real);
   }
 
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
@@ -60,6 +66,7 @@ class MemoryFiles : public FileSystem {
     return FolderIdentity{1, std::hash<std::string>()(real), made_[real]};
   }
   void ExpectFolder(std::string_view, const FolderIdentity&) override {}
+  void WatchCopies(const CopyWatch&) override {}
   std::string ResolveFolder(std::string_view path) override {
     const std::size_t name = path.rfind('/') + 1;
     const std::string real = RealFolder(path.substr(0, name));
@@ -87,16 +94,27 @@ class MemoryFiles : public FileSystem {
     return go_on();
   }
 
-  bool MoveFile(std::string_view from, std::string_view to, const GoOn&) override {
+  using FileSystem::MoveFile;
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn&,
+                Fingerprint* moved) override {
     const auto source = contents.find(Real(from));
     if (Fails("move", from)) return No(EIO);
     if (source == contents.end()) return No(ENOENT);
     const std::string target = Target(to);
+    if (moved) *moved = PrintOf(source->first);
     if (source->first == target) return true;
     if (!IsSameEntry(from, to) && !Fits(target)) return false;
     const std::string old = source->first;
     Rekey(contents, old, target), Rekey(inodes_, old, target), Rekey(folder_links, old, target);
     return true;
+  }
+
+  /// Only what MoveFile would not have been asked, since the name is taken, is no use of it.
+  Attempt RenameKnown(std::string_view from, std::string_view to, Fingerprint known) override {
+    const std::string target = Real(to);
+    if (known == 0 || Real(from) == target) return Attempt::kLookFirst;
+    if (IsThere(target)) No(EEXIST);
+    return !IsThere(target) && MoveFile(from, to, {}) ? Attempt::kDone : Attempt::kFailed;
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
@@ -194,6 +212,9 @@ class MemoryFiles : public FileSystem {
     if (name.size() > 255) return No(ENAMETOOLONG);
     if (IsThere(Stored(target))) return No(EEXIST);
     return folders.contains(target.substr(0, end)) || No(ENOENT);
+  }
+  Fingerprint PrintOf(const std::string& real) {
+    return contents[real].starts_with("-> ") ? 0 : FingerprintOf(Identity(real));
   }
   FileIdentity Identity(const std::string& real) {
     std::uint64_t& inode = inodes_[real];

@@ -10,6 +10,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolTip>
+#include <cerrno>
 
 #include "errors/error_windows.h"
 #include "filelist/mask_dialog.h"
@@ -17,7 +18,9 @@
 #include "look/skin.h"
 #include "names/editor/custom_text_dialog.h"
 #include "rename/conflicts_dialog.h"
+#include "rename/left_run_dialog.h"
 #include "rename/results/result_windows.h"
+#include "support/fake_left_run.h"
 #include "support/fake_services.h"
 #include "window/about_box.h"
 #include "window/main_window.h"
@@ -69,9 +72,12 @@ struct FitsTest : testing::Test, FakeServices {
   FitsTest() {
     for (QWidget* window :
          std::initializer_list<QWidget*>{&Form2_, &Form4_, &Form5_, &Form6_, &Form8_, &Form10_,
-                                         &Form11_, &Form3_, &Form7_, &main_}) {
+                                         &Form11_, &Form3_, &Form7_, &Form12_, &main_}) {
       window->show();
     }
+    LeftRun::Facts left{.source_folder = "/in/", .incomplete = true, .renamed = 2, .copied = 9999};
+    Form12_.Ask(std::make_unique<FakeLeftRun>(
+        left, std::vector<LeftRun::File>{{"/in/a", "/out/b", LeftRun::Change::kMoved, EEXIST}}));
   }
   ~FitsTest() override {
     QApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
@@ -127,6 +133,7 @@ struct FitsTest : testing::Test, FakeServices {
   Form10 Form10_{services, nullptr};
   Form11 Form11_{services, nullptr};
   ResultWindow Form3_{kRenamingFailure, session_.reports, services, nullptr};
+  Form12 Form12_{services, nullptr};
   ResultWindow Form7_{kResolvedConflicts, session_.reports, services, nullptr};
 };
 

@@ -13,11 +13,14 @@ PictureMenu::PictureMenu(AnimatedPicture* picture, QObject* parent)
 
 // By the form's cursor, so that Designer can undo it and knows that the form has changed.
 void PictureMenu::Edit() {
-  auto* form = QDesignerFormWindowInterface::findFormWindow(picture_);
+  if (picture_ == nullptr) return;
+  const QPointer form(QDesignerFormWindowInterface::findFormWindow(picture_));
   PicturePropertyPage::Setter setter;
   if (form != nullptr) {
-    setter = [this, form](const char* property, const QVariant& value) {
-      form->cursor()->setWidgetProperty(picture_, QLatin1String(property), value);
+    // Form and picture may go while the page is open, and this menu with them.
+    setter = [picture = picture_, form](const char* property, const QVariant& value) {
+      if (picture == nullptr || form == nullptr) return;
+      form->cursor()->setWidgetProperty(picture, QLatin1String(property), value);
     };
   }
   PicturePropertyPage::edit(picture_, picture_->window(), setter);

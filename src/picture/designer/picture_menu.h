@@ -2,9 +2,10 @@
 
 #include <QAction>
 #include <QObject>
+#include <QPointer>
 #include <QtDesigner/QDesignerTaskMenuExtension>
 
-class AnimatedPicture;
+#include "picture/animated_picture.h"
 
 /// What Designer's menu of a picture in a form has besides: its property page.
 class PictureMenu : public QObject, public QDesignerTaskMenuExtension {
@@ -20,6 +21,6 @@ class PictureMenu : public QObject, public QDesignerTaskMenuExtension {
  private:
   void Edit();
 
-  AnimatedPicture* picture_;
+  QPointer<AnimatedPicture> picture_;
   QAction* edit_;
 };

@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <sys/sysmacros.h>
 
+#include <algorithm>
 #include <deque>
+#include <iterator>
 
 #include "platform/posix/folder_handles.h"
 #include "platform/posix/folder_listing.h"
@@ -16,12 +18,21 @@ std::int64_t Nanoseconds(const struct statx_timestamp& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-/// What the numbers of a file system are worth.
+/// What the numbers of a file system, and its answers, are worth.
 struct NumberFacts {
   std::uint64_t device = 0;
   bool births_stay = true;
   bool inodes_stay = true;
+  bool answers_once = false;
 };
+
+/// The usual ones of disks and memory (linux/magic.h and each's own header): ext2 to ext4, XFS,
+/// Btrfs, tmpfs, F2FS, bcachefs, overlayfs, the FAT family.
+bool IsThisMachines(long type) {
+  constexpr long kTypes[] = {0xef53,     0x58465342, 0x9123683e, 0x01021994, 0xf2f52010,
+                             0xca451a4e, 0x794c7630, 0x4d44,     0x2011bab0};
+  return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
+}
 
 /// overlayfs tells the birth of the file behind, which the first change of it replaces by a copy
 /// (Documentation/filesystems/overlayfs.rst). The FAT family has no inode numbers on disk: a folder
@@ -31,7 +42,7 @@ NumberFacts AskForNumberFacts(const Syscalls& calls, std::uint64_t device, int h
   struct statfs facts;
   if (ErrorOf([&] { return calls.fstatfs(handle, &facts); }) != 0) return {device, false, true};
   const long type = facts.f_type;
-  return {device, type != kOverlay, type != kFat && type != kExfat};
+  return {device, type != kOverlay, type != kFat && type != kExfat, IsThisMachines(type)};
 }
 
 /// `handle` is open on that device. Asked once a device.
@@ -70,6 +81,10 @@ FolderIdentity FolderIdentityOf(const struct statx& facts) {
   return {DeviceOf(facts), facts.stx_ino, BornOf(facts)};
 }
 
+Fingerprint FingerprintOf(const struct statx& facts) {
+  return S_ISREG(facts.stx_mode) ? FingerprintOf(IdentityOf(facts)) : 0;
+}
+
 FileTimes TimesOf(const struct statx& facts) {
   return {{{facts.stx_atime.tv_sec, facts.stx_atime.tv_nsec},
            {facts.stx_mtime.tv_sec, facts.stx_mtime.tv_nsec}}};
@@ -100,6 +115,10 @@ bool IsExpectedFolder(const Syscalls& calls, const Folder& folder, const FolderI
   if (seen == expected) return true;
   return seen.device == expected.device && seen.born_ns == expected.born_ns && seen.born_ns != 0 &&
          !NumberFactsOf(calls, seen.device, folder.handle.get()).inodes_stay;
+}
+
+bool AnswersOnce(const Syscalls& calls, const Folder& folder) {
+  return NumberFactsOf(calls, folder.identity.device, folder.handle.get()).answers_once;
 }
 
 Standing StandingAt(const Syscalls& calls, const Place& place, const FileIdentity& file) {

@@ -15,6 +15,9 @@ std::uint64_t DeviceOf(const struct statx& facts);
 FileIdentity IdentityOf(const struct statx& facts);
 FolderIdentity FolderIdentityOf(const struct statx& facts);
 
+/// The fingerprint of a regular file, else 0.
+Fingerprint FingerprintOf(const struct statx& facts);
+
 /// The times of the last reading and writing, as utimensat(2) takes them.
 using FileTimes = std::array<struct timespec, 2>;
 FileTimes TimesOf(const struct statx& facts);
@@ -32,6 +35,11 @@ int LookInto(const Syscalls& calls, int handle, struct statx& facts);
 /// Whether an open folder is the one that was seen before. Where inode numbers don't stay, its time
 /// of birth tells.
 bool IsExpectedFolder(const Syscalls& calls, const Folder& folder, const FolderIdentity& expected);
+
+/// Whether the file system of an open folder is this machine's own, which says of an entry that it
+/// isn't there only where it isn't. One behind a server, or in user space, may rename, lose its
+/// answer, try again, and find nothing left to rename.
+bool AnswersOnce(const Syscalls& calls, const Folder& folder);
 
 /// What stands under a name, seen from one file.
 enum class Standing : std::uint8_t { kNothing, kThatFile, kAnother, kUnknown };

@@ -3,17 +3,9 @@
 #include <fcntl.h>
 #include <stdio.h>
 
-#include <algorithm>
-
 #include "platform/posix/temporary_name.h"
 
 namespace {
-
-/// renameat2(2): EINVAL where the file system has no such flag, ENOSYS where the kernel has no
-/// such call; FUSE answers EOPNOTSUPP too.
-bool LacksTheFlag(int error) {
-  return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
-}
 
 /// link(2): EPERM where the file system has no hard links or protected_hardlinks forbids this one.
 /// Only what says that a link can't be, not what says that nothing can.
@@ -38,16 +30,21 @@ bool LacksRoom(int error) {
 
 }  // namespace
 
-bool DeviceSet::Has(std::uint64_t device) const {
-  return std::find(devices_.begin(), devices_.end(), device) != devices_.end();
-}
-
-void DeviceSet::Add(std::uint64_t device) {
-  if (!Has(device)) devices_.push_back(device);
-}
-
 int EntryNames::Rename(const Place& from, const Place& to, const struct statx& source) {
   return RenameBy(Ways::kAll, from, to, source);
+}
+
+int EntryNames::RenameUnseen(const Place& from, const Place& to) {
+  if (without_flag_.Has(to.folder->identity.device)) return ENOSYS;
+  const bool done =
+      calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE) == 0;
+  return done ? 0 : errno;
+}
+
+/// renameat2(2): EINVAL where the file system has no such flag, ENOSYS where the kernel has no
+/// such call; FUSE answers EOPNOTSUPP too.
+bool EntryNames::LacksTheCall(int error) {
+  return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
 }
 
 /// A name that is taken is left over from a process that had our number before.
@@ -60,11 +57,10 @@ int EntryNames::RenameBy(Ways ways, const Place& from, const Place& to,
                          const struct statx& source) {
   const std::uint64_t device = to.folder->identity.device;
   if (without_flag_.Has(device)) return WithoutTheFlag(ways, from, to, source);
-  const int error = ErrorOf([&] {
-    return calls_.renameat2(from.at(), from.c_name(), to.at(), to.c_name(), RENAME_NOREPLACE);
-  });
+  int error = EINTR;
+  while (error == EINTR) error = RenameUnseen(from, to);
   if (error == 0 || WasRenamed(from, to, source)) return 0;
-  if (!LacksTheFlag(error)) return error;
+  if (!LacksTheCall(error)) return error;
   // EINVAL also means a folder moved into itself, so only a fallback that works is remembered.
   const int fallback = WithoutTheFlag(ways, from, to, source);
   if (fallback == 0) without_flag_.Add(device);

@@ -1,20 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
+#include "platform/posix/device_set.h"
 #include "platform/posix/entry_facts.h"
 #include "platform/posix/folder_handles.h"
-
-/// File systems, by device number, found to lack something; forgotten with the process.
-class DeviceSet {
- public:
-  bool Has(std::uint64_t device) const;
-  void Add(std::uint64_t device);
-
- private:
-  std::vector<std::uint64_t> devices_;  ///< few; searched from the front
-};
 
 /// What a file must have in common with the one that is meant.
 enum class Match : std::uint8_t {
@@ -36,6 +26,13 @@ class EntryNames {
   /// call's own. Ended from outside between two steps of a fallback, the entry is under both names,
   /// or under its old one beside an empty file under the new.
   int Rename(const Place& from, const Place& to, const struct statx& source);
+
+  /// The one call of it, and nothing looked at: 0 or its errno, EINTR too, and ENOSYS where it is
+  /// known to lack.
+  int RenameUnseen(const Place& from, const Place& to);
+
+  /// Whether that errno tells that there is no such call here.
+  static bool LacksTheCall(int error);
 
   /// The same to a new temporary name in the same folder, which goes into `aside`.
   int RenameAside(const Place& from, const struct statx& source, Place& aside);

@@ -76,26 +76,22 @@ void GiveOwner(const Syscalls& calls, int to, const struct statx& source) {
   if (give(source.stx_uid) != 0) give(static_cast<uid_t>(-1));  // as far as we may
 }
 
-/// "Runs as its owner" must not come to mean another owner.
-mode_t ModeFor(const Syscalls& calls, int to, const struct statx& source) {
-  const mode_t mode = source.stx_mode & 07777;
-  struct statx made;
-  const bool same_owner = (mode & ~mode_t{0777}) == 0 ||
-                          (LookInto(calls, to, made) == 0 && made.stx_uid == source.stx_uid &&
-                           made.stx_gid == source.stx_gid);
-  return same_owner ? mode : mode & 0777;
-}
-
 }  // namespace
 
 int CopyAttributes(const Syscalls& calls, int from, int to, const struct statx& source,
                    bool keep_owner) {
   if (keep_owner) GiveOwner(calls, to, source);
   if (const int error = CopyExtended(calls, from, to)) return error;
-  const mode_t mode = ModeFor(calls, to, source);
-  const int moded = ErrorOf([&] { return calls.fchmod(to, mode); });
-  if (moded != 0 && !NotSupported(moded)) return moded;
   const FileTimes times = TimesOf(source);
   const int timed = ErrorOf([&] { return calls.futimens(to, times.data()); });
   return NotSupported(timed) ? 0 : timed;
+}
+
+/// "Runs as its owner" must not come to mean another owner.
+int GiveMode(const Syscalls& calls, int to, const struct statx& made, const struct statx& source) {
+  const bool same_owner = made.stx_uid == source.stx_uid && made.stx_gid == source.stx_gid;
+  const mode_t mode = source.stx_mode & (same_owner ? 07777 : 0777);
+  if ((made.stx_mode & 07777) == mode) return 0;
+  const int error = ErrorOf([&] { return calls.fchmod(to, mode); });
+  return NotSupported(error) ? 0 : error;
 }

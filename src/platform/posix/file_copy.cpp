@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kNoSuchWay = -1000;  // no errno and no FileProblem: try with a name
 constexpr std::uint64_t kSyncedAtOnce = 16 * 1024 * 1024;
+constexpr std::uint64_t kWrittenUnasked = 64 * 1024;
 
 /// open(2): EOPNOTSUPP where the file system has no O_TMPFILE, EISDIR or ENOENT where the kernel
 /// has none.
@@ -30,9 +31,12 @@ int FileCopy::Copy(const Place& from, const Place& to, Purpose purpose, const Go
   FileHandle source;
   struct statx facts;
   if (const int error = OpenSource(from, purpose, source, facts)) return error;
-  struct statx taken;
-  const int looked = LookAt(calls_, to, taken);
-  if (looked != ENOENT) return looked == 0 ? EEXIST : looked;
+  // A little is sooner written than asked for; that the name is taken shows when it is given.
+  if (facts.stx_size > kWrittenUnasked) {
+    struct statx taken;
+    const int looked = LookAt(calls_, to, taken);
+    if (looked != ENOENT) return looked == 0 ? EEXIST : looked;
+  }
 
   copied.source = IdentityOf(facts);
   return CopyOpened(source.get(), facts, to, purpose, go_on, copied.made);
@@ -66,11 +70,11 @@ int FileCopy::CopyOpened(int from, const struct statx& source, const Place& to, 
 int FileCopy::CopyBy(Way way, int from, const struct statx& source, const Place& to,
                      Purpose purpose, const GoOn& go_on, FileIdentity& made) {
   Target target;
-  if (const int error = OpenTarget(way, to, target)) return error;
+  if (const int error = OpenTarget(way, source, to, target)) return error;
   const int file = target.file.get();
   struct statx facts = {};
-  int error = Fill(from, source, file, purpose, go_on);
-  if (error == 0) error = LookInto(calls_, file, facts);
+  int error = Fill(from, source, file, purpose, go_on, facts);
+  if (error == 0 && watch) watch({IdentityOf(source), IdentityOf(facts)});
   if (error == 0) error = GiveName(target, facts, to);
   if (error != 0) {
     Drop(target);
@@ -82,10 +86,14 @@ int FileCopy::CopyBy(Way way, int from, const struct statx& source, const Place&
   return error;
 }
 
-int FileCopy::OpenTarget(Way way, const Place& to, Target& target) {
+/// Nobody can reach a file without a name, so it is opened with the mode that it shall have; but
+/// attributes are only for who may write.
+int FileCopy::OpenTarget(Way way, const struct statx& source, const Place& to, Target& target) {
   if (way == Way::kNamed) return OpenNamed(to, target);
-  target.file = FileHandle(Uninterrupted(
-      [&] { return calls_.openat(to.at(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600); }));
+  target.file = FileHandle(Uninterrupted([&] {
+    const mode_t mode = (source.stx_mode & 0777) | 0600;
+    return calls_.openat(to.at(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+  }));
   if (target.file) return 0;
   return LacksNamelessFiles(errno) ? kNoSuchWay : errno;
 }
@@ -126,8 +134,9 @@ int FileCopy::CopyAndSync(int from, const struct statx& source, int to, const Go
   return failed != 0 ? failed : error;
 }
 
-int FileCopy::Fill(int from, const struct statx& source, int to, Purpose purpose,
-                   const GoOn& go_on) {
+/// `made` takes the facts of the copy; only its mode may be another by then.
+int FileCopy::Fill(int from, const struct statx& source, int to, Purpose purpose, const GoOn& go_on,
+                   struct statx& made) {
   const bool moves = purpose == Purpose::kMove;
   const int copied =
       moves ? CopyAndSync(from, source, to, go_on) : data_.Copy(from, to, source, go_on);
@@ -136,6 +145,8 @@ int FileCopy::Fill(int from, const struct statx& source, int to, Purpose purpose
   if (const int error = LookInto(calls_, from, now)) return error;
   if (IdentityOf(now) != IdentityOf(source)) return kSourceChanged;
   if (const int error = CopyAttributes(calls_, from, to, source, moves)) return error;
+  if (const int error = LookInto(calls_, to, made)) return error;
+  if (const int error = GiveMode(calls_, to, made, source)) return error;
   return Finish(to, purpose);
 }
 
@@ -154,13 +165,24 @@ int FileCopy::Finish(int file, Purpose purpose) {
 
 int FileCopy::GiveName(const Target& target, const struct statx& facts, const Place& to) {
   if (target.temporary) return names_.Rename(target.temporary, to, facts);
-  // The way for all users to name a file made by O_TMPFILE (open(2)).
-  const std::string self = "/proc/self/fd/" + std::to_string(target.file.get());
-  const int error = ErrorOf([&] {
-    return calls_.linkat(AT_FDCWD, self.c_str(), to.at(), to.c_name(), AT_SYMLINK_FOLLOW);
-  });
+  const int error = Link(target.file.get(), to);
   if (error == 0 || StandingAt(calls_, to, IdentityOf(facts)) == Standing::kThatFile) return 0;
   return LacksNaming(error) ? kNoSuchWay : error;
+}
+
+/// The short way is for all users since Linux 6.10, before only for some: to others the file seems
+/// not to be there. The long one is for all that see /proc (open(2)).
+int FileCopy::Link(int file, const Place& to) {
+  if (links_by_handle_) {
+    const int error =
+        ErrorOf([&] { return calls_.linkat(file, "", to.at(), to.c_name(), AT_EMPTY_PATH); });
+    if (error != ENOENT) return error;
+    links_by_handle_ = false;
+  }
+  const std::string self = "/proc/self/fd/" + std::to_string(file);
+  return ErrorOf([&] {
+    return calls_.linkat(AT_FDCWD, self.c_str(), to.at(), to.c_name(), AT_SYMLINK_FOLLOW);
+  });
 }
 
 /// A folder that we may write but not read can't be synced by itself; then its file system is.

@@ -20,6 +20,8 @@ class FileCopy {
   int Copy(const Place& from, const Place& to, Purpose purpose, const GoOn& go_on,
            CopyIdentities& copied);
 
+  CopyWatch watch;  ///< see FileSystem::WatchCopies
+
  private:
   /// A file being written has no name at all, so that nothing can be left of it; or, where that
   /// can't be, a temporary one.
@@ -34,17 +36,20 @@ class FileCopy {
                  const GoOn& go_on, FileIdentity& made);
   int CopyBy(Way way, int from, const struct statx& source, const Place& to, Purpose purpose,
              const GoOn& go_on, FileIdentity& made);
-  int OpenTarget(Way way, const Place& to, Target& target);
+  int OpenTarget(Way way, const struct statx& source, const Place& to, Target& target);
   int OpenNamed(const Place& to, Target& target);
   void Drop(const Target& target);
   int CopyAndSync(int from, const struct statx& source, int to, const GoOn& go_on);
-  int Fill(int from, const struct statx& source, int to, Purpose purpose, const GoOn& go_on);
+  int Fill(int from, const struct statx& source, int to, Purpose purpose, const GoOn& go_on,
+           struct statx& made);
   int Finish(int file, Purpose purpose);
   int GiveName(const Target& target, const struct statx& facts, const Place& to);
+  int Link(int file, const Place& to);
   int SyncFolder(const Place& to, int file);
 
   const Syscalls& calls_;
   EntryNames& names_;
   FileData data_;
   DeviceSet without_nameless_;
+  bool links_by_handle_ = true;
 };

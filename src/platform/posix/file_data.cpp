@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/posix/entry_facts.h"
+
 namespace {
 
 constexpr std::size_t kBuffer = 256 * 1024;
@@ -19,12 +21,20 @@ bool Stopped(const GoOn& go_on) {
 
 int FileData::Copy(int from, int to, const struct statx& source, const GoOn& go_on) {
   const auto size = static_cast<off_t>(source.stx_size);
-  if (size > 0 && Uninterrupted([&] { return calls_.clone(to, from); }) == 0) return 0;
-  Job job{from, to, go_on, size > kSmall};
+  if (size > 0 && Clone(from, to, source)) return 0;
+  Job job{from, to, go_on, size, size > kSmall};
   if (static_cast<off_t>(source.stx_blocks) * kBlock < size) return CopyAround(job, size);
   off_t at = 0;
   const int error = CopyRange(job, at, kToTheEnd);
   return error == 0 && at != size ? kSourceChanged : error;
+}
+
+bool FileData::Clone(int from, int to, const struct statx& source) {
+  const std::uint64_t device = DeviceOf(source);
+  if (without_clones_.Has(device)) return false;
+  const int error = ErrorOf([&] { return calls_.clone(to, from); });
+  if (error == EOPNOTSUPP) without_clones_.Add(device);
+  return error == 0;
 }
 
 /// Only what lies between the holes (lseek(2)); where holes can't be asked for, all.
@@ -78,6 +88,7 @@ int FileData::CopyByBuffer(Job& job, off_t& at, off_t end) {
     const auto size = static_cast<std::size_t>(got);
     if (const int error = WriteAll(job.to, buffer_.get(), size, at)) return error;
     at += got;
+    if (size < wanted && at == job.size) return 0;  // less than asked for is the end
     if (size == wanted && Stopped(job.go_on)) return ECANCELED;
   }
   return 0;

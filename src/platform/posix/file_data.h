@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/files.h"
+#include "platform/posix/device_set.h"
 #include "platform/posix/syscalls.h"
 
 /// Copies what is in one file into another, new one.
@@ -21,9 +22,11 @@ class FileData {
     int from;
     int to;
     const GoOn& go_on;
+    off_t size;      ///< of all
     bool by_kernel;  ///< copy_file_range is worth a try
   };
 
+  bool Clone(int from, int to, const struct statx& source);
   int CopyAround(Job& job, off_t size);
   int CopyRange(Job& job, off_t& at, off_t end);
   int CopyByKernel(Job& job, off_t& at, off_t end);
@@ -32,4 +35,5 @@ class FileData {
 
   const Syscalls& calls_;
   std::unique_ptr<char[]> buffer_;
+  DeviceSet without_clones_;
 };

@@ -3,40 +3,73 @@
 #include <fcntl.h>
 #include <limits.h>
 
-#include <algorithm>
 #include <string>
 
+#include "platform/posix/folder_listing.h"
 #include "platform/posix/temporary_name.h"
+#include "platform/text.h"
 
 namespace {
 
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+bool InOneFolder(const Place& from, const Place& to) {
+  return from.folder->IsSameAs(*to.folder);
 }
 
-/// False when no file system takes the two names for one: both ASCII, and other letters. True
-/// says nothing.
-bool MayBeOneName(const std::string& a, const std::string& b) {
-  const auto beyond_ascii = [](char c) { return (c & 0x80) != 0; };
-  if (std::any_of(a.begin(), a.end(), beyond_ascii) ||
-      std::any_of(b.begin(), b.end(), beyond_ascii)) {
-    return true;
+/// False when no file system takes the two for one entry. True says nothing.
+bool MayBeOne(const Place& from, const Place& to) {
+  if (!InOneFolder(from, to)) return false;
+  if (text::IsAscii(from.name) && text::IsAscii(to.name)) {
+    return text::EqualIgnoringCase(from.name, to.name);
   }
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+  return text::NameKey(from.name) == text::NameKey(to.name);
 }
 
 }  // namespace
 
-int FileMove::Move(const Place& from, const Place& to, const GoOn& go_on) {
+int FileMove::AtOnce(const Place& from, const Place& to, Fingerprint known) {
+  const bool itself = from.name == to.name && InOneFolder(from, to);
+  if (itself || !AnswersOnce(calls_, *to.folder)) return kNotAtOnce;
+  const int error = names_.RenameUnseen(from, to);
+  if (error == 0) return MayBeOne(from, to) ? Settle(from, to) : 0;
+  struct statx facts;
+  const int looked = LookAt(calls_, from, facts);
+  // ENOENT is answered before anything is done; all others when the source has been found.
+  if (looked == ENOENT && error != ENOENT && Stands(to, known)) return 0;
+  const bool looks_first = error == EXDEV || error == EINTR || EntryNames::LacksTheCall(error) ||
+                           (error == EEXIST && MayBeOne(from, to));
+  return looks_first ? kNotAtOnce : looked != 0 ? looked : error;
+}
+
+/// Some file systems that ignore letter case answer 0 and do nothing.
+int FileMove::Settle(const Place& from, const Place& to) {
+  switch (CompareEntries(calls_, from, to)) {
+    case NamePair::kOneAsInFirst:
+      return kNotAtOnce;
+    case NamePair::kUnknown:
+      return IsListed(calls_, *to.folder, to.name) == 0 ? 0 : kNotAtOnce;
+    default:
+      return 0;
+  }
+}
+
+bool FileMove::Stands(const Place& place, Fingerprint known) {
+  struct statx facts;
+  return LookAt(calls_, place, facts) == 0 && FingerprintOf(facts) == known;
+}
+
+int FileMove::Move(const Place& from, const Place& to, const GoOn& go_on, Fingerprint& moved) {
   struct statx source;
   if (const int error = LookAt(calls_, from, source)) return error;
-  const bool same_folder = from.folder->IsSameAs(*to.folder);
-  if (same_folder && from.name == to.name) return 0;
+  moved = FingerprintOf(source);
+  if (from.name == to.name && InOneFolder(from, to)) return 0;
   const int error = names_.Rename(from, to, source);
-  if (error == EXDEV) return ToOtherDevice(from, to, source, go_on);
+  if (error == EXDEV) {
+    const int failed = ToOtherDevice(from, to, source, go_on);
+    moved = LookAt(calls_, to, source) == 0 ? FingerprintOf(source) : 0;
+    return failed;
+  }
   // Some file systems that ignore letter case refuse a change of it, some answer 0 and do nothing.
-  if (!same_folder || !MayBeOneName(from.name, to.name)) return error;
+  if (!MayBeOne(from, to)) return error;
   const NamePair names = CompareEntries(calls_, from, to);
   if (names == NamePair::kOneAsInSecond) return 0;
   const bool refused = error == 0 || error == EEXIST;
@@ -91,6 +124,7 @@ int FileMove::MakeLink(const Place& from, const struct statx& source, const Plac
     return calls_.utimensat(aside.at(), aside.c_name(), times.data(), AT_SYMLINK_NOFOLLOW);
   });
   int error = LookAt(calls_, aside, made);
+  if (error == 0 && copy_.watch) copy_.watch({IdentityOf(source), IdentityOf(made)});
   if (error == 0) error = names_.Rename(aside, to, made);
   if (error != 0) names_.RemoveUncertain(aside);
   return failed != 0 && error != 0 ? failed : error;

@@ -38,7 +38,14 @@ class PosixFileSystem final : public FileSystem {
     if (error != 0) return std::nullopt;
     const FileIdentity identity = IdentityOf(facts);
     return FileFacts{S_ISDIR(facts.stx_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
-                     identity.modified_ns};
+                     identity.modified_ns, FingerprintOf(facts)};
+  }
+
+  std::optional<FileIdentity> Identify(std::string_view path) override {
+    const Place place = folders_.ForLook(path);
+    struct statx facts;
+    if (!place || place.name.empty() || LookAt(calls_, place, facts) != 0) return std::nullopt;
+    return IdentityOf(facts);
   }
 
   std::optional<FolderIdentity> IdentifyFolder(std::string_view path) override {
@@ -81,12 +88,23 @@ class PosixFileSystem final : public FileSystem {
     return Done(folders_.Problem());
   }
 
-  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on) override {
+  bool MoveFile(std::string_view from, std::string_view to, const GoOn& go_on,
+                Fingerprint* moved) override {
     const auto [source, target] = Places(from, to);
     if (!source || !target) return Done(folders_.Problem());
-    const bool done = Done(move_.Move(source, target, go_on));
-    if (done) folders_.Forget(from);
-    return done;
+    Fingerprint file = 0;
+    if (!Done(move_.Move(source, target, go_on, file))) return false;
+    if (file == 0) folders_.Forget(from);
+    if (moved) *moved = file;
+    return true;
+  }
+
+  Attempt RenameKnown(std::string_view from, std::string_view to, Fingerprint known) override {
+    if (known == 0) return Attempt::kLookFirst;
+    const auto [source, target] = Places(from, to);
+    const int error = source && target ? move_.AtOnce(source, target, known) : folders_.Problem();
+    if (error == kNotAtOnce) return Attempt::kLookFirst;
+    return Done(error) ? Attempt::kDone : Attempt::kFailed;
   }
 
   bool CopyFile(std::string_view from, std::string_view to, const GoOn& go_on,
@@ -98,6 +116,8 @@ class PosixFileSystem final : public FileSystem {
     if (error == 0 && copied) *copied = both;
     return Done(error);
   }
+
+  void WatchCopies(const CopyWatch& watch) override { copy_.watch = watch; }
 
   bool DeleteMadeFile(std::string_view path, const FileIdentity& made) override {
     const Place place = folders_.ForChange(path);
@@ -123,6 +143,8 @@ class PosixFileSystem final : public FileSystem {
   }
 
   int Problem() const override { return problem_; }
+
+  void LookAnew() override { folders_.LookAnew(); }
 
   void LetFoldersGo() override { folders_.ForgetAll(); }
 

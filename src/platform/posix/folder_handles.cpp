@@ -66,7 +66,7 @@ std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust
   }
   std::shared_ptr<const Folder> opened = OpenAnew(wanted);
   if (opened) {
-    first = {std::move(wanted), opened, CoarseMilliseconds()};
+    first = {std::move(wanted), opened, CoarseMilliseconds(), settled_};
   } else if (first.path == path) {
     first = {};
   }
@@ -75,9 +75,11 @@ std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust
 
 bool FolderHandles::StillThere(Kept& kept, Trust trust) {
   const std::int64_t now = CoarseMilliseconds();
-  if (trust == Trust::kRecent && now - kept.compared_ms < kTrustMs) return true;
+  const bool settled = trust == Trust::kRecent || kept.settled == settled_;
+  if (trust != Trust::kNow && settled && now - kept.compared_ms < kTrustMs) return true;
   if (kept.path.size() >= PATH_MAX || !LeadsTo(kept.path, *kept.folder)) return false;
   kept.compared_ms = now;
+  kept.settled = settled_;
   return true;
 }
 
@@ -182,6 +184,7 @@ void FolderHandles::Forget(std::string_view path) {
   for (Kept& kept : kept_) {
     if (IsAtOrBelow(kept.path, top)) kept = {};
   }
+  LookAnew();
 }
 
 void FolderHandles::LetHandlesGo() {

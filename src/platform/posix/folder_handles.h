@@ -44,10 +44,12 @@ std::string_view WithoutClosingSeparators(std::string_view folder);
 /// path for every file of a folder; paths may be longer than the system takes in one call.
 ///
 /// A kept handle stays with its folder when that is renamed or replaced, so the path may mean
-/// another folder by then. Hence `ForChange` compares the handle with what the path leads to at
-/// that moment and opens anew when they differ; an open handle keeps its inode number from being
-/// given to another folder, so the comparison can't be fooled. `ForLook` trusts a comparison for a
-/// tenth of a second: what it finds is never the ground for replacing anything.
+/// another folder by then. Hence the handle is compared with what the path leads to, and opened
+/// anew when they differ; an open handle keeps its inode number from being given to another folder,
+/// so the comparison can't be fooled. A comparison is trusted for a tenth of a second, `ForChange`
+/// trusts none from before `LookAnew`. Should the folder be replaced by then, no harm is done: by
+/// its handle all goes on in the folder that was meant, wherever that is, and nothing is reached in
+/// the other.
 ///
 /// A folder that is expected, or lies below one, is opened by way of the deepest such: that one is
 /// known by its handle, and the rest of the path is walked from there. So whatever replaces it
@@ -55,13 +57,17 @@ std::string_view WithoutClosingSeparators(std::string_view folder);
 /// drops those that were not.
 class FolderHandles {
  public:
-  enum class Trust : std::uint8_t { kNow, kRecent };
+  enum class Trust : std::uint8_t {
+    kNow,      ///< only a comparison made now
+    kSettled,  ///< one since LookAnew
+    kRecent,
+  };
 
   explicit FolderHandles(const Syscalls& calls) : calls_(calls) {}
 
   /// No place when the folder can't be opened, isn't the one that is expected, or the path holds a
   /// NUL byte; Problem() tells why.
-  Place ForChange(std::string_view path) { return PlaceOf(path, Trust::kNow); }
+  Place ForChange(std::string_view path) { return PlaceOf(path, Trust::kSettled); }
   Place ForLook(std::string_view path) { return PlaceOf(path, Trust::kRecent); }
 
   /// The folder itself, "" being the root; a closing separator changes nothing. Null as
@@ -81,8 +87,12 @@ class FolderHandles {
   /// To be told when a folder was made at `path`: whatever was expected there is gone.
   void Unexpect(std::string_view path);
 
-  /// To be told when the entry at `path` was moved or deleted: it may have been a folder.
+  /// To be told when the entry at `path` was moved or deleted: it may have been a folder, or a link
+  /// that a path leads over.
   void Forget(std::string_view path);
+
+  /// No comparison so far is good for a change.
+  void LookAnew() { ++settled_; }
 
   /// Lets all handles go, so that a medium can be unmounted, and expects nothing any more.
   void ForgetAll();
@@ -96,6 +106,7 @@ class FolderHandles {
     std::string path;
     std::shared_ptr<const Folder> folder;
     std::int64_t compared_ms = 0;
+    unsigned settled = 0;  ///< what `settled_` was then
   };
 
   Place PlaceOf(std::string_view path, Trust trust);
@@ -111,5 +122,6 @@ class FolderHandles {
   const Syscalls& calls_;
   std::array<Kept, 3> kept_;  ///< the last used first
   Expected expected_;         ///< paths without closing separators
+  unsigned settled_ = 0;      ///< how often LookAnew was called
   int problem_ = 0;
 };

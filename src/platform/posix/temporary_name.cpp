@@ -47,6 +47,10 @@ bool IsOwnTemporaryName(std::string_view name) {
   return MakerOf(name) == ::getpid();
 }
 
+bool IsUnfinishedName(std::string_view name) {
+  return MakerOf(name) > 0;
+}
+
 /// kill(2): signal 0 only asks; EPERM says that it lives and is another user's.
 bool IsInTheMaking(const Syscalls& calls, std::string_view name) {
   const pid_t maker = MakerOf(name);

@@ -24,15 +24,6 @@ ListColumn MarkColumn(std::string_view caption, Cell cell, Mark mark) {
   return {caption, cell, kMarkWidth, [mark](std::size_t) { return std::string(MarkText(mark)); }};
 }
 
-/// Room for most of the reasons.
-ColumnWidth ReasonWidth() {
-  ColumnWidth width{WidthRule::kFree, 0, {}, 2 * kCellInset + 2};  // told in whole pixels
-  for (const int usual : {EACCES, ENOENT, ENAMETOOLONG}) {
-    width.texts.push_back(mCommon::ProblemText(usual));
-  }
-  return width;
-}
-
 RecordSource Failures(const RunReports& reports) {
   using Row = FailureRecord;
   const std::vector<Row>& rows = reports.gFailureReport;
@@ -80,6 +71,14 @@ RecordSource Conflicts(const RunReports& reports) {
 }
 
 }  // namespace
+
+ColumnWidth ReasonWidth() {
+  ColumnWidth width{WidthRule::kFree, 0, {}, 2 * kCellInset + 2};  // told in whole pixels
+  for (const int usual : {EACCES, ENOENT, ENAMETOOLONG}) {
+    width.texts.push_back(mCommon::ProblemText(usual));
+  }
+  return width;
+}
 
 const ResultKind kRenamingFailure = {"Form3", "Renaming failure",
                                      "Number of files failed to rename: ", Failures};

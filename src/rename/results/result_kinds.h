@@ -17,6 +17,9 @@ struct ResultKind {
 /// The column that the rows are grouped by: the path of the folder.
 inline constexpr int kResultPath = 0;
 
+/// Of a column that tells why files failed: room for most of the reasons.
+ColumnWidth ReasonWidth();
+
 /// Files whose operation failed; they are where they were.
 extern const ResultKind kRenamingFailure;
 /// Files that got a numbered name; they are where the run has put them.

@@ -92,6 +92,7 @@ TEST_F(PosixFiles, NoticeThatAPathLeadsToAnotherFolderNowAndLetAllFoldersGo) {
   ASSERT_EQ(::rename((folder / "one").c_str(), (folder / "two").c_str()), 0);
   folder.MakeFolder("one");
   folder.Write("one/a", "second");
+  files->LookAnew();  // as after events
   EXPECT_TRUE(files->MoveFile(folder / "one/a", folder / "one/b", {}));
   EXPECT_EQ(folder.Read("one/b"), "second");
   EXPECT_EQ(folder.Read("two/a"), "first");
@@ -144,6 +145,7 @@ TEST(ExpectedFolders, AreTheOnlyOnesThatAnythingHappensIn) {
     ASSERT_EQ(::rename((folder / "out").c_str(), (folder / "moved").c_str()), 0);
     if (by_link) folder.MakeLink("out", "other");  // which no folder can replace
     EXPECT_EQ(by_link, ::rename((folder / "other").c_str(), (folder / "out").c_str()) != 0);
+    files->LookAnew();
     const std::string deep = folder / "out//deep/";
     const std::function<bool()> operations[] = {
         [&] { return files->MoveFile(deep + "file", folder / "b", {}); },

@@ -1,0 +1,287 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+
+#include "platform/posix/files_posix.h"
+#include "rename/journaled_files.h"
+#include "rename/left_runs.h"
+#include "rename/run.h"
+#include "rename/run_journal.h"
+#include "rename/undo.h"
+#include "support/fake_services.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+using Everything = std::map<std::string, std::string>;
+
+/// Ends the process at the n-th change of the disk, before or after it.
+struct Killer {
+  int nth = 0;  ///< from 1; 0 is never
+  bool after = false;
+  int used = 0;
+
+  template <class Answer, class... Args>
+  void Watch(std::function<Answer(Args...)>& call) {
+    call = [this, real = call](Args... args) {
+      const bool now = ++used == nth;
+      if (now && !after) ::kill(::getpid(), SIGKILL);
+      const Answer answer = real(args...);
+      if (now) ::kill(::getpid(), SIGKILL);
+      return answer;
+    };
+  }
+
+  Syscalls Calls() {
+    Syscalls calls;
+    Watch(calls.renameat2), Watch(calls.linkat), Watch(calls.unlinkat), Watch(calls.mkdirat);
+    Watch(calls.symlinkat), Watch(calls.fsync), Watch(calls.openat), Watch(calls.fchmod);
+    return calls;
+  }
+};
+
+/// A tree with files, and what a user does with it until the program is killed.
+struct World {
+  explicit World(std::uint32_t seed)
+      : random(seed), out(seed % 3 == 0 ? "" : "/dev/shm"), mode(static_cast<int>(random() % 3)) {}
+
+  int Below(int n) { return static_cast<int>(random() % static_cast<std::uint32_t>(n)); }
+
+  void MakeFiles() {
+    in.MakeFolder("sub");
+    for (int i = 0; i < kFiles; ++i) {
+      const std::string name = (i % 4 == 3 ? "sub/f" : "f") + std::to_string(i);
+      if (i % 7 == 6) {
+        in.MakeLink(name, "nowhere" + std::to_string(i));
+      } else {
+        in.Write(name, "content of " + name + std::string(Below(3) == 0 ? 90'000 : 0, 'x'));
+      }
+    }
+    in.Write("stranger", "s"), out.Write("stranger", "s");
+  }
+
+  /// Half of the names are swapped, turned round or taken more than once.
+  void List(Records& records) {
+    const int kind = Below(4);
+    for (int i = 0; i < kFiles; ++i) {
+      const std::string folder = in / (i % 4 == 3 ? "sub/" : "");
+      records.AddRecord("", folder, "f" + std::to_string(i), FileDate(), 0, "");
+      const std::string names[] = {"f" + std::to_string(i ^ 1),
+                                   "f" + std::to_string((i + 4) % kFiles), "same",
+                                   "n" + std::to_string(i)};
+      records[static_cast<std::size_t>(i)].newFileName = names[OneOf(kind)];
+    }
+  }
+  int OneOf(int kind) { return Below(5) == 0 ? Below(4) : kind; }
+
+  /// Run, undo, run, undo, as many of them as that.
+  void RunAndUndo(const Killer& killer, int passes = 4) {
+    Killer own = killer;
+    const auto files = MakePosixFileSystem(own.Calls());
+    FakeServices fakes;
+    const Services services = fakes.With(*files, fakes.clock, fakes.locale);
+    RunJournal journal;
+    journal.KeepIn(state.path());
+    Records records;
+    List(records);
+    RunState run_state;
+    RunReports reports;
+    const RunOutput output{{mode, out / "new/deep/", true}, in / ""};
+    for (int pass = 0; pass < passes; ++pass) {
+      const bool undo = pass % 2 == 1;
+      const auto work = undo ? journal::Work::kUndo : journal::Work::kRun;
+      journal.Begin({OwnMark(), 7, work, mode, in / "", kFiles});
+      {
+        JournaledServices journaled(services, journal, [&] { journal.Sync(); });
+        Pass one(records, run_state, journaled.Get(), records.Count());
+        undo ? UndoRun(one, reports).Undo() : RenameRun(one, output, reports).RunRename();
+        files->LetFoldersGo();
+      }
+      journal.End();
+    }
+  }
+
+  /// What the next start does.
+  void PutBack(const Killer& killer) {
+    Killer own = killer;
+    const auto files = MakePosixFileSystem(own.Calls());
+    FakeServices fakes;
+    const Services services = fakes.With(*files, fakes.clock, fakes.locale);
+    for (const std::string& journal : LeftJournals(state.path())) {
+      const auto left = LeftRun::Read(journal, *files, [] { return true; });
+      RunState run_state;
+      if (left) left->PutBack(services, run_state);
+    }
+  }
+
+  /// Every entry with what it holds, long contents in short.
+  std::set<std::string> All() const {
+    std::set<std::string> all;
+    const auto add = [&](const std::string& folder, const Everything& entries) {
+      for (const auto& [name, content] : entries) {
+        all.insert(folder + name + ": " + content.substr(0, 25) + std::to_string(content.size()));
+      }
+    };
+    add("in/", in.Everything()), add("out/", out.Everything());
+    return all;
+  }
+
+  static constexpr int kFiles = 20;
+  std::mt19937 random;
+  TempFolder in{"/dev/shm"}, out, state{"/dev/shm"};
+  int mode;
+};
+
+/// Whether it was killed.
+template <class Work>
+bool InChild(const Work& work) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::alarm(60);
+    work();
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) || WTERMSIG(status) == SIGKILL) << "signal " << WTERMSIG(status);
+  return WIFSIGNALED(status);
+}
+
+std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? otherwise : static_cast<std::uint32_t>(std::stoul(value));
+}
+
+std::string Text(const World& world) {
+  return world.state.Read(world.state.List()[0]).value_or("");
+}
+
+}  // namespace
+
+// QUORVANE_KILLS is their number, QUORVANE_KILL_SEED the first one's seed.
+TEST(CutOffRun, IsPutBackWholeAtTheNextStart) {
+  const std::uint32_t kills = FromEnvironment("QUORVANE_KILLS", 60);
+  const std::uint32_t first = FromEnvironment("QUORVANE_KILL_SEED", 1);
+  std::uint32_t met = 0;
+  for (std::uint32_t seed = first; met < kills; ++seed) {
+    World world(seed);
+    world.MakeFiles();
+    const std::set<std::string> before = world.All();
+    const Killer killer{1 + world.Below(400), world.Below(2) == 1};
+    const bool killed = InChild([&] { world.RunAndUndo(killer); });
+    met += killed;
+    const std::set<std::string> cut = world.All();
+    int again = 0;
+    // Some of the ways back are killed too, and taken up again.
+    while (killed && InChild([&] { world.PutBack({1 + world.Below(60), world.Below(2) == 1}); })) {
+      ++met;
+      world.random.discard(2);
+      if (++again == 3) break;
+    }
+    world.PutBack({});
+    const std::set<std::string> after = world.All();
+    std::set<std::string> differ;
+    std::ranges::set_symmetric_difference(before, after, std::inserter(differ, differ.end()));
+    ASSERT_EQ(differ, std::set<std::string>())
+        << "seed " << seed << " mode " << world.mode << " kill " << killer.nth << killer.after
+        << " again " << again << testing::PrintToString(cut);
+    ASSERT_TRUE(world.state.List().empty()) << "seed " << seed;
+  }
+}
+
+// A power cut may keep less of the journal than was done, and less of what was done than it tells.
+TEST(CutOffRun, LosesNothingWhenAPowerCutKeepsAPartOnly) {
+  for (std::uint32_t seed = 1; seed <= 9; ++seed) {
+    World world(seed);
+    world.MakeFiles();
+    const std::set<std::string> before = world.All();
+    std::set<std::string> contents;
+    const auto add = [&](const std::string& entry) { return entry.substr(entry.find(':')); };
+    std::ranges::transform(before, std::inserter(contents, contents.end()), add);
+    world.RunAndUndo({}, 1);
+    const std::string name = world.state.List()[0], whole = Text(world);
+    const auto all = static_cast<int>(whole.size());
+    const std::string cut = whole.substr(0, static_cast<std::size_t>(world.Below(all)));
+    world.state.Write(name, seed % 3 == 0 ? cut + std::string(500, '\0') : cut);
+    world.PutBack({});
+    for (const std::string& entry : world.All()) contents.erase(add(entry));
+    ASSERT_EQ(contents, std::set<std::string>()) << "seed " << seed << ", cut at " << cut.size();
+    ASSERT_TRUE(world.All().contains("in/stranger: s1"));
+
+    World ahead(seed);
+    ahead.MakeFiles();
+    ahead.RunAndUndo({}, 1);
+    const std::string told = Text(ahead), journal = ahead.state.List()[0];
+    ahead.PutBack({});
+    const std::set<std::string> back = ahead.All();
+    ahead.state.Write(journal, told);
+    ASSERT_EQ(::chmod((ahead.state / journal).c_str(), 0600), 0);
+    ahead.PutBack({});
+    ASSERT_EQ(ahead.All(), back) << "seed " << seed << ": it was not done";
+    ASSERT_EQ(back, before) << "seed " << seed;
+  }
+}
+
+TEST(CutOffRun, LeavesAloneWhatIsNoJournalOfOurs) {
+  const TempFolder folder, state;
+  folder.Write("a", "a");
+  const auto files = MakePosixFileSystem();
+  const auto identity = *files->IdentifyFolder(folder.path());
+  const Fingerprint a = FingerprintOf(*files->Identify(folder / "a"));
+  const auto journal_of = [&](ProcessMark mark, const std::string& path, const std::string& to) {
+    journal::Writer writer;
+    std::string bytes(journal::kFirstBytes);
+    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, path, 1});
+    writer.Folder(bytes, path, identity);
+    writer.Before(bytes, {journal::Action::kMove, {0, to}, {0, "a"}, a});
+    return bytes;
+  };
+  const std::string path = folder / "";
+  ProcessMark own = OwnMark(), other_machine = own, other_user = own;
+  other_machine.machine += "x", ++other_user.user;
+  const std::string good = journal_of(own, path, "b");
+  const std::pair<std::string, std::string> cases[] = {
+      {"another machine", journal_of(other_machine, path, "b")},
+      {"another user", journal_of(other_user, path, "b")},
+      {"a way up", journal_of(own, path + "../" + folder.path().substr(5) + "/", "b")},
+      {"no root", journal_of(own, path.substr(1), "b")},
+      {"a name that leads away", journal_of(own, path, "sub/b")},
+      {"a name that is a folder", journal_of(own, path, "..")},
+      {"another version", "QVJRNL9\n" + good.substr(8)},
+      {"garbage", std::string(100'000, 'x')},
+  };
+  const auto leaves = [&](const std::string& name) {
+    const auto left = LeftRun::Read(state / name, *files, [] { return true; });
+    return left == nullptr && folder.Read("a") == "a" && folder.List().size() == 1;
+  };
+  for (const auto& [what, bytes] : cases) {
+    state.Write("j.journal", bytes);
+    ::chmod((state / "j.journal").c_str(), 0600);
+    EXPECT_TRUE(leaves("j.journal") && state.Has("j.journal")) << what;
+  }
+  EXPECT_EQ(::truncate((state / "j.journal").c_str(), 2LL << 30), 0);
+  EXPECT_TRUE(leaves("j.journal")) << "as large as that";
+  state.Write("j.journal", good);
+  EXPECT_EQ(::link((state / "j.journal").c_str(), (state / "k.journal").c_str()), 0);
+  EXPECT_TRUE(leaves("j.journal")) << "a second name";
+  ::unlink((state / "k.journal").c_str());
+  state.MakeLink("l.journal", state / "j.journal");
+  EXPECT_TRUE(leaves("l.journal")) << "a link";
+  EXPECT_EQ(::mkfifo((state / "f.journal").c_str(), 0600), 0);
+  EXPECT_TRUE(leaves("f.journal")) << "a fifo";
+  ::chmod((state / "j.journal").c_str(), 0622);
+  EXPECT_TRUE(leaves("j.journal")) << "others can write to it";
+  ::chmod((state / "j.journal").c_str(), 0600);
+  const auto held = JournalFile::Take(state / "j.journal");
+  EXPECT_TRUE(held && leaves("j.journal")) << "held by another";
+}
