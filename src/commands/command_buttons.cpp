@@ -7,7 +7,6 @@
 #include "look/fitted_button.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
-#include "look/skin.h"
 
 namespace {
 
@@ -109,6 +108,6 @@ void CommandButtons::MarkPrimary() {
     const bool is_primary = button == primary;
     if (button->property("primary").toBool() == is_primary) continue;
     button->setProperty("primary", is_primary);
-    Repolish(*button);
+    button->update();
   }
 }

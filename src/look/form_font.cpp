@@ -19,13 +19,5 @@ const QLabel* FontContainer() {
 
 void ApplyFormFont(QWidget& frm) {
   const QLabel* label = FontContainer();
-  if (label == nullptr) return;
-  frm.setFont(label->font());
-  // One by one: under a style sheet, a control that was seen before doesn't ask its window.
-  for (QWidget* control : frm.findChildren<QWidget*>()) {
-    if (control == label || control->window() != &frm) continue;
-    QFont font = label->font();
-    if (control->testAttribute(Qt::WA_SetFont)) font.setWeight(control->font().weight());
-    control->setFont(font);
-  }
+  if (label != nullptr) frm.setFont(label->font());
 }

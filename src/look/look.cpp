@@ -202,21 +202,25 @@ QColor Look::Colour(Role role) const {
 }
 
 QPixmap Look::Picture(Drawing drawing, Role role, int size, qreal scale) const {
-  return QPixmap::fromImage(Drawn(drawing, role, size, scale));
-}
-
-QImage Look::Drawn(Drawing drawing, Role role, int size, qreal scale) const {
-  constexpr qreal kUnits = 16;
-  constexpr qreal kStroke = 1.5;
-  QImage picture(QSize(size, size) * scale, QImage::Format_ARGB32_Premultiplied);
+  QPixmap picture(QSize(size, size) * scale);
   picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(size / kUnits, size / kUnits);
-  painter.setPen(QPen(Colour(role), kStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPath(ReadPath(PathText(drawing)));
+  Draw(painter, drawing, role, QRectF(0, 0, size, size));
   return picture;
+}
+
+void Look::Draw(QPainter& painter, Drawing drawing, Role role, const QRectF& place) const {
+  constexpr qreal kUnits = 16;
+  constexpr qreal kStroke = 1.5;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(place.topLeft());
+  painter.scale(place.width() / kUnits, place.height() / kUnits);
+  painter.setPen(QPen(Colour(role), kStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(ReadPath(PathText(drawing)));
+  painter.restore();
 }
 
 QColor PillColour(Role mark) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QColor>
-#include <QImage>
 #include <QPixmap>
+#include <QRectF>
+
+class QPainter;
 
 /// The colours of the program's look by what they are for; a skin gives each a light and a dark
 /// value, without a skin they follow from the desktop's palette.
@@ -55,10 +57,10 @@ class Look {
   /// A drawing in a role's colour, `size` logical pixels wide, sharp at `scale` device pixels a
   /// logical one.
   QPixmap Picture(Drawing drawing, Role role, int size, qreal scale) const;
-  /// The same, without a display.
-  QImage Drawn(Drawing drawing, Role role, int size, qreal scale) const;
+  /// The same, at a place of `painter`.
+  void Draw(QPainter& painter, Drawing drawing, Role role, const QRectF& place) const;
 
-  /// Chooses the colours; the caller sets palette and style sheet of the application.
+  /// Chooses the colours; the caller sets palette and style of the application.
   void Choose(bool skin_on, bool dark);
 
  private:

@@ -1,17 +1,12 @@
 #include "look/skin.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QStyle>
 #include <QWidget>
 
 #include "look/look.h"
-#include "look/skin_sheet.h"
-
-/// What a static library holds of resources comes into the program only when it is asked for, and
-/// that by a function in no namespace.
-static void HavePictures() {
-  Q_INIT_RESOURCE(look);
-}
+#include "look/skin_style.h"
 
 namespace {
 
@@ -24,44 +19,40 @@ class Skin : public QObject {
     return skin != nullptr ? static_cast<Skin&>(*skin) : *new Skin(application);
   }
 
-  void Apply(QApplication& application, bool on) {
-    if (!on_) RememberDesktop(application);
+  void Apply(bool on) {
+    if (!on_) RememberDesktop();
     // First of all: widgets ask for it as soon as they hear of a new style.
     Look::Current().Choose(on, IsDark(desktop_));
-    if (on && on_ && application.styleSheet() == SkinSheet()) return;
-    application.setStyleSheet({});
+    if (on == on_) return;
+    on_ = on;
     if (on) {
-      PutOn(application);
-    } else if (on_) {
+      PutOn();
+    } else {
       TakeOff();
     }
-    on_ = on;
   }
 
  private:
   explicit Skin(QApplication& application) : QObject(&application) {
     setObjectName(QStringLiteral("skin"));
-    HavePictures();
   }
 
-  void RememberDesktop(const QApplication& application) {
+  void RememberDesktop() {
     desktop_ = QApplication::palette();
     palette_was_set_ = QCoreApplication::testAttribute(Qt::AA_SetPalette);
-    style_ = application.style()->name();
+    style_ = QApplication::style()->name();
   }
 
-  void PutOn(QApplication& application) {
-    const QString fusion = QStringLiteral("fusion");
+  void PutOn() {
     const bool user_chose = qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE");
-    if (!user_chose && application.style()->name() != fusion) QApplication::setStyle(fusion);
     QApplication::setPalette(SkinPalette());
-    application.setStyleSheet(SkinSheet());
+    QApplication::setStyle(new SkinStyle(user_chose ? style_ : QStringLiteral("fusion")));
   }
 
   void TakeOff() {
     // An empty palette gives the desktop's back, and follows it from then on.
     QApplication::setPalette(palette_was_set_ ? desktop_ : QPalette());
-    if (QApplication::style()->name() != style_) QApplication::setStyle(style_);
+    QApplication::setStyle(style_);
   }
 
   bool on_ = false;
@@ -73,19 +64,12 @@ class Skin : public QObject {
 }  // namespace
 
 void ApplySkin(QApplication& application, bool skin_on) {
-  Skin::Of(application).Apply(application, skin_on);
+  Skin::Of(application).Apply(skin_on);
 }
 
-void FitSkin(QApplication& application) {
-  if (application.styleSheet().isEmpty()) return;
-  const QString sheet = SkinSheet();
-  if (sheet != application.styleSheet()) application.setStyleSheet(sheet);
-}
-
-void Repolish(QWidget& widget) {
-  widget.style()->unpolish(&widget);
-  widget.style()->polish(&widget);
-  widget.update();
+void MeasureAnew() {
+  QEvent change(QEvent::StyleChange);
+  for (QWidget* widget : QApplication::allWidgets()) QCoreApplication::sendEvent(widget, &change);
 }
 
 bool IsDark(const QPalette& palette) {

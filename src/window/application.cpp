@@ -8,28 +8,23 @@
 #include "platform/build_facts.h"
 #include "trace/err_trace.h"
 
-namespace {
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  SetControlRules(*this);
+  setDesktopFileName(QLatin1String(build_facts::kApplicationId));
+}
 
-QIcon Icon() {
+void SetIcon() {
   QIcon icon;
   for (const int size : {16, 24, 32, 48, 64, 128}) {
     icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), QSize(size, size));
   }
-  return icon;
-}
-
-}  // namespace
-
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-  SetControlRules(*this);
-  setWindowIcon(Icon());
-  setDesktopFileName(QLatin1String(build_facts::kApplicationId));
+  QApplication::setWindowIcon(icon);
 }
 
 bool Application::event(QEvent* event) {
-  const auto type = event->type();
-  if (type == QEvent::ApplicationFontChange || type == QEvent::ApplicationLayoutDirectionChange) {
-    FitSkin(*this);
+  if (event->type() == QEvent::ApplicationFontChange) {
+    // When all have it.
+    QMetaObject::invokeMethod(this, &MeasureAnew, Qt::QueuedConnection);
   }
   return QApplication::event(event);
 }

@@ -136,7 +136,7 @@ void FolderPages::showEvent(QShowEvent* event) {
   QTabWidget::showEvent(event);
 }
 
-/// Without its controls: whatever moves to another parent is styled anew with all that it holds.
+/// Without its controls, which would all move along.
 QWidget* FolderPages::NewPage(const QString& title) {
   auto* page = new QWidget;
   addTab(page, title);

@@ -19,6 +19,7 @@
 #include "look/accessible_role.h"
 #include "look/card.h"
 #include "look/handlers.h"
+#include "look/later.h"
 #include "look/look.h"
 #include "look/shortcuts.h"
 #include "names/editor/constructor_editor.h"
@@ -56,24 +57,18 @@ LeftColumn* NewLeftColumn(QWidget* window) {
 
 }  // namespace
 
-Form1::Form1(Session& session, const Services& services, QWidget* parent)
+Form1::Form1(Session& session, const Services& services, QWidget* parent, Later* later)
     : QWidget(parent),
       session_(session),
       services_(services),
       drafts_(session.grid, session.constructor, services.clock, services.locale),
       left_column_(NewLeftColumn(this)),
       folder_pages_(new FolderPages(services.folders, left_column_)),
-      editor_(new ConstructorEditor(session.constructor, services, left_column_)),
+      editor_(new ConstructorEditor(session.constructor, services, left_column_, later)),
       buttons_(new CommandButtons(left_column_)),
       list_(new FileListPanel(session.grid, this)),
       status_bar_(new StatusBar(this)),
       commands_(session, services, *this, *list_) {
-  const auto options = [this] { return ReadTemplateOptions(*this, session_.grid.List()); };
-  const auto ini_settings = [this](const std::string& name) {
-    IniSettings(name);
-    commands_.CheckNames();
-  };
-  templates_ = new TemplateGroup(services, {options, ini_settings}, left_column_);
   session.grid.List().SetDrafts([this](std::size_t row) { return drafts_.NameOf(row); });
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(tr("Quorvane"));
@@ -82,12 +77,26 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent)
   ConnectFolders();
   WatchDrops(services.files);
   undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
+  Later::Do(later, this, [this] { MakeTemplates(); });
   Form_Load();
 }
 
 Form1::~Form1() {
   session_.grid.List().SetDrafts(nullptr);
   if (waiting_) QApplication::restoreOverrideCursor();
+}
+
+void Form1::MakeTemplates() {
+  const auto options = [this] {
+    editor_->MakePanes();
+    return ReadTemplateOptions(*this, session_.grid.List());
+  };
+  const auto ini_settings = [this](const std::string& name) {
+    IniSettings(name);
+    commands_.CheckNames();
+  };
+  templates_ = new TemplateGroup(services_, {options, ini_settings}, left_column_);
+  templates_->setEnabled(editor_->isEnabled());
 }
 
 void Form1::LayOut() {
@@ -173,7 +182,11 @@ void Form1::WatchDrops(FileSystem& files) {
   };
   drops->Watch(this, take_source);
   // By itself, a field would take the path for text.
-  for (QLineEdit* field : findChildren<QLineEdit*>()) drops->Watch(field, take_source);
+  const auto watch_fields = [drops, take_source](QWidget* part) {
+    for (QLineEdit* field : part->findChildren<QLineEdit*>()) drops->Watch(field, take_source);
+  };
+  watch_fields(this);
+  connect(editor_, &ConstructorEditor::paneMade, this, watch_fields);
   drops->Watch(folder_pages_->fdDestination,
                [this](const std::string& folder) { folder_pages_->TakeOutputFolder(folder); });
 }
@@ -296,7 +309,7 @@ void Form1::EnableElements(bool pEnable) {
   folder_pages_->setEnabled(pEnable);
   editor_->setEnabled(pEnable);
   list_->EnableElements(pEnable);
-  templates_->setEnabled(pEnable);
+  if (templates_ != nullptr) templates_->setEnabled(pEnable);
   status_bar_->EnableElements(pEnable);
   ShowDraftsAnew();
 }

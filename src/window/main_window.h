@@ -17,6 +17,7 @@ class CommandButtons;
 class ConstructorEditor;
 class FileListPanel;
 class FolderPages;
+class Later;
 class ResultWindow;
 struct ResultKind;
 class StatusBar;
@@ -30,8 +31,9 @@ class Form1 : public QWidget, private CommandView {
   Q_OBJECT
 
  public:
-  /// Both are the program's and outlive the window.
-  Form1(Session& session, const Services& services, QWidget* parent = nullptr);
+  /// All are the program's and outlive the window. What doesn't show at first may be made `later`.
+  Form1(Session& session, const Services& services, QWidget* parent = nullptr,
+        Later* later = nullptr);
   ~Form1() override;
 
   /// Brings the stored options into the controls, whatever `pTemplateName` is. At a value that
@@ -55,6 +57,7 @@ class Form1 : public QWidget, private CommandView {
   void LayOut();
   void ConnectPanels();
   void ConnectFolders();
+  void MakeTemplates();
   void WatchDrops(FileSystem& files);
   void lnkAddSeparator_Click();
   void ListFiles();
@@ -109,7 +112,7 @@ class Form1 : public QWidget, private CommandView {
   FolderPages* folder_pages_;
   ConstructorEditor* editor_;
   CommandButtons* buttons_;
-  TemplateGroup* templates_;
+  TemplateGroup* templates_ = nullptr;
   FileListPanel* list_;
   StatusBar* status_bar_;
   Commands commands_;

@@ -7,9 +7,11 @@
 
 #include "commands/start_up.h"
 #include "errors/error_reporter.h"
+#include "look/later.h"
 #include "look/skin.h"
 #include "platform/build_facts.h"
 #include "platform/journal_file.h"
+#include "platform/qt/fonts_ahead.h"
 #include "platform/qt/services_qt.h"
 #include "platform/qt/settings_store_qt.h"
 #include "platform/qt/shell_qt.h"
@@ -53,6 +55,7 @@ struct Program::Parts {
                           type_names, folders, prompts, shell,  settings};
   ErrorReporter reporter{services};
   Session session;
+  Later later;                               ///< what is made once the window has been painted
   std::unique_ptr<SingleInstance> instance;  ///< held from the start to the end
   std::unique_ptr<Form1> window;             ///< last, for it uses all of the above
 };
@@ -67,9 +70,16 @@ bool Program::MayStart() {
 }
 
 Form1& Program::MainWindow() {
+  Form1& window = Window();
+  parts_->later.DoAll();
+  return window;
+}
+
+Form1& Program::Window() {
   Parts& p = *parts_;
   if (p.window == nullptr) {
-    p.window = std::make_unique<Form1>(p.session, p.services);
+    p.window = std::make_unique<Form1>(p.session, p.services, nullptr, &p.later);
+    Later::Do(&p.later, qApp, [] { SetIcon(); });
     p.reporter.MainWindowLoaded(p.window.get());
   }
   return *p.window;
@@ -80,9 +90,11 @@ void Program::Start(const std::string& folder) {
   ErrTrace::top("mMain.Main",
                 [&] { p.reporter.SetStartFlags(mMain::LookForStartFiles(*p.files)); });
   p.session.journal.KeepIn(JournalFolder());
-  if (!folder.empty()) MainWindow().TakeSourceFolder(folder);
-  MainWindow().show();
-  p.reporter.GiveWindowsTo(MainWindow());
+  Form1& window = Window();
+  if (!folder.empty()) window.TakeSourceFolder(folder);
+  p.later.BeginAfter(window);
+  window.show();
+  p.reporter.GiveWindowsTo(window);
   // Told before anything is written: a damaged file is sound afterwards.
   ErrTrace::top("mMain.Main", [&] { mRegSettings::CheckReadable(p.settings); });
   ErrTrace::top("mMain.Main", [&] { SaveVersion(p.settings); });
@@ -136,7 +148,9 @@ int Main(int argc, char** argv) {
   // Help needs no display; an unknown word may be one that Qt knows and takes out.
   const CommandLine help = ReadCommandLine(*files, Words(argc, argv));
   if (help.exit_code == 0) return Tell(help);
+  const std::future<void> fonts = ReadFontsAhead();
   Application application(argc, argv);
+  fonts.wait();
   const CommandLine line = ReadCommandLine(*files, Words(argc, argv));
   return line.exit_code ? Tell(line) : Run(application, line.folder);
 }

@@ -20,13 +20,15 @@ class Program {
   /// and notes which program runs.
   void Start(const std::string& folder);
 
-  /// Made at the first call.
+  /// The main window with all its parts, made at the first call.
   Form1& MainWindow();
 
   /// Returns when the user has closed all error windows that don't wait for an answer.
   void WaitForErrorWindows();
 
  private:
+  Form1& Window();
+
   struct Parts;
   std::unique_ptr<Parts> parts_;
 };

@@ -1,5 +1,6 @@
 #include "window/status_bar.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
@@ -21,8 +22,24 @@ constexpr int kProgressWidth = 220;
 constexpr int kProgressHeight = 10;
 constexpr int kResultGap = 10;
 
+/// Keeps its height where the bar has a line less for it.
+class BarLink : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool done = QPushButton::event(event);
+    const auto type = event->type();
+    if (type == QEvent::Polish || type == QEvent::StyleChange || type == QEvent::FontChange) {
+      setMinimumHeight(sizeHint().height());
+    }
+    return done;
+  }
+};
+
 QPushButton* NewLink(const char* name, const QString& caption, const QString& words, Keys keys) {
-  auto* button = new QPushButton(caption);
+  auto* button = new BarLink(caption);
   button->setObjectName(QLatin1String(name));
   button->setProperty("link", true);
   button->setFlat(true);
@@ -76,8 +93,18 @@ StatusBar::StatusBar(QWidget* parent)
   addPermanentWidget(bnHelp);
   connect(bnAbout, &QPushButton::clicked, this, &StatusBar::aboutAsked);
   connect(bnHelp, &QPushButton::clicked, this, &StatusBar::helpAsked);
-  setContentsMargins(8, 1, 4, 0);
+  FitStyle();
   ShowPanes(StatusPanes());
+}
+
+void StatusBar::FitStyle() {
+  // The skin's links stand closer to the edge than the bar's own room below them.
+  setContentsMargins(8, 1, 4, Look::Current().SkinOn() ? -1 : 0);
+}
+
+void StatusBar::changeEvent(QEvent* event) {
+  QStatusBar::changeEvent(event);
+  if (event->type() == QEvent::StyleChange) FitStyle();
 }
 
 void StatusBar::EnableElements(bool pEnable) {

@@ -32,8 +32,11 @@ class StatusBar : public QStatusBar {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void FitStyle();
+
   QLabel* paneStatus;
   QProgressBar* paneProgress;
   QFrame* rule;

@@ -11,8 +11,10 @@
 
 #include "look/accessible_role.h"
 #include "look/card.h"
+#include "look/later.h"
 #include "look/look.h"
 #include "look/number_field.h"
+#include "look/tab_order.h"
 #include "names/editor/chip_bar.h"
 #include "names/editor/constructor_strip.h"
 #include "names/editor/counter_pane.h"
@@ -78,10 +80,10 @@ OptionPane* NewPane(const OptionPane::Parts& parts) {
 }  // namespace
 
 ConstructorEditor::ConstructorEditor(Constructor& constructor, const Services& services,
-                                     QWidget* parent)
+                                     QWidget* parent, Later* later)
     : QWidget(parent), constructor_(constructor), services_(services) {
   BuildConstructorCard();
-  BuildPanes();
+  panes_ = new QStackedWidget(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(measure::kBlockGap);
@@ -93,6 +95,23 @@ ConstructorEditor::ConstructorEditor(Constructor& constructor, const Services& s
   connect(strip, &ConstructorStrip::selectedChanged, this,
           &ConstructorEditor::tabConstructor_SelectedChanged);
   tabConstructor_SelectedChanged(strip->Selected());
+  for (const ElementKind& kind : kElementKinds) {
+    Later::Do(later, this, [this, &kind] { PaneOf(kind.number); });
+  }
+  Later::Do(later, this, [this] { EmptyPane(); });
+}
+
+void ConstructorEditor::MakePanes() {
+  for (const ElementKind& kind : kElementKinds) PaneOf(kind.number);
+}
+
+QWidget* ConstructorEditor::EmptyPane() {
+  if (pbDot == nullptr) {
+    pbDot = NewEmptyPane(panes_);
+    panes_->addWidget(pbDot);
+    PolishAll(pbDot);
+  }
+  return pbDot;
 }
 
 void ConstructorEditor::Execute(int id) {
@@ -121,28 +140,42 @@ void ConstructorEditor::BuildConstructorCard() {
   connect(Command4, &QPushButton::clicked, this, &ConstructorEditor::conflictsClicked);
 }
 
-void ConstructorEditor::BuildPanes() {
-  panes_ = new QStackedWidget(this);
-  for (const ElementKind& kind : kElementKinds) {
-    OptionPane* pane = NewPane({kind, services_, [this] { return Shown(); }, panes_});
-    if (pane == nullptr) continue;
-    panes_->addWidget(pane);
-    connect(pane, &OptionPane::optionChanged, this, &ConstructorEditor::optionChanged);
-  }
-  for (NumberField* field : panes_->findChildren<NumberField*>()) {
-    connect(field, &NumberField::handedOver, this, &ConstructorEditor::numberTaken);
-  }
-  pbDot = NewEmptyPane(panes_);
-  panes_->addWidget(pbDot);
-}
-
-/// Null for a kind without options.
-OptionPane* ConstructorEditor::PaneOf(ItemType kind) const {
+OptionPane* ConstructorEditor::FindPane(ItemType kind) const {
   for (int i = 0; i < panes_->count(); ++i) {
     auto* pane = qobject_cast<OptionPane*>(panes_->widget(i));
     if (pane != nullptr && pane->Kind() == kind) return pane;
   }
   return nullptr;
+}
+
+OptionPane* ConstructorEditor::PaneOf(ItemType kind) {
+  if (OptionPane* pane = FindPane(kind)) return pane;
+  for (const ElementKind& row : kElementKinds) {
+    if (row.number == kind) return Made(row);
+  }
+  return nullptr;
+}
+
+OptionPane* ConstructorEditor::Made(const ElementKind& kind) {
+  OptionPane* pane = NewPane({kind, services_, [this] { return Shown(); }, panes_});
+  if (pane == nullptr) return nullptr;
+  PutBehind(*LastBefore(kind), *pane);
+  panes_->addWidget(pane);
+  connect(pane, &OptionPane::optionChanged, this, &ConstructorEditor::optionChanged);
+  for (NumberField* field : pane->findChildren<NumberField*>()) {
+    connect(field, &NumberField::handedOver, this, &ConstructorEditor::numberTaken);
+  }
+  PolishAll(pane);
+  emit paneMade(pane);
+  return pane;
+}
+
+QWidget* ConstructorEditor::LastBefore(const ElementKind& kind) const {
+  QWidget* last = Command4;
+  for (const ElementKind* row = kElementKinds; row != &kind; ++row) {
+    if (OptionPane* pane = FindPane(row->number)) last = LastOnTab(*pane);
+  }
+  return last;
 }
 
 ConstrItem* ConstructorEditor::Shown() {
@@ -186,7 +219,7 @@ void ConstructorEditor::tabConstructor_SelectedChanged(int Item) {
     shown_ = Item;
     const ConstrItem* item = Shown();
     OptionPane* pane = PaneOf(item == nullptr ? kText : item->ItemType);
-    panes_->setCurrentWidget(pane == nullptr ? pbDot : pane);
+    panes_->setCurrentWidget(pane == nullptr ? EmptyPane() : pane);
     if (pane != nullptr) pane->ShowItem();
   });
 }

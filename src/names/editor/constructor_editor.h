@@ -7,7 +7,9 @@
 
 class Card;
 class ConstructorStrip;
+struct ElementKind;
 class ExampleLabel;
+class Later;
 class NumberField;
 class OptionPane;
 class QPushButton;
@@ -19,8 +21,13 @@ class ConstructorEditor : public QWidget {
   Q_OBJECT
 
  public:
-  /// `constructor` and the services must outlive the editor.
-  ConstructorEditor(Constructor& constructor, const Services& services, QWidget* parent = nullptr);
+  /// `constructor` and the services must outlive the editor. The panes that don't show yet may be
+  /// made `later`.
+  ConstructorEditor(Constructor& constructor, const Services& services, QWidget* parent = nullptr,
+                    Later* later = nullptr);
+
+  /// Makes the panes that are still missing.
+  void MakePanes();
 
   /// Does what the command `id` of an insert menu is for; nothing for any other number.
   void Execute(int id);
@@ -46,6 +53,8 @@ class ConstructorEditor : public QWidget {
   void numberTaken();
   /// A command was picked in a menu. It is for the owner to send it on, with all other commands.
   void commandPicked(int id);
+  /// Has all its controls by now.
+  void paneMade(QWidget* pane);
   /// "Conflicts..." was pressed.
   void conflictsClicked();
 
@@ -54,15 +63,21 @@ class ConstructorEditor : public QWidget {
 
  private:
   void BuildConstructorCard();
-  void BuildPanes();
   NumberField* RefusedField() const;
-  OptionPane* PaneOf(ItemType kind) const;
+  OptionPane* FindPane(ItemType kind) const;
+  /// Made at the first call; null for a kind without options.
+  OptionPane* PaneOf(ItemType kind);
+  OptionPane* Made(const ElementKind& kind);
+  /// That of the kinds without options; made at the first call.
+  QWidget* EmptyPane();
+  /// The last control before those of the pane of `kind`, as Tab goes.
+  QWidget* LastBefore(const ElementKind& kind) const;
   void tabConstructor_SelectedChanged(int Item);
   ConstrItem* Shown();
 
   Constructor& constructor_;
   const Services& services_;
   QStackedWidget* panes_;
-  QWidget* pbDot;
+  QWidget* pbDot = nullptr;
   int shown_ = -1;  ///< the element that the controls show
 };

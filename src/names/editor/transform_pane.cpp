@@ -12,7 +12,6 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -59,7 +58,7 @@ class FramelessPages : public QTabWidget {
 /// A page whose labels stand in one column; the room below its rows is free.
 QGridLayout* NewPage(QTabWidget* pages, const QString& title) {
   constexpr int kRows = 2;
-  // Before it has controls: whatever moves to another parent is styled anew.
+  // Before it has controls, which would all move along.
   auto* widget = new QWidget;
   pages->addTab(widget, title);
   auto* rows = new QGridLayout(widget);
@@ -186,11 +185,9 @@ void TransformPane::FitLabels() {
 void TransformPane::changeEvent(QEvent* event) {
   Card::changeEvent(event);
   const auto type = event->type();
-  if (!built_) return;
-  if (type == QEvent::StyleChange || type == QEvent::FontChange) FitStyle();
-  // Later, for it may come while a style sheet is taken off: tabs that measured themselves then
-  // would count as styled by it for ever, and hear of no palette.
-  if (type == QEvent::PaletteChange) QTimer::singleShot(0, this, [this] { FitStyle(); });
+  const bool fits_no_more =
+      type == QEvent::StyleChange || type == QEvent::FontChange || type == QEvent::PaletteChange;
+  if (built_ && fits_no_more) FitStyle();
 }
 
 template <class Value>
