@@ -125,10 +125,7 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
     if (!kind.status.empty()) ShowProgress(kind.status, count);
     state_.gCancelRequested = false;
     std::optional<JournaledServices> journaled;
-    if (kind.journaled && session_.journal.Keeps()) {
-      journaled.emplace(services_, session_.journal, [this] { session_.journal.Sync(); });
-    }
-    Pass pass(session_.records, state_, journaled ? journaled->Get() : services_, count);
+    Pass pass(session_.records, state_, ServicesOf(kind, journaled), count);
     done = work(pass);
     let_go();
     if (!done && !kind.told_when_cancelled.empty()) {
@@ -138,6 +135,13 @@ bool Commands::RunPass(const PassKind& kind, std::size_t count,
     ShowResult(kind);
   });
   return done;
+}
+
+const Services& Commands::ServicesOf(const PassKind& kind,
+                                     std::optional<JournaledServices>& journaled) {
+  if (!kind.journaled || !session_.journal.Keeps()) return services_;
+  journaled.emplace(services_, session_.journal, [this] { session_.journal.Sync(); });
+  return journaled->Get();
 }
 
 void Commands::ShowProgress(std::string_view status, std::size_t max) {

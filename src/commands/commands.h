@@ -101,6 +101,8 @@ class Commands {
   /// One pass from its first mode to its last. `work` answers whether it came to its end, as this
   /// does.
   bool RunPass(const PassKind& kind, std::size_t count, const std::function<bool(Pass&)>& work);
+  /// Those that a pass works with; they live as long as `journaled`.
+  const Services& ServicesOf(const PassKind& kind, std::optional<JournaledServices>& journaled);
   void ShowProgress(std::string_view status, std::size_t max);
   /// The pass as it stands, and what it came to in the end.
   void ShowPass();

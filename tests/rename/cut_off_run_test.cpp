@@ -232,56 +232,75 @@ TEST(CutOffRun, LosesNothingWhenAPowerCutKeepsAPartOnly) {
   }
 }
 
-TEST(CutOffRun, LeavesAloneWhatIsNoJournalOfOurs) {
-  const TempFolder folder, state;
-  folder.Write("a", "a");
-  const auto files = MakePosixFileSystem();
-  const auto identity = *files->IdentifyFolder(folder.path());
-  const Fingerprint a = FingerprintOf(*files->Identify(folder / "a"));
-  const auto journal_of = [&](ProcessMark mark, const std::string& path, const std::string& to) {
+struct Strange : testing::Test {
+  Strange() { folder.Write("a", "a"); }
+
+  /// What would have moved "a" from `from` in the folder `where`.
+  std::string JournalOf(const ProcessMark& mark, const std::string& where,
+                        const std::string& from) {
     journal::Writer writer;
     std::string bytes(journal::kFirstBytes);
-    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, path, 1});
-    writer.Folder(bytes, path, identity);
-    writer.Before(bytes, {journal::Action::kMove, {0, to}, {0, "a"}, a});
+    writer.Begin(bytes, {mark, 7, journal::Work::kRun, 0, where, 1});
+    writer.Folder(bytes, where, *files->IdentifyFolder(folder.path()));
+    const Fingerprint a = FingerprintOf(*files->Identify(folder / "a"));
+    writer.Before(bytes, {journal::Action::kMove, {0, from}, {0, "a"}, a});
     return bytes;
-  };
-  const std::string path = folder / "";
-  ProcessMark own = OwnMark(), other_machine = own, other_user = own;
+  }
+  void Write(const std::string& bytes) {
+    state.Write("j.journal", bytes);
+    ::chmod(journal.c_str(), 0600);
+  }
+  bool Leaves(const std::string& file) {
+    const auto left = LeftRun::Read(file, *files, [] { return true; });
+    return left == nullptr && folder.Read("a") == "a" && folder.List().size() == 1;
+  }
+
+  const TempFolder folder, state;
+  const std::string path = folder / "", journal = state / "j.journal";
+  std::unique_ptr<FileSystem> files = MakePosixFileSystem();
+  const ProcessMark own = OwnMark();
+};
+
+TEST_F(Strange, JournalsTellNothing) {
+  ProcessMark other_machine = own, other_user = own;
   other_machine.machine += "x", ++other_user.user;
-  const std::string good = journal_of(own, path, "b");
+  const std::string good = JournalOf(own, path, "b");
   const std::pair<std::string, std::string> cases[] = {
-      {"another machine", journal_of(other_machine, path, "b")},
-      {"another user", journal_of(other_user, path, "b")},
-      {"a way up", journal_of(own, path + "../" + folder.path().substr(5) + "/", "b")},
-      {"no root", journal_of(own, path.substr(1), "b")},
-      {"a name that leads away", journal_of(own, path, "sub/b")},
-      {"a name that is a folder", journal_of(own, path, "..")},
+      {"another machine", JournalOf(other_machine, path, "b")},
+      {"another user", JournalOf(other_user, path, "b")},
+      {"a way up", JournalOf(own, path + "../" + folder.path().substr(5) + "/", "b")},
+      {"no root", JournalOf(own, path.substr(1), "b")},
+      {"a name that leads away", JournalOf(own, path, "sub/b")},
+      {"a name that is a folder", JournalOf(own, path, "..")},
       {"another version", "QVJRNL9\n" + good.substr(8)},
       {"garbage", std::string(100'000, 'x')},
   };
-  const auto leaves = [&](const std::string& name) {
-    const auto left = LeftRun::Read(state / name, *files, [] { return true; });
-    return left == nullptr && folder.Read("a") == "a" && folder.List().size() == 1;
-  };
   for (const auto& [what, bytes] : cases) {
-    state.Write("j.journal", bytes);
-    ::chmod((state / "j.journal").c_str(), 0600);
-    EXPECT_TRUE(leaves("j.journal") && state.Has("j.journal")) << what;
+    Write(bytes);
+    EXPECT_TRUE(Leaves(journal) && state.Has("j.journal")) << what;
   }
-  EXPECT_EQ(::truncate((state / "j.journal").c_str(), 2LL << 30), 0);
-  EXPECT_TRUE(leaves("j.journal")) << "as large as that";
-  state.Write("j.journal", good);
-  EXPECT_EQ(::link((state / "j.journal").c_str(), (state / "k.journal").c_str()), 0);
-  EXPECT_TRUE(leaves("j.journal")) << "a second name";
-  ::unlink((state / "k.journal").c_str());
-  state.MakeLink("l.journal", state / "j.journal");
-  EXPECT_TRUE(leaves("l.journal")) << "a link";
-  EXPECT_EQ(::mkfifo((state / "f.journal").c_str(), 0600), 0);
-  EXPECT_TRUE(leaves("f.journal")) << "a fifo";
-  ::chmod((state / "j.journal").c_str(), 0622);
-  EXPECT_TRUE(leaves("j.journal")) << "others can write to it";
-  ::chmod((state / "j.journal").c_str(), 0600);
-  const auto held = JournalFile::Take(state / "j.journal");
-  EXPECT_TRUE(held && leaves("j.journal")) << "held by another";
+  Write(good);
+  const auto left = LeftRun::Read(journal, *files, [] { return true; });
+  EXPECT_TRUE(left && left->Told().renamed == 1) << "this one does";
+}
+
+TEST_F(Strange, FilesAreNoJournals) {
+  Write("");
+  EXPECT_EQ(::truncate(journal.c_str(), 2LL << 30), 0);
+  EXPECT_TRUE(Leaves(journal)) << "as large as that";
+  Write(JournalOf(own, path, "b"));
+  const std::string other = state / "k.journal";
+  EXPECT_EQ(::link(journal.c_str(), other.c_str()), 0);
+  EXPECT_TRUE(Leaves(journal)) << "a second name";
+  ::unlink(other.c_str());
+  EXPECT_EQ(::symlink(journal.c_str(), other.c_str()), 0);
+  EXPECT_TRUE(Leaves(other)) << "a link";
+  ::unlink(other.c_str());
+  EXPECT_EQ(::mkfifo(other.c_str(), 0600), 0);
+  EXPECT_TRUE(Leaves(other)) << "a fifo";
+  ::chmod(journal.c_str(), 0622);
+  EXPECT_TRUE(Leaves(journal)) << "others can write to it";
+  ::chmod(journal.c_str(), 0600);
+  const auto held = JournalFile::Take(journal);
+  EXPECT_TRUE(held && Leaves(journal)) << "held by another";
 }
