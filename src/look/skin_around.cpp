@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QTableView>
 
 #include "look/skin_parts.h"
@@ -132,6 +133,10 @@ bool DrawFrame(const QStyleOption& option, QPainter& painter, const QWidget* wid
   } else if (IsOffers(widget)) {
     box.edge = Of(Role::kEdge);
     box.radius = 0;
+  } else if (qobject_cast<const QPlainTextEdit*>(widget) != nullptr) {
+    box.edge = Of(Focused(option) ? Role::kFocus : Role::kEdge);
+    box.edge_width = Focused(option) ? kFocusEdge : kEdge;
+    box.radius = kRadius;
   } else if (!IsView(widget)) {
     return false;
   }

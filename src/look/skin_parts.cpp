@@ -87,7 +87,9 @@ bool IsView(const QWidget* widget) {
 
 bool IsOffers(const QWidget* view) {
   if (!IsView(view)) return false;
-  return Asks(view, "offers") || view->parentWidget()->inherits("QComboBoxPrivateContainer");
+  const QWidget* around = view->parentWidget();  // a completer's list has none
+  return Asks(view, "offers") ||
+         (around != nullptr && around->inherits("QComboBoxPrivateContainer"));
 }
 
 bool IsInBox(const QWidget* field) {

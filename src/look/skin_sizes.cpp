@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFontMetrics>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolTip>
@@ -245,6 +246,9 @@ std::optional<QRect> PartOf(QStyle::SubElement part, const QStyleOption& option,
       return whole.adjusted(kFieldPadding + kEdge, edge, -kFieldPadding - kEdge, -edge);
     }
     case QStyle::SE_ShapedFrameContents:
+      if (qobject_cast<const QPlainTextEdit*>(widget) != nullptr) {
+        return whole.adjusted(kFocusEdge, kFocusEdge, -kFocusEdge, -kFocusEdge);
+      }
       if (!Asks(widget, "card") && !IsView(widget)) return {};
       return whole.adjusted(kEdge, kEdge, -kEdge, -kEdge);
     case QStyle::SE_TabBarTabText:

@@ -1,9 +1,12 @@
 #include "look/skin_style.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QIcon>
 #include <QLabel>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
 
@@ -76,8 +79,13 @@ void SkinStyle::polish(QWidget* widget) {
     header->viewport()->setAttribute(Qt::WA_Hover);
   } else if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
     Polish(*view);
-  } else if (qobject_cast<QTabBar*>(widget) != nullptr) {
+  } else if (qobject_cast<QTabBar*>(widget) != nullptr ||
+             qobject_cast<QAbstractButton*>(widget) != nullptr ||
+             qobject_cast<QComboBox*>(widget) != nullptr ||
+             qobject_cast<QScrollBar*>(widget) != nullptr) {
+    // The style below may want neither; a bar shows what lies behind its handle.
     widget->setAttribute(Qt::WA_Hover);
+    widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
   } else if (IsRule(*widget)) {
     SetThin(*widget, true);
   }

@@ -77,6 +77,8 @@ Form1::Form1(Session& session, const Services& services, QWidget* parent, Later*
   ConnectFolders();
   WatchDrops(services.files);
   undo_key_ = new UndoKey(*this, *buttons_->Button(CommandButton::bnUndo));
+  connect(editor_, &ConstructorEditor::paneMade, undo_key_,
+          [this](QWidget* pane) { undo_key_->Watch(*pane); });
   Later::Do(later, this, [this] { MakeTemplates(); });
   Form_Load();
 }

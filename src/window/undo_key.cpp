@@ -8,8 +8,12 @@
 #include "look/shortcuts.h"
 
 UndoKey::UndoKey(QWidget& window, const QPushButton& undo) : QObject(&window), undo_(undo) {
-  for (QLineEdit* field : window.findChildren<QLineEdit*>()) {
-    if (field->window() != &window) continue;
+  Watch(window);
+}
+
+void UndoKey::Watch(QWidget& part) {
+  for (QLineEdit* field : part.findChildren<QLineEdit*>()) {
+    if (field->window() != parent()) continue;
     field->installEventFilter(this);
     connect(field, &QLineEdit::textEdited, this, [this, field] {
       if (!WasTyped(field)) typed_.push_back(field);

@@ -13,9 +13,12 @@ class UndoKey : public QObject {
   Q_OBJECT
 
  public:
-  /// `undo` starts the undo of the run when it is clicked, and is on while there is one. The fields
-  /// are those that `window` has by now. Belongs to `window`.
+  /// `undo` starts the undo of the run when it is clicked, and is on while there is one. Belongs to
+  /// `window`, and takes the text fields that it has by now.
   UndoKey(QWidget& window, const QPushButton& undo);
+
+  /// Takes those of `part` of the window too, which was made later.
+  void Watch(QWidget& part);
 
   /// A run or its undo has ended: what was typed before no longer counts.
   void RunEnded() { typed_.clear(); }
