@@ -177,7 +177,8 @@ class FileSystem {
   /// looked at; by it a rename that was done and answered an error is known for done.
   virtual Attempt RenameKnown(std::string_view from, std::string_view to, Fingerprint known) = 0;
 
-  /// The quickest of both for a file whose fingerprint is `known`, which is kept true.
+  /// The quickest of both for a file whose fingerprint is `known`, which MoveFile keeps true; of a
+  /// file that was replaced since it was looked at, RenameKnown keeps the old one.
   bool MoveKnown(std::string_view from, std::string_view to, const GoOn& go_on,
                  Fingerprint& known) {
     const Attempt attempt = RenameKnown(from, to, known);

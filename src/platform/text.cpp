@@ -239,7 +239,8 @@ std::string NameKey(std::string_view t) {
   utf8proc_uint8_t* folded = nullptr;
   const utf8proc_ssize_t size = utf8proc_map(
       reinterpret_cast<const utf8proc_uint8_t*>(t.data()), static_cast<utf8proc_ssize_t>(t.size()),
-      &folded, static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD));
+      &folded,
+      static_cast<utf8proc_option_t>(UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD | UTF8PROC_IGNORE));
   if (size < 0) return ToLower(t);
   const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
   return {reinterpret_cast<const char*>(folded), static_cast<std::size_t>(size)};

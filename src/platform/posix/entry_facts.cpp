@@ -45,13 +45,14 @@ NumberFacts AskForNumberFacts(const Syscalls& calls, std::uint64_t device, int h
   return {device, type != kOverlay, type != kFat && type != kExfat, IsThisMachines(type)};
 }
 
-/// `handle` is open on that device. Asked once a device.
+std::deque<NumberFacts> known_devices;  // few
+
+/// `handle` is open on that device. Asked once a device and pass.
 const NumberFacts& NumberFactsOf(const Syscalls& calls, std::uint64_t device, int handle) {
-  static std::deque<NumberFacts> known;  // few
-  for (const NumberFacts& facts : known) {
+  for (const NumberFacts& facts : known_devices) {
     if (facts.device == device) return facts;
   }
-  return known.emplace_back(AskForNumberFacts(calls, device, handle));
+  return known_devices.emplace_back(AskForNumberFacts(calls, device, handle));
 }
 
 void DropUnsureBirth(const Syscalls& calls, std::uint64_t open_device, int handle,
@@ -67,6 +68,10 @@ std::int64_t BornOf(const struct statx& facts) {
 }
 
 }  // namespace
+
+void ForgetNumberFacts() {
+  known_devices.clear();
+}
 
 std::uint64_t DeviceOf(const struct statx& facts) {
   return makedev(facts.stx_dev_major, facts.stx_dev_minor);

@@ -11,6 +11,9 @@
 struct Folder;
 struct Place;
 
+/// What is known of devices by their numbers: a medium that is gone may leave its number to another.
+void ForgetNumberFacts();
+
 std::uint64_t DeviceOf(const struct statx& facts);
 FileIdentity IdentityOf(const struct statx& facts);
 FolderIdentity FolderIdentityOf(const struct statx& facts);

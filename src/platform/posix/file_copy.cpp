@@ -74,6 +74,8 @@ int FileCopy::CopyBy(Way way, int from, const struct statx& source, const Place&
   const int file = target.file.get();
   struct statx facts = {};
   int error = Fill(from, source, file, purpose, go_on, facts);
+  // A server may set the time of writing when it gets the last of it.
+  if (error == 0 && !AnswersOnce(calls_, *to.folder)) error = LookInto(calls_, file, facts);
   if (error == 0 && watch) watch({IdentityOf(source), IdentityOf(facts)});
   if (error == 0) error = GiveName(target, facts, to);
   if (error != 0) {

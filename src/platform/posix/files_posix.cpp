@@ -146,7 +146,10 @@ class PosixFileSystem final : public FileSystem {
 
   void LookAnew() override { folders_.LookAnew(); }
 
-  void LetFoldersGo() override { folders_.ForgetAll(); }
+  void LetFoldersGo() override {
+    folders_.ForgetAll();
+    ForgetNumberFacts();
+  }
 
  private:
   /// The answer upwards.
