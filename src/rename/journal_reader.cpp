@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 
 #include "common/path_text.h"
@@ -126,6 +127,8 @@ class Reader {
     return true;
   }
   std::uint64_t At() const { return at_; }
+  /// Not all that stands there could be read.
+  bool Short() const { return short_; }
 
  private:
   static constexpr std::size_t kPiece = 1024 * 1024;
@@ -136,6 +139,8 @@ class Reader {
     if (at_ + size <= piece_at_ + piece_.size()) return true;
     piece_ = file_.Read(at_, kPiece);
     piece_at_ = at_;
+    const std::uint64_t left = file_.Size() - std::min(at_, file_.Size());
+    short_ = short_ || piece_.size() < std::min<std::uint64_t>(kPiece, left);
     return size <= piece_.size();
   }
 
@@ -199,6 +204,7 @@ class Reader {
   std::string piece_;
   std::uint64_t piece_at_ = 0, at_ = 0;
   std::size_t taken_ = 0;  ///< of the last record, from `at_` on
+  bool short_ = false;
   std::string_view body_;
   std::size_t passes_ = 0, folders_ = 0;
 };
@@ -223,6 +229,7 @@ bool IsSoundFolder(std::string_view path) {
 
 ReadTo Read(const JournalFile& file, Sink& sink, const GoOn& go_on) {
   constexpr int kAsked = 1000;
+  constexpr int kMostRecords = 20'000'000;  // each may be a file, which takes some memory
   ReadTo read;
   Reader reader(file, sink);
   if (file.Size() > kLongestFile) return read;
@@ -231,8 +238,9 @@ ReadTo Read(const JournalFile& file, Sink& sink, const GoOn& go_on) {
     return read;
   }
   for (int i = 1; reader.Next(); ++i) {
-    if (!reader.Tell() || (i % kAsked == 0 && !go_on())) return read;
+    if (i > kMostRecords || !reader.Tell() || (i % kAsked == 0 && !go_on())) return read;
   }
+  if (reader.Short()) return read;
   read.end = reader.At();
   read.whole = read.end == file.Size();
   read.sound = true;

@@ -1,5 +1,6 @@
 #include "rename/journaled_files.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "common/path_text.h"
@@ -64,6 +65,10 @@ Attempt JournaledFiles::RenameKnown(std::string_view from, std::string_view to, 
   };
   refused_ = 0;
   const Fingerprint file = known == 0 || may_move_ ? FingerprintAt(from) : known;
+  if (may_move_ && file == 0) {
+    refused_ = ENOENT;
+    return Attempt::kFailed;
+  }
   if (file == 0 || from == to) return files_.RenameKnown(from, to, known);
   Do(journal::Action::kMove, from, to, file, rename);
   return attempt;

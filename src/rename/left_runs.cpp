@@ -234,6 +234,11 @@ std::unique_ptr<LeftRun> LeftRun::Read(const std::string& journal, FileSystem& f
       file->Remove();
       return nullptr;
     }
+    // What was written last may not have come to the disk before the machine's end.
+    const bool other_boot = net.passes.back().mark.boot != OwnMark().boot;
+    net.incomplete = net.incomplete || !read.whole || (!net.ended && other_boot);
+    const auto written = files.Identify(journal);
+    net.written_ns = written ? written->modified_ns : 0;
     if (!net.Find(files, go_on)) return nullptr;
     auto left = std::make_unique<FoundRun>(std::move(file), std::move(net), read.end);
     if (left->IsWhole()) {

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr std::size_t kMostEarlier = 64;  ///< places of one file that are looked at
+
 std::size_t KeyOf(const journal::Place& place) {
   return place.folder * 0x9E3779B97F4A7C15u + std::hash<std::string>()(place.name);
 }
@@ -141,6 +143,7 @@ void NetFiles::Move(bool sure) {
   const auto is_known = [&](const journal::Place& place) { return place == file.present; };
   if (!is_known(file.former) && std::ranges::none_of(file.earlier, is_known)) {
     file.earlier.push_back(file.present);
+    if (file.earlier.size() > kMostEarlier) file.earlier.erase(file.earlier.begin());
   }
   file.present = under_way_->to;
 }

@@ -85,6 +85,7 @@ class NetFiles : public journal::Sink {
   std::size_t wanted = 0;  ///< files that runs were to rename, copy or move
   bool ended = false;      ///< the last pass has
   bool incomplete = false;
+  std::int64_t written_ns = 0;  ///< when the last of it was, since 1970-01-01 00:00 UTC
 
  private:
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -110,7 +111,8 @@ class NetFiles : public journal::Sink {
   void TakeTwinsPlace(File& file);
   void ExpectNoMore(const journal::Place& place);
 
-  void ExpectFolders(FileSystem& system);
+  bool ExpectFolders(FileSystem& system, const GoOn& go_on);
+  bool IsOut(FileSystem& system, std::uint32_t folder);
   void FindBegun(FileSystem& system);
   bool FindFile(FileSystem& system, std::size_t file, bool last);
   void FindTwin(FileSystem& system, std::size_t file, bool last, bool stands);
@@ -130,6 +132,7 @@ class NetFiles : public journal::Sink {
   std::optional<CopyIdentities> whole_;
   std::optional<journal::Operation> last_;  ///< whose outcome isn't told
   std::size_t last_file_ = kNone;
+  std::unordered_map<std::uint32_t, bool> out_;  ///< IsOut by folder
   std::vector<Found> found_;
   std::vector<MadeFolder> found_folders_;
 };

@@ -1,15 +1,24 @@
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
+#include "common/path_text.h"
 #include "rename/net_files.h"
 
 // Where the files of a journal are found to stand.
+
+namespace {
+
+constexpr std::int64_t kSecond = 1'000'000'000;
+constexpr std::int64_t kMadeWithin = 2 * kSecond;  ///< of the record that tells of it
+
+}  // namespace
 
 bool NetFiles::Find(FileSystem& system, const GoOn& go_on) {
   constexpr std::size_t kAsked = 100;
   last_ = under_way_;
   last_file_ = last_ ? last_file_ : kNone;
-  ExpectFolders(system);
+  if (!ExpectFolders(system, go_on)) return false;
   if (under_way_) {
     if (!whole_ && journal::HasTarget(under_way_->action)) FindBegun(system);
     Apply(false, {});
@@ -33,33 +42,49 @@ void NetFiles::FindMoved(FileSystem& system) {
 /// What was begun of a copy, or of a link that was to be made anew, and isn't whole. It bears the
 /// number of the process that is gone.
 void NetFiles::FindBegun(FileSystem& system) {
+  const bool renames = under_way_->action == journal::Action::kMove;
+  if (renames && under_way_->from.folder == under_way_->to.folder) return;  // copies nothing
   const auto source = LookAt(system, under_way_->from, under_way_->file);
   if (!source) return;
   const std::string maker = "-" + std::to_string(passes.back().mark.process) + "-";
   UnfinishedIn(system, under_way_->to.folder, [&](const FileIdentity& now, std::string_view name) {
-    const bool is_it = name.find(maker) != name.npos && FingerprintOf(now) != under_way_->file;
+    const bool is_old = now.born_ns != 0 && now.born_ns / kSecond < passes.back().began;
+    const bool is_it =
+        name.find(maker) != name.npos && !is_old && FingerprintOf(now) != under_way_->file;
     if (is_it) whole_ = {*source, now};
     return is_it;
   });
 }
 
-/// After another start of the machine a device may have another number; the folder is then known
-/// by its path and the rest.
-void NetFiles::ExpectFolders(FileSystem& system) {
-  const std::string boot = OwnMark().boot;
-  const bool other_boot =
-      std::ranges::any_of(passes, [&](const auto& pass) { return pass.mark.boot != boot; });
+/// A device may have another number once the machine was started or the medium mounted anew; the
+/// folder is then known by its path and the rest, and each file by itself.
+bool NetFiles::ExpectFolders(FileSystem& system, const GoOn& go_on) {
   const auto bring_up_to_date = [&](const std::string& path, FolderIdentity& identity) {
     const auto now = system.IdentifyFolder(path);
     const bool fits =
         now && now->inode == identity.inode && FitsBirth(now->born_ns, identity.born_ns);
-    if (other_boot && fits) identity.device = now->device;
+    if (fits) identity.device = now->device;
   };
   for (KnownFolder& folder : folders) {
+    if (!go_on()) return false;
     bring_up_to_date(folder.path, folder.identity);
     if (folder.identity.inode != 0) system.ExpectFolder(folder.path, folder.identity);
   }
   for (MadeFolder& folder : made_folders) bring_up_to_date(PathOf(folder.place), folder.identity);
+  return true;
+}
+
+/// Whether a folder that runs didn't make can't be reached, as on a medium that isn't there just
+/// now: then nothing is known of what lies in it.
+bool NetFiles::IsOut(FileSystem& system, std::uint32_t folder) {
+  const auto [known, is_new] = out_.try_emplace(folder, false);
+  if (!is_new) return known->second;
+  const auto made = std::ranges::find_if(made_folders, [&](const MadeFolder& one) {
+    return PathOf(one.place) + kNative.separator == folders[folder].path;
+  });
+  bool out = !system.IdentifyFolder(folders[folder].path);
+  if (out && made != made_folders.end()) out = IsOut(system, made->place.folder);
+  return out_[folder] = out;
 }
 
 /// What stands there, if it is that file. On which device it is the folder tells.
@@ -110,11 +135,12 @@ void NetFiles::FindTwin(FileSystem& system, std::size_t number, bool last, bool 
   if (!found && last) found = Unfinished(system, made);
   if (!found) {
     // Another file in the place of a copy is told; where nothing stands, nothing is left to do.
-    const bool told = twin.sure && !twin.moves && system.Look(PathOf(twin.place));
-    if (!told) file.twin.reset();
-    return;
-  }
-  if (*found != twin.place) {
+    const bool other = twin.sure && !(twin.moves && stands) && system.Look(PathOf(twin.place));
+    if (!other && !IsOut(system, twin.place.folder)) {
+      file.twin.reset();
+      return;
+    }
+  } else if (*found != twin.place) {
     found_.push_back({file.present, *found, file.fingerprint, twin.both});
     twin.place = *found;
     Index(twin.place, number);
@@ -157,7 +183,8 @@ std::optional<journal::Place> NetFiles::UnfinishedIn(FileSystem& system, std::ui
 void NetFiles::FindMadeFolders(FileSystem& system) {
   for (MadeFolder& folder : made_folders) {
     const auto now = system.IdentifyFolder(PathOf(folder.place));
-    if (now && folder.identity.inode == 0) {
+    // One that somebody made there since is his.
+    if (now && folder.identity.inode == 0 && std::abs(now->born_ns - written_ns) < kMadeWithin) {
       folder.identity = *now;
       found_folders_.push_back(folder);
     }

@@ -4,6 +4,12 @@
 #include <chrono>
 #include <utility>
 
+namespace {
+
+constexpr std::size_t kLastRecord = 16;  ///< bytes: it says that the journal isn't complete
+
+}  // namespace
+
 void RunJournal::GoOnWith(std::unique_ptr<JournalFile> file, std::uint32_t folders) {
   file_ = std::move(file);
   folders_ = folders;
@@ -66,7 +72,7 @@ bool RunJournal::Remove() {
 void RunJournal::Write() {
   if (problem_ == 0 && file_ == nullptr) MakeFile();
   if (problem_ == 0) {
-    const bool fits = file_->Size() + bytes_.size() <= journal::kLongestFile;
+    const bool fits = file_->Size() + bytes_.size() + kLastRecord <= journal::kLongestFile;
     if (!fits) errno = EFBIG;
     if (!fits || !file_->Append(bytes_)) Stop(errno);
     written_ = true;

@@ -39,9 +39,6 @@ class RunJournal : public journal::Sink {
   /// The rows can't be undone any more, or have been: the file goes. False when it can't.
   bool Remove();
 
-  /// Lets go of the file and leaves it for the next start.
-  void Leave() { file_.reset(); }
-
   /// Why what was done isn't all told: errno; 0 while it is.
   int Problem() const { return problem_; }
 

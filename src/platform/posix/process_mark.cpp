@@ -26,10 +26,11 @@ std::string Machine() {
 }
 
 /// When a process began: field 22 of its state (proc_pid_stat(5)), counted behind its name, which
-/// may hold anything. 0 when it isn't known.
+/// may hold anything. 0 when it isn't known, and of one that has ended and waits to be asked how.
 std::uint64_t StartOf(std::uint64_t process) {
   const std::string state = FirstLine("/proc/" + std::to_string(process) + "/stat");
   std::size_t at = state.rfind(')');
+  if (at != state.npos && state.compare(at, 3, ") Z") == 0) return 0;
   for (int field = 2; field < 22 && at != state.npos; ++field) at = state.find(' ', at + 1);
   if (at == state.npos) return 0;
   std::uint64_t started = 0;
