@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/mman.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -25,10 +25,11 @@ namespace {
 
 using Everything = std::map<std::string, std::string>;
 
-/// Ends the process at the n-th change of the disk, before or after it.
+/// Ends the process at the n-th change of the disk, before or after it, or after a time.
 struct Killer {
   int nth = 0;  ///< from 1; 0 is never
   bool after = false;
+  int microseconds = 0;
   int used = 0;
 
   template <class Answer, class... Args>
@@ -44,6 +45,7 @@ struct Killer {
 
   Syscalls Calls() {
     Syscalls calls;
+    calls.fsync = [](int) { return 0; };  // what a process wrote outlives it without
     Watch(calls.renameat2), Watch(calls.linkat), Watch(calls.unlinkat), Watch(calls.mkdirat);
     Watch(calls.symlinkat), Watch(calls.fsync), Watch(calls.openat), Watch(calls.fchmod);
     return calls;
@@ -68,6 +70,12 @@ struct World {
       }
     }
     in.Write("stranger", "s"), out.Write("stranger", "s");
+  }
+
+  /// Every third one comes at any moment, and not between two system calls.
+  Killer AnyKiller(int changes, int microseconds) {
+    if (Below(3) == 0) return {.microseconds = 1 + Below(microseconds)};
+    return {.nth = 1 + Below(changes), .after = Below(2) == 1};
   }
 
   /// Half of the names are swapped, turned round or taken more than once.
@@ -144,16 +152,18 @@ struct World {
 
 /// Whether it was killed.
 template <class Work>
-bool InChild(const Work& work) {
+bool InChild(const Killer& killer, const Work& work) {
   const pid_t child = ::fork();
   if (child == 0) {
-    ::alarm(60);
-    work();
+    const itimerval limit = {{}, {60, 0}}, timer = {{}, {0, killer.microseconds}};
+    ::setitimer(ITIMER_REAL, killer.microseconds != 0 ? &timer : &limit, nullptr);
+    work(killer);
     ::_exit(0);
   }
   int status = 0;
   ::waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) || WTERMSIG(status) == SIGKILL) << "signal " << WTERMSIG(status);
+  const int expected = killer.microseconds != 0 ? SIGALRM : SIGKILL;
+  EXPECT_TRUE(WIFEXITED(status) || WTERMSIG(status) == expected) << "signal " << WTERMSIG(status);
   return WIFSIGNALED(status);
 }
 
@@ -177,24 +187,21 @@ TEST(CutOffRun, IsPutBackWholeAtTheNextStart) {
     World world(seed);
     world.MakeFiles();
     const std::set<std::string> before = world.All();
-    const Killer killer{1 + world.Below(400), world.Below(2) == 1};
-    const bool killed = InChild([&] { world.RunAndUndo(killer); });
+    const Killer killer = world.AnyKiller(400, 20'000);
+    const bool killed = InChild(killer, [&](const Killer& own) { world.RunAndUndo(own); });
     met += killed;
     const std::set<std::string> cut = world.All();
     int again = 0;
     // Some of the ways back are killed too, and taken up again.
-    while (killed && InChild([&] { world.PutBack({1 + world.Below(60), world.Below(2) == 1}); })) {
-      ++met;
-      world.random.discard(2);
-      if (++again == 3) break;
-    }
+    const auto put_back = [&](const Killer& own) { world.PutBack(own); };
+    while (killed && again < 3 && InChild(world.AnyKiller(60, 5'000), put_back)) ++met, ++again;
     world.PutBack({});
     const std::set<std::string> after = world.All();
     std::set<std::string> differ;
     std::ranges::set_symmetric_difference(before, after, std::inserter(differ, differ.end()));
     ASSERT_EQ(differ, std::set<std::string>())
         << "seed " << seed << " mode " << world.mode << " kill " << killer.nth << killer.after
-        << " again " << again << testing::PrintToString(cut);
+        << " at " << killer.microseconds << " again " << again << testing::PrintToString(cut);
     ASSERT_TRUE(world.state.List().empty()) << "seed " << seed;
   }
 }
