@@ -80,8 +80,8 @@ class JournaledFiles final : public FileSystem {
   /// Of `folders_` the one that was asked last; most operations stay where the last one was.
   const std::pair<const std::string, std::uint32_t>* last_folder_ = nullptr;
   journal::Operation operation_;  ///< told last; kept, so that its names have their memory
-  bool told_whole_ = false;  ///< of the operation under way, the copy that it makes
-  FileIdentity made_;        ///< and what it made otherwise
+  bool told_whole_ = false;       ///< of the operation under way, the copy that it makes
+  FileIdentity made_;             ///< and what it made otherwise
   int refused_ = 0;
 };
 
