@@ -49,8 +49,11 @@ void ColumnWidths::SetUpColumns() {
   }
 }
 
-/// Whichever heading stands there: no column changes with it.
+/// Whichever heading stands there: no column changes with it. Check boxes are their own.
 int ColumnWidths::HeadingWidth(int column) const {
+  if (list_.Columns()[static_cast<std::size_t>(column)].cell == Cell::kCheck) {
+    return view_.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &view_) + 2 * kCellInset;
+  }
   return view_.fontMetrics().horizontalAdvance(text::ToQt(list_.LongestHeading(column))) +
          2 * kCellInset + kRounding;
 }

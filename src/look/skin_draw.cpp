@@ -104,8 +104,7 @@ void DrawCombo(const QStyleOptionComboBox& option, QPainter& painter, const QSty
     box.edge_width = kFocusEdge;
   }
   Paint(painter, option.rect, box);
-  constexpr int kSize = 16;
-  DrawPicture(painter, Drawing::kDown, on ? Role::kText : Role::kDisabled, kSize,
+  DrawPicture(painter, Drawing::kDown, on ? Role::kText : Role::kDisabled, SignSize(),
               style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, widget));
 }
 
@@ -126,11 +125,10 @@ void DrawComboLabel(const QStyleOptionComboBox& option, QPainter& painter, const
 void DrawIndicator(const QStyleOption& option, QPainter& painter, bool in_list) {
   const bool on = in_list || Enabled(option);
   const bool hovered = !in_list && Hovered(option);
-  constexpr int kSize = 16;
   if (Has(option, QStyle::State_On)) {
     const Role fill = !on ? Role::kLine : hovered ? Role::kAccentHover : Role::kAccent;
     Paint(painter, option.rect, {.fill = Of(fill)});
-    DrawPicture(painter, Drawing::kTick, on ? Role::kAccentText : Role::kDisabled, kSize,
+    DrawPicture(painter, Drawing::kTick, on ? Role::kAccentText : Role::kDisabled, SignSize(),
                 option.rect);
     return;
   }

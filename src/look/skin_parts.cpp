@@ -22,6 +22,11 @@ int Tall(int height) {
   return height + std::max(0, QFontMetrics(QApplication::font()).height() - kUsualLine);
 }
 
+int SignSize() {
+  constexpr int kUsualSign = 16;
+  return std::max(kUsualSign, QFontMetrics(QApplication::font()).ascent());
+}
+
 bool Asks(const QWidget* widget, const char* property) {
   return widget != nullptr && widget->property(property).toBool();
 }

@@ -15,6 +15,9 @@ namespace skin {
 /// in each.
 int Tall(int height);
 
+/// How wide and high what is drawn beside a text is: a box, its tick, an arrow.
+int SignSize();
+
 /// Whether `widget` asks for a form by a property of that name.
 bool Asks(const QWidget* widget, const char* property);
 

@@ -16,8 +16,7 @@ namespace {
 
 constexpr int kFieldPadding = 6;
 constexpr int kBoxText = 8;  ///< where the text of a combo box begins
-constexpr int kBoxArrow = 20;
-constexpr int kIndicator = 16;
+constexpr int kArrowAir = 4;
 constexpr int kIndicatorGap = 5;
 constexpr QMargins kCheckMargins(4, 2, 4, 2);
 constexpr int kMenuArrow = 12;
@@ -64,8 +63,8 @@ QSize SizeOfToolButton(const QSize& contents, const QWidget* widget) {
 
 QSize SizeOfCheckBox(const QSize& contents) {
   constexpr int kSlack = 1;
-  return QSize(contents.width() + kSlack + kIndicator + kIndicatorGap,
-               std::max({contents.height(), kIndicator, Tall(18)}))
+  return QSize(contents.width() + kSlack + SignSize() + kIndicatorGap,
+               std::max({contents.height(), SignSize(), Tall(18)}))
       .grownBy(kCheckMargins);
 }
 
@@ -121,20 +120,21 @@ QRect PagesPart(QStyle::SubElement part, const QStyleOptionTabWidgetFrame& optio
 QRect CheckBoxPart(QStyle::SubElement part, const QStyleOption& option) {
   const QRect inside = option.rect.marginsRemoved(kCheckMargins);
   if (part == QStyle::SE_CheckBoxContents) {
-    return Mirrored(option, inside.adjusted(kIndicator + kIndicatorGap, 0, 0, 0));
+    return Mirrored(option, inside.adjusted(SignSize() + kIndicatorGap, 0, 0, 0));
   }
-  const QPoint above(0, (inside.height() - kIndicator) / 2);
-  return Mirrored(option, QRect(inside.topLeft() + above, QSize(kIndicator, kIndicator)));
+  const QPoint above(0, (inside.height() - SignSize()) / 2);
+  return Mirrored(option, QRect(inside.topLeft() + above, QSize(SignSize(), SignSize())));
 }
 
 QRect ComboPart(const QStyleOptionComplex& option, QStyle::SubControl part) {
   const QRect& box = option.rect;
   const int edge = Focused(option) ? kFocusEdge : kEdge;
-  const QRect arrow(box.right() + 1 - edge - kBoxArrow, box.top() + edge, kBoxArrow,
+  const int width = SignSize() + kArrowAir;
+  const QRect arrow(box.right() + 1 - edge - width, box.top() + edge, width,
                     box.height() - 2 * edge);
   if (part == QStyle::SC_ComboBoxArrow) return Mirrored(option, arrow);
   const QRect text(QPoint(box.left() + kBoxText, arrow.top()),
-                   QPoint(box.right() - 2 * kEdge - kBoxArrow, arrow.bottom()));
+                   QPoint(box.right() - 2 * kEdge - width, arrow.bottom()));
   return Mirrored(option, text);
 }
 
@@ -172,7 +172,7 @@ std::optional<int> MetricOf(QStyle::PixelMetric metric, const QWidget* widget) {
   switch (metric) {
     case QStyle::PM_IndicatorWidth:
     case QStyle::PM_IndicatorHeight:
-      return kIndicator;
+      return SignSize();
     case QStyle::PM_CheckBoxLabelSpacing:
       return kIndicatorGap;
     case QStyle::PM_MenuButtonIndicator:
@@ -213,7 +213,8 @@ std::optional<QSize> SizeOf(QStyle::ContentsType type, const QStyleOption& optio
       return QSize(contents.width() + 2 * (kFieldPadding + kEdge),
                    std::max(contents.height(), Tall(24)) + 2 * kEdge);
     case QStyle::CT_ComboBox:
-      return QSize(contents.width() + 32, std::max(contents.height(), Tall(24)) + 2 * kEdge);
+      return QSize(contents.width() + 16 + SignSize(),
+                   std::max(contents.height(), Tall(24)) + 2 * kEdge);
     case QStyle::CT_TabBarTab:
       if (TabsFormOf(widget) == TabsForm::kOther) return {};
       return SizeOfTab(static_cast<const QStyleOptionTab&>(option), contents, widget);
