@@ -12,7 +12,7 @@ TEST_F(CommandsTest, KeepAJournalAsLongAsTheirRowsCanBeUndone) {
   session.journal.KeepIn(folder.path());
   clock.step_ms = 50;
   const std::pair<const char*, std::size_t> table[] = {
-      {"l p", 0},     {"l p r", 1},   {"l p r p", 1},     {"l p r2", 1},  {"l p r l", 0},
+      {"l p", 0},     {"l p r", 1},    {"l p r p", 1},    {"l p r2", 1},   {"l p r l", 0},
       {"l p r u", 0}, {"l p r u2", 1}, {"l p r u2 u", 0}, {"l p r u r", 1}};
   for (const auto& [road, journals] : table) {
     files.contents = {{"/in/a.txt", "a"}, {"/in/b.txt", "b"}};

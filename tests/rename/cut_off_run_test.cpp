@@ -132,6 +132,7 @@ struct World {
     for (const std::string& journal : LeftJournals(state.path())) {
       const auto left = LeftRun::Read(journal, *system, [] { return true; });
       RunState run_state;
+      EXPECT_TRUE(left || state.List().empty()) << "it tells, or it goes";
       if (left) left->PutBack(services, run_state);
     }
   }
