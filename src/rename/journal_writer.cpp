@@ -5,19 +5,30 @@
 namespace journal {
 namespace {
 
-constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
-  std::array<std::uint32_t, 256> table{};
-  for (std::uint32_t i = 0; i < table.size(); ++i) {
+/// Table k takes a byte that stands k bytes before the end of its eight.
+using CrcTables = std::array<std::array<std::uint32_t, 256>, 8>;
+
+constexpr CrcTables MakeCrcTables() {
+  CrcTables tables{};
+  for (std::uint32_t i = 0; i < 256; ++i) {
     std::uint32_t crc = i;
     for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xEDB88320u : 0);
-    table[i] = crc;
+    tables[0][i] = crc;
   }
-  return table;
+  for (std::size_t k = 1; k < tables.size(); ++k) {
+    for (std::size_t i = 0; i < 256; ++i) {
+      const std::uint32_t before = tables[k - 1][i];
+      tables[k][i] = (before >> 8) ^ tables[0][before & 0xFF];
+    }
+  }
+  return tables;
 }
-constexpr std::array<std::uint32_t, 256> kCrcTable = MakeCrcTable();
+constexpr CrcTables kCrcTables = MakeCrcTables();
 
-void PutFixed(std::string& bytes, std::uint64_t value, int size) {
-  for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> (8 * i));
+void PutFixed(std::string& bytes, std::uint64_t value, std::size_t size) {
+  std::array<char, 8> all;
+  for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(value >> (8 * i));
+  bytes.append(all.data(), size);
 }
 
 void PutNumber(std::string& bytes, std::uint64_t value) {
@@ -51,8 +62,16 @@ void PutPlace(std::string& bytes, const Place& place) {
 
 std::uint32_t Crc(std::string_view bytes) {
   std::uint32_t crc = ~0u;
+  for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+    std::uint32_t next = 0;
+    for (std::size_t i = 0; i < 8; ++i) {
+      const auto byte = static_cast<unsigned char>(bytes[i]);
+      next ^= kCrcTables[7 - i][byte ^ (i < 4 ? (crc >> (8 * i)) & 0xFF : 0)];
+    }
+    crc = next;
+  }
   for (const char c : bytes) {
-    crc = (crc >> 8) ^ kCrcTable[(crc ^ static_cast<unsigned char>(c)) & 0xFF];
+    crc = (crc >> 8) ^ kCrcTables[0][(crc ^ static_cast<unsigned char>(c)) & 0xFF];
   }
   return ~crc;
 }

@@ -27,15 +27,18 @@ bool JournaledFiles::Do(journal::Action action, std::string_view from, std::stri
   refused_ = 0;
   told_whole_ = false;
   made_ = {};
-  const auto source = PlaceOf(from);
-  const auto target = to.empty() ? source : PlaceOf(to);
-  if (!source || !target) return change();
+  const bool has_target = journal::HasTarget(action);
+  const bool can_be_told =
+      SetPlace(operation_.from, from) && (!has_target || SetPlace(operation_.to, to));
+  if (!can_be_told) return change();
   const bool moves = action == journal::Action::kMove;
-  if (moves && may_move_ && !may_move_(*source, file)) {
+  if (moves && may_move_ && !may_move_(operation_.from, file)) {
     refused_ = kSourceChanged;
     return false;
   }
-  sink_.Before({action, *source, journal::HasTarget(action) ? *target : journal::Place(), file});
+  operation_.action = action;
+  operation_.file = file;
+  sink_.Before(operation_);
   const bool done = change();
   sink_.After(done ? journal::Outcome::kDone : journal::Outcome::kNotDone, made_);
   if (done && moves) Forget(from);
@@ -110,26 +113,33 @@ bool JournaledFiles::DeleteMadeFolder(std::string_view path, const FolderIdentit
   return Do(journal::Action::kRemoveFolder, path, {}, 0, remove);
 }
 
-std::optional<journal::Place> JournaledFiles::PlaceOf(std::string_view path) {
+bool JournaledFiles::SetPlace(journal::Place& place, std::string_view path) {
   const std::string_view folder = FolderPart(path), name = path.substr(folder.size());
-  if (!journal::IsSoundName(name)) return std::nullopt;
+  if (!journal::IsSoundName(name)) return false;
   const auto number = FolderNumber(folder);
-  if (!number) return std::nullopt;
-  return journal::Place{*number, std::string(name)};
+  if (!number) return false;
+  place.folder = *number;
+  place.name = name;
+  return true;
 }
 
 std::optional<std::uint32_t> JournaledFiles::FolderNumber(std::string_view folder) {
-  const auto known = folders_.find(folder);
-  if (known != folders_.end()) return known->second;
-  const std::string path = files_.ResolveFolder(folder);
-  const auto identity = files_.IdentifyFolder(path);
-  if (!identity || !journal::IsSoundFolder(path)) return std::nullopt;
-  return folders_[std::string(folder)] = sink_.Folder(path, *identity);
+  if (last_folder_ != nullptr && last_folder_->first == folder) return last_folder_->second;
+  auto known = folders_.find(folder);
+  if (known == folders_.end()) {
+    const std::string path = files_.ResolveFolder(folder);
+    const auto identity = files_.IdentifyFolder(path);
+    if (!identity || !journal::IsSoundFolder(path)) return std::nullopt;
+    known = folders_.emplace(folder, sink_.Folder(path, *identity)).first;
+  }
+  last_folder_ = &*known;
+  return known->second;
 }
 
 /// The entry at `path` may have been a link, or a folder, over which other folders were reached.
 void JournaledFiles::Forget(std::string_view path) {
   if (folders_.size() < 2) return;
+  last_folder_ = nullptr;
   const std::string below = std::string(path) + kNative.separator;
   for (auto at = folders_.lower_bound(below);
        at != folders_.end() && at->first.starts_with(below);) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/files.h"
 #include "platform/services.h"
@@ -67,7 +68,8 @@ class JournaledFiles final : public FileSystem {
   bool Do(journal::Action action, std::string_view from, std::string_view to, Fingerprint file,
           const Change& change);
   Fingerprint FingerprintAt(std::string_view path);
-  std::optional<journal::Place> PlaceOf(std::string_view path);
+  /// False where that can't be told.
+  bool SetPlace(journal::Place& place, std::string_view path);
   std::optional<std::uint32_t> FolderNumber(std::string_view folder);
   void Forget(std::string_view path);
 
@@ -75,8 +77,11 @@ class JournaledFiles final : public FileSystem {
   journal::Sink& sink_;
   const MayMove may_move_;
   std::map<std::string, std::uint32_t, std::less<>> folders_;  ///< by text, with the separator
-  bool told_whole_ = false;  ///< of the operation under way, the copy that it makes
-  FileIdentity made_;        ///< and what it made otherwise
+  /// Of `folders_` the one that was asked last; most operations stay where the last one was.
+  const std::pair<const std::string, std::uint32_t>* last_folder_ = nullptr;
+  journal::Operation operation_;  ///< told last; kept, so that its names have their memory
+  bool told_whole_ = false;       ///< of the operation under way, the copy that it makes
+  FileIdentity made_;             ///< and what it made otherwise
   int refused_ = 0;
 };
 

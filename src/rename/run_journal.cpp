@@ -90,9 +90,10 @@ void RunJournal::MakeFile() {
   bytes_.insert(0, journal::kFirstBytes);
 }
 
-/// A journal that goes on after a gap would tell of files where they aren't.
+/// A journal that goes on after a gap would tell of files where they aren't. One that holds nothing
+/// stays empty: so the next start knows it for one of ours, and deletes it.
 void RunJournal::Stop(int problem) {
-  if (problem_ == 0 && file_ != nullptr) {
+  if (problem_ == 0 && file_ != nullptr && file_->Size() > 0) {
     bytes_.clear();
     writer_.Incomplete(bytes_);
     file_->Append(bytes_);

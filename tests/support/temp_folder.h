@@ -11,6 +11,7 @@
 #include <fstream>
 #include <map>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -46,7 +47,9 @@ class TempFolder {
   std::optional<std::string> Read(std::string_view name) const {
     std::ifstream file(*this / name, std::ios::binary);
     if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::stringstream content;  // in large pieces: a test may read many megabytes
+    content << file.rdbuf();
+    return content.str();
   }
 
   void MakeFolder(std::string_view name) const {
