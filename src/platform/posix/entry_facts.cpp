@@ -4,7 +4,7 @@
 #include <sys/sysmacros.h>
 
 #include <algorithm>
-#include <deque>
+#include <forward_list>
 #include <iterator>
 
 #include "platform/posix/folder_handles.h"
@@ -47,11 +47,11 @@ NumberFacts AskForNumberFacts(const Syscalls& calls, std::uint64_t device, int h
 
 /// `handle` is open on that device. Asked once a device.
 const NumberFacts& NumberFactsOf(const Syscalls& calls, std::uint64_t device, int handle) {
-  static std::deque<NumberFacts> known;  // few
+  static std::forward_list<NumberFacts> known;  // few
   for (const NumberFacts& facts : known) {
     if (facts.device == device) return facts;
   }
-  return known.emplace_back(AskForNumberFacts(calls, device, handle));
+  return known.emplace_front(AskForNumberFacts(calls, device, handle));
 }
 
 void DropUnsureBirth(const Syscalls& calls, std::uint64_t open_device, int handle,
