@@ -15,8 +15,7 @@ bool HasStem(std::string_view name) {
 }  // namespace
 
 bool StaysInItsFolder(std::string_view name) {
-  using namespace std::string_view_literals;
-  return name.find_first_of("/\0"sv) == name.npos;
+  return name.find('/') == name.npos && name.find('\0') == name.npos;
 }
 
 NameVerdict JudgeNewName(const FileRow& row, std::size_t limit) {

@@ -11,14 +11,16 @@ void Records::AddRecord(std::string_view pParentName, std::string_view pPatn,
                         std::string_view pType, Fingerprint file) {
   ErrTrace::inner("Form1.AddRecord(pParentName,pPatn,pFileName,pDate,pSize,pType)",
                   ErrTrace::args(pParentName, pPatn, pFileName, pDate, pSize, pType), [&] {
-                    FileRow row;
-                    row.sourceFileName = std::string(pFileName);  // with no room to spare
+                    const std::uint32_t folder = FolderNumber(pParentName, pPatn);
+                    const std::uint32_t type = TextNumber(pType);
+                    std::string name(pFileName);  // with no room to spare
+                    FileRow& row = rows_.Add();
+                    row.sourceFileName = std::move(name);
                     row.size = pSize;
                     row.date = pDate;
-                    row.folder = FolderNumber(pParentName, pPatn);
-                    row.type = TextNumber(pType);
+                    row.folder = folder;
+                    row.type = type;
                     row.fingerprint = file;
-                    rows_.Add(std::move(row));
                   });
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 /// Rows in pieces of one size. Adding one moves none of the others: a million of them would take a
@@ -15,10 +14,11 @@ class RowPieces {
   const Row& operator[](std::size_t i) const { return pieces_[i / kRows][i % kRows]; }
   const Row& Last() const { return pieces_.back().back(); }
 
-  void Add(Row row) {
+  /// A new one at the end.
+  Row& Add() {
     if (count_ % kRows == 0) pieces_.emplace_back().reserve(kRows);
-    pieces_.back().push_back(std::move(row));
     ++count_;
+    return pieces_.back().emplace_back();
   }
 
   void Clear() {

@@ -17,5 +17,7 @@ class FileTypes {
 
  private:
   TypeNames& names_;
-  std::unordered_map<std::string, std::string> by_extension_;
+  using Known = std::unordered_map<std::string, std::string>;
+  Known by_extension_;
+  const Known::value_type* last_ = nullptr;  ///< neighbours mostly share theirs
 };

@@ -1,6 +1,8 @@
 #include "filelist/scan.h"
 
 #include <cerrno>
+#include <charconv>
+#include <iterator>
 #include <optional>
 
 #include "common/language.h"
@@ -39,8 +41,7 @@ Scan::Scan(Pass& pass, const SourceOptions& options, FileTypes& types)
       records_(pass.records),
       state_(pass.state),
       files_(pass.services.files),
-      types_(types),
-      total_(kTotal) {}
+      types_(types) {}
 
 void Scan::ShowDir3_FillPreview(std::string_view pParentName, std::string_view sParentPath) {
   FillFrom(pParentName, sParentPath, true);
@@ -119,8 +120,9 @@ void Scan::AddFile(std::string_view name, std::string_view pParentName,
   const std::optional<FileFacts> facts = files_.Look(path_);
   if (!facts) return;  // gone since the folder was read
   ++state_.gFileCount;
-  total_.resize(kTotal.size());
-  state_.panes.paneTotal = total_.append(std::to_string(state_.gFileCount)).append(" files");
+  char digits[16];
+  const std::to_chars_result end = std::to_chars(digits, std::end(digits), state_.gFileCount);
+  state_.panes.paneTotal.assign(kTotal).append(digits, end.ptr).append(" files");
   records_.AddRecord(
       pParentName, sParentPath, name, SysToVBTime(pass_.services.clock, facts->modified_ns),
       static_cast<double>(facts->size), types_.GetFileType(name), facts->fingerprint);

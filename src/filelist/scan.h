@@ -59,8 +59,7 @@ class Scan {
   FileSystem& files_;
   FileTypes& types_;
   ScanFindings findings_;
-  std::string path_;   ///< of the file looked at; kept for its room, as is the next one
-  std::string total_;  ///< what `paneTotal` shows
+  std::string path_;  ///< of the file looked at; kept for its room
 };
 
 /// The date of a last-write time in the user's time zone; empty when it has none.

@@ -22,7 +22,7 @@ std::size_t CharacterBytes(std::string_view name, std::size_t at) {
 }  // namespace
 
 bool HasWildcards(std::string_view name) {
-  return name.find_first_of("*?") != name.npos;
+  return name.find('*') != name.npos || name.find('?') != name.npos;
 }
 
 bool FitsPattern(std::string_view name, std::string_view pattern) {

@@ -34,11 +34,11 @@ std::string OutputText(const Records& records, const FileRow& row, const RunOutp
 }
 
 const OutputFolders::Folder& OutputFolders::Of(const FileRow& row) {
-  const std::string text = OutputText(records_, row, output_);
   if (!AsksForFolder(output_.chosen.cmbDestination)) {
-    latest_ = {text, 0, {}, 0};
+    latest_.path = records_.Path(row);
     return latest_;
   }
+  const std::string text = OutputText(records_, row, output_);
   const auto found = prepared_.find(text);
   if (found != prepared_.end() && LeadsThere(text, found->second)) return found->second;
   latest_ = Prepare(text);

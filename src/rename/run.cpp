@@ -53,12 +53,20 @@ void RenameRun::Count(std::size_t record) {
 }
 
 void RenameRun::ProcessRow(std::size_t record) {
-  FileRow& row = records_[record];
-  Turn turn{record, records_.Path(row) + row.sourceFileName, {}, row.newFileName};
-  const int problem = Process(turn);
-  if (problem == 0) return Succeed(turn);
-  if (!state_.gCancelRequested) return Fail(turn, problem);
-  row.ShowPlannedName();
+  Begin(record);
+  const int problem = Process(turn_);
+  if (problem == 0) return Succeed(turn_);
+  if (!state_.gCancelRequested) return Fail(turn_, problem);
+  records_[record].ShowPlannedName();
+}
+
+void RenameRun::Begin(std::size_t record) {
+  const FileRow& row = records_[record];
+  turn_.record = record;
+  turn_.source.assign(records_.Path(row)).append(row.sourceFileName);
+  turn_.target_folder.clear();
+  turn_.resolved = turn_.free = false;
+  turn_.problem = 0;
 }
 
 /// 0 when the row's operation was done.
@@ -84,10 +92,10 @@ int RenameRun::Process(Turn& turn) {
 bool RenameRun::RenameAtOnce(Turn& turn) {
   if (look_first_ || KeepsSource(output_.cmbDestination)) return false;
   FileRow& row = records_[turn.record];
-  const std::string target = turn.target_folder + row.newFileName;
-  const std::size_t name = target.rfind(kNative.separator) + 1;
-  if (HasWildcards(std::string_view(target).substr(name))) return false;
-  const Attempt attempt = files_.RenameKnown(turn.source, target, row.fingerprint);
+  target_.assign(turn.target_folder).append(row.newFileName);
+  const std::size_t name = target_.rfind(kNative.separator) + 1;
+  if (HasWildcards(std::string_view(target_).substr(name))) return false;
+  const Attempt attempt = files_.RenameKnown(turn.source, target_, row.fingerprint);
   if (attempt == Attempt::kFailed && files_.Problem() != EEXIST) turn.problem = files_.Problem();
   look_first_ = attempt != Attempt::kDone;
   if (!look_first_) numbering_.Freed(turn.source);
@@ -108,6 +116,7 @@ void RenameRun::ResolveConflict(Turn& turn) {
   if (may_stay && IsOneEntry(files_, turn.source, target)) return;
   const std::string corrected = CorrectedName(turn);
   if (corrected.empty() || state_.numbering.gConflictAddNumber != 1) return;
+  turn.planned = row.newFileName;
   row.SetPlannedName(turn.planned);
   row.newFileName = corrected;
   turn.resolved = turn.free = true;

@@ -28,16 +28,17 @@ class RenameRun {
  private:
   /// One row's turn.
   struct Turn {
-    std::size_t record;
+    std::size_t record = 0;
     std::string source;         ///< path of the file
     std::string target_folder;  ///< with closing separator
-    std::string planned;        ///< the name that the preview planned
+    std::string planned;        ///< the name that the preview planned, of one that was resolved
     bool resolved = false;      ///< a numbered name took the place of the planned one
     bool free = false;          ///< nothing held the new name at the last look
     int problem = 0;            ///< why it could not be renamed at once
   };
   void Count(std::size_t record);
   void ProcessRow(std::size_t record);
+  void Begin(std::size_t record);
   int Process(Turn& turn);
   bool RenameAtOnce(Turn& turn);
   void ResolveConflict(Turn& turn);
@@ -57,5 +58,7 @@ class RenameRun {
   Numbering numbering_;
   RunNameFreer freer_;
   OutputFolders folders_;
+  Turn turn_;                ///< kept from row to row for the room of its texts, as is the next one
+  std::string target_;       ///< path of the new name
   bool look_first_ = false;  ///< renaming at once was in vain for the row before
 };

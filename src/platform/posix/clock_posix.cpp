@@ -21,26 +21,24 @@ class SystemClock final : public Clock {
     return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
   }
 
-  LocalTime Now() override {
-    const time_t moment = ::time(nullptr);
-    if (moment != last_moment_) {
+  LocalTime Now() override { return ToLocal(::time(nullptr)).value_or(LocalTime{}); }
+
+  std::optional<LocalTime> ToLocal(std::int64_t unix_seconds) override {
+    const time_t moment = unix_seconds;
+    if (!last_local_ || moment != last_moment_) {
+      struct tm local = {};
+      if (::localtime_r(&moment, &local) == nullptr) return std::nullopt;
       last_moment_ = moment;
-      last_local_ = ToLocal(moment).value_or(LocalTime{});
+      last_local_ = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                     local.tm_hour,        local.tm_min,     local.tm_sec};
     }
     return last_local_;
   }
 
-  std::optional<LocalTime> ToLocal(std::int64_t unix_seconds) override {
-    const time_t moment = unix_seconds;
-    struct tm local = {};
-    if (::localtime_r(&moment, &local) == nullptr) return std::nullopt;
-    return LocalTime{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-                     local.tm_hour,        local.tm_min,     local.tm_sec};
-  }
-
  private:
-  time_t last_moment_ = -1;
-  LocalTime last_local_;  ///< of `last_moment_`
+  // Files written one after the other share their second, as do the questions for the present.
+  time_t last_moment_ = 0;
+  std::optional<LocalTime> last_local_;  ///< of `last_moment_`
 };
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <sys/sysmacros.h>
 
 #include <algorithm>
-#include <deque>
+#include <forward_list>
 #include <iterator>
 
 #include "platform/posix/folder_handles.h"
@@ -45,14 +45,14 @@ NumberFacts AskForNumberFacts(const Syscalls& calls, std::uint64_t device, int h
   return {device, type != kOverlay, type != kFat && type != kExfat, IsThisMachines(type)};
 }
 
-std::deque<NumberFacts> known_devices;  // few
+std::forward_list<NumberFacts> known_devices;  // few
 
 /// `handle` is open on that device. Asked once a device and pass.
 const NumberFacts& NumberFactsOf(const Syscalls& calls, std::uint64_t device, int handle) {
   for (const NumberFacts& facts : known_devices) {
     if (facts.device == device) return facts;
   }
-  return known_devices.emplace_back(AskForNumberFacts(calls, device, handle));
+  return known_devices.emplace_front(AskForNumberFacts(calls, device, handle));
 }
 
 void DropUnsureBirth(const Syscalls& calls, std::uint64_t open_device, int handle,

@@ -38,7 +38,7 @@ class PosixFileSystem final : public FileSystem {
     if (error != 0) return std::nullopt;
     const FileIdentity identity = IdentityOf(facts);
     return FileFacts{S_ISDIR(facts.stx_mode) ? EntryKind::kFolder : EntryKind::kFile, identity.size,
-                     identity.modified_ns, FingerprintOf(facts)};
+                     identity.modified_ns, S_ISREG(facts.stx_mode) ? FingerprintOf(identity) : 0};
   }
 
   std::optional<FileIdentity> Identify(std::string_view path) override {

@@ -53,11 +53,13 @@ Place FolderHandles::PlaceOf(std::string_view path, Trust trust) {
 
 std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust trust) {
   const std::string_view path = folder.empty() ? "/" : WithoutClosingSeparators(folder);
-  for (std::size_t i = 1; i < kept_.size() && kept_[0].path != path; ++i) {
-    std::swap(kept_[0], kept_[i]);
-  }
   Kept& first = kept_[0];
-  if (first.folder && first.path == path && StillThere(first, trust)) return first.folder;
+  bool kept = first.path == path;
+  for (std::size_t i = 1; i < kept_.size() && !kept; ++i) {
+    std::swap(first, kept_[i]);
+    kept = first.path == path;
+  }
+  if (kept && first.folder && StillThere(first, trust)) return first.folder;
 
   std::string wanted(path);
   if (wanted.find('\0') != std::string::npos) {
@@ -67,7 +69,7 @@ std::shared_ptr<const Folder> FolderHandles::Open(std::string_view folder, Trust
   std::shared_ptr<const Folder> opened = OpenAnew(wanted);
   if (opened) {
     first = {std::move(wanted), opened, CoarseMilliseconds(), settled_};
-  } else if (first.path == path) {
+  } else if (kept) {
     first = {};
   }
   return opened;
