@@ -197,13 +197,13 @@ class PosixFileSystem final : public FileSystem {
 
   /// Two names in one folder need it opened, and compared, only once.
   std::pair<Place, Place> Places(std::string_view from, std::string_view to) {
-    Place source = folders_.ForChange(from);
+    const SplitPath first = Split(from), second = Split(to);
+    Place source = folders_.ForChange(first);
     if (!source) return {};
-    const SplitPath split = Split(to);
-    if (split.folder != Split(from).folder || split.name.find('\0') != split.name.npos) {
-      return {std::move(source), folders_.ForChange(to)};
+    if (second.folder != first.folder || second.name.find('\0') != second.name.npos) {
+      return {std::move(source), folders_.ForChange(second)};
     }
-    Place target{source.folder, std::string(split.name)};
+    Place target{source.folder, std::string(second.name)};
     return {std::move(source), std::move(target)};
   }
 

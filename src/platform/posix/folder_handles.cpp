@@ -39,15 +39,14 @@ SplitPath Split(std::string_view path) {
   return {slash == 0 ? "/" : path.substr(0, slash), path.substr(slash + 1)};
 }
 
-Place FolderHandles::PlaceOf(std::string_view path, Trust trust) {
-  const SplitPath split = Split(path);
-  if (split.name.find('\0') != std::string_view::npos) {
+Place FolderHandles::PlaceOf(const SplitPath& path, Trust trust) {
+  if (path.name.find('\0') != std::string_view::npos) {
     problem_ = EINVAL;
     return {};
   }
   Place place;
-  place.folder = Open(split.folder, trust);
-  if (place.folder) place.name = split.name;
+  place.folder = Open(path.folder, trust);
+  if (place.folder) place.name = path.name;
   return place;
 }
 

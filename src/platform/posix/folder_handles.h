@@ -67,8 +67,9 @@ class FolderHandles {
 
   /// No place when the folder can't be opened, isn't the one that is expected, or the path holds a
   /// NUL byte; Problem() tells why.
-  Place ForChange(std::string_view path) { return PlaceOf(path, Trust::kSettled); }
-  Place ForLook(std::string_view path) { return PlaceOf(path, Trust::kRecent); }
+  Place ForChange(const SplitPath& path) { return PlaceOf(path, Trust::kSettled); }
+  Place ForChange(std::string_view path) { return ForChange(Split(path)); }
+  Place ForLook(std::string_view path) { return PlaceOf(Split(path), Trust::kRecent); }
 
   /// The folder itself, "" being the root; a closing separator changes nothing. Null as
   /// above.
@@ -109,7 +110,7 @@ class FolderHandles {
     unsigned settled = 0;  ///< what `settled_` was then
   };
 
-  Place PlaceOf(std::string_view path, Trust trust);
+  Place PlaceOf(const SplitPath& path, Trust trust);
   bool StillThere(Kept& kept, Trust trust);
   bool LeadsTo(const std::string& path, const Folder& folder);
   const Expected::value_type* DeepestExpected(std::string_view path) const;
