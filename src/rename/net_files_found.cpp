@@ -77,6 +77,7 @@ bool NetFiles::ExpectFolders(FileSystem& system, const GoOn& go_on) {
 /// Whether a folder that runs didn't make can't be reached, as on a medium that isn't there just
 /// now: then nothing is known of what lies in it.
 bool NetFiles::IsOut(FileSystem& system, std::uint32_t folder) {
+  if (folders[folder].identity.inode == 0) return false;  // taken away, and empty by then
   const auto [known, is_new] = out_.try_emplace(folder, false);
   if (!is_new) return known->second;
   const auto made = std::ranges::find_if(made_folders, [&](const MadeFolder& one) {
