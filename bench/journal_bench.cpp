@@ -118,10 +118,11 @@ void PrintSize(std::size_t name) {
 
 void MeasureReading(World& world, const std::string& root) {
   const std::string folder = root + "/a folder/of some depth/";
-  RunJournal journal;
-  journal.KeepIn(root + "/state");
-  RunOnce(world, folder, "DSC", "IMG", journal);
-  journal.Leave();
+  {
+    RunJournal journal;  // its end lets go of the file, and leaves it
+    journal.KeepIn(root + "/state");
+    RunOnce(world, folder, "DSC", "IMG", journal);
+  }
   std::unique_ptr<LeftRun> left;
   const double read = bench::Seconds([&] {
     left = LeftRun::Read(LeftJournals(root + "/state")[0], *world.files, [] { return true; });
