@@ -49,7 +49,7 @@ Commands::Commands(Session& session, const Services& services, CommandView& view
       state_(session.state),
       view_(view),
       list_(list),
-      events_(services.events, *this),
+      events_(services.events, [this] { ShowPass(); }),
       services_(WithEvents(services, events_)),
       types_(services.type_names),
       check_(session.records, session.state, services.files, services.clock) {}

@@ -16,6 +16,7 @@
 #include "names/constructor.h"
 #include "platform/services.h"
 #include "rename/journaled_files.h"
+#include "rename/pump_with.h"
 #include "rename/result_rows.h"
 #include "rename/run_journal.h"
 #include "rename/run_output.h"
@@ -71,20 +72,6 @@ class Commands {
   int RunCount() const { return run_count_; }
 
  private:
-  /// The events of a pass: how far it is can be seen each time events run.
-  class ShowingPump : public EventPump {
-   public:
-    ShowingPump(EventPump& events, Commands& commands) : events_(events), commands_(commands) {}
-    void LetEventsRun() override {
-      commands_.ShowPass();
-      events_.LetEventsRun();
-    }
-
-   private:
-    EventPump& events_;
-    Commands& commands_;
-  };
-
   /// What differs between the passes.
   struct PassKind {
     RunMode running;
@@ -128,7 +115,7 @@ class Commands {
   RunState& state_;
   CommandView& view_;
   ListSurface& list_;
-  ShowingPump events_;
+  PumpWith events_;          ///< how far a pass is can be seen each time events run
   const Services services_;  ///< as the program has them, but with `events_`
   FileTypes types_;
   NameCheck check_;

@@ -150,16 +150,7 @@ void JournaledFiles::Forget(std::string_view path) {
 JournaledServices::JournaledServices(const Services& plain, journal::Sink& sink,
                                      std::function<void()> before_events,
                                      JournaledFiles::MayMove may_move)
-    : files_(plain.files, sink, std::move(may_move)), services_{files_,        plain.clock,
-                                                                plain.facts,   pump_,
-                                                                plain.locale,  plain.type_names,
-                                                                plain.folders, plain.prompts,
-                                                                plain.shell,   plain.settings} {
-  pump_.events = &plain.events;
-  pump_.before = std::move(before_events);
-}
-
-void JournaledServices::Pump::LetEventsRun() {
-  before();
-  events->LetEventsRun();
-}
+    : files_(plain.files, sink, std::move(may_move)),
+      pump_(plain.events, std::move(before_events)),
+      services_{files_,           plain.clock,   plain.facts,   pump_,       plain.locale,
+                plain.type_names, plain.folders, plain.prompts, plain.shell, plain.settings} {}

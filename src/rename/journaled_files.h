@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/services.h"
 #include "rename/journal_records.h"
+#include "rename/pump_with.h"
 
 /// The system's files for the length of one pass, with every change told to a journal, before it is
 /// made and after.
@@ -94,12 +95,7 @@ struct JournaledServices {
   const Services& Get() const { return services_; }
 
  private:
-  struct Pump : EventPump {
-    void LetEventsRun() override;
-    EventPump* events = nullptr;
-    std::function<void()> before;
-  };
   JournaledFiles files_;
-  Pump pump_;
+  PumpWith pump_;
   Services services_;
 };

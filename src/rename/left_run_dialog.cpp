@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
@@ -24,6 +23,7 @@
 #include "platform/clock.h"
 #include "platform/qt/ordinary_pointer_qt.h"
 #include "platform/qt/text_qt.h"
+#include "rename/pump_with.h"
 
 namespace {
 
@@ -34,21 +34,6 @@ constexpr int kProgressHeight = 10;
 constexpr int kMostLeastWidth = 900;  ///< with a large font, so that no column is out of sight
 constexpr std::int64_t kSoonMs = 300;
 constexpr std::int64_t kLongestSilenceMs = 50;
-
-/// The events of putting back: how far it is can be seen each time they run.
-class ShowingPump : public EventPump {
- public:
-  ShowingPump(EventPump& events, std::function<void()> show)
-      : events_(events), show_(std::move(show)) {}
-  void LetEventsRun() override {
-    show_();
-    events_.LetEventsRun();
-  }
-
- private:
-  EventPump& events_;
-  const std::function<void()> show_;
-};
 
 QLabel* NewText(const char* name, QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -237,7 +222,7 @@ void Form12::bnPutBack_Click() {
         state_ = RunState();
         state_.counts.all = static_cast<std::int64_t>(NotBack(before));
         ShowStage(Stage::kWorking);
-        ShowingPump events(services_.events, [this] { ShowProgress(); });
+        PumpWith events(services_.events, [this] { ShowProgress(); });
         show_result(run_->PutBack(WithEvents(services_, events), state_));
       });
 }

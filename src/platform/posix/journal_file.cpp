@@ -33,8 +33,8 @@ FileHandle OpenFolder(const std::string& path) {
   return {};
 }
 
-/// Folders of the user's state are the user's alone (XDG Base Directory Specification, "Referencing
-/// this specification").
+/// Folders of the user's state are the user's alone: freedesktop's base directories tell to make
+/// what is missing with mode 0700.
 void MakeFolders(const std::filesystem::path& path) {
   if (path.has_parent_path() && path.parent_path() != path) {
     struct stat facts;
